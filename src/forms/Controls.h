@@ -1,0 +1,267 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "forms/Control.h"
+#include "forms/Picture.h"
+
+namespace lumarin {
+
+/// A fixed group of controls of one name, told apart by an index from 0.
+template <class T, int Count>
+class ControlArray {
+public:
+    ControlArray(Form& form, const std::string& name) {
+        for (int i = 0; i < Count; ++i) items_.emplace_back(form, name, i);
+    }
+    T& operator()(int index) { return items_.at(static_cast<std::size_t>(index)); }
+    auto begin() { return items_.begin(); }
+    auto end() { return items_.end(); }
+    static constexpr int Size() { return Count; }
+
+private:
+    std::deque<T> items_;  // never moves its elements: controls keep their address
+};
+
+class TextBox : public Control {
+public:
+    TextBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::TextBox, std::move(name), index) {}
+
+    const std::string& Text() const { return text_; }
+    /// Set by code and by the user alike; raises `Change` when the text differs.
+    void SetText(const std::string& text);
+    /// For the front end, before a key takes effect: false when a handler discarded it.
+    bool PressKey(int code);
+
+    Event<> Change;
+    Event<KeyPress&> KeyPressed;
+
+private:
+    std::string text_;
+};
+
+class Button : public Control {
+public:
+    Button(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Button, std::move(name), index) {}
+
+    /// "" leaves the caption of the front end's design.
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(const std::string& caption) { Set(caption_, caption); }
+    /// Does nothing while the button is disabled or hidden.
+    void Press();
+    void MouseWentDown() { Raise("MouseDown", MouseDown); }
+    void MouseWentUp() { Raise("MouseUp", MouseUp); }
+
+    Event<> Click, MouseDown, MouseUp;
+
+private:
+    std::string caption_;
+};
+
+class Label : public Control {
+public:
+    Label(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Label, std::move(name), index) {}
+
+    const std::string& Caption() const { return caption_; }
+    void SetCaption(const std::string& caption) { Set(caption_, caption); }
+
+private:
+    std::string caption_;
+};
+
+/// A drop-down list; each entry has a text and a number of its own.
+class ComboBox : public Control {
+public:
+    struct Item {
+        std::string text;
+        std::int32_t data = 0;
+        bool operator==(const Item&) const = default;
+    };
+
+    ComboBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ComboBox, std::move(name), index) {}
+
+    const std::vector<Item>& Items() const { return items_; }
+    void Clear();
+    void AddItem(const std::string& text, std::int32_t data = 0);
+    /// -1 when nothing is chosen.
+    int ListIndex() const { return listIndex_; }
+    /// Raises `Click` when the choice differs.
+    void SetListIndex(int index);
+    /// Text of the chosen entry; "" when nothing is chosen.
+    std::string Text() const;
+    std::int32_t ItemData() const;
+
+    Event<> Click;
+
+private:
+    std::vector<Item> items_;
+    int listIndex_ = -1;
+};
+
+class Slider : public Control {
+public:
+    Slider(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Slider, std::move(name), index) {}
+
+    int Min() const { return min_; }
+    int Max() const { return max_; }
+    int SmallChange() const { return smallChange_; }
+    int LargeChange() const { return largeChange_; }
+    int Value() const { return value_; }
+    void SetRange(int min, int max, int smallChange, int largeChange);
+    /// Kept within the range; raises `Change` when the value differs.
+    void SetValue(int value);
+
+    Event<> Change;
+
+private:
+    int min_ = 0, max_ = 100, smallChange_ = 1, largeChange_ = 10, value_ = 0;
+};
+
+/// One of a group of choices (a control array): choosing one gives up the others of its name.
+class OptionButton : public Control {
+public:
+    OptionButton(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::OptionButton, std::move(name), index) {}
+
+    bool Value() const { return value_; }
+    /// Choosing raises `Click`. A choice is given up only by choosing another of the group.
+    void Choose();
+
+    Event<> Click;
+
+private:
+    bool value_ = false;
+};
+
+/// Pages of a window, one of which is in front; the front end's design says what stands on each.
+class TabStrip : public Control {
+public:
+    TabStrip(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::TabStrip, std::move(name), index) {}
+
+    int Tab() const { return tab_; }
+    /// Raises `Click` when another page comes to the front.
+    void SetTab(int tab);
+
+    Event<> Click;
+
+private:
+    int tab_ = 0;
+};
+
+/// A box for a whole number, which may be left empty.
+class NumberBox : public Control {
+public:
+    NumberBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::NumberBox, std::move(name), index) {}
+
+    std::int32_t Min() const { return min_; }
+    std::int32_t Max() const { return max_; }
+    void SetRange(std::int32_t min, std::int32_t max);
+    const std::optional<std::int32_t>& Value() const { return value_; }
+    /// Kept within the range; raises `Change` when it differs.
+    void SetValue(std::optional<std::int32_t> value);
+
+    Event<> Change;
+
+private:
+    std::int32_t min_ = 0, max_ = 2147483647;
+    std::optional<std::int32_t> value_;
+};
+
+class ProgressBar : public Control {
+public:
+    ProgressBar(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ProgressBar, std::move(name), index) {}
+
+    int Max() const { return max_; }
+    void SetMax(int max) { Set(max_, max); }
+    int Value() const { return value_; }
+    void SetValue(int value) { Set(value_, value); }
+
+private:
+    int max_ = 100, value_ = 0;
+};
+
+/// Shows a picture, stretched over the control with its proportions kept. Mouse events carry twips
+/// relative to the control.
+class PictureBox : public Control {
+public:
+    PictureBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::PictureBox, std::move(name), index) {}
+
+    const PicturePtr& Image() const { return image_; }
+    /// Null clears the box.
+    void SetImage(PicturePtr image);
+    bool AcceptsFiles() const { return acceptsFiles_; }
+    void SetAcceptsFiles(bool accepts) { Set(acceptsFiles_, accepts); }
+
+    // For the front end.
+    void MouseWentDown(const Mouse& mouse) { Raise("MouseDown", MouseDown, mouse); }
+    void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
+    void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
+    void DropFiles(const std::vector<std::string>& paths);
+
+    Event<Mouse> MouseDown, MouseMove, MouseUp;
+    Event<const std::vector<std::string>&> FilesDropped;
+
+private:
+    PicturePtr image_;
+    bool acceptsFiles_ = false;
+};
+
+/// A visible area that holds other controls; it can take the keyboard and the mouse itself.
+class Frame : public Control {
+public:
+    Frame(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Frame, std::move(name), index) {}
+
+    void MouseWentDown(const Mouse& mouse) { Raise("MouseDown", MouseDown, mouse); }
+    void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
+    void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
+    /// True when a handler used the key.
+    bool PressKey(const KeyDown& key);
+
+    Event<Mouse> MouseDown, MouseMove, MouseUp;
+    Event<const KeyDown&, bool&> KeyPressed;
+};
+
+/// A drawn rectangle over its container, transparent to the mouse. It shows rule-of-thirds guides, and
+/// what lies outside of it within the container's picture is dimmed.
+class Shape : public Control {
+public:
+    Shape(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Shape, std::move(name), index) {}
+};
+
+class Timer : public Control {
+public:
+    Timer(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Timer, std::move(name), index) {
+        SetEnabled(false);
+    }
+
+    /// Milliseconds between ticks.
+    int Interval() const { return interval_; }
+    void SetInterval(int milliseconds) { Set(interval_, milliseconds); }
+    /// For the front end; nothing while the timer is disabled.
+    void Tick();
+
+    Event<> Elapsed;
+
+private:
+    int interval_ = 0;
+};
+
+/// Plays a film file over and over. A file that cannot be played shows nothing.
+class Animation : public Control {
+public:
+    Animation(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Animation, std::move(name), index) {}
+
+    const std::string& File() const { return file_; }
+    void Open(const std::string& file) { Set(file_, file); }
+    bool AutoPlay() const { return autoPlay_; }
+    void SetAutoPlay(bool play) { Set(autoPlay_, play); }
+
+private:
+    std::string file_;
+    bool autoPlay_ = false;
+};
+
+}  // namespace lumarin

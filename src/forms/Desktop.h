@@ -1,0 +1,97 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/Form.h"
+#include "forms/Geometry.h"
+#include "forms/Input.h"
+#include "forms/Picture.h"
+
+namespace lumarin {
+
+class ToolBar;
+
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
+enum class Icon { None, Critical, Question, Exclamation, Information };
+enum class Modality { Application, System };
+
+/// The button that was pressed, with the platform's numbers. Closing the box counts as Cancel where it
+/// has that button, else as No, else as OK.
+enum class Answer { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
+
+/// A message box. A system-modal one stays above every window of the screen.
+struct Message {
+    std::string text;
+    std::string title;
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+    Modality modality = Modality::Application;
+};
+
+/// A dialog that chooses existing files.
+struct FileDialog {
+    std::string title;
+    /// Pairs of a caption and patterns: "Text (*.txt)|*.txt|All (*.*)|*.*".
+    std::string filter;
+    std::string folder;  ///< where it starts; "" is the toolkit's choice
+    bool several = false;
+    bool preview = false;  ///< show a preview of the picture under the cursor
+};
+
+/// Port: the only way to a person. Owns the front end of every loaded form, which it builds in `Load`
+/// and takes down in `Unload`; the forms belong to the caller. All calls on the user-interface thread.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    virtual void Load(Form& form) = 0;
+    virtual void Show(Form& form, const OwnerWindow* owner) = 0;
+    /// Returns when the form has been hidden or unloaded; other windows of the program take no input
+    /// until then, but paint.
+    virtual void ShowModal(Form& form, const OwnerWindow* owner) = 0;
+    virtual void Hide(Form& form) = 0;
+    virtual void Unload(Form& form) = 0;
+    /// Destroys a form when the events that run now have ended: a window may be given up from within one
+    /// of its own events.
+    virtual void DestroyLater(std::unique_ptr<Form> form) = 0;
+
+    virtual Answer ShowMessage(const Message& message, const Form* owner) = 0;
+
+    /// The chosen file's full path; for several files the folder and the file names, separated by the
+    /// NUL character; "" when the user cancelled.
+    virtual std::string ChooseFiles(const FileDialog& dialog, const Form* owner) = 0;
+
+    /// Opens the context menu of this name at the pointer and returns when it is closed.
+    virtual void PopupMenu(ToolBar& toolBar, const std::string& band) = 0;
+
+    virtual void SetPointer(Pointer pointer) = 0;
+    /// The work area of the screen, in twips.
+    virtual Size ScreenSize() const = 0;
+    /// Lets timers, painting and input that wait take their turn; returns at once when nothing waits.
+    virtual void ProcessPendingEvents() = 0;
+
+    virtual bool ClipboardHasPicture() const = 0;
+    /// Null when the clipboard holds no picture.
+    virtual PicturePtr ClipboardPicture() const = 0;
+    virtual void SetClipboardPicture(const Picture& picture) = 0;
+    virtual void ClearClipboard() = 0;
+
+    /// Opens a page of a help file by its context number. Throws Error when it cannot be shown.
+    virtual void OpenHelp(const std::string& helpFile, int context) = 0;
+};
+
+/// Shows the hourglass and restores the default pointer at the end, also on failure.
+class HourglassPointer {
+public:
+    explicit HourglassPointer(Desktop& desktop) : desktop_(desktop) { desktop_.SetPointer(Pointer::Hourglass); }
+    ~HourglassPointer() { desktop_.SetPointer(Pointer::Default); }
+    HourglassPointer(const HourglassPointer&) = delete;
+    HourglassPointer& operator=(const HourglassPointer&) = delete;
+
+private:
+    Desktop& desktop_;
+};
+
+}  // namespace lumarin

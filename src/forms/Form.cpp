@@ -1,0 +1,118 @@
+#include "forms/Form.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "base/Error.h"
+#include "forms/Control.h"
+#include "forms/Desktop.h"
+
+namespace lumarin {
+
+Form::Form(Desktop& desktop, std::string name) : desktop_(desktop), name_(std::move(name)) {}
+
+Form::~Form() {
+    if (loaded_) desktop_.Unload(*this);
+}
+
+Control* Form::Find(std::string_view objectName) const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                    [&](const Control* control) { return control->ObjectName() == objectName; });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::SetCaption(std::string caption) {
+    caption_ = std::move(caption);
+    if (view_ != nullptr) view_->StateChanged();
+}
+
+void Form::SetEnabled(bool enabled) {
+    enabled_ = enabled;
+    if (view_ != nullptr) view_->StateChanged();
+}
+
+void Form::SetInitialSize(double width, double height) {
+    bounds_.width = width;
+    bounds_.height = height;
+}
+
+void Form::MoveTo(double left, double top) {
+    bounds_.left = left;
+    bounds_.top = top;
+    if (view_ != nullptr) view_->StateChanged();
+}
+
+void Form::Load() {
+    if (loaded_) return;
+    loaded_ = true;
+    desktop_.Load(*this);
+    Guarded("Load", [this] { OnLoad(); });
+}
+
+void Form::Show(const OwnerWindow* owner) {
+    Load();
+    shown_ = true;
+    desktop_.Show(*this, owner);
+}
+
+void Form::ShowModal(const OwnerWindow* owner) {
+    Load();
+    shown_ = true;
+    desktop_.ShowModal(*this, owner);
+}
+
+void Form::Hide() {
+    if (!shown_) return;
+    shown_ = false;
+    desktop_.Hide(*this);
+}
+
+bool Form::Unload(CloseReason reason) {
+    if (!loaded_) return true;
+    bool closes = true;
+    Guarded("QueryUnload", [&] { closes = OnQueryClose(reason); });
+    // The question may have ended in the window's unloading already: the host does so when it is told.
+    if (!loaded_) return true;
+    if (!closes) return false;
+    Guarded("Unload", [this] { OnUnload(); });
+    loaded_ = false;
+    shown_ = false;
+    desktop_.Unload(*this);
+    return true;
+}
+
+void Form::Activated() {
+    Guarded("Activate", [this] { OnActivate(); });
+}
+
+bool Form::Guarded(std::string_view command, const std::function<void()>& work) noexcept {
+    try {
+        work();
+        return true;
+    } catch (const std::exception& error) {
+        try {
+            ReportError(name_ + "-" + std::string(command), error);
+        } catch (...) {  // the report itself failed: there is nobody left to tell
+        }
+    } catch (...) {
+    }
+    return false;
+}
+
+void Form::RunCommand(std::string_view command, const std::function<void()>& work) {
+    if (runningCommand_) return;
+    runningCommand_ = true;
+    Guarded(command, work);
+    runningCommand_ = false;
+}
+
+void Form::ReportError(const std::string& source, const std::exception& error) {
+    desktop_.ShowMessage({.text = error.what(),
+                          .title = source,
+                          .buttons = Buttons::Ok,
+                          .icon = Icon::Critical,
+                          .modality = Modality::System},
+                         this);
+}
+
+}  // namespace lumarin

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/Control.h"
+
+namespace lumarin {
+
+/// The front end's side of a list view: it is told exactly what changed, so that a long list stays cheap.
+class ListViewView : public ControlView {
+public:
+    virtual void RowInserted(int row) = 0;
+    virtual void RowRemoved(int row) = 0;
+    virtual void RowChanged(int row) = 0;
+    /// Columns, order or all rows changed.
+    virtual void ListReset() = 0;
+    virtual void SelectionChanged() = 0;
+};
+
+/// A report-style list: columns, and rows of texts. The first column is the row's text, the others its
+/// sub-items. Rows are counted from 0. At most one row is selected; -1 is none.
+class ListView : public Control {
+public:
+    struct Column {
+        std::string caption;
+        double width = 0;  ///< twips; 0 leaves it to the front end
+    };
+    struct Row {
+        std::string text;
+        std::vector<std::string> subItems;
+        std::string key;
+        std::string tag;
+        /// A picture file that the front end may show small beside the text; "" for none.
+        std::string picture;
+    };
+
+    ListView(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ListView, std::move(name), index) {}
+
+    const std::vector<Column>& Columns() const { return columns_; }
+    void AddColumn(const std::string& caption, double width = 0);
+    void ClearColumns();
+
+    int Count() const { return static_cast<int>(rows_.size()); }
+    /// Throws IndexError for a row that is not there; so do the others.
+    const Row& At(int row) const;
+    /// Text of a cell; "" for a column that the row does not fill.
+    std::string Cell(int row, int column) const;
+    /// The row whose text is this; -1 when there is none.
+    int FindText(const std::string& text) const;
+
+    /// Inserts in order when the list is kept sorted, else at the end. Returns where it stands.
+    int AddRow(Row row);
+    void InsertRow(int at, Row row);
+    void RemoveRow(int row);
+    void SetText(int row, const std::string& text);
+    void SetSubItems(int row, std::vector<std::string> subItems);
+    void SetPicture(int row, const std::string& picture);
+    /// Removes all rows; the columns stay.
+    void Clear();
+
+    int Selected() const { return selected_; }
+    /// By code and by the user alike; raises `ItemClick` when a row is selected, also the same one again.
+    void Select(int row);
+
+    /// Sorts by a column, texts that are whole numbers by their value, and keeps the list so from now
+    /// on. The selected row stays selected.
+    void SortBy(int column, bool ascending = true);
+    /// -1 when the list is not kept sorted.
+    int SortColumn() const { return sortColumn_; }
+    bool SortAscending() const { return sortAscending_; }
+
+    bool AcceptsFiles() const { return acceptsFiles_; }
+    void SetAcceptsFiles(bool accepts) { Set(acceptsFiles_, accepts); }
+
+    // For the front end.
+    void ClickColumn(int column) { Raise("ColumnClick", ColumnClick, column); }
+    /// True when a handler used the key.
+    bool PressKey(const KeyDown& key);
+    void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
+    void DoubleClicked() { Raise("DblClick", DoubleClick); }
+    void DropFiles(const std::vector<std::string>& paths);
+
+    Event<int> ItemClick, ColumnClick;
+    Event<const KeyDown&, bool&> KeyPressed;
+    Event<Mouse> MouseUp;
+    Event<> DoubleClick;
+    Event<const std::vector<std::string>&> FilesDropped;
+
+private:
+    void CheckRow(int row) const;
+    bool Before(const Row& left, const Row& right) const;
+    ListViewView* ListView_() const { return static_cast<ListViewView*>(View()); }
+
+    std::vector<Column> columns_;
+    std::vector<Row> rows_;
+    int selected_ = -1;
+    int sortColumn_ = -1;
+    bool sortAscending_ = true;
+    bool acceptsFiles_ = false;
+};
+
+}  // namespace lumarin

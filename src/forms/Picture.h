@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace lumarin {
+
+/// A picture in memory: 24 bits a pixel, red, green, blue, rows from the top without padding.
+struct Picture {
+    int width = 0;   ///< pixels
+    int height = 0;  ///< pixels
+    std::vector<std::uint8_t> pixels;
+
+    bool IsEmpty() const { return width <= 0 || height <= 0; }
+};
+
+using PicturePtr = std::shared_ptr<const Picture>;
+
+}  // namespace lumarin

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "base/Error.h"
+#include "forms/Picture.h"
+
+namespace lumarin {
+
+/// Errors of the imaging library carry numbers of this range.
+inline constexpr std::int32_t FirstImagingError = 20000;
+inline constexpr std::int32_t LastImagingError = 20171;
+/// Not a picture, a picture cut short, or one too large to open.
+inline constexpr std::int32_t InvalidPictureError = 20009;
+/// No memory for the picture.
+inline constexpr std::int32_t PictureMemoryError = 20001;
+/// The picture could not be written.
+inline constexpr std::int32_t PictureWriteError = 20014;
+
+class ImagingError : public Error {
+public:
+    ImagingError(std::int32_t number, const std::string& description) : Error(number, "imaging", description) {}
+};
+
+/// A picture with more pixels than this is refused before it is decoded.
+inline constexpr std::int64_t MaximumPixels = 250'000'000;
+
+/// What a step does to each colour value: the new value by the old one, the same for all three colours.
+using ToneTable = std::array<std::uint8_t, 256>;
+
+/// A part of a picture, in whole pixels.
+struct PixelRect {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    bool operator==(const PixelRect&) const = default;
+};
+
+/// One finished photo: cut `cut` out of the picture, resample it to `width` x `height`, change its tones,
+/// lay it at (`left`, `top`) on a white canvas of `canvasWidth` x `canvasHeight` (parts outside of the
+/// canvas are cut off), draw the caption if there is one, and write a JPEG without any metadata.
+struct CaptureOrder {
+    PixelRect cut;
+    int width = 0;
+    int height = 0;
+    ToneTable tones{};
+    int canvasWidth = 0;
+    int canvasHeight = 0;
+    int left = 0;
+    int top = 0;
+    std::string caption;  ///< drawn in Arial, grey (200,200,200) over (100,100,100), in the lower right corner; "" for none
+    int jpegQualityFactor = 35;  ///< scales the quantization tables; lower is better, 35 is about quality 75
+};
+
+/// One opened picture. Its size, preview and captures are those of the upright picture in sRGB, 24 bits,
+/// alpha laid on white. The source must stay unchanged while it is open.
+class SourcePicture {
+public:
+    virtual ~SourcePicture() = default;
+
+    /// Size of the upright picture in pixels.
+    virtual int Width() const = 0;
+    virtual int Height() const = 0;
+    /// Whether the source is a JPEG file of 24 bits a pixel, stored upright.
+    virtual bool IsPlainJpeg() const = 0;
+
+    /// The picture resampled to exactly this size, decoding no more than that takes.
+    virtual Picture Preview(int width, int height) = 0;
+
+    /// Writes the finished photo; the destination appears whole or not at all. Throws ImagingError when
+    /// the picture cannot be read to its end or the file not written.
+    virtual void Capture(const CaptureOrder& order, const std::string& destination) = 0;
+};
+
+/// Port: the imaging library. All calls on the user-interface thread; an implementation may use threads
+/// of its own inside a call.
+class Imaging {
+public:
+    virtual ~Imaging() = default;
+
+    /// Opens a picture file by its content; JPEG, PNG, TIFF (first page), WebP, HEIC, GIF. Throws
+    /// ImagingError with InvalidPictureError when it is no picture, is cut short (a JPEG's whole data are
+    /// checked here only as far as the file's end shows it) or has more than MaximumPixels.
+    virtual std::unique_ptr<SourcePicture> Open(const std::string& path) = 0;
+
+    /// A picture that is in memory already (clipboard, scanner).
+    virtual std::unique_ptr<SourcePicture> FromMemory(PicturePtr picture) = 0;
+
+    /// A picture file reduced to fit a square of this size; never enlarged. Throws as `Open`.
+    virtual Picture Thumbnail(const std::string& path, int longestSide) = 0;
+};
+
+}  // namespace lumarin

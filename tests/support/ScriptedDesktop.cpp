@@ -1,0 +1,69 @@
+#include "support/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include "forms/ToolBar.h"
+
+namespace lumarin::testing {
+
+void ScriptedDesktop::Expect(const std::string& text, Answer answer) { expected_.emplace_back(text, answer); }
+
+void ScriptedDesktop::VerifyAllUsed() const {
+    for (const auto& [text, answer] : expected_) ADD_FAILURE() << "message not shown: " << text;
+    EXPECT_TRUE(choices_.empty()) << "file dialog not opened";
+    for (const auto& [window, plays] : plays_) EXPECT_TRUE(plays.empty()) << window << " was not shown";
+}
+
+void ScriptedDesktop::Show(Form& form, const OwnerWindow* owner) {
+    shownWith[form.Name()] = owner;
+    form.Activated();
+}
+
+void ScriptedDesktop::ShowModal(Form& form, const OwnerWindow*) {
+    form.Activated();
+    auto& plays = plays_[form.Name()];
+    if (plays.empty()) {
+        ADD_FAILURE() << "unexpected modal window " << form.Name();
+        form.Hide();
+        return;
+    }
+    const auto play = std::move(plays.front());
+    plays.pop_front();
+    play(form);
+    EXPECT_FALSE(form.IsShown()) << form.Name() << " was left open";
+    form.Hide();
+}
+
+Answer ScriptedDesktop::ShowMessage(const Message& message, const Form*) {
+    messages.push_back(message);
+    if (expected_.empty() || expected_.front().first != message.text) {
+        ADD_FAILURE() << "unexpected message: " << message.text << " [" << message.title << "]";
+        return Answer::Cancel;
+    }
+    const Answer answer = expected_.front().second;
+    expected_.pop_front();
+    return answer;
+}
+
+std::string ScriptedDesktop::ChooseFiles(const FileDialog& dialog, const Form*) {
+    dialogs.push_back(dialog);
+    if (choices_.empty()) {
+        ADD_FAILURE() << "unexpected file dialog: " << dialog.title;
+        return {};
+    }
+    std::string choice = choices_.front();
+    choices_.pop_front();
+    return choice;
+}
+
+void ScriptedDesktop::PopupMenu(ToolBar&, const std::string& band) { poppedUp.push_back(band); }
+
+void ScriptedDesktop::ProcessPendingEvents() {
+    const auto due = pending_.find(++pendingCalls_);
+    if (due == pending_.end()) return;
+    const auto action = std::move(due->second);
+    pending_.erase(due);
+    action();
+}
+
+}  // namespace lumarin::testing

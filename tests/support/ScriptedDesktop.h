@@ -1,0 +1,65 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/Desktop.h"
+
+namespace lumarin::testing {
+
+/// Plays the person at the screen. What the component asks is answered from a script; a message, dialog
+/// or modal window that the script does not expect fails the test.
+class ScriptedDesktop final : public Desktop {
+public:
+    /// Expects a message with exactly this text next and answers it.
+    void Expect(const std::string& text, Answer answer = Answer::Ok);
+    /// The next file dialog gives this ("" is cancel).
+    void Choose(const std::string& result) { choices_.push_back(result); }
+    /// When this window is next shown modal, `play` acts in it; it must leave it hidden.
+    void Play(const std::string& window, std::function<void(Form&)> play) { plays_[window].push_back(std::move(play)); }
+    /// Runs at the n-th (from 1) call of ProcessPendingEvents from now.
+    void AtPendingEvents(int n, std::function<void()> action) { pending_[pendingCalls_ + n] = std::move(action); }
+    /// Fails the test when something in the script was not asked for.
+    void VerifyAllUsed() const;
+
+    std::vector<Message> messages;
+    std::vector<FileDialog> dialogs;
+    std::vector<std::string> poppedUp;  ///< names of the context menus that were opened
+    std::vector<std::pair<std::string, int>> helpPages;
+    std::map<std::string, const OwnerWindow*> shownWith;  ///< modeless windows by name, with their owner
+    Pointer pointer = Pointer::Default;
+    Size screen{1280 * TwipsPerPixel, 1024 * TwipsPerPixel};
+    PicturePtr clipboard;
+
+    void Load(Form&) override {}
+    void Show(Form& form, const OwnerWindow* owner) override;
+    void ShowModal(Form& form, const OwnerWindow* owner) override;
+    void Hide(Form&) override {}
+    void Unload(Form& form) override { shownWith.erase(form.Name()); }
+    void DestroyLater(std::unique_ptr<Form> form) override { givenUp_.push_back(std::move(form)); }
+    Answer ShowMessage(const Message& message, const Form* owner) override;
+    std::string ChooseFiles(const FileDialog& dialog, const Form* owner) override;
+    void PopupMenu(ToolBar& toolBar, const std::string& band) override;
+    void SetPointer(Pointer shape) override { pointer = shape; }
+    Size ScreenSize() const override { return screen; }
+    void ProcessPendingEvents() override;
+    bool ClipboardHasPicture() const override { return clipboard != nullptr; }
+    PicturePtr ClipboardPicture() const override { return clipboard; }
+    void SetClipboardPicture(const Picture& picture) override { clipboard = std::make_shared<Picture>(picture); }
+    void ClearClipboard() override { clipboard.reset(); }
+    void OpenHelp(const std::string& helpFile, int context) override { helpPages.emplace_back(helpFile, context); }
+
+private:
+    std::deque<std::pair<std::string, Answer>> expected_;
+    std::deque<std::string> choices_;
+    std::map<std::string, std::deque<std::function<void(Form&)>>> plays_;
+    std::map<int, std::function<void()>> pending_;
+    int pendingCalls_ = 0;
+    std::vector<std::unique_ptr<Form>> givenUp_;
+};
+
+}  // namespace lumarin::testing
