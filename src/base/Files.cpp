@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <type_traits>
 
 #include "base/Error.h"
 
@@ -22,6 +23,17 @@ fs::path ToPath(std::string_view utf8) {
 std::string ToUtf8(const fs::path& path) {
     const std::u8string utf8 = path.u8string();
     return {utf8.begin(), utf8.end()};
+}
+
+/// The file name of a path that a listing gave, without taking the whole path apart where it is UTF-8.
+template <class Path>
+auto LastPart(const Path& path) {
+    if constexpr (std::is_same_v<typename Path::value_type, char>) {
+        const std::string_view whole = path.native();
+        return whole.substr(whole.rfind(static_cast<char>(Path::preferred_separator)) + 1);
+    } else {
+        return ToUtf8(path.filename());
+    }
 }
 
 void Check(const std::error_code& problem, const char* operation, const std::string& path) {
@@ -130,6 +142,20 @@ std::vector<std::string> List(const std::string& folder, const std::function<boo
     return names;
 }
 
+void ForEachEntry(const std::string& folder, const std::function<void(std::string_view name, EntryKind kind)>& visit) {
+    std::error_code problem;
+    if (!FolderExists(folder)) return;
+    for (fs::directory_iterator entry(ToPath(folder), problem), end; !problem && entry != end; entry.increment(problem)) {
+        // The kind comes with the listing: asking the file itself would cost more than all the rest.
+        std::error_code ignored;
+        const EntryKind kind = entry->is_symlink(ignored)     ? EntryKind::Link
+                               : entry->is_directory(ignored) ? EntryKind::Folder
+                                                              : EntryKind::File;
+        visit(LastPart(entry->path()), kind);
+    }
+    Check(problem, "list", folder);
+}
+
 bool HasEntries(const std::string& folder) {
     std::error_code problem;
     const fs::directory_iterator first(ToPath(folder), problem);
@@ -144,6 +170,23 @@ std::string ReadAll(const std::string& path) {
     char block[65536];
     while (in.read(block, sizeof block) || in.gcount() > 0) bytes.append(block, static_cast<std::size_t>(in.gcount()));
     if (in.bad()) throw FileError("read", path, LastReason());
+    return bytes;
+}
+
+Reader::Reader(const std::string& path) : path_(path), length_(FileLength(path)) {
+    errno = 0;
+    in_ = std::make_unique<std::ifstream>(ToPath(path), std::ios::binary);
+    if (!*in_) throw FileError("open", path, LastReason());
+}
+
+Reader::~Reader() = default;
+
+std::string Reader::Read(std::size_t count) {
+    std::string bytes(count, '\0');
+    errno = 0;
+    in_->read(bytes.data(), static_cast<std::streamsize>(count));
+    if (in_->bad()) throw FileError("read", path_, LastReason());
+    bytes.resize(static_cast<std::size_t>(in_->gcount()));
     return bytes;
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <iosfwd>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,10 +44,36 @@ bool TryDelete(const std::string& path) noexcept;
 /// folder has none.
 std::vector<std::string> List(const std::string& folder, const std::function<bool(const std::string&)>& wanted);
 
+enum class EntryKind { File, Folder, Link };
+
+/// Calls `visit` with the name (not path) and kind of every entry of a folder, hidden ones too, in no
+/// order, while the system lists them. A link is a link wherever it leads. The name is good for the call
+/// only; entries must not be added or removed meanwhile; what `visit` throws ends the listing. A missing
+/// folder has no entries.
+void ForEachEntry(const std::string& folder, const std::function<void(std::string_view name, EntryKind kind)>& visit);
+
 /// Whether a folder exists and holds any entry at all.
 bool HasEntries(const std::string& folder);
 
 std::string ReadAll(const std::string& path);
+
+/// A file read from its start in pieces. Throws FileError when it cannot be opened or read.
+class Reader {
+public:
+    explicit Reader(const std::string& path);
+    ~Reader();
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    std::uint64_t Length() const { return length_; }
+    /// The next bytes, as many as asked for; fewer only at the file's end.
+    std::string Read(std::size_t count);
+
+private:
+    std::string path_;
+    std::uint64_t length_;
+    std::unique_ptr<std::ifstream> in_;
+};
 
 /// Writes beside the file and renames, so that the file holds the old or the new bytes, never a part.
 /// After a failure nothing is left beside it.

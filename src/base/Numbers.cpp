@@ -18,7 +18,9 @@ std::int32_t RoundToWhole(double value) {
 }
 
 std::optional<std::int32_t> ParseListingNumber(std::string_view text) {
-    if (text.empty() || text.front() < '1' || text.front() > '9') return std::nullopt;
+    if (text.empty() || text.front() == '0') return std::nullopt;
+    for (const char c : text)
+        if (c < '0' || c > '9') return std::nullopt;
     return ParseInteger(text);
 }
 

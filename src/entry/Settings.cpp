@@ -16,23 +16,27 @@ namespace {
 /// The platform reads values into a buffer of 250 characters, the last of which ends the text.
 constexpr std::size_t MaximumValueLength = 249;
 
-/// A file's lines without their ends, and how the file ends them.
-struct Lines {
+/// A file's lines, each with its end; the last one may have none.
+std::vector<std::string_view> SplitLines(std::string_view bytes) {
     std::vector<std::string_view> lines;
-    std::string_view lineEnd = "\r\n";
-};
-
-Lines SplitLines(std::string_view bytes) {
-    Lines result;
-    if (bytes.find('\n') != std::string_view::npos && bytes.find("\r\n") == std::string_view::npos) result.lineEnd = "\n";
     while (!bytes.empty()) {
         const std::size_t end = bytes.find('\n');
-        std::string_view line = bytes.substr(0, end);
-        bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-        result.lines.push_back(line);
+        const std::size_t length = end == std::string_view::npos ? bytes.size() : end + 1;
+        lines.push_back(bytes.substr(0, length));
+        bytes.remove_prefix(length);
     }
-    return result;
+    return lines;
+}
+
+/// The end of one line; "" when it has none.
+std::string_view EndOf(std::string_view line) {
+    const std::size_t length = line.find_last_not_of("\r\n");
+    return line.substr(length == std::string_view::npos ? 0 : length + 1);
+}
+
+/// How new lines are ended: as the file does, and as the platform does where there is no telling.
+std::string_view LineEnd(std::string_view bytes) {
+    return bytes.find('\n') != std::string_view::npos && bytes.find("\r\n") == std::string_view::npos ? "\n" : "\r\n";
 }
 
 std::optional<std::string_view> SectionName(std::string_view line) {
@@ -100,27 +104,29 @@ std::optional<std::string> Value(const std::string& file, const std::string& sec
 }  // namespace
 
 bool FindValue(const std::string& bytes, const std::string& section, const std::string& key, std::string& value) {
-    const Lines file = SplitLines(bytes);
-    const Place place = FindPlace(file.lines, text::ToCodePage(section), text::ToCodePage(key));
+    const std::vector<std::string_view> lines = SplitLines(bytes);
+    const Place place = FindPlace(lines, text::ToCodePage(section), text::ToCodePage(key));
     if (!place.line) return false;
-    value = WithoutQuotes(*ValueOf(file.lines[*place.line], text::ToCodePage(key)));
+    value = WithoutQuotes(*ValueOf(lines[*place.line], text::ToCodePage(key)));
     return true;
 }
 
 std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key, const std::string& value) {
-    const Lines file = SplitLines(bytes);
-    const Place place = FindPlace(file.lines, text::ToCodePage(section), text::ToCodePage(key));
+    const std::vector<std::string_view> lines = SplitLines(bytes);
+    const Place place = FindPlace(lines, text::ToCodePage(section), text::ToCodePage(key));
+    const std::string end(LineEnd(bytes));
     // A line break inside a value would make lines of its own.
     const std::string oneLine = text::ReplaceAll(text::ReplaceAll(text::ToCodePage(value), "\r", ""), "\n", " ");
-    const std::string setting = text::ToCodePage(key) + "=" + oneLine;
+    const bool endKept = place.line && !EndOf(lines[*place.line]).empty();
+    const std::string setting = text::ToCodePage(key) + "=" + oneLine + (endKept ? std::string(EndOf(lines[*place.line])) : end);
+    const std::size_t at = place.line ? *place.line : place.hasSection ? place.insertAt : lines.size();
+
     std::string result;
-    const auto add = [&](std::string_view line) { result.append(line).append(file.lineEnd); };
-    for (std::size_t i = 0; i < file.lines.size(); ++i) {
-        if (place.hasSection && !place.line && i == place.insertAt) add(setting);
-        add(place.line == i ? std::string_view(setting) : file.lines[i]);
-    }
-    if (!place.hasSection) add("[" + text::ToCodePage(section) + "]");
-    if (!place.hasSection || (!place.line && place.insertAt == file.lines.size())) add(setting);
+    for (std::size_t i = 0; i < at; ++i) result += lines[i];
+    if (!result.empty() && result.back() != '\n') result += end;
+    if (!place.hasSection) result += "[" + text::ToCodePage(section) + "]" + end;
+    result += setting;
+    for (std::size_t i = place.line ? at + 1 : at; i < lines.size(); ++i) result += lines[i];
     return result;
 }
 

@@ -33,6 +33,12 @@ struct PhotoDescription {
     std::string text;
 };
 
+/// One of the states that a listing can be in.
+struct ListingStatus {
+    std::int32_t code = 0;
+    std::string text;
+};
+
 /// Port: everything that the host gives. The component owns no database, server or user; it reads these
 /// members whenever it needs them and keeps none of their values beyond a command, except where a window
 /// says so. Folders end in a path separator. All calls arrive on the user-interface thread and may throw
@@ -79,6 +85,11 @@ public:
     virtual bool ReportsPhotoUpdates() const = 0;
     /// The table of photo descriptions, in the order in which they are offered.
     virtual std::vector<PhotoDescription> PhotoDescriptions() const = 0;
+    /// The listing statuses by which a search can be narrowed, in the order in which they are offered.
+    virtual std::vector<ListingStatus> ListingStatuses() const {
+        return {{2001, "Active"},  {2002, "Pending"},   {2003, "Sold"},  {2004, "Withdrawn"},
+                {2005, "Expired"}, {2006, "Cancelled"}, {2007, "Leased"}};
+    }
 };
 
 /// A new service object for one operation; throws Error when the host has none of that kind.

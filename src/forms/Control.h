@@ -23,6 +23,7 @@ public:
     virtual ~ControlView() = default;
     virtual void StateChanged() = 0;
     virtual void TakeFocus() {}
+    virtual void SelectAllText() {}
 };
 
 /// A named control: plain state with events. It is owned by its form as a member, is never copied, and

@@ -32,6 +32,10 @@ void TextBox::SetText(const std::string& text) {
     Raise("Change", Change);
 }
 
+void TextBox::SelectAll() {
+    if (View() != nullptr) View()->SelectAllText();
+}
+
 bool TextBox::PressKey(int code) {
     KeyPress key{code};
     Raise<KeyPress&>("KeyPress", KeyPressed, key);
@@ -95,9 +99,15 @@ void OptionButton::Choose() {
 
 void TabStrip::SetTab(int tab) {
     if (tab == tab_) return;
-    tab_ = tab;
+    if (TabVisible(tab)) tab_ = tab;
     Changed();
-    Raise("Click", Click);
+    if (tab == tab_) Raise("Click", Click);
+}
+
+void TabStrip::SetTabVisible(int tab, bool visible) {
+    if (visible) hidden_.erase(tab);
+    else hidden_.insert(tab);
+    Changed();
 }
 
 void NumberBox::SetRange(std::int32_t min, std::int32_t max) {

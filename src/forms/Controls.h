@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,8 @@ public:
     const std::string& Text() const { return text_; }
     /// Set by code and by the user alike; raises `Change` when the text differs.
     void SetText(const std::string& text);
+    /// Selects the whole text, so that typing replaces it.
+    void SelectAll();
     /// For the front end, before a key takes effect: false when a handler discarded it.
     bool PressKey(int code);
 
@@ -142,13 +145,17 @@ public:
     TabStrip(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::TabStrip, std::move(name), index) {}
 
     int Tab() const { return tab_; }
-    /// Raises `Click` when another page comes to the front.
+    /// Raises `Click` when another page comes to the front. A hidden page stays where it is.
     void SetTab(int tab);
+    /// A hidden page cannot be brought to the front; the caller leaves it first. All are visible at first.
+    bool TabVisible(int tab) const { return !hidden_.contains(tab); }
+    void SetTabVisible(int tab, bool visible);
 
     Event<> Click;
 
 private:
     int tab_ = 0;
+    std::set<int> hidden_;
 };
 
 /// A box for a whole number, which may be left empty.

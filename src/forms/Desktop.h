@@ -54,7 +54,7 @@ public:
     virtual void Hide(Form& form) = 0;
     virtual void Unload(Form& form) = 0;
     /// Destroys a form when the events that run now have ended: a window may be given up from within one
-    /// of its own events.
+    /// of its own events, and even while one of its commands runs: it is then destroyed when that has ended.
     virtual void DestroyLater(std::unique_ptr<Form> form) = 0;
 
     virtual Answer ShowMessage(const Message& message, const Form* owner) = 0;

@@ -42,6 +42,20 @@ void Form::MoveTo(double left, double top) {
     if (view_ != nullptr) view_->StateChanged();
 }
 
+void Form::SetInnerSize(const Size& size) {
+    const bool frameKnown = innerSize_.width > 0;
+    bounds_.width = size.width + (frameKnown ? bounds_.width - innerSize_.width : 0);
+    bounds_.height = size.height + (frameKnown ? bounds_.height - innerSize_.height : 0);
+    InnerPlaced(size);
+    if (view_ != nullptr) view_->StateChanged();
+}
+
+void Form::InnerPlaced(const Size& size) {
+    if (size == innerSize_) return;
+    innerSize_ = size;
+    Guarded("Resize", [this] { OnResize(); });
+}
+
 void Form::Load() {
     if (loaded_) return;
     loaded_ = true;
@@ -69,6 +83,11 @@ void Form::Hide() {
 
 bool Form::Unload(CloseReason reason) {
     if (!loaded_) return true;
+    if (runningCommand_) {
+        unloadWhenDone_ = unloadWhenDone_ || reason != CloseReason::Frame;
+        if (unloadWhenDone_) Guarded("QueryUnload", [this] { OnStopRequested(); });
+        return false;
+    }
     bool closes = true;
     Guarded("QueryUnload", [&] { closes = OnQueryClose(reason); });
     // The question may have ended in the window's unloading already: the host does so when it is told.
@@ -104,6 +123,10 @@ void Form::RunCommand(std::string_view command, const std::function<void()>& wor
     runningCommand_ = true;
     Guarded(command, work);
     runningCommand_ = false;
+    if (unloadWhenDone_) {
+        unloadWhenDone_ = false;
+        Unload(CloseReason::Host);
+    }
 }
 
 void Form::ReportError(const std::string& source, const std::exception& error) {

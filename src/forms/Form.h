@@ -28,7 +28,7 @@ enum class CloseReason { Frame, Code, Host };
 class FormView {
 public:
     virtual ~FormView() = default;
-    /// Caption, enabled state or position changed.
+    /// Caption, enabled state, position or inner size changed.
     virtual void StateChanged() = 0;
     virtual void* NativeWindow() const = 0;
 };
@@ -64,6 +64,14 @@ public:
     /// For the front end: the window stands here now.
     void Placed(const Rect& bounds) { bounds_ = bounds; }
 
+    /// Size of the area inside the frame, in twips; nothing (0 x 0) before a front end or the code has
+    /// said one.
+    const Size& InnerSize() const { return innerSize_; }
+    /// Gives the window this inner size; the frame comes on top of it and the place stays.
+    void SetInnerSize(const Size& size);
+    /// For the front end: the area inside the frame has this size now.
+    void InnerPlaced(const Size& size);
+
     bool IsLoaded() const { return loaded_; }
     bool IsShown() const { return shown_; }
     /// Builds the front end, hidden, and runs `OnLoad`. Nothing when it is loaded.
@@ -74,6 +82,8 @@ public:
     void ShowModal(const OwnerWindow* owner);
     void Hide();
     /// Asks (`OnQueryClose`), then runs `OnUnload` and takes the front end down. True when it is gone.
+    /// While a command runs, the frame's close command is refused; any other unload asks the command to
+    /// stop (`OnStopRequested`), answers false, and takes place when the command has ended.
     bool Unload(CloseReason reason = CloseReason::Code);
 
     void* NativeWindow() const override { return view_ != nullptr ? view_->NativeWindow() : nullptr; }
@@ -102,9 +112,13 @@ protected:
 
     virtual void OnLoad() {}
     virtual void OnActivate() {}
+    /// The inner size has changed, by the code or by the user.
+    virtual void OnResize() {}
     /// False refuses the close.
     virtual bool OnQueryClose(CloseReason) { return true; }
     virtual void OnUnload() {}
+    /// The window is to go while one of its commands runs: the command should end soon.
+    virtual void OnStopRequested() {}
     /// Shows what went wrong; a window may word some errors its own way. `source` is "window-command".
     virtual void ReportError(const std::string& source, const std::exception& error);
 
@@ -117,9 +131,11 @@ private:
     bool loaded_ = false;
     bool shown_ = false;
     bool runningCommand_ = false;
+    bool unloadWhenDone_ = false;
     bool topmost_ = false;
     int helpContext_ = 0;
     Rect bounds_;
+    Size innerSize_;
     FormView* view_ = nullptr;
 };
 

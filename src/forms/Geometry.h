@@ -10,6 +10,7 @@ inline constexpr double TwipsPerPixel = 15.0;
 struct Size {
     double width = 0;
     double height = 0;
+    bool operator==(const Size&) const = default;
 };
 
 /// A place and size in twips, relative to the container.

@@ -1,7 +1,8 @@
 #include "forms/ListView.h"
 
 #include <algorithm>
-#include <numeric>
+#include <cstdint>
+#include <iterator>
 
 #include "base/Error.h"
 #include "base/Numbers.h"
@@ -18,19 +19,29 @@ const std::string& CellOf(const ListView::Row& row, int column) {
     return at < row.subItems.size() ? row.subItems[at] : Empty;
 }
 
-/// Whole numbers stand before texts and compare by value; texts compare regardless of case.
-int Compare(const std::string& left, const std::string& right) {
-    const auto leftNumber = ParseInteger(left);
-    const auto rightNumber = ParseInteger(right);
-    if (leftNumber && rightNumber) return *leftNumber < *rightNumber ? -1 : *leftNumber > *rightNumber ? 1 : 0;
-    if (leftNumber.has_value() != rightNumber.has_value()) return leftNumber ? -1 : 1;
-    return text::LowerAscii(left).compare(text::LowerAscii(right));
+/// What a cell sorts by: whole numbers stand before texts and compare by value; texts compare regardless
+/// of case. The prefix decides nearly always.
+struct SortKey {
+    std::uint64_t prefix = 0;  ///< the number counted from the lowest; of a text, the first seven bytes
+    std::string text;          ///< in lower case; "" for a number
+};
+
+SortKey KeyOf(const std::string& cell) {
+    if (const auto number = ParseInteger(cell)) return {static_cast<std::uint64_t>(*number + (std::int64_t{1} << 31)), {}};
+    SortKey key{1, text::LowerAscii(cell)};
+    for (std::size_t i = 0; i < 7; ++i)
+        key.prefix = key.prefix << 8 | (i < key.text.size() ? static_cast<std::uint8_t>(key.text[i]) : 0U);
+    return key;
+}
+
+bool operator<(const SortKey& left, const SortKey& right) {
+    return left.prefix != right.prefix ? left.prefix < right.prefix : left.text < right.text;
 }
 
 }  // namespace
 
-void ListView::AddColumn(const std::string& caption, double width) {
-    columns_.push_back({caption, width});
+void ListView::AddColumn(const std::string& caption, double width, Sizing sizing) {
+    columns_.push_back({caption, width, sizing});
     if (View() != nullptr) ListView_()->ListReset();
 }
 
@@ -56,17 +67,50 @@ int ListView::FindText(const std::string& text) const {
 }
 
 bool ListView::Before(const Row& left, const Row& right) const {
-    const int order = Compare(CellOf(left, sortColumn_), CellOf(right, sortColumn_));
-    return sortAscending_ ? order < 0 : order > 0;
+    for (const int column : sortColumns_) {
+        const SortKey leftKey = KeyOf(CellOf(left, column));
+        const SortKey rightKey = KeyOf(CellOf(right, column));
+        if (leftKey < rightKey) return sortAscending_;
+        if (rightKey < leftKey) return !sortAscending_;
+    }
+    return false;
 }
 
 int ListView::AddRow(Row row) {
-    const auto place = sortColumn_ < 0 ? rows_.end()
-                                       : std::upper_bound(rows_.begin(), rows_.end(), row,
-                                                          [this](const Row& a, const Row& b) { return Before(a, b); });
+    const auto before = [this](const Row& left, const Row& right) { return Before(left, right); };
+    const auto place = IsSorted() ? std::upper_bound(rows_.begin(), rows_.end(), row, before) : rows_.end();
     const int at = static_cast<int>(place - rows_.begin());
     InsertRow(at, std::move(row));
     return at;
+}
+
+void ListView::AddRows(std::vector<Row> rows) {
+    if (rows.empty()) return;
+    const int first = Count();
+    const int count = static_cast<int>(rows.size());
+    if (IsSorted()) MergeRows(std::move(rows));
+    else rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
+    if (View() == nullptr) return;
+    if (IsSorted()) ListView_()->ListReset();
+    else ListView_()->RowsInserted(first, count);
+}
+
+void ListView::MergeRows(std::vector<Row> rows) {
+    const auto before = [this](const Row& left, const Row& right) { return Before(left, right); };
+    Sort(rows, nullptr);
+    if (selected_ >= 0)
+        selected_ += static_cast<int>(std::lower_bound(rows.begin(), rows.end(), At(selected_), before) - rows.begin());
+    // From the back, so that each row of the list moves once; searching spares the comparison with most.
+    const auto oldCount = static_cast<std::ptrdiff_t>(rows_.size());
+    rows_.resize(rows_.size() + rows.size());
+    auto rest = rows_.begin() + oldCount;
+    auto gap = rows_.end();
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        const auto at = std::upper_bound(rows_.begin(), rest, *row, before);
+        gap = std::move_backward(at, rest, gap);
+        *--gap = std::move(*row);
+        rest = at;
+    }
 }
 
 void ListView::InsertRow(int at, Row row) {
@@ -115,24 +159,48 @@ void ListView::Select(int row) {
     if (selected_ >= 0) Raise("ItemClick", ItemClick, selected_);
 }
 
-void ListView::SortBy(int column, bool ascending) {
-    sortColumn_ = column;
+void ListView::SortBy(std::vector<int> columns, bool ascending) {
+    std::erase_if(columns, [](int column) { return column < 0; });
+    sortColumns_ = std::move(columns);
     sortAscending_ = ascending;
-    if (column >= 0) {
-        std::vector<std::size_t> order(rows_.size());
-        std::iota(order.begin(), order.end(), std::size_t{0});
-        std::stable_sort(order.begin(), order.end(), [this](std::size_t a, std::size_t b) { return Before(rows_[a], rows_[b]); });
-        std::vector<Row> sorted;
-        sorted.reserve(rows_.size());
-        int selected = -1;
-        for (const std::size_t from : order) {
-            if (static_cast<int>(from) == selected_) selected = static_cast<int>(sorted.size());
-            sorted.push_back(std::move(rows_[from]));
-        }
-        rows_ = std::move(sorted);
-        selected_ = selected;
-    }
+    if (IsSorted()) Sort(rows_, &selected_);
     if (View() != nullptr) ListView_()->ListReset();
+}
+
+void ListView::Sort(std::vector<Row>& rows, int* tracked) const {
+    // Reading a cell's sort key costs more than comparing two, so each is read once.
+    const std::size_t width = sortColumns_.size();
+    std::vector<SortKey> keys;
+    keys.reserve(rows.size() * width);
+    for (const Row& row : rows)
+        for (const int column : sortColumns_) keys.push_back(KeyOf(CellOf(row, column)));
+
+    struct Place {
+        std::uint64_t prefix;
+        std::size_t row;
+    };
+    std::vector<Place> order(rows.size());
+    for (std::size_t row = 0; row < order.size(); ++row) order[row] = {keys[row * width].prefix, row};
+    std::sort(order.begin(), order.end(), [&](const Place& left, const Place& right) {
+        if (left.prefix != right.prefix) return (left.prefix < right.prefix) == sortAscending_;
+        for (std::size_t i = 0; i < width; ++i) {
+            const SortKey& leftKey = keys[left.row * width + i];
+            const SortKey& rightKey = keys[right.row * width + i];
+            if (leftKey < rightKey) return sortAscending_;
+            if (rightKey < leftKey) return !sortAscending_;
+        }
+        return left.row < right.row;
+    });
+
+    std::vector<Row> sorted;
+    sorted.reserve(rows.size());
+    int trackedTo = -1;
+    for (const auto& [prefix, from] : order) {
+        if (tracked != nullptr && static_cast<int>(from) == *tracked) trackedTo = static_cast<int>(sorted.size());
+        sorted.push_back(std::move(rows[from]));
+    }
+    rows = std::move(sorted);
+    if (tracked != nullptr) *tracked = trackedTo;
 }
 
 bool ListView::PressKey(const KeyDown& key) {

@@ -11,6 +11,8 @@ namespace lumarin {
 class ListViewView : public ControlView {
 public:
     virtual void RowInserted(int row) = 0;
+    /// Several rows at once, side by side from `first` on; they are in the list already.
+    virtual void RowsInserted(int /*first*/, int /*count*/) { ListReset(); }
     virtual void RowRemoved(int row) = 0;
     virtual void RowChanged(int row) = 0;
     /// Columns, order or all rows changed.
@@ -22,23 +24,25 @@ public:
 /// sub-items. Rows are counted from 0. At most one row is selected; -1 is none.
 class ListView : public Control {
 public:
+    enum class Sizing { Fixed, GrowsWithTexts };
     struct Column {
         std::string caption;
         double width = 0;  ///< twips; 0 leaves it to the front end
+        Sizing sizing = Sizing::Fixed;  ///< a column that grows has `width` as its least width
     };
     struct Row {
         std::string text;
-        std::vector<std::string> subItems;
-        std::string key;
-        std::string tag;
+        std::vector<std::string> subItems{};
+        std::string key{};
+        std::string tag{};
         /// A picture file that the front end may show small beside the text; "" for none.
-        std::string picture;
+        std::string picture{};
     };
 
     ListView(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ListView, std::move(name), index) {}
 
     const std::vector<Column>& Columns() const { return columns_; }
-    void AddColumn(const std::string& caption, double width = 0);
+    void AddColumn(const std::string& caption, double width = 0, Sizing sizing = Sizing::Fixed);
     void ClearColumns();
 
     int Count() const { return static_cast<int>(rows_.size()); }
@@ -51,6 +55,8 @@ public:
 
     /// Inserts in order when the list is kept sorted, else at the end. Returns where it stands.
     int AddRow(Row row);
+    /// Adds many rows as `AddRow` would add each, and tells the front end once.
+    void AddRows(std::vector<Row> rows);
     void InsertRow(int at, Row row);
     void RemoveRow(int row);
     void SetText(int row, const std::string& text);
@@ -65,9 +71,11 @@ public:
 
     /// Sorts by a column, texts that are whole numbers by their value, and keeps the list so from now
     /// on. The selected row stays selected.
-    void SortBy(int column, bool ascending = true);
+    void SortBy(int column, bool ascending = true) { SortBy(std::vector<int>{column}, ascending); }
+    /// The same by several columns, the first one deciding first.
+    void SortBy(std::vector<int> columns, bool ascending = true);
     /// -1 when the list is not kept sorted.
-    int SortColumn() const { return sortColumn_; }
+    int SortColumn() const { return sortColumns_.empty() ? -1 : sortColumns_.front(); }
     bool SortAscending() const { return sortAscending_; }
 
     bool AcceptsFiles() const { return acceptsFiles_; }
@@ -89,13 +97,17 @@ public:
 
 private:
     void CheckRow(int row) const;
+    bool IsSorted() const { return !sortColumns_.empty(); }
     bool Before(const Row& left, const Row& right) const;
+    void MergeRows(std::vector<Row> rows);
+    /// Keeps the number of one row up to date on the way.
+    void Sort(std::vector<Row>& rows, int* tracked) const;
     ListViewView* ListView_() const { return static_cast<ListViewView*>(View()); }
 
     std::vector<Column> columns_;
     std::vector<Row> rows_;
     int selected_ = -1;
-    int sortColumn_ = -1;
+    std::vector<int> sortColumns_;
     bool sortAscending_ = true;
     bool acceptsFiles_ = false;
 };

@@ -14,14 +14,14 @@ class ToolBar : public Control {
 public:
     struct Tool {
         std::string name;
-        std::string caption;      ///< "&" marks the access key
-        std::string description;  ///< tooltip and status text
-        std::string icon;         ///< standard name of the desktop's icon naming; "" for none
-        std::string shortcut;     ///< "Ctrl+O"; "" for none
+        std::string caption{};      ///< "&" marks the access key
+        std::string description{};  ///< tooltip and status text
+        std::string icon{};         ///< standard name of the desktop's icon naming; "" for none
+        std::string shortcut{};     ///< "Ctrl+O"; "" for none
         bool checkable = false;
         bool enabled = true;
         bool checked = false;
-        std::vector<std::string> tools;  ///< what a group holds, in order; "-" is a separator
+        std::vector<std::string> tools{};  ///< what a group holds, in order; "-" is a separator
     };
 
     enum class BandKind { MenuBar, ToolBar, ContextMenu };

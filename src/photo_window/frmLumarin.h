@@ -8,14 +8,20 @@
 
 #include "base/Clock.h"
 #include "entry/HostLink.h"
+#include "entry/JobWindow.h"
 #include "forms/Controls.h"
 #include "forms/Desktop.h"
 #include "forms/ListView.h"
 #include "forms/ToolBar.h"
 #include "imaging/Imaging.h"
+#include "imaging/frmPhotoCrop.h"
+#include "listing/clsPMListingRec.h"
+#include "photo_window/WindowSettings.h"
 #include "photo_window/ZipArchiver.h"
 
 namespace lumarin {
+
+class PhotoUpload;
 
 /// The ports that the photo window works with; all outlive it.
 struct PhotoWindowPorts {
@@ -26,9 +32,17 @@ struct PhotoWindowPorts {
     HostLink& host;
 };
 
-class frmLumarin : public Form {
+/// What an import does with the files that it is given.
+enum class ImportKind { Open, SmartLoad };
+
+enum class LookupResult { Found, NotFound };
+
+/// The photo window: gathers listings, shows and arranges the photos of the selected one, and sends the
+/// changed photos of all of them.
+class frmLumarin : public JobWindow, private ListingOwner {
 public:
     explicit frmLumarin(const PhotoWindowPorts& ports);
+    ~frmLumarin() override;
 
     TextBox txtID{*this, "txtID"};
     Button cmdAdd{*this, "cmdAdd"}, cmdBrowse{*this, "cmdBrowse"}, cmdRemove{*this, "cmdRemove"};
@@ -38,6 +52,88 @@ public:
     PictureBox imgMain{*this, "imgMain"};
     Label lblPhotos{*this, "lblPhotos"};  ///< how many photos of how many the listing has
     ToolBar Menu{*this, "Menu"};
+
+    /// Called once, before the window is shown: reads the settings, takes up unsent work. Throws Error when
+    /// the "Photo Size" setting cannot be used.
+    void Init(std::int32_t JobIndex) override;
+
+    /// Brings a listing into the window and makes it the current one; says so when it cannot be found.
+    LookupResult LookUpListing(const std::string& listingNumber, const std::string& searchText);
+
+    /// Imports the files of a file dialog's result: one path, or a folder and names separated by NUL.
+    void ImportPhotos(const std::string& selection, ImportKind kind);
+
+private:
+    // ListingOwner
+    ListView& Listings() override { return RecList; }
+    ListView& Photos() override { return PhotoList; }
+    PictureBox& PhotoPreview() override { return imgMain; }
+    Button& MoveUpButton() override { return cmdMove(0); }
+    Button& MoveDownButton() override { return cmdMove(1); }
+    Button& SendButton() override { return cmdSend; }
+    ToolBar& Tools() override { return Menu; }
+    int PhotoMaximum() const override { return settings_.photoMaximum; }
+    void AddStateChanges(bool enabled) override;
+    PicturePtr LoadPhoto(const std::string& path) override;
+    Desktop& ScreenDesktop() override { return desktop(); }
+    HostLink& Host() override { return ports_.host; }
+    const Form& Window() const override { return *this; }
+
+    // Form
+    void OnActivate() override;
+    bool OnQueryClose(CloseReason reason) override;
+    void OnUnload() override;
+    void OnStopRequested() override;
+
+    void WireEvents();
+    void PlaceWindow();
+    void AddColumns();
+    void RestoreUnsentWork();
+    void ReportUnreadableStates();
+    void UpdateListingCommands();
+    void ShowPhotoCount();
+    void MakeCurrent(clsPMListingRec* record);
+    void ListingClicked(int row);
+    void SortListings(int column);
+    void AskAboutClipboard();
+
+    // Commands
+    void ToolClicked(const std::string& name);
+    void EnterListing();
+    void OpenFiles(ImportKind kind);
+    PhotoResult ImportFile(const std::string& path, ImportKind kind, bool showAbort);
+    void DroppedOnList(const std::vector<std::string>& paths);
+    void DroppedOnPicture(const std::vector<std::string>& paths);
+    void CopyPhoto();
+    void PastePhoto();
+    void MoveSelectedPhoto(int button);
+    void DeleteSelectedPhoto();
+    void RemoveCurrentListing();
+    void ToggleFilePreview();
+    void ChooseDescription(const std::string& tool);
+
+    // SendPhotos.cpp
+    void SendPhotos();
+    bool TrySend(std::map<std::string, bool>& removalsConfirmed);
+    bool AskRemoval(std::int32_t listNum);
+    std::string BuildFileList(Recordset& versions, const std::map<std::string, bool>& removalsConfirmed);
+    void RestoreRecords();
+    void EmptyWindow();
+    void DeleteWorkingFiles();
+
+    PhotoWindowPorts ports_;
+    std::int32_t jobIndex_ = 0;
+    WindowSettings settings_;
+    DescriptionTable descriptions_;
+    std::string workingFolder_;
+    std::string lastChosen_;  ///< last result of the file dialog
+    std::unique_ptr<frmPhotoCrop> cropWindow_;
+    std::map<std::string, std::unique_ptr<clsPMListingRec>> records_;  ///< by listing number
+    clsPMListingRec* current_ = nullptr;
+    PhotoUpload* upload_ = nullptr;  ///< while a send runs
+    bool clipboardUsed_ = false;
+    std::vector<std::pair<std::string, std::string>> unreadableStates_;  ///< file name and reason
+    bool unreadableReported_ = false;
 };
 
 }  // namespace lumarin

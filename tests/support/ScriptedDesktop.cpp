@@ -16,6 +16,7 @@ void ScriptedDesktop::VerifyAllUsed() const {
 
 void ScriptedDesktop::Show(Form& form, const OwnerWindow* owner) {
     shownWith[form.Name()] = owner;
+    shown[form.Name()] = &form;
     form.Activated();
 }
 

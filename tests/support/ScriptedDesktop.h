@@ -31,6 +31,7 @@ public:
     std::vector<std::string> poppedUp;  ///< names of the context menus that were opened
     std::vector<std::pair<std::string, int>> helpPages;
     std::map<std::string, const OwnerWindow*> shownWith;  ///< modeless windows by name, with their owner
+    std::map<std::string, Form*> shown;                   ///< modeless windows by name
     Pointer pointer = Pointer::Default;
     Size screen{1280 * TwipsPerPixel, 1024 * TwipsPerPixel};
     PicturePtr clipboard;
@@ -39,7 +40,10 @@ public:
     void Show(Form& form, const OwnerWindow* owner) override;
     void ShowModal(Form& form, const OwnerWindow* owner) override;
     void Hide(Form&) override {}
-    void Unload(Form& form) override { shownWith.erase(form.Name()); }
+    void Unload(Form& form) override {
+        shownWith.erase(form.Name());
+        shown.erase(form.Name());
+    }
     void DestroyLater(std::unique_ptr<Form> form) override { givenUp_.push_back(std::move(form)); }
     Answer ShowMessage(const Message& message, const Form* owner) override;
     std::string ChooseFiles(const FileDialog& dialog, const Form* owner) override;

@@ -1,0 +1,103 @@
+#include "host/database/SqliteRecordset.h"
+
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "host/database/SqlTokenizer.h"
+#include "host/database/SqlTranslator.h"
+
+namespace host {
+
+namespace {
+
+// The numbers that programs know for these failures of a recordset.
+constexpr std::int32_t BadArguments = 3001;
+constexpr std::int32_t NoCurrentRow = 3021;
+constexpr std::int32_t UnknownColumn = 3265;
+constexpr std::int32_t AlreadyClosed = 3704;
+
+[[noreturn]] void Fail(std::int32_t number, const std::string& description) {
+    throw lumarin::Error(number, "recordset", description);
+}
+
+/// "Column = number", the number with or without a minus.
+std::pair<std::string, std::int32_t> ParseCriterion(const std::string& criterion) {
+    const std::vector<SqlToken> tokens = TokenizeSql(criterion);
+    const bool named = tokens[0].kind == TokenKind::Word || tokens[0].kind == TokenKind::BracketedName;
+    const bool equals = named && tokens[1].kind == TokenKind::Symbol && tokens[1].text == "=";
+    const auto number = equals ? lumarin::ParseInteger(criterion.substr(tokens[1].position + 1)) : std::nullopt;
+    if (!number) Fail(BadArguments, "The criterion is not of the form \"Column = number\": " + criterion);
+    return {tokens[0].text, *number};
+}
+
+}  // namespace
+
+SqliteRecordset::SqliteRecordset(Statement& statement) {
+    for (int column = 0; column < statement.ColumnCount(); ++column) columns_.push_back(statement.ColumnName(column));
+    while (statement.Step()) {
+        std::vector<lumarin::FieldValue>& row = rows_.emplace_back();
+        for (int column = 0; column < statement.ColumnCount(); ++column) row.push_back(statement.Value(column));
+    }
+}
+
+void SqliteRecordset::RequireOpen() const {
+    if (!open_) Fail(AlreadyClosed, "The recordset is closed");
+}
+
+bool SqliteRecordset::Eof() const {
+    RequireOpen();
+    return row_ >= rows_.size();
+}
+
+bool SqliteRecordset::Bof() const {
+    RequireOpen();
+    return rows_.empty();
+}
+
+void SqliteRecordset::MoveFirst() {
+    RequireOpen();
+    row_ = 0;
+}
+
+void SqliteRecordset::MoveNext() {
+    if (Eof()) Fail(NoCurrentRow, "There is no row after the last one");
+    ++row_;
+}
+
+int SqliteRecordset::RecordCount() const {
+    RequireOpen();
+    return static_cast<int>(rows_.size());
+}
+
+void SqliteRecordset::Find(const std::string& criterion) {
+    RequireOpen();
+    const auto [column, number] = ParseCriterion(criterion);
+    const std::size_t index = ColumnIndex(column);
+    while (row_ < rows_.size() && (rows_[row_][index].IsNull() || rows_[row_][index].Text() != std::to_string(number)))
+        ++row_;
+}
+
+lumarin::FieldValue SqliteRecordset::Field(std::string_view column) const {
+    if (Eof()) Fail(NoCurrentRow, "There is no current row to read " + std::string(column) + " from");
+    return rows_[row_][ColumnIndex(column)];
+}
+
+void SqliteRecordset::Close() {
+    RequireOpen();
+    open_ = false;
+    rows_.clear();
+}
+
+std::size_t SqliteRecordset::ColumnIndex(std::string_view column) const {
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (lumarin::text::EqualsIgnoringCase(columns_[i], column)) return i;
+    Fail(UnknownColumn, "The query has no column " + std::string(column));
+}
+
+std::unique_ptr<lumarin::Recordset> Query(Database& database, std::string_view sql) {
+    Statement statement(database, TranslateSelect(sql));
+    if (!statement.ChangesNothing()) RefuseSql("Only a SELECT statement is allowed", sql);
+    return std::make_unique<SqliteRecordset>(statement);
+}
+
+}  // namespace host

@@ -1,0 +1,220 @@
+#include "host/desktop/Demo.h"
+
+#include <QJsonArray>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "base/Files.h"
+#include "host/demo/LargePhoto.h"
+#include "util/frmBusy.h"
+
+namespace host {
+
+namespace {
+
+constexpr int LargeWidth = 6000;
+constexpr int LargeHeight = 4000;
+
+void Say(const QString& text) {
+    std::printf("%s\n", text.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+QJsonArray Rows(const QJsonObject& list) { return list["rows"].toArray(); }
+
+}  // namespace
+
+DemoFolders PrepareDemoFolders(const std::string& folder) {
+    const std::string root = std::filesystem::absolute(folder).lexically_normal().string() + '/';
+    const DemoFolders folders{root + "data/", root + "originals/", root};
+    for (const std::string& own : {folders.data, folders.originals}) {
+        std::filesystem::remove_all(own);
+        lumarin::files::EnsureFolder(own);
+    }
+    return folders;
+}
+
+Demo::Demo(Driver& driver, lumarin::Desktop& desktop, DemoFolders folders)
+    : driver_(driver), desktop_(desktop), folders_(std::move(folders)), client_(driver) {}
+
+Demo::~Demo() {
+    if (thread_.joinable()) thread_.join();
+}
+
+void Demo::Start(std::function<void(bool)> ended) {
+    thread_ = std::thread([this, ended] {
+        const bool succeeded = Tell();
+        QMetaObject::invokeMethod(&driver_, [ended, succeeded] { ended(succeeded); }, Qt::QueuedConnection);
+    });
+}
+
+bool Demo::Tell() {
+    try {
+        OpenPhotoWindow();
+        ImportLargePhoto();
+        FillSecondListing();
+        RecordWhatIsSent();
+        SendPhotos();
+        CheckServer();
+        LookWithNewWindow();
+        ShowBusyWindow();
+    } catch (const std::exception& error) {
+        Say(QString("FAILED: ") + error.what());
+        return false;
+    }
+    Say("The demo went well. Screenshots: " + QString::fromStdString(folders_.shots));
+    return true;
+}
+
+void Demo::OpenPhotoWindow() {
+    Step("The host's main window shows who is signed in and the listings");
+    client_.Do("wait frmMain");
+    Shot("frmMain");
+    Step("The tool \"Photos\" opens the photo window; listing 100123 comes with its 3 photos");
+    client_.DoAll({"tool frmMain.Photos", "wait frmLumarin"});
+    EnterListing("100123");
+    ExpectRows("frmLumarin.PhotoList", 3);
+}
+
+void Demo::ImportLargePhoto() {
+    Step("Open: a JPEG of 24 megapixels goes into the crop window");
+    const QString name = Draw("garden-side.jpg", LargeWidth, LargeHeight, 7);
+    ChooseForImport({name});
+    const QJsonArray picture = client_.Get("frmPhotoCrop.Preview")["place"].toArray();
+    const QJsonArray box = client_.Get("frmPhotoCrop.CropBox")["box"].toArray();
+    const int x = box[0].toInt() + box[2].toInt() / 2 - picture[0].toInt();
+    const int y = box[1].toInt() + box[3].toInt() / 2 - picture[1].toInt();
+    Step("The box is narrowed at its right edge and moved, the sliders make the picture a little brighter");
+    const int right = box[0].toInt() + box[2].toInt() - picture[0].toInt() - 4;
+    client_.Do(QString("drag frmPhotoCrop.Preview %1 %2 %3 %2").arg(right).arg(y).arg(right - 60));
+    client_.Do(QString("drag frmPhotoCrop.Preview %1 %2 %3 %4").arg(x - 40).arg(y).arg(x - 10).arg(y - 12));
+    client_.Do("set frmPhotoCrop.hsbControl(0) 60");
+    client_.Do("set frmPhotoCrop.hsbControl(1) 40");
+    Shot("frmPhotoCrop");
+    Capture("Garden");
+    ExpectRows("frmLumarin.PhotoList", 4);
+}
+
+void Demo::FillSecondListing() {
+    Step("Listing 100124 gets three photos at once");
+    EnterListing("100124");
+    ExpectRows("frmLumarin.PhotoList", 0);
+    QStringList names;
+    for (unsigned number = 1; number <= 3; ++number)
+        names += Draw(QString("room-%1.jpg").arg(number), 2400, 1600, 20 + number);
+    ChooseForImport(names);
+    for (const char* description : {"Kitchen", "Bedroom", "Front"}) {
+        client_.Do("wait frmPhotoCrop");
+        Capture(description);
+    }
+    ExpectRows("frmLumarin.PhotoList", 3);
+    Step("The last one is moved to the top, the last but one is deleted");
+    client_.Do("select frmLumarin.PhotoList 2");
+    client_.Do("press frmLumarin.cmdMove(0)");
+    client_.Do("press frmLumarin.cmdMove(0)");
+    client_.Do("select frmLumarin.PhotoList 1");
+    client_.Do("tool frmLumarin.DeletePhoto");
+    ExpectRows("frmLumarin.PhotoList", 2);
+    client_.Do("select frmLumarin.PhotoList 0");
+    Shot("frmLumarin");
+}
+
+void Demo::RecordWhatIsSent() {
+    const std::string working = folders_.data + "user/Photo Import/";
+    const QJsonArray listings = Rows(client_.Get("frmLumarin.RecList"));
+    for (int row = 0; row < listings.size(); ++row) {
+        client_.Do(QString("select frmLumarin.RecList %1").arg(row));
+        const QString number = listings[row].toArray()[0].toString();
+        std::vector<PhotoContent>& photos = sent_[number.toInt()];
+        char letter = 'a';
+        for (const QJsonValue& photo : Rows(client_.Get("frmLumarin.PhotoList")))
+            photos.push_back({lumarin::files::ReadAll(working + number.toStdString() + letter++ + ".jpg"),
+                              photo.toArray()[0].toString().toStdString()});
+    }
+    if (sent_.size() != 2) throw DemoFailure(QString("There should be 2 listings, not %1").arg(sent_.size()));
+}
+
+void Demo::SendPhotos() {
+    Step("Send Photos: everything goes to the server in one package");
+    const QString shot = Quoted(QString::fromStdString(folders_.shots) + "frmProgress.png");
+    client_.DoAll({"tool frmLumarin.SendPhotos", "wait frmProgress", "shot frmProgress " + shot});
+    if (!client_.Do("message").isNull()) throw DemoFailure("The send asks something that it should not ask");
+    ExpectRows("frmLumarin.RecList", 0);
+}
+
+void Demo::CheckServer() {
+    Step("The server holds exactly what was sent");
+    for (const auto& [listing, photos] : sent_) {
+        const std::vector<PhotoContent> held = PublishedListing(folders_.data, listing);
+        if (held != photos) throw DemoFailure(QString("The server's photos of %1 are not those that were sent").arg(listing));
+        Say(QString("   %1: %2 photos, the same bytes in the same order with the same descriptions")
+                .arg(listing)
+                .arg(photos.size()));
+    }
+}
+
+void Demo::LookWithNewWindow() {
+    Step("A new photo window loads 4 photos for 100123 and 2 for 100124");
+    client_.Do("close frmLumarin");
+    client_.DoAll({"tool frmMain.Photos", "wait frmLumarin"});
+    EnterListing("100124");
+    ExpectRows("frmLumarin.PhotoList", 2);
+    EnterListing("100123");
+    ExpectRows("frmLumarin.PhotoList", 4);
+    client_.Do("select frmLumarin.PhotoList 3");
+    client_.Do("shot frmLumarin " + Quoted(QString::fromStdString(folders_.shots) + "frmLumarin-sent.png"));
+    client_.Do("close frmLumarin");
+}
+
+void Demo::ShowBusyWindow() {
+    Step("The window that asks for patience");
+    lumarin::frmBusy* busy = nullptr;
+    client_.OnUserInterface([&] {
+        busy = new lumarin::frmBusy(desktop_);
+        busy->Show(nullptr);
+    });
+    client_.Do("wait frmBusy");
+    Shot("frmBusy");
+    client_.OnUserInterface([&] { delete busy; });
+}
+
+void Demo::Step(const QString& what) { Say(QString("%1. %2").arg(++step_).arg(what)); }
+
+void Demo::Shot(const QString& window) {
+    client_.Do("shot " + window + ' ' + Quoted(QString::fromStdString(folders_.shots) + window + ".png"));
+}
+
+void Demo::EnterListing(const QString& number) {
+    client_.Do("set frmLumarin.txtID " + number);
+    client_.Do("key frmLumarin.txtID Enter");
+    if (!client_.Do("message").isNull()) throw DemoFailure("Listing " + number + " cannot be opened");
+}
+
+void Demo::ChooseForImport(const QStringList& names) {
+    QString command = "choose";
+    for (const QString& name : names) command += ' ' + Quoted(name);
+    client_.Do("tool frmLumarin.Open");
+    client_.Do(command);
+    client_.Do("wait frmPhotoCrop 20000");
+}
+
+void Demo::Capture(const QString& description) {
+    client_.Do("set frmPhotoCrop.cmbView " + Quoted(description));
+    client_.Do("press frmPhotoCrop.cmdCapture");
+    const QJsonValue message = client_.Do("message");
+    if (!message.isNull()) throw DemoFailure("Capturing says: " + message.toObject()["text"].toString());
+}
+
+void Demo::ExpectRows(const QString& list, int rows) {
+    const qsizetype found = Rows(client_.Get(list)).size();
+    if (found != rows) throw DemoFailure(QString("%1 should have %2 rows and has %3").arg(list).arg(rows).arg(found));
+}
+
+QString Demo::Draw(const QString& name, int width, int height, unsigned seed) {
+    const std::string path = folders_.originals + name.toStdString();
+    DrawLargePhoto(path, width, height, seed);
+    return QString::fromStdString(path);
+}
+
+}  // namespace host

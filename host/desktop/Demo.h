@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "forms/Desktop.h"
+#include "host/desktop/DriveClient.h"
+#include "host/desktop/PublishedListing.h"
+
+namespace host {
+
+/// Where the guided demo keeps its things, as paths that end in a separator.
+struct DemoFolders {
+    std::string data;       ///< the host's data folder, made for this run
+    std::string originals;  ///< the pictures that are imported
+    std::string shots;      ///< screenshots
+};
+
+/// Makes the folders anew under `folder`. Throws lumarin::Error when they cannot be made.
+DemoFolders PrepareDemoFolders(const std::string& folder);
+
+/// The guided demo: works through the road of a photo with the real windows, says each step on standard
+/// output, and checks that the server then holds exactly what was sent. The story runs on a thread of its
+/// own; the windows stay with the user interface's.
+class Demo {
+public:
+    /// Everything outlives this.
+    Demo(Driver& driver, lumarin::Desktop& desktop, DemoFolders folders);
+    ~Demo();
+
+    /// `ended` is called on the user-interface thread with whether all was as it should be.
+    void Start(std::function<void(bool)> ended);
+
+private:
+    bool Tell();
+    void OpenPhotoWindow();
+    void ImportLargePhoto();
+    void FillSecondListing();
+    void RecordWhatIsSent();
+    void SendPhotos();
+    void CheckServer();
+    void LookWithNewWindow();
+    void ShowBusyWindow();
+
+    void Step(const QString& what);
+    void Shot(const QString& window);
+    void EnterListing(const QString& number);
+    void ChooseForImport(const QStringList& names);
+    void Capture(const QString& description);
+    void ExpectRows(const QString& list, int rows);
+    QString Draw(const QString& name, int width, int height, unsigned seed);
+
+    Driver& driver_;
+    lumarin::Desktop& desktop_;
+    DemoFolders folders_;
+    DriveClient client_;
+    std::thread thread_;
+    int step_ = 0;
+    std::map<std::int32_t, std::vector<PhotoContent>> sent_;
+};
+
+}  // namespace host

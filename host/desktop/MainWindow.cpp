@@ -1,0 +1,81 @@
+#include "host/desktop/MainWindow.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include "host/database/Schema.h"
+#include "host/desktop/StartPage.h"
+#include "platform/qt/Icons.h"
+
+namespace host {
+
+namespace {
+
+constexpr QSize UsualSize(860, 600);
+// What the component reports after photos were sent.
+constexpr int PhotosFirst = 0;
+constexpr int PhotosSecond = 9;
+
+}  // namespace
+
+MainWindow::MainWindow(const HostOptions& user)
+    : user_(user), queries_(DatabasePath(user.dataFolder), DatabaseUse::Queries) {
+    setObjectName("frmMain");
+    setWindowTitle("Lumarin Reference Host");
+    resize(UsualSize);
+    AddTools();
+    page_ = new StartPage(user_);
+    setCentralWidget(page_);
+    statusBar()->setObjectName("StatusBar");
+    Refresh();
+}
+
+void MainWindow::AddTools() {
+    auto* bar = addToolBar("Jobs");
+    bar->setObjectName("Jobs");
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    bar->setIconSize(QSize(32, 32));
+    photos_ = AddTool(JobKind::Photos, "Photos", "&Photos", "image-x-generic", "Ctrl+P");
+    documents_ = AddTool(JobKind::Documents, "Documents", "&Documents", "document-open", "Ctrl+D");
+    photos_->setToolTip("Gather listings and send their photos");
+    documents_->setToolTip("Documents are not part of this version");
+    documents_->setEnabled(false);
+    bar->addActions({photos_, documents_});
+}
+
+QAction* MainWindow::AddTool(JobKind kind, const char* name, const char* caption, const char* icon,
+                             const char* shortcut) {
+    auto* tool = new QAction(lumarin::qt::ToolIcon(icon), caption, this);
+    tool->setObjectName(name);
+    tool->setShortcut(QKeySequence(shortcut));
+    QObject::connect(tool, &QAction::triggered, this, [this, kind, tool] { startJob(kind, *tool); });
+    return tool;
+}
+
+void* MainWindow::NativeWindow() const { return const_cast<QWidget*>(static_cast<const QWidget*>(this)); }
+
+void MainWindow::Prog(int first, int second) {
+    if (first != PhotosFirst || second != PhotosSecond) return;
+    Refresh();
+    statusBar()->showMessage("The photos were sent.");
+}
+
+void MainWindow::Refresh() {
+    try {
+        page_->ShowOverview(ReadOverview(queries_, user_));
+        statusBar()->showMessage("Ready");
+    } catch (const std::exception& error) {
+        statusBar()->showMessage(QString("The listings could not be read: ") + error.what());
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    closing();
+    event->accept();
+}
+
+}  // namespace host

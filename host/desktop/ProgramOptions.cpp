@@ -1,0 +1,97 @@
+#include "host/desktop/ProgramOptions.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <functional>
+#include <map>
+
+namespace host {
+
+namespace {
+
+int Level(const std::string& text) {
+    int level = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, level);
+    if (error != std::errc() || stop != end || level < 0)
+        throw OptionError("--level needs a whole number of 0 or more, not \"" + text + "\"");
+    return level;
+}
+
+void CheckTogether(const ProgramOptions& options) {
+    if (!options.demo) return;
+    if (!options.drive.empty()) throw OptionError("--demo and --drive exclude each other");
+    if (!options.dataFolder.empty()) throw OptionError("--demo uses a data folder of its own; leave out --data");
+}
+
+const char* Environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0' ? value : nullptr;
+}
+
+}  // namespace
+
+ProgramOptions ParseOptions(const std::vector<std::string>& arguments) {
+    ProgramOptions options;
+    const std::map<std::string, bool*> switches = {{"--help", &options.help},
+                                                   {"-h", &options.help},
+                                                   {"--photos", &options.photos},
+                                                   {"--demo", &options.demo}};
+    const std::map<std::string, std::function<void(const std::string&)>> values = {
+        {"--data", [&](const std::string& text) { options.dataFolder = text; }},
+        {"--demo-folder", [&](const std::string& text) { options.demoFolder = text; }},
+        {"--drive", [&](const std::string& text) { options.drive = text; }},
+        {"--level", [&](const std::string& text) { options.level = Level(text); }},
+        {"--agent", [&](const std::string& text) { options.agent = text; }},
+        {"--office", [&](const std::string& text) { options.office = text; }},
+        {"--board", [&](const std::string& text) { options.board = text; }},
+    };
+
+    for (std::size_t at = 0; at < arguments.size(); ++at) {
+        const std::string& argument = arguments[at];
+        if (const auto found = switches.find(argument); found != switches.end()) {
+            *found->second = true;
+            continue;
+        }
+        const std::size_t equals = argument.find('=');
+        const std::string name = argument.substr(0, equals);
+        const auto found = values.find(name);
+        if (found == values.end()) throw OptionError("Unknown option \"" + argument + "\"");
+        const bool isNext = equals == std::string::npos;
+        if (isNext && at + 1 == arguments.size()) throw OptionError(name + " needs a value");
+        const std::string value = isNext ? arguments[++at] : argument.substr(equals + 1);
+        if (value.empty() || (isNext && value.starts_with("--"))) throw OptionError(name + " needs a value");
+        found->second(value);
+    }
+    CheckTogether(options);
+    return options;
+}
+
+std::string OptionHelp() {
+    return R"(Starts the reference host: a small listing program in which the photo window runs.
+
+  --photos           open the photo window at once
+  --data FOLDER      where the host keeps everything (default: lumarin-host in your data folder)
+  --level N          who is signed in: the user's level (default 10; below 60 agent, 60 to 89
+                     office, 90 to 99 board, 100 and over unrestricted)
+  --agent ID         the agent (default A101)
+  --office ID        the office (default OF1)
+  --board ID         the board (default 1)
+  --demo             the guided demo, without a display, on a data folder of its own
+  --demo-folder DIR  where the demo keeps its data and screenshots (default build/demo)
+  --drive FILE       do the commands in FILE, one a line, and print one line of JSON for each;
+                     "-" reads them from standard input
+  --help             this text
+
+The exit code is 0 when everything went well, 1 when a command or the demo failed, 2 for a
+command line that cannot be understood, and 3 when the data folder is in use.
+)";
+}
+
+std::string UsualDataFolder() {
+    if (const char* data = Environment("XDG_DATA_HOME")) return std::string(data) + "/lumarin-host";
+    if (const char* home = Environment("HOME")) return std::string(home) + "/.local/share/lumarin-host";
+    throw OptionError("There is no home folder; say with --data where to keep everything");
+}
+
+}  // namespace host

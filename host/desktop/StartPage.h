@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+#include "host/desktop/Overview.h"
+
+class QLabel;
+class QTableWidget;
+
+namespace host {
+
+/// The main window's content: who is signed in, where the data lie, and the user's listings with the
+/// number of their published photos.
+class StartPage : public QWidget {
+public:
+    explicit StartPage(const HostOptions& user);
+
+    void ShowOverview(const Overview& overview);
+
+private:
+    QWidget* MakeHeader();
+    QTableWidget* MakeTable();
+
+    HostOptions user_;
+    QLabel* lblWelcome_ = nullptr;
+    QLabel* lblUser_ = nullptr;
+    QLabel* lblListings_ = nullptr;
+    QTableWidget* listings_ = nullptr;
+};
+
+}  // namespace host

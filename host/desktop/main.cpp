@@ -1,0 +1,156 @@
+#include <QApplication>
+#include <QLockFile>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+
+#include "base/Clock.h"
+#include "host/demo/SeedData.h"
+#include "host/desktop/Demo.h"
+#include "host/desktop/Jobs.h"
+#include "host/desktop/MainWindow.h"
+#include "host/desktop/ProgramOptions.h"
+#include "host/drive/DriveError.h"
+#include "host/drive/LineInput.h"
+#include "host/services/DataFolder.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/vips/VipsImaging.h"
+#include "platform/zip/LibzipArchiver.h"
+
+namespace {
+
+constexpr int Failed = 1;
+constexpr int BadOptions = 2;
+constexpr int DataInUse = 3;
+
+bool IsSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+bool HasDisplay() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"); }
+
+/// Without a display only the demo and a driven program can run; both then draw off the screen.
+void ChoosePlatform(host::ProgramOptions& options) {
+    if (!HasDisplay() && options.drive.empty() && !options.demo) {
+        std::fputs("There is no display; running the demo instead.\n", stderr);
+        options.demo = true;
+        options.dataFolder.clear();
+    }
+    if (options.demo || !options.drive.empty()) qputenv("LUMARIN_DRIVEN", "1");
+    if (options.demo || !HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+/// Says why the program cannot start: to a person in a message box, to whoever drives it on standard error.
+int Refuse(const host::ProgramOptions& options, const QString& reason, int exitCode) {
+    std::fprintf(stderr, "lumarin-host: %s\n", reason.toUtf8().constData());
+    if (options.drive.empty() && !options.demo) QMessageBox::critical(nullptr, "Lumarin Reference Host", reason);
+    return exitCode;
+}
+
+/// The program once its data folder is its own.
+class Program {
+public:
+    Program(host::ProgramOptions options, const host::HostOptions& user)
+        : options_(std::move(options)),
+          mainWindow_(user),
+          common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
+          jobs_({desktop_, imaging_, archiver_, clock_}, common_, mainWindow_) {
+        mainWindow_.startJob = [this](host::JobKind kind, QAction& tool) { jobs_.Start(kind, tool); };
+        mainWindow_.closing = [this] {
+            jobs_.EndAll();
+            // A timer comes after the events that wait: a driver's last answer is given before the end.
+            QTimer::singleShot(0, qApp, [] { QCoreApplication::quit(); });
+        };
+    }
+
+    int Run(const host::DemoFolders& demoFolders) {
+        mainWindow_.show();
+        if (options_.photos) QTimer::singleShot(0, &mainWindow_, [this] { mainWindow_.JobTool(host::JobKind::Photos).trigger(); });
+        if (options_.demo) return RunDemo(demoFolders);
+        return options_.drive.empty() ? QApplication::exec() : RunDriven();
+    }
+
+private:
+    int RunDriven() {
+        host::Driver driver;
+        host::LineInput input(driver, QString::fromStdString(options_.drive), [this] { mainWindow_.close(); });
+        const int exitCode = QApplication::exec();
+        return input.AnswerTheRest() && !driver.HadErrors() ? exitCode : Failed;
+    }
+
+    int RunDemo(const host::DemoFolders& folders) {
+        host::Driver driver;
+        host::Demo demo(driver, desktop_, folders);
+        bool wentWell = false;
+        demo.Start([&](bool succeeded) {
+            wentWell = succeeded;
+            driver.Quit([this] { mainWindow_.close(); });
+        });
+        const int exitCode = QApplication::exec();
+        return wentWell ? exitCode : Failed;
+    }
+
+    host::ProgramOptions options_;
+    lumarin::vips::VipsImaging imaging_;
+    lumarin::zip::LibzipArchiver archiver_;
+    lumarin::SystemClock clock_;
+    // Destroys windows that were given up late, and these use what stands above.
+    lumarin::qt::QtDesktop desktop_;
+    host::MainWindow mainWindow_;
+    host::HostVelCommon common_;
+    host::Jobs jobs_;
+};
+
+int Start(host::ProgramOptions options) {
+    host::DemoFolders demoFolders;
+    if (options.demo) {
+        demoFolders = host::PrepareDemoFolders(options.demoFolder);
+        options.dataFolder = demoFolders.data;
+    }
+    const std::string usual = options.dataFolder.empty() ? host::UsualDataFolder() : options.dataFolder;
+    const std::string folder = host::PrepareDataFolder(std::filesystem::absolute(usual).lexically_normal().string());
+
+    QLockFile lock(QString::fromStdString(folder + "host.lock"));
+    // Only the lock of a program that has ended may be broken, however old it is.
+    lock.setStaleLockTime(0);
+    if (!lock.tryLock())
+        return Refuse(options, "The data folder \"" + QString::fromStdString(folder) +
+                                   "\" is in use by another run of this program. Close it, or name another folder with --data.",
+                      DataInUse);
+    host::SeedData(folder);
+    Program program(options, {folder, options.level, options.agent, options.office, options.board});
+    return program.Run(demoFolders);
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    host::ProgramOptions options;
+    try {
+        options = host::ParseOptions({arguments + 1, arguments + argumentCount});
+    } catch (const host::OptionError& error) {
+        std::fprintf(stderr, "lumarin-host: %s\nTry --help.\n", error.what());
+        return BadOptions;
+    }
+    if (options.help) {
+        std::fputs(host::OptionHelp().c_str(), stdout);
+        return 0;
+    }
+    ChoosePlatform(options);
+    QApplication application(argumentCount, arguments);
+    QApplication::setApplicationName("lumarin-host");
+    QApplication::setQuitOnLastWindowClosed(false);
+    lumarin::qt::SetUpApplication(application);
+    try {
+        return Start(options);
+    } catch (const host::DriveError& error) {
+        return Refuse(options, error.Reason(), BadOptions);
+    } catch (const std::exception& error) {
+        return Refuse(options, error.what(), Failed);
+    }
+}

@@ -1,0 +1,109 @@
+#include "host/drive/LineInput.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdio>
+#include <unistd.h>
+#include <utility>
+
+#include "host/drive/DriveError.h"
+#include "host/drive/DriveLine.h"
+
+namespace host {
+
+namespace {
+
+QByteArray Json(const QJsonValue& value) {
+    if (value.isObject()) return QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
+    if (value.isArray()) return QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact);
+    return "null";
+}
+
+void Print(const QJsonValue& answer) {
+    std::fputs((Json(answer) + '\n').constData(), stdout);
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+LineInput::LineInput(Driver& driver, const QString& source, std::function<void()> ended)
+    : driver_(driver), ended_(std::move(ended)) {
+    if (source != "-") {
+        input_.setFileName(source);
+        if (!input_.open(QIODevice::ReadOnly))
+            throw DriveError("Cannot read \"" + source + "\": " + input_.errorString());
+        buffer_ = input_.readAll();
+        atEnd_ = true;
+        QMetaObject::invokeMethod(this, [this] { Next(); }, Qt::QueuedConnection);
+        return;
+    }
+    notifier_ = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { ReadMore(); });
+}
+
+void LineInput::ReadMore() {
+    char bytes[4096];
+    const ssize_t count = ::read(STDIN_FILENO, bytes, sizeof bytes);
+    if (count > 0) {
+        buffer_.append(bytes, count);
+    } else {
+        atEnd_ = true;
+        notifier_->setEnabled(false);
+    }
+    Next();
+}
+
+bool LineInput::TakeLine(QString& line) {
+    while (true) {
+        qsizetype end = buffer_.indexOf('\n');
+        if (end < 0) {
+            if (!atEnd_ || buffer_.isEmpty()) return false;
+            end = buffer_.size();
+        }
+        line = QString::fromUtf8(buffer_.left(end)).trimmed();
+        buffer_.remove(0, end + 1);
+        if (!IsDriveComment(line)) return true;
+    }
+}
+
+void LineInput::Next() {
+    if (busy_ || quit_) return;
+    QString line;
+    if (!TakeLine(line)) {
+        if (atEnd_) End();
+        return;
+    }
+    if (line == "quit") {
+        Print(QJsonObject{{"ok", true}});
+        return End();
+    }
+    busy_ = true;
+    driver_.Submit(line, [this](const QJsonValue& answer) {
+        Print(answer);
+        busy_ = false;
+        QMetaObject::invokeMethod(this, [this] { Next(); }, Qt::QueuedConnection);
+    });
+}
+
+void LineInput::End() {
+    quit_ = true;
+    if (notifier_) notifier_->setEnabled(false);
+    driver_.Quit(ended_);
+}
+
+bool LineInput::AnswerTheRest() {
+    if (quit_) return true;
+    atEnd_ = true;
+    QString line;
+    bool any = busy_;
+    if (busy_) Print(QJsonObject{{"error", "The program has ended"}});
+    while (TakeLine(line) && line != "quit") {
+        any = true;
+        Print(QJsonObject{{"error", "The program has ended"}});
+    }
+    return !any;
+}
+
+}  // namespace host

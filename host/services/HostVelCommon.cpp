@@ -1,0 +1,115 @@
+#include "host/services/HostVelCommon.h"
+
+#include "base/Files.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "host/database/Schema.h"
+#include "host/services/DataFolder.h"
+#include "host/services/DbService.h"
+#include "host/services/PhotoService.h"
+
+namespace host {
+
+namespace {
+
+namespace files = lumarin::files;
+
+constexpr int OfficeLevel = 60;
+
+HostOptions Prepared(HostOptions options) {
+    options.dataFolder = PrepareDataFolder(options.dataFolder);
+    return options;
+}
+
+/// The byte length that the version names for photo `number` (from 1); nothing when it names none.
+std::optional<std::uint64_t> PublishedLength(const std::string& version, int number) {
+    const std::vector<std::string> lengths = lumarin::text::Split(version, ',');
+    if (static_cast<std::size_t>(number) > lengths.size()) return std::nullopt;
+    const auto length = lumarin::ParseInteger(lengths[static_cast<std::size_t>(number) - 1]);
+    return length && *length >= 0 ? std::optional<std::uint64_t>(*length) : std::nullopt;
+}
+
+}  // namespace
+
+HostVelCommon::HostVelCommon(HostOptions options, lumarin::HostMainForm& mainForm, std::function<void(int)> endJob)
+    : options_(Prepared(std::move(options))),
+      mainForm_(mainForm),
+      endJob_(std::move(endJob)),
+      server_(options_.dataFolder),
+      queries_(DatabasePath(options_.dataFolder), DatabaseUse::Queries) {}
+
+void HostVelCommon::EndJob(int jobIndex) {
+    if (endJob_) endJob_(jobIndex);
+}
+
+std::string HostVelCommon::ProgramFolder() const { return options_.dataFolder + "program" + files::Separator; }
+std::string HostVelCommon::CityFolder() const { return options_.dataFolder + "city" + files::Separator; }
+std::string HostVelCommon::UserFolder() const { return options_.dataFolder + "user" + files::Separator; }
+std::string HostVelCommon::PhotoFolder() const { return options_.dataFolder + "photos" + files::Separator; }
+std::string HostVelCommon::HelpFilePath() const { return ProgramFolder() + "help.html"; }
+
+std::string HostVelCommon::ListingPhotoFolder(std::int32_t listingNumber) const {
+    const auto digit = [](std::int32_t value) { return std::to_string(value % 10) + files::Separator; };
+    return PhotoFolder() + digit(listingNumber / 10) + digit(listingNumber);
+}
+
+std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
+    const std::string name = "photo " + std::to_string(number) + " of listing " + std::to_string(listingNumber);
+    if (listingNumber < 1 || number < 1 || number > static_cast<int>(MostPhotos))
+        throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "There cannot be a " + name);
+    const std::string folder = ListingPhotoFolder(listingNumber);
+    const std::string local =
+        folder + std::to_string(listingNumber) + PhotoLetter(static_cast<std::size_t>(number) - 1) + ".jpg";
+    const std::optional<std::uint64_t> length = PublishedLength(version, number);
+    if (files::FileExists(local) && (!length || files::FileLength(local) == *length)) return local;
+
+    files::EnsureFolder(folder);
+    constexpr int Attempts = 3;  // A file goes when another program has a package applied just now.
+    for (int attempt = 1;; ++attempt) {
+        const std::string published = server_.PhotoFile(listingNumber, number);
+        if (published.empty())
+            throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "The server has no " + name);
+        try {
+            files::Copy(published, local);
+            return local;
+        } catch (const lumarin::FileError& error) {
+            if (attempt == Attempts)
+                throw lumarin::Error(error.Number(), "FetchPhoto", "Cannot fetch " + name + ". " + error.what());
+        }
+    }
+}
+
+std::vector<std::string> HostVelCommon::CompanyOffices() const {
+    Statement rows(queries_,
+                   "SELECT OffOfficeId FROM Office WHERE OffCompanyCode ="
+                   " (SELECT OffCompanyCode FROM Office WHERE OffOfficeId = ?) ORDER BY OffOfficeId");
+    rows.Bind(1, options_.office);
+    std::vector<std::string> offices;
+    while (rows.Step()) offices.push_back(rows.Text(0));
+    return offices;
+}
+
+std::string HostVelCommon::ManagedOffices() const {
+    std::string list = ",";
+    for (const std::string& office : CompanyOffices()) list += office + ",";
+    return list == "," ? "," + options_.office + "," : list;
+}
+
+bool HostVelCommon::HasSeveralOffices() const { return options_.level >= OfficeLevel && CompanyOffices().size() > 1; }
+
+std::vector<lumarin::PhotoDescription> HostVelCommon::PhotoDescriptions() const {
+    Statement rows(queries_, "SELECT Code, Description FROM PhotoDescriptions ORDER BY Place");
+    std::vector<lumarin::PhotoDescription> descriptions;
+    while (rows.Step()) descriptions.push_back({static_cast<std::int32_t>(rows.Integer(0)), rows.Text(1)});
+    return descriptions;
+}
+
+std::unique_ptr<lumarin::HostService> HostVelCommon::GetClassInstance(const std::string& name) {
+    if (name == lumarin::DbInterface::ServiceName) return std::make_unique<DbService>(queries_, options_.connection);
+    if (name == lumarin::PhotoInterface::ServiceName)
+        return std::make_unique<PhotoService>(server_, options_.connection, lastRefusal_);
+    constexpr std::int32_t CannotCreate = 429;
+    throw lumarin::Error(CannotCreate, "ServiceBroker", "The host has no service \"" + name + "\"");
+}
+
+}  // namespace host

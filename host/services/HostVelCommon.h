@@ -1,0 +1,73 @@
+#pragma once
+
+#include "entry/VelCommon.h"
+#include "host/database/Database.h"
+#include "host/server/Server.h"
+
+#include <functional>
+#include <string>
+
+namespace host {
+
+/// Who is signed in, and where the host keeps everything.
+struct HostOptions {
+    std::string dataFolder;  ///< With or without a separator at its end; created when it is missing.
+    int level = 10;
+    std::string agent = "A101";
+    std::string office = "OF1";
+    std::string board = "1";
+    std::string connection = "VELTRANE";
+};
+
+/// The host's services for the component: folders, database, listing server and identity.
+class HostVelCommon final : public lumarin::VelCommon, private lumarin::ServiceBroker {
+public:
+    /// Creates folders, database and default settings where they are missing. `mainForm` outlives this.
+    /// Throws lumarin::Error when the data folder cannot be used.
+    HostVelCommon(HostOptions options, lumarin::HostMainForm& mainForm, std::function<void(int)> endJob);
+
+    lumarin::HostMainForm& MainForm() override { return mainForm_; }
+    void EndJob(int jobIndex) override;
+    std::string ProgramFolder() const override;
+    std::string CityFolder() const override;
+    std::string UserFolder() const override;
+    std::string ConnectionName() const override { return options_.connection; }
+    std::string AgentId() const override { return options_.agent; }
+    std::string OfficeId() const override { return options_.office; }
+    std::string HelpFilePath() const override;
+    bool IsOnline() const override { return true; }
+    lumarin::ServiceBroker& ServiceBroker() override { return *this; }
+
+    bool IsOffline() const override { return false; }
+    int UserLevel() const override { return options_.level; }
+    std::string UserBoardId() const override { return options_.board; }
+    std::string ManagedOffices() const override;
+    bool HasSeveralOffices() const override;
+    std::string DocDomain() const override { return "localhost"; }
+    std::string PdfInfoText() const override { return "Veltrane"; }
+    std::string PhotoFolder() const override;
+    std::string ListingPhotoFolder(std::int32_t listingNumber) const override;
+    std::string FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) override;
+
+    std::string StreetDirectionCaption() const override { return "Dir"; }
+    bool ShowsStreetDirection() const override { return true; }
+    bool ReportsPhotoUpdates() const override { return true; }
+    std::vector<lumarin::PhotoDescription> PhotoDescriptions() const override;
+
+    /// Why the server refused the last package; "" when it took it.
+    const std::string& LastRefusal() const { return lastRefusal_; }
+    Server& ListingServer() { return server_; }
+
+private:
+    std::unique_ptr<lumarin::HostService> GetClassInstance(const std::string& name) override;
+    std::vector<std::string> CompanyOffices() const;
+
+    HostOptions options_;
+    lumarin::HostMainForm& mainForm_;
+    std::function<void(int)> endJob_;
+    Server server_;
+    mutable Database queries_;
+    std::string lastRefusal_;
+};
+
+}  // namespace host

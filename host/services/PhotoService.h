@@ -1,0 +1,28 @@
+#pragma once
+
+#include "entry/Services.h"
+#include "host/server/Server.h"
+
+#include <string>
+
+namespace host {
+
+/// The service "PhotoInterface" over the listing server; the server, and the text that takes the reason of
+/// a refused package, outlive it. What was begun belongs to the server: another service object may go on.
+class PhotoService final : public lumarin::PhotoInterface {
+public:
+    PhotoService(Server& server, std::string connectionName, std::string& lastRefusal)
+        : server_(server), connectionName_(std::move(connectionName)), lastRefusal_(lastRefusal) {}
+
+    void UploadPhotoFile(const std::string& name, lumarin::UploadMode mode) override;
+    void UploadPhotoFile(std::span<const std::byte> chunk) override;
+    /// 0 when the package is applied, 1 when it is refused.
+    int BatchUpdate(const std::string& connectionName, const std::string& packageName, lumarin::BatchKind kind) override;
+
+private:
+    Server& server_;
+    std::string connectionName_;
+    std::string& lastRefusal_;
+};
+
+}  // namespace host

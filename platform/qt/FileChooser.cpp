@@ -1,0 +1,71 @@
+#include "platform/qt/FileChooser.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QGuiApplication>
+
+#include "base/Text.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/PreviewPane.h"
+
+namespace lumarin::qt {
+
+namespace {
+
+constexpr QSize DialogSize(960, 480);
+
+/// A driver and a screen that nobody looks at need a dialog that lies in this program.
+bool NeedsOwnDialog() {
+    return qEnvironmentVariableIsSet("LUMARIN_DRIVEN") || QGuiApplication::platformName() == "offscreen";
+}
+
+QString Patterns(const std::string& patterns) {
+    QStringList both;
+    for (const std::string& pattern : text::Split(patterns, ';')) {
+        const QString one = pattern == "*.*" ? QStringLiteral("*") : ToQt(pattern);
+        both << one.toLower();
+        if (one.toUpper() != one.toLower()) both << one.toUpper();
+    }
+    return both.join(' ');
+}
+
+void AddPreview(QFileDialog& dialog) {
+    auto* layout = qobject_cast<QGridLayout*>(dialog.layout());
+    if (layout == nullptr) return;
+    auto* pane = new PreviewPane(&dialog);
+    layout->addWidget(pane, 0, layout->columnCount(), layout->rowCount(), 1);
+    QObject::connect(&dialog, &QFileDialog::currentChanged, pane, [pane](const QString& path) { pane->ShowFile(path); });
+    dialog.resize(DialogSize);
+}
+
+}  // namespace
+
+QStringList NameFilters(const std::string& pairs) {
+    QStringList filters;
+    const auto parts = text::Split(pairs, '|');
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2)
+        filters << ToQt(parts[i]) + " (" + Patterns(parts[i + 1]) + ")";
+    return filters;
+}
+
+std::string ChosenText(const QStringList& paths) {
+    if (paths.isEmpty()) return {};
+    if (paths.size() == 1) return FromQt(paths.front());
+    std::string text = FromQt(QFileInfo(paths.front()).absolutePath());
+    for (const QString& path : paths) text += '\0' + FromQt(QFileInfo(path).fileName());
+    return text;
+}
+
+std::string RunFileDialog(const FileDialog& dialog, QWidget* owner) {
+    QFileDialog chooser(owner, ToQt(dialog.title), ToQt(dialog.folder));
+    chooser.setObjectName("fileDialog");
+    chooser.setFileMode(dialog.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    chooser.setOption(QFileDialog::DontUseNativeDialog, dialog.preview || NeedsOwnDialog());
+    chooser.setOption(QFileDialog::HideNameFilterDetails);
+    chooser.setNameFilters(NameFilters(dialog.filter));
+    if (dialog.preview) AddPreview(chooser);
+    return chooser.exec() == QDialog::Accepted ? ChosenText(chooser.selectedFiles()) : std::string();
+}
+
+}  // namespace lumarin::qt

@@ -1,0 +1,196 @@
+#include "platform/qt/FormWindow.h"
+
+#include <QDialog>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QWindow>
+
+#include <utility>
+
+#include "base/Error.h"
+#include "forms/Control.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/WindowLoader.h"
+#include "platform/qt/adapters/Adapters.h"
+
+namespace lumarin::qt {
+
+FormWindow::FormWindow(Form& form) : form_(&form), window_(BuildWindow(form.Name())) {
+    if (const auto mismatches = Mismatches(form, *window_); !mismatches.empty()) {
+        std::string all = "The window " + form.Name() + " does not fit its design:";
+        for (const std::string& mismatch : mismatches) all += "\n" + mismatch;
+        throw ApplicationError(form.Name() + "-Load", all);
+    }
+    Bind();
+    LayOut();
+}
+
+FormWindow::~FormWindow() {
+    Detach();
+    adapters_.clear();
+}
+
+void FormWindow::Bind() {
+    placedByCode_ = form_->Bounds().left != 0 || form_->Bounds().top != 0;
+    if (form_->Caption().empty()) form_->SetCaption(FromQt(window_->windowTitle()));
+    for (Control* control : form_->Controls()) {
+        auto* widget = NeedsWidget(control->Kind()) ? window_->findChild<QWidget*>(ToQt(control->ObjectName())) : window_.get();
+        adapters_.push_back(MakeAdapter(*control, *widget));
+        adapters_.back()->Attach();
+    }
+    form_->Attach(this);
+    window_->installEventFilter(this);
+    StateChanged();
+}
+
+/// The code may place controls before the window is ever seen, so the layouts must have worked by then.
+void FormWindow::LayOut() {
+    const bool designedSize = window_->testAttribute(Qt::WA_Resized);
+    QSize size = (designedSize ? window_->size() : window_->sizeHint()).expandedTo(window_->minimumSizeHint());
+    // A screen that nobody looks at sets no limit.
+    if (QGuiApplication::platformName() != "offscreen") size = size.boundedTo(window_->screen()->availableSize());
+    window_->resize(size);
+    window_->grab(QRect(0, 0, 1, 1));  // makes the layouts of a hidden window work, as nothing else does
+    laidOut_ = true;
+    ReportPlaces();
+    ReportPlace();
+}
+
+void FormWindow::ReportPlaces() {
+    for (const auto& adapter : adapters_) adapter->ReportPlace();
+}
+
+void FormWindow::Show(QWidget* owner, Qt::WindowModality modality) {
+    if (window_->isVisible() && window_->windowModality() != modality) window_->hide();
+    if (window_->isVisible()) {
+        window_->raise();
+    } else {
+        window_->setWindowModality(modality);
+        window_->setWindowFlag(Qt::WindowStaysOnTopHint, form_->Topmost());
+        window_->winId();  // the window below is there from now on
+        QWindow* above = owner != nullptr ? owner->window()->windowHandle() : nullptr;
+        window_->windowHandle()->setTransientParent(above);
+        if (!wasShown_ && !placedByCode_ && owner != nullptr) PlaceOver(*owner->window());
+    }
+    if (!std::exchange(wasShown_, true)) FocusFirst();
+    window_->show();
+    window_->activateWindow();
+}
+
+bool FormWindow::RunModal(QWidget* owner) {
+    QEventLoop loop;
+    QEventLoop* outer = std::exchange(loop_, &loop);
+    Show(owner, Qt::ApplicationModal);
+    // Being activated may have hidden or unloaded it already.
+    const bool ended = !window_->isVisible() || loop.exec() == 0;
+    loop_ = outer;
+    return ended && !window_->isVisible();
+}
+
+void FormWindow::Hide() {
+    window_->hide();
+    if (loop_ != nullptr) loop_->quit();
+}
+
+void FormWindow::Detach() {
+    if (form_ == nullptr) return;
+    for (const auto& adapter : adapters_) adapter->Detach();
+    form_->Attach(nullptr);
+    form_ = nullptr;
+    Hide();
+}
+
+void FormWindow::PlaceOver(const QWidget& owner) {
+    const QRect room = owner.screen()->availableGeometry();
+    QRect place({}, window_->frameGeometry().size());
+    place.moveCenter(owner.frameGeometry().center());
+    place.moveRight(qMin(place.right(), room.right()));
+    place.moveBottom(qMin(place.bottom(), room.bottom()));
+    place.moveTopLeft({qMax(place.left(), room.left()), qMax(place.top(), room.top())});
+    window_->move(place.topLeft());
+}
+
+/// A window that is seen for the first time can be worked by the keyboard at once.
+void FormWindow::FocusFirst() {
+    if (window_->focusWidget() != nullptr) return;
+    for (QWidget* next = window_->nextInFocusChain(); next != window_.get(); next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isEnabledTo(window_.get()) || !next->isVisibleTo(window_.get()))
+            continue;
+        return next->setFocus(Qt::TabFocusReason);
+    }
+}
+
+void FormWindow::StateChanged() {
+    if (form_ == nullptr) return;
+    window_->setWindowTitle(ToQt(form_->Caption()));
+    ShowEnabled();
+    ShowPlace();
+    ShowInnerSize();
+}
+
+void FormWindow::ShowEnabled() {
+    if (form_->Enabled() == window_->isEnabled()) return;
+    if (!form_->Enabled()) focusBefore_ = window_->focusWidget();
+    window_->setEnabled(form_->Enabled());
+    if (form_->Enabled() && focusBefore_ != nullptr) focusBefore_->setFocus(Qt::OtherFocusReason);
+}
+
+void FormWindow::ShowPlace() {
+    const QPoint place = ToPixels(form_->Bounds()).topLeft();
+    if (place == window_->pos() || (place.isNull() && !placedByCode_)) return;
+    placedByCode_ = true;
+    window_->move(place);
+}
+
+void FormWindow::ShowInnerSize() {
+    const QSize size = ToPixels(Rect{0, 0, form_->InnerSize().width, form_->InnerSize().height}).size();
+    if (laidOut_ && !size.isEmpty() && size != window_->size()) window_->resize(size);
+}
+
+void FormWindow::ReportPlace() {
+    ReportInnerSize();
+    if (form_ == nullptr) return;
+    QRect place = window_->frameGeometry();
+    const QRect known = ToPixels(form_->Bounds());
+    if (!wasShown_) place.moveTopLeft(known.topLeft());
+    // What the code has set in twips stays exact as long as it means the same pixels.
+    if (place == known) return;
+    Rect twips = ToTwips(place);
+    if (place.topLeft() == known.topLeft()) {
+        twips.left = form_->Bounds().left;
+        twips.top = form_->Bounds().top;
+    }
+    form_->Placed(twips);
+}
+
+void FormWindow::ReportInnerSize() {
+    const Rect inner = ToTwips(QRect({}, window_->size()));
+    const Size& known = form_->InnerSize();
+    if (ToPixels(Rect{0, 0, known.width, known.height}).size() != window_->size())
+        form_->InnerPlaced({inner.width, inner.height});
+}
+
+bool FormWindow::eventFilter(QObject*, QEvent* event) {
+    if (form_ == nullptr) return false;
+    switch (event->type()) {
+        case QEvent::Close: return Close(*event);
+        case QEvent::WindowActivate: form_->Activated(); return false;
+        case QEvent::Move:
+        case QEvent::Resize: ReportPlace(); return false;
+        case QEvent::KeyPress:
+            if (qobject_cast<QDialog*>(window_.get()) == nullptr) return false;
+            if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel)) return false;
+            window_->close();  // as the frame's close command: the form is asked
+            return true;
+        default: return false;
+    }
+}
+
+bool FormWindow::Close(QEvent& event) {
+    event.setAccepted(form_->Unload(CloseReason::Frame));
+    return true;
+}
+
+}  // namespace lumarin::qt

@@ -1,0 +1,181 @@
+#include "platform/qt/QtDesktop.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMimeData>
+#include <QScreen>
+#include <QUrl>
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Error.h"
+#include "forms/ToolBar.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/FileChooser.h"
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/MessageDialog.h"
+
+namespace lumarin::qt {
+
+namespace {
+
+constexpr int LongestEventTurn = 10;  // milliseconds
+constexpr int WaitForCommand = 50;
+
+QWidget* WidgetOf(const OwnerWindow* owner) {
+    return owner != nullptr ? static_cast<QWidget*>(owner->NativeWindow()) : nullptr;
+}
+
+QWidget* OwnerOrActive(const Form* owner) {
+    QWidget* widget = WidgetOf(owner);
+    return widget != nullptr && widget->isVisible() ? widget : QApplication::activeWindow();
+}
+
+}  // namespace
+
+/// While one of these lives, events run inside a handler: nothing of a window may be destroyed.
+class QtDesktop::Nested {
+public:
+    enum class Shows { Nothing, Dialog };
+
+    Nested(QtDesktop& desktop, Shows shows) : desktop_(desktop), hidesPointer_(shows == Shows::Dialog && desktop.busyPointer_) {
+        ++desktop_.nesting_;
+        if (hidesPointer_) desktop_.SetPointer(Pointer::Default);  // a person who is asked is not kept waiting
+    }
+    ~Nested() {
+        if (hidesPointer_) desktop_.SetPointer(Pointer::Hourglass);
+        if (--desktop_.nesting_ == 0) desktop_.destroy_.start();
+    }
+    Nested(const Nested&) = delete;
+    Nested& operator=(const Nested&) = delete;
+
+private:
+    QtDesktop& desktop_;
+    bool hidesPointer_;
+};
+
+QtDesktop::QtDesktop() {
+    destroy_.setSingleShot(true);
+    destroy_.setInterval(0);
+    QObject::connect(&destroy_, &QTimer::timeout, &destroy_, [this] { DestroyRetired(); });
+}
+
+QtDesktop::~QtDesktop() {
+    retiredForms_.clear();
+    windows_.clear();
+}
+
+FormWindow& QtDesktop::WindowOf(const Form& form) const {
+    const auto found = windows_.find(&form);
+    if (found == windows_.end()) throw ApplicationError(form.Name(), "The window " + form.Name() + " is not loaded");
+    return *found->second;
+}
+
+void QtDesktop::Load(Form& form) {
+    if (!windows_.contains(&form)) windows_.emplace(&form, std::make_unique<FormWindow>(form));
+}
+
+void QtDesktop::Show(Form& form, const OwnerWindow* owner) { WindowOf(form).Show(WidgetOf(owner), Qt::NonModal); }
+
+void QtDesktop::ShowModal(Form& form, const OwnerWindow* owner) {
+    FormWindow& window = WindowOf(form);
+    const Nested nested(*this, Nested::Shows::Dialog);
+    const bool ended = window.RunModal(WidgetOf(owner));
+    // The program ends while the window waits: for its caller it is as if it had been hidden.
+    if (!ended && !window.IsDetached()) form.Hide();
+}
+
+void QtDesktop::Hide(Form& form) { WindowOf(form).Hide(); }
+
+void QtDesktop::Unload(Form& form) {
+    const auto found = windows_.find(&form);
+    if (found == windows_.end()) return;
+    retiredWindows_.push_back(std::move(found->second));
+    windows_.erase(found);
+    retiredWindows_.back()->Detach();
+    destroy_.start();
+}
+
+void QtDesktop::DestroyLater(std::unique_ptr<Form> form) {
+    retiredForms_.push_back(std::move(form));
+    destroy_.start();
+}
+
+void QtDesktop::DestroyRetired() {
+    if (nesting_ > 0) return;  // the end of the nesting starts it again
+    const auto finished = std::partition(retiredForms_.begin(), retiredForms_.end(),
+                                         [](const auto& form) { return form->IsRunningCommand(); });
+    const std::vector<std::unique_ptr<Form>> forms(std::make_move_iterator(finished), std::make_move_iterator(retiredForms_.end()));
+    retiredForms_.erase(finished, retiredForms_.end());
+    if (!retiredForms_.empty()) QTimer::singleShot(WaitForCommand, &destroy_, [this] { DestroyRetired(); });
+    std::exchange(retiredWindows_, {}).clear();
+}
+
+Answer QtDesktop::ShowMessage(const Message& message, const Form* owner) {
+    const Nested nested(*this, Nested::Shows::Dialog);
+    return RunMessageBox(message, OwnerOrActive(owner));
+}
+
+std::string QtDesktop::ChooseFiles(const FileDialog& dialog, const Form* owner) {
+    const Nested nested(*this, Nested::Shows::Dialog);
+    return RunFileDialog(dialog, OwnerOrActive(owner));
+}
+
+void QtDesktop::PopupMenu(ToolBar& toolBar, const std::string& band) {
+    auto* menu = WindowOf(toolBar.Owner()).Window().findChild<QMenu*>(ToQt(band));
+    if (menu == nullptr || menu->isEmpty()) return;
+    const Nested nested(*this, Nested::Shows::Dialog);
+    menu->exec(MenuPlace::Current().value_or(QCursor::pos()));
+}
+
+void QtDesktop::SetPointer(Pointer pointer) {
+    const bool busy = pointer == Pointer::Hourglass;
+    if (busy == std::exchange(busyPointer_, busy)) return;
+    if (busy)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+Size QtDesktop::ScreenSize() const {
+    const Rect room = ToTwips(QGuiApplication::primaryScreen()->availableGeometry());
+    return {room.width, room.height};
+}
+
+void QtDesktop::ProcessPendingEvents() {
+    const Nested nested(*this, Nested::Shows::Nothing);
+    // Painting waits behind the events that ask for it, so one turn is not always enough.
+    QCoreApplication::processEvents(QEventLoop::AllEvents, LongestEventTurn);
+}
+
+bool QtDesktop::ClipboardHasPicture() const {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && data->hasImage();
+}
+
+PicturePtr QtDesktop::ClipboardPicture() const {
+    const QImage image = QGuiApplication::clipboard()->image();
+    return image.isNull() ? nullptr : std::make_shared<Picture>(ToPicture(image));
+}
+
+void QtDesktop::SetClipboardPicture(const Picture& picture) {
+    QGuiApplication::clipboard()->setImage(ToImage(std::make_shared<Picture>(picture)));
+}
+
+void QtDesktop::ClearClipboard() { QGuiApplication::clipboard()->clear(); }
+
+void QtDesktop::OpenHelp(const std::string& helpFile, int context) {
+    const QFileInfo file(ToQt(helpFile));
+    if (!file.isFile()) throw FileError("open the help file", helpFile, "there is no such file");
+    QUrl page = QUrl::fromLocalFile(file.absoluteFilePath());
+    page.setFragment(QString::number(context));
+    if (!QDesktopServices::openUrl(page))
+        throw FileError("open the help file", helpFile, "no program of this computer shows it");
+}
+
+}  // namespace lumarin::qt

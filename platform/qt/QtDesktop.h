@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "forms/Desktop.h"
+
+class QApplication;
+class QWidget;
+
+namespace lumarin::qt {
+
+class FormWindow;
+
+/// Prepares the application: style, a light or dark palette (the desktop's choice, or the environment's
+/// LUMARIN_THEME=light or dark), fonts, icons. Call once, before any window.
+void SetUpApplication(QApplication& application);
+
+/// The desktop on Qt Widgets. A form's window is built from its design, ":/windows/<form name>.ui". The
+/// native window of a form is its QWidget. A window that is unloaded from within one of its own events
+/// is hidden at once and destroyed when no dialog or modal window waits any more.
+class QtDesktop final : public Desktop {
+public:
+    QtDesktop();
+    ~QtDesktop() override;
+
+    /// Throws Error when the form and its design do not fit, with all that is wrong.
+    void Load(Form& form) override;
+    void Show(Form& form, const OwnerWindow* owner) override;
+    void ShowModal(Form& form, const OwnerWindow* owner) override;
+    void Hide(Form& form) override;
+    void Unload(Form& form) override;
+    void DestroyLater(std::unique_ptr<Form> form) override;
+
+    Answer ShowMessage(const Message& message, const Form* owner) override;
+    std::string ChooseFiles(const FileDialog& dialog, const Form* owner) override;
+    void PopupMenu(ToolBar& toolBar, const std::string& band) override;
+
+    void SetPointer(Pointer pointer) override;
+    Size ScreenSize() const override;
+    void ProcessPendingEvents() override;
+
+    bool ClipboardHasPicture() const override;
+    PicturePtr ClipboardPicture() const override;
+    void SetClipboardPicture(const Picture& picture) override;
+    void ClearClipboard() override;
+
+    void OpenHelp(const std::string& helpFile, int context) override;
+
+private:
+    class Nested;
+
+    FormWindow& WindowOf(const Form& form) const;
+    void DestroyRetired();
+
+    std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
+    std::vector<std::unique_ptr<FormWindow>> retiredWindows_;
+    std::vector<std::unique_ptr<Form>> retiredForms_;
+    QTimer destroy_;
+    int nesting_ = 0;  ///< event loops of ours that run inside each other
+    bool busyPointer_ = false;
+};
+
+}  // namespace lumarin::qt

@@ -1,0 +1,75 @@
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include "platform/qt/QtDesktop.h"
+
+// Outside of any namespace, as the toolkit wants it.
+static void UseResources() {
+    Q_INIT_RESOURCE(lumarin_windows);
+    Q_INIT_RESOURCE(lumarin_icons);
+}
+
+namespace lumarin::qt {
+
+namespace {
+
+constexpr double SmallestFont = 10;  // points
+
+struct Colours {
+    QColor window, base, alternate, text, faint, button, line, dark, highlight, link;
+};
+
+const Colours Light{"#f3f4f6", "#ffffff", "#f6f8fb", "#1f2328", "#8b929c", "#fbfbfc",
+                    "#c4c9d1", "#dcdfe4", "#2f6fde", "#2461c8"};
+const Colours Dark{"#25282c", "#1b1d20", "#212429", "#e6e8eb", "#7d848d", "#33373c",
+                   "#4a5058", "#17191b", "#3f7fe8", "#79aaf7"};
+
+QPalette PaletteOf(const Colours& colours) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, colours.window);
+    palette.setColor(QPalette::Base, colours.base);
+    palette.setColor(QPalette::AlternateBase, colours.alternate);
+    palette.setColor(QPalette::Button, colours.button);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, colours.text);
+        palette.setColor(QPalette::Disabled, role, colours.faint);
+    }
+    palette.setColor(QPalette::PlaceholderText, colours.faint);
+    palette.setColor(QPalette::ToolTipBase, colours.base);
+    palette.setColor(QPalette::BrightText, Qt::white);
+    palette.setColor(QPalette::Light, colours.button.lighter(110));
+    palette.setColor(QPalette::Disabled, QPalette::Light, colours.base);  // no etched shadow behind faint text
+    palette.setColor(QPalette::Midlight, colours.button.lighter(105));
+    palette.setColor(QPalette::Mid, colours.line);
+    palette.setColor(QPalette::Dark, colours.dark);
+    palette.setColor(QPalette::Shadow, QColor(0, 0, 0, 90));
+    palette.setColor(QPalette::Highlight, colours.highlight);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours.line);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, colours.text);
+    palette.setColor(QPalette::Link, colours.link);
+    return palette;
+}
+
+bool WantsDark() {
+    const QByteArray wanted = qgetenv("LUMARIN_THEME");
+    if (wanted == "dark" || wanted == "light") return wanted == "dark";
+    const QPalette desktops = QGuiApplication::palette();
+    return desktops.color(QPalette::Window).lightness() < desktops.color(QPalette::WindowText).lightness();
+}
+
+}  // namespace
+
+void SetUpApplication(QApplication& application) {
+    UseResources();
+    const bool dark = WantsDark();
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(PaletteOf(dark ? Dark : Light));
+    QFont font = QApplication::font();
+    if (font.pointSizeF() > 0 && font.pointSizeF() < SmallestFont) font.setPointSizeF(SmallestFont);
+    application.setFont(font);
+}
+
+}  // namespace lumarin::qt

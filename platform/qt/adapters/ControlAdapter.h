@@ -1,0 +1,102 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+#include "forms/Control.h"
+
+namespace lumarin::qt {
+
+/// Who says where a control stands.
+enum class PlacedBy { Layout, Code };
+
+/// Connects one control with one widget: shows the control's state in the widget and tells the control
+/// what the user does. After `Detach` the control may be gone while the widget still lives, so an
+/// adapter looks at `Target` anew after everything that can run a handler.
+class ControlAdapter : public QObject {
+public:
+    ControlAdapter(Control& control, QWidget& widget);
+    /// Attaches to the control and shows its state.
+    void Attach();
+    /// Must come before the control goes; the adapter does nothing from then on.
+    void Detach();
+
+    void Refresh();
+    /// Tells the control where the layout has put it.
+    void ReportPlace();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    Control* Target() const { return control_; }
+    QWidget& Widget() const { return widget_; }
+
+    virtual std::unique_ptr<ControlView> MakeView();
+    /// Shows what this kind of control has beyond the common state.
+    virtual void ShowState() = 0;
+    /// The control is about to go: keep nothing of it.
+    virtual void Release() {}
+    /// An event of the widget; true when it has been used.
+    virtual bool WidgetEvent(QEvent&) { return false; }
+    virtual void TakeFocus();
+    virtual void SelectAllText() {}
+    virtual void ShowBounds();
+    /// Enabled, visible, pointer.
+    virtual void ShowCommonState();
+
+    /// The control's side of the link, for a kind of view `Base`.
+    template <class Base>
+    class ForwardingView : public Base {
+    public:
+        explicit ForwardingView(ControlAdapter& adapter) : adapter_(adapter) {}
+        void StateChanged() override { adapter_.Refresh(); }
+        void TakeFocus() override { adapter_.TakeFocus(); }
+        void SelectAllText() override { adapter_.SelectAllText(); }
+
+    private:
+        ControlAdapter& adapter_;
+    };
+
+private:
+    void ShowLabelsOf(const QWidget& widget, bool visible) const;
+
+    Control* control_;
+    QWidget& widget_;
+    std::unique_ptr<ControlView> view_;
+    PlacedBy placedBy_;
+    Pointer pointer_ = Pointer::Default;
+};
+
+/// An adapter for a known kind of control and widget.
+template <class ControlType, class WidgetType>
+class AdapterFor : public ControlAdapter {
+public:
+    AdapterFor(ControlType& control, WidgetType& widget) : ControlAdapter(control, widget) {}
+
+protected:
+    /// Null when detached.
+    ControlType* Bound() const { return static_cast<ControlType*>(Target()); }
+    WidgetType& View() const { return static_cast<WidgetType&>(Widget()); }
+};
+
+/// Where a context menu belongs that a handler opens now: the place of the click, or of the selected row
+/// when the keyboard asked for it. Empty outside of such a handler.
+class MenuPlace {
+public:
+    explicit MenuPlace(QPoint global) : before_(current_) { current_ = global; }
+    ~MenuPlace() { current_ = before_; }
+    MenuPlace(const MenuPlace&) = delete;
+    MenuPlace& operator=(const MenuPlace&) = delete;
+
+    static std::optional<QPoint> Current() { return current_; }
+
+private:
+    static inline std::optional<QPoint> current_;
+    std::optional<QPoint> before_;
+};
+
+}  // namespace lumarin::qt

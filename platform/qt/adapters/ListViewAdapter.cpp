@@ -1,0 +1,261 @@
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyledItemDelegate>
+#include <QTimer>
+#include <QTreeView>
+
+#include <algorithm>
+
+#include "forms/ListView.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/adapters/Adapters.h"
+#include "platform/qt/adapters/FileDrops.h"
+#include "platform/qt/adapters/RowModel.h"
+
+namespace lumarin::qt {
+
+namespace {
+
+constexpr int WidestFittedColumn = 320;  // pixels
+constexpr int RowsMeasured = 100;
+constexpr QSize RowPadding(12, 6);
+
+/// Gives the rows room to breathe.
+class RowDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + RowPadding;
+    }
+};
+
+class ListViewAdapter final : public AdapterFor<ListView, QTreeView> {
+public:
+    ListViewAdapter(ListView& control, QTreeView& tree);
+
+private:
+    class Notices final : public ForwardingView<ListViewView> {
+    public:
+        explicit Notices(ListViewAdapter& adapter) : ForwardingView(adapter), adapter_(adapter) {}
+        void RowInserted(int row) override { adapter_.InsertRows(row, 1); }
+        void RowsInserted(int first, int count) override { adapter_.InsertRows(first, count); }
+        void RowRemoved(int row) override { adapter_.RemoveRow(row); }
+        void RowChanged(int row) override { adapter_.model_->RowChanged(row); }
+        void ListReset() override { adapter_.Reset(); }
+        void SelectionChanged() override { adapter_.ShowSelection(); }
+
+    private:
+        ListViewAdapter& adapter_;
+    };
+
+    std::unique_ptr<ControlView> MakeView() override { return std::make_unique<Notices>(*this); }
+    void ShowState() override;
+    void Release() override;
+    bool WidgetEvent(QEvent& event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool ViewportEvent(QEvent& event);
+
+    void InsertRows(int first, int count);
+    void RemoveRow(int row);
+    void Reset();
+    void ShowSelection();
+    void ShowSortOrder();
+    void ShowPictureSize();
+    void FitColumnsLater();
+    void FitColumns();
+
+    void UserSelected(int row);
+    void UserPressed(int row);
+    bool AskForMenu(const QContextMenuEvent& event);
+
+    RowModel* model_;
+    bool applying_ = false;         ///< the selection changes because the code says so
+    bool selectedByPress_ = false;  ///< the mouse press that runs now has selected a row already
+    bool fitPending_ = false;
+    bool sizedByUser_ = false;
+};
+
+ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
+    : AdapterFor(control, tree), model_(new RowModel(control, &tree)) {
+    tree.setRootIsDecorated(false);
+    tree.setItemsExpandable(false);
+    tree.setUniformRowHeights(true);
+    tree.setAllColumnsShowFocus(true);
+    tree.setSelectionMode(QAbstractItemView::SingleSelection);
+    tree.setSelectionBehavior(QAbstractItemView::SelectRows);
+    tree.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    tree.setTextElideMode(Qt::ElideRight);
+    tree.setItemDelegate(new RowDelegate(&tree));
+    tree.setModel(model_);
+    tree.viewport()->installEventFilter(this);
+    tree.header()->setSectionsClickable(true);
+    tree.header()->setResizeContentsPrecision(RowsMeasured);
+    connect(tree.header(), &QHeaderView::sectionClicked, this, [this](int column) {
+        if (Bound() != nullptr) Bound()->ClickColumn(column);
+        // The header turns its arrow with every click; only the list knows whether it was sorted.
+        if (Bound() != nullptr) ShowSortOrder();
+    });
+    connect(tree.header(), &QHeaderView::sectionResized, this, [this] {
+        const bool held = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
+        if (held && View().header()->underMouse()) sizedByUser_ = true;
+    });
+    connect(tree.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        const QModelIndexList rows = View().selectionModel()->selectedRows();
+        UserSelected(rows.isEmpty() ? -1 : rows.front().row());
+    });
+    connect(&tree, &QTreeView::pressed, this, [this](const QModelIndex& index) { UserPressed(index.row()); });
+    connect(&tree, &QTreeView::doubleClicked, this, [this] {
+        if (Bound() != nullptr) Bound()->DoubleClicked();
+    });
+    FitColumnsLater();
+}
+
+void ListViewAdapter::ShowState() {
+    View().setAcceptDrops(Bound()->AcceptsFiles());
+    View().viewport()->setAcceptDrops(Bound()->AcceptsFiles());
+    ShowPictureSize();
+    ShowSortOrder();
+    ShowSelection();
+}
+
+void ListViewAdapter::Release() {
+    applying_ = true;
+    model_->Forget();
+}
+
+void ListViewAdapter::ShowPictureSize() {
+    const QSize size = View().iconSize().isValid() ? View().iconSize() : QSize(64, 40);
+    model_->SetPictureSize(size, View().devicePixelRatioF());
+}
+
+void ListViewAdapter::ShowSortOrder() {
+    QHeaderView& header = *View().header();
+    const int column = Bound()->SortColumn();
+    header.setSortIndicatorShown(column >= 0);
+    header.setSortIndicator(column, Bound()->SortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void ListViewAdapter::ShowSelection() {
+    applying_ = true;
+    const int row = Bound()->Selected();
+    if (row < 0)
+        View().selectionModel()->clear();
+    else
+        View().setCurrentIndex(model_->index(row, 0));
+    applying_ = false;
+}
+
+void ListViewAdapter::InsertRows(int first, int count) {
+    model_->RowsInserted(first, count);
+    FitColumnsLater();
+}
+
+void ListViewAdapter::RemoveRow(int row) {
+    applying_ = true;  // the view would select a neighbour of the row that went
+    model_->RowRemoved(row);
+    applying_ = false;
+    ShowSelection();
+}
+
+void ListViewAdapter::Reset() {
+    applying_ = true;
+    model_->Reset();
+    applying_ = false;
+    ShowSelection();
+    ShowSortOrder();
+    FitColumnsLater();
+}
+
+void ListViewAdapter::UserSelected(int row) {
+    if (applying_ || Bound() == nullptr) return;
+    if (row < 0) return ShowSelection();  // a click beside the rows chooses nothing else
+    selectedByPress_ = true;
+    Bound()->Select(row);
+}
+
+/// A press on the row that was selected already counts as choosing it once more.
+void ListViewAdapter::UserPressed(int row) {
+    if (Bound() != nullptr && !selectedByPress_) Bound()->Select(row);
+}
+
+/// Many rows come in one turn; the columns are measured once, when the first of them are there.
+void ListViewAdapter::FitColumnsLater() {
+    if (fitPending_ || sizedByUser_) return;
+    fitPending_ = true;
+    QTimer::singleShot(0, this, [this] {
+        fitPending_ = false;
+        if (Bound() != nullptr) FitColumns();
+    });
+}
+
+void ListViewAdapter::FitColumns() {
+    QHeaderView& header = *View().header();
+    const auto& columns = Bound()->Columns();
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+        const ListView::Column& column = columns[static_cast<std::size_t>(i)];
+        const int wanted = ToPixels(column.width);
+        if (wanted > 0 && column.sizing == ListView::Sizing::Fixed) {
+            header.resizeSection(i, wanted);
+        } else {
+            View().resizeColumnToContents(i);
+            header.resizeSection(i, std::clamp(header.sectionSize(i), wanted, std::max(wanted, WidestFittedColumn)));
+        }
+    }
+}
+
+bool ListViewAdapter::WidgetEvent(QEvent& event) {
+    if (event.type() == QEvent::KeyPress) {
+        selectedByPress_ = false;
+        const KeyDown key = ToKeyDown(static_cast<QKeyEvent&>(event));
+        return key.key != Key::None && Bound()->PressKey(key);
+    }
+    if (event.type() == QEvent::ContextMenu) return AskForMenu(static_cast<QContextMenuEvent&>(event));
+    if (event.type() == QEvent::Show) ShowPictureSize();
+    return false;
+}
+
+bool ListViewAdapter::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == View().viewport() && Bound() != nullptr) return ViewportEvent(*event);
+    return ControlAdapter::eventFilter(watched, event);
+}
+
+bool ListViewAdapter::ViewportEvent(QEvent& event) {
+    std::vector<std::string> dropped;
+    if (HandleFileDrag(event, dropped)) {
+        if (!dropped.empty()) Bound()->DropFiles(dropped);
+        return true;
+    }
+    switch (event.type()) {
+        case QEvent::MouseButtonPress: selectedByPress_ = false; return false;
+        // Moving on with the button held down does not choose row after row.
+        case QEvent::MouseMove: return static_cast<QMouseEvent&>(event).buttons() != Qt::NoButton;
+        case QEvent::MouseButtonRelease: {
+            const auto& mouse = static_cast<QMouseEvent&>(event);
+            const MenuPlace place(mouse.globalPosition().toPoint());
+            Bound()->MouseWentUp(PressedMouse(mouse));
+            return false;
+        }
+        case QEvent::ContextMenu: return AskForMenu(static_cast<QContextMenuEvent&>(event));
+        default: return false;
+    }
+}
+
+/// The menu key asks for the menu of the selected row; the mouse has asked by its button already.
+bool ListViewAdapter::AskForMenu(const QContextMenuEvent& event) {
+    if (event.reason() != QContextMenuEvent::Keyboard) return true;
+    const QPoint at = View().visualRect(View().currentIndex()).center();
+    const MenuPlace place(View().viewport()->mapToGlobal(at));
+    Bound()->MouseWentUp({MouseButton::Right, at.x() * TwipsPerPixel, at.y() * TwipsPerPixel});
+    return true;
+}
+
+}  // namespace
+
+AdapterPtr MakeListViewAdapter(Control& control, QWidget& widget) {
+    return std::make_unique<ListViewAdapter>(static_cast<ListView&>(control), static_cast<QTreeView&>(widget));
+}
+
+}  // namespace lumarin::qt

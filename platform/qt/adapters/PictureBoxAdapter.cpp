@@ -1,0 +1,55 @@
+#include <QMouseEvent>
+
+#include "forms/Controls.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/adapters/Adapters.h"
+#include "platform/qt/adapters/FileDrops.h"
+#include "platform/qt/widgets/PictureWidget.h"
+
+namespace lumarin::qt {
+
+namespace {
+
+class PictureBoxAdapter final : public AdapterFor<PictureBox, PictureWidget> {
+public:
+    using AdapterFor::AdapterFor;
+
+private:
+    void ShowState() override {
+        View().SetPicture(Bound()->Image());
+        View().setAcceptDrops(Bound()->AcceptsFiles());
+    }
+
+    bool WidgetEvent(QEvent& event) override {
+        std::vector<std::string> dropped;
+        if (HandleFileDrag(event, dropped)) {
+            if (!dropped.empty()) Bound()->DropFiles(dropped);
+            return true;
+        }
+        switch (event.type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonDblClick: Bound()->MouseWentDown(PressedMouse(Accepted(event))); return true;
+            case QEvent::MouseMove: Bound()->MouseMoved(MovedMouse(Accepted(event))); return true;
+            case QEvent::MouseButtonRelease: {
+                const MenuPlace place(Accepted(event).globalPosition().toPoint());
+                Bound()->MouseWentUp(PressedMouse(Accepted(event)));
+                return true;
+            }
+            default: return false;
+        }
+    }
+
+    /// What this box has seen does not go on to the frame that it stands in.
+    static QMouseEvent& Accepted(QEvent& event) {
+        event.accept();
+        return static_cast<QMouseEvent&>(event);
+    }
+};
+
+}  // namespace
+
+AdapterPtr MakePictureBoxAdapter(Control& control, QWidget& widget) {
+    return std::make_unique<PictureBoxAdapter>(static_cast<PictureBox&>(control), static_cast<PictureWidget&>(widget));
+}
+
+}  // namespace lumarin::qt

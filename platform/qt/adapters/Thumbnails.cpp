@@ -1,0 +1,59 @@
+#include "platform/qt/adapters/Thumbnails.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPainter>
+
+#include "platform/qt/Icons.h"
+
+namespace lumarin::qt {
+
+namespace {
+
+QImage ReadSmall(const QString& file, QSize size) {
+    QImageReader reader(file);
+    reader.setAutoTransform(true);
+    reader.setDecideFormatFromContent(true);
+    const QSize full = reader.size();
+    // Twice the size keeps the picture sharp when it is scaled to its end size.
+    if (full.isValid() && full.width() > 4 * size.width())
+        reader.setScaledSize(full.scaled(size * 2, Qt::KeepAspectRatioByExpanding));
+    return reader.read();
+}
+
+}  // namespace
+
+QPixmap Thumbnails::Of(const QString& file, QSize size, double pixelRatio) {
+    const QFileInfo info(file);
+    const QString key = QStringLiteral("%1|%2|%3|%4x%5@%6")
+                            .arg(file)
+                            .arg(info.size())
+                            .arg(info.lastModified().toMSecsSinceEpoch())
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(pixelRatio);
+    if (const QPixmap* made = made_.object(key)) return *made;
+    const QPixmap thumbnail = Make(file, size, pixelRatio);
+    made_.insert(key, new QPixmap(thumbnail));
+    return thumbnail;
+}
+
+QPixmap Thumbnails::Make(const QString& file, QSize size, double pixelRatio) {
+    const QSize physical = (QSizeF(size) * pixelRatio).toSize();
+    QPixmap canvas(physical);
+    canvas.fill(Qt::transparent);
+    QPainter painter(&canvas);
+    const QImage picture = ReadSmall(file, physical);
+    if (picture.isNull()) {
+        ToolIcon("image-x-generic").paint(&painter, canvas.rect().adjusted(4, 4, -4, -4));
+    } else {
+        const QImage small = picture.scaled(physical, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        painter.drawImage((physical.width() - small.width()) / 2, (physical.height() - small.height()) / 2, small);
+    }
+    painter.end();
+    canvas.setDevicePixelRatio(pixelRatio);
+    return canvas;
+}
+
+}  // namespace lumarin::qt

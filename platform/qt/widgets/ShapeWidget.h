@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+namespace lumarin::qt {
+
+/// A drawn rectangle with rule-of-thirds guides, over everything else in its parent and transparent to
+/// the mouse. It covers its whole parent, so that it can dim the pictures outside of the rectangle; the
+/// rectangle itself may run past the parent.
+class ShapeWidget : public QWidget {
+public:
+    explicit ShapeWidget(QWidget* parent = nullptr);
+
+    /// In pixels of the parent.
+    void SetBox(const QRect& box);
+    const QRect& Box() const { return box_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void CoverParent();
+    QRegion DimmedRegion() const;
+    void PaintGuides(QPainter& painter) const;
+    void PaintHandles(QPainter& painter) const;
+
+    QRect box_;
+};
+
+}  // namespace lumarin::qt

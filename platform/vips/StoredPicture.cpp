@@ -1,0 +1,108 @@
+#include "platform/vips/StoredPicture.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace lumarin::vips {
+
+namespace {
+
+VOption* ReadOptions() {
+    return VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", VIPS_FAIL_ON_TRUNCATED);
+}
+
+/// Name of the reader for these bytes.
+std::string FindReader(const VSource& source) {
+    const char* reader = vips_foreign_find_load_source(source.get_source());
+    if (reader == nullptr) {
+        vips_error_clear();
+        LoadHeifReader();
+        reader = vips_foreign_find_load_source(source.get_source());
+    }
+    if (reader == nullptr) throw VError();
+    return reader;
+}
+
+class StoredFile final : public StoredPicture {
+public:
+    explicit StoredFile(std::string path) : path_(std::move(path)) {
+        const VSource source = Source();
+        const std::string reader = FindReader(source);
+        isJpeg_ = reader == "VipsForeignLoadJpegSource";
+        isWebp_ = reader == "VipsForeignLoadWebpSource";
+        ReadHeader(VImage::new_from_source(source, "", ReadOptions()));
+    }
+
+    int Width() const override { return width_; }
+    int Height() const override { return height_; }
+    int Orientation() const override { return orientation_; }
+    bool IsPlainJpeg() const override { return isJpeg_ && has24Bits_ && orientation_ == 1; }
+
+    Decoded Decode(double reduction) const override {
+        if (isJpeg_) return DecodeJpeg(reduction);
+        if (isWebp_ && reduction > 2.0) return DecodeWebp(2.0 / reduction);
+        return {VImage::new_from_source(Source(), "", ReadOptions())};
+    }
+
+private:
+    VSource Source() const { return VSource::new_from_file(path_.c_str()); }
+
+    void ReadHeader(const VImage& image) {
+        width_ = image.width();
+        height_ = image.height();
+        if (static_cast<std::int64_t>(width_) * height_ > MaximumPixels)
+            throw ImagingError(InvalidPictureError, InvalidPictureText);
+        has24Bits_ = image.bands() == 3 && image.format() == VIPS_FORMAT_UCHAR;
+        orientation_ = std::clamp(vips_image_get_orientation(image.get_image()), 1, 8);
+    }
+
+    // The decoder's own reduction averages blocks, which sharpens a little; a factor of two or more that is
+    // left to the resampling hides it.
+    Decoded DecodeJpeg(double reduction) const {
+        const int shrink = reduction >= 16 ? 8 : reduction >= 8 ? 4 : reduction >= 4 ? 2 : 1;
+        return {VImage::new_from_source(Source(), "", ReadOptions()->set("shrink", shrink)), 1.0 / shrink,
+                1.0 / shrink};
+    }
+
+    Decoded DecodeWebp(double scale) const {
+        const VImage image = VImage::new_from_source(Source(), "", ReadOptions()->set("scale", scale));
+        return {image, static_cast<double>(image.width()) / width_,
+                static_cast<double>(image.height()) / height_};
+    }
+
+    std::string path_;
+    bool isJpeg_ = false;
+    bool isWebp_ = false;
+    bool has24Bits_ = false;
+    int width_ = 0;
+    int height_ = 0;
+    int orientation_ = 1;
+};
+
+class StoredPixels final : public StoredPicture {
+public:
+    explicit StoredPixels(PicturePtr picture) : picture_(std::move(picture)) {}
+
+    int Width() const override { return picture_->width; }
+    int Height() const override { return picture_->height; }
+    int Orientation() const override { return 1; }
+    bool IsPlainJpeg() const override { return false; }
+    Decoded Decode(double) const override { return {ImageOver(*picture_)}; }
+
+private:
+    PicturePtr picture_;
+};
+
+}  // namespace
+
+std::unique_ptr<StoredPicture> OpenFile(const std::string& path) { return std::make_unique<StoredFile>(path); }
+
+std::unique_ptr<StoredPicture> OpenPixels(PicturePtr picture) {
+    const bool whole = picture != nullptr && !picture->IsEmpty() &&
+                       picture->pixels.size() == std::size_t{3} * static_cast<std::size_t>(picture->width) *
+                                                     static_cast<std::size_t>(picture->height);
+    if (!whole) throw ImagingError(InvalidPictureError, InvalidPictureText);
+    return std::make_unique<StoredPixels>(std::move(picture));
+}
+
+}  // namespace lumarin::vips

@@ -1,0 +1,70 @@
+#include "platform/vips/VipsImaging.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "base/Files.h"
+#include "platform/vips/Finish.h"
+#include "platform/vips/Library.h"
+#include "platform/vips/Render.h"
+#include "platform/vips/StoredPicture.h"
+
+namespace lumarin::vips {
+
+namespace {
+
+class VipsPicture final : public SourcePicture {
+public:
+    explicit VipsPicture(std::unique_ptr<StoredPicture> stored) : stored_(std::move(stored)) {}
+
+    int Width() const override { return UprightWidth(*stored_); }
+    int Height() const override { return UprightHeight(*stored_); }
+    bool IsPlainJpeg() const override { return stored_->IsPlainJpeg(); }
+
+    Picture Preview(int width, int height) override {
+        return Guarded(InvalidPictureError, [&] {
+            return Render(*stored_, {0, 0, Width(), Height()}, width, height);
+        });
+    }
+
+    void Capture(const CaptureOrder& order, const std::string& destination) override {
+        Picture photo = Guarded(InvalidPictureError,
+                                [&] { return Render(*stored_, order.cut, order.width, order.height); });
+        const std::string jpeg = Guarded(PictureWriteError, [&] {
+            for (std::uint8_t& value : photo.pixels) value = order.tones[value];
+            Picture canvas = OnCanvas(photo, order);
+            DrawCaption(canvas, order.caption);
+            return EncodeJpeg(canvas, order);
+        });
+        try {
+            files::WriteWhole(destination, jpeg);
+        } catch (const FileError& error) {
+            throw ImagingError(PictureWriteError, error.Description());
+        }
+    }
+
+private:
+    std::unique_ptr<StoredPicture> stored_;
+};
+
+}  // namespace
+
+std::unique_ptr<SourcePicture> VipsImaging::Open(const std::string& path) {
+    return std::make_unique<VipsPicture>(Guarded(InvalidPictureError, [&] { return OpenFile(path); }));
+}
+
+std::unique_ptr<SourcePicture> VipsImaging::FromMemory(PicturePtr picture) {
+    return std::make_unique<VipsPicture>(
+        Guarded(InvalidPictureError, [&] { return OpenPixels(std::move(picture)); }));
+}
+
+Picture VipsImaging::Thumbnail(const std::string& path, int longestSide) {
+    const std::unique_ptr<SourcePicture> picture = Open(path);
+    const double longest = std::max(picture->Width(), picture->Height());
+    const double scale = std::min(1.0, longestSide / longest);
+    const auto scaled = [scale](int side) { return std::max(1, static_cast<int>(std::lround(side * scale))); };
+    return picture->Preview(scaled(picture->Width()), scaled(picture->Height()));
+}
+
+}  // namespace lumarin::vips

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "imaging/Imaging.h"
+
+namespace lumarin::vips {
+
+/// The imaging port over libvips. The library starts with the first picture, not with the object.
+///
+/// A file is decoded again for each preview and capture, at the smallest size that the step can use, so an
+/// open picture holds its header and nothing else. Messages of the library never reach standard error.
+class VipsImaging final : public Imaging {
+public:
+    std::unique_ptr<SourcePicture> Open(const std::string& path) override;
+    std::unique_ptr<SourcePicture> FromMemory(PicturePtr picture) override;
+    Picture Thumbnail(const std::string& path, int longestSide) override;
+};
+
+}  // namespace lumarin::vips

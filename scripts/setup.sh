@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing; says nothing when none is.
+#   scripts/setup.sh          what building, running and testing takes
+#   scripts/setup.sh bench    also what the benchmarks compare with
+set -euo pipefail
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+
+lists=("$here/packages.txt")
+case "${1:-}" in
+    "") ;;
+    bench) lists+=("$here/packages-bench.txt") ;;
+    *) echo "setup.sh: unknown argument \"$1\"; the only one is \"bench\"" >&2; exit 2 ;;
+esac
+
+names=()
+while read -r name _; do
+    [[ -n $name ]] && names+=("$name")
+done < <(sed 's/#.*//' "${lists[@]}")
+
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+    echo "setup.sh: this machine has no apt; make sure that it has the equivalents of the packages in ${lists[*]#"$here/../"}" >&2
+    exit 0
+fi
+
+missing=()
+for name in "${names[@]}"; do
+    state=$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null || true)
+    [[ $state == *installed && $state != *not-installed ]] || missing+=("$name")
+done
+[[ ${#missing[@]} -gt 0 ]] || exit 0
+
+as_root=()
+if [[ $(id -u) -ne 0 ]]; then
+    if ! command -v sudo >/dev/null; then
+        echo "setup.sh: these packages are missing and only root can install them: ${missing[*]}" >&2
+        exit 1
+    fi
+    as_root=(sudo)
+fi
+
+echo "Installing ${missing[*]}" >&2
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+install() {
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q update &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends install "${missing[@]}"
+}
+if ! install >"$log" 2>&1; then
+    cat "$log" >&2
+    echo "setup.sh: the packages could not be installed" >&2
+    exit 1
+fi

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "base/Clock.h"
+#include "entry/JobWindow.h"
+#include "entry/VelCommon.h"
+#include "forms/Desktop.h"
+#include "imaging/Imaging.h"
+#include "photo_window/ZipArchiver.h"
+
+namespace lumarin {
+
+/// What the component needs of the platform; everything outlives the component's objects.
+struct ComponentPorts {
+    Desktop& desktop;
+    Imaging& imaging;
+    ZipArchiver& archiver;
+    const Clock& clock;
+};
+
+/// The component's public class: one instance is one job with one window. Errors of host calls pass
+/// through; the steps done before stay done. All calls on the user-interface thread.
+class clsLumarin {
+public:
+    explicit clsLumarin(const ComponentPorts& ports) : ports_(ports) {}
+    /// Releases the window if the host has not ended the job.
+    ~clsLumarin();
+    clsLumarin(const clsLumarin&) = delete;
+    clsLumarin& operator=(const clsLumarin&) = delete;
+
+    /// Opens the job's window, owned by the host's main window, and returns at once. The tool stays
+    /// disabled until `UnloadObj`. Called once an instance. The services given by the last start, of
+    /// whichever instance, are the ones that all windows of the component use from then on.
+    void Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& MenuButton);
+
+    /// Ends the job: unloads the window and enables the tool again. It may be called from within
+    /// `VelCommon::EndJob`. A window that is just sending is told to stop, and goes when it has stopped.
+    /// Throws Error when nothing was started.
+    void UnloadObj();
+
+private:
+    std::unique_ptr<JobWindow> MakeWindow(int which);
+
+    ComponentPorts ports_;
+    std::unique_ptr<JobWindow> window_;
+    HostTool* menuButton_ = nullptr;
+};
+
+}  // namespace lumarin

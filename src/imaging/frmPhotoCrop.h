@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/Controls.h"
+#include "forms/Desktop.h"
+#include "imaging/CropGeometry.h"
+#include "imaging/Imaging.h"
+#include "imaging/PhotoResult.h"
+#include "imaging/PhotoSize.h"
+
+namespace lumarin {
+
+/// Where the crop window takes its picture from.
+enum class CropMode { File = 0, Twain = 1, Clipboard = 2 };
+
+/// Turns a picture of any size into one photo of the configured size: the user frames a part of it and may
+/// change intensity and contrast. The window stays loaded between photos; the picture is kept only while it
+/// is shown. Preview and CropBox are children of the stage Shape1, in its coordinates.
+class frmPhotoCrop : public Form {
+public:
+    frmPhotoCrop(Desktop& desktop, Imaging& imaging);
+
+    Frame Shape1{*this, "Shape1"};
+    PictureBox Preview{*this, "Preview"};
+    Shape CropBox{*this, "CropBox"};
+    PictureBox lbmBM{*this, "lbmBM"};                         ///< hidden: the working picture
+    PictureBox LEAD1{*this, "LEAD1"}, LEAD2{*this, "LEAD2"};  ///< hidden; the imaging port does their work
+    Button cmdCenterHeight{*this, "cmdCenterHeight"}, cmdCenterWidth{*this, "cmdCenterWidth"};
+    ControlArray<Button, 4> cmdMoveCropBox{*this, "cmdMoveCropBox"};  ///< left, right, up, down
+    lumarin::Timer Timer{*this, "Timer"};                             ///< repeats a move button that is held
+    Label lblIntensity{*this, "lblIntensity"}, lblContrast{*this, "lblContrast"};
+    ControlArray<Slider, 2> hsbControl{*this, "hsbControl"};  ///< intensity, contrast
+    ControlArray<Label, 2> lblControlValue{*this, "lblControlValue"};
+    ControlArray<Button, 2> cmdZeroControl{*this, "cmdZeroControl"};
+    ComboBox cmbView{*this, "cmbView"};
+    Button cmdCapture{*this, "cmdCapture"}, cmdCancel{*this, "cmdCancel"}, cmdAbort{*this, "cmdAbort"};
+
+    /// A picture has come from the scanner or camera into lbmBM.
+    Event<> Twain;
+
+    /// Takes the "Photo Size" setting; must come before `CropPhoto`. Throws as `ParsePhotoSize`.
+    void SetPhotoSize(const std::string& setting);
+
+    /// Opens the window modally on a picture: the file at `sourcePath`, the picture of `SetTwainPicture`, or
+    /// the clipboard's. `Done`: the photo is at `destinationPath`, whole. Anything else: nothing was written
+    /// there. Failures are shown to the user and give `Skip`; nothing is thrown. `owner` may be null.
+    PhotoResult CropPhoto(const std::string& sourcePath, CropMode mode, bool showAbort,
+                          const std::string& destinationPath, const OwnerWindow* owner);
+
+    void SetTwainPicture(PicturePtr picture);
+
+    /// The entries of cmbView, in order; the number is the description code.
+    void SetViews(const std::vector<ComboBox::Item>& views);
+    /// Chooses the first view whose text contains `text` in any case, else the first; hides an empty cmbView.
+    void SelectView(const std::string& text);
+    /// Text and number of the view that was chosen at the last capture; "" and 0 when there was none.
+    const std::string& ChosenView() const { return chosenView_.text; }
+    std::int32_t ChosenViewData() const { return chosenView_.data; }
+
+protected:
+    void OnLoad() override;
+    void OnActivate() override;
+    bool OnQueryClose(CloseReason reason) override;
+    void OnUnload() override;
+
+private:
+    void SetCaptions();
+    void ConnectStage();
+    void ConnectButtons();
+
+    void OpenPicture(const std::string& sourcePath, CropMode mode, bool showAbort);
+    std::unique_ptr<SourcePicture> OpenSource(const std::string& sourcePath, CropMode mode);
+    bool MayPassThrough(const std::string& sourcePath) const;
+    void ReleasePicture();
+
+    void CenterPreview();
+    void StageResized();
+    void StageMouseDown(const Mouse& mouse);
+    void StageMouseMove(const Mouse& mouse);
+    bool StageKey(const KeyDown& key);
+    void TakeHold(const Mouse& mouse);
+    void StepCropBox(int button);
+    void PlaceByWidth();
+    void PlaceByHeight();
+
+    void SliderChanged(int index);
+    ToneTable Tones();
+
+    void Capture();
+    void WritePhoto(const crop::MappedBox& box);
+    void Refuse(const std::string& text);
+    void Finish(PhotoResult result);
+
+    Imaging& imaging_;
+    PhotoSize photoSize_;
+    float aspectRatio_ = 1;
+    float previewScale_ = 1;
+    std::unique_ptr<SourcePicture> source_;
+    PicturePtr previewBitmap_;  ///< the preview before any adjustment
+    std::string sourcePath_;
+    std::string destinationPath_;
+    bool passThrough_ = false;
+    PhotoResult result_ = PhotoResult::Skip;
+    ComboBox::Item chosenView_;
+
+    double lastX_ = 0;
+    double lastY_ = 0;
+    bool dragging_ = false;
+    crop::HitZone hitZone_ = crop::HitZone::Outside;
+    int repeatIndex_ = 0;
+    bool steppedByMouse_ = false;
+    bool focusWaits_ = false;
+};
+
+}  // namespace lumarin

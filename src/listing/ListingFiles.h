@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// Names of one listing's files: N, a letter, ".jpg" for each photo in display order, N.dat for the state,
+/// N.jnl for the journal of the last change, N, a letter, ".tmp" during a move.
+namespace lumarin::listing_files {
+
+/// N + letter of the 0-based index + ".jpg". Throws IndexError for an index outside 0 to 25.
+std::string PhotoName(std::int32_t listNum, int index);
+
+std::string StateName(std::int32_t listNum);
+std::string JournalName(std::int32_t listNum);
+
+/// Whether a file belongs to the listing: its name starts with the number and no digit follows.
+bool IsFileOf(const std::string& name, std::int32_t listNum);
+
+/// Names in the folder that belong to the listing; with an extension (".jpg") only those.
+std::vector<std::string> List(const std::string& folder, std::int32_t listNum, const std::string& extension = {});
+
+/// Deletes all files of the listing, its state and journal first: a listing of which only photos are left
+/// is not taken for unsent work.
+void DeleteAll(const std::string& folder, std::int32_t listNum);
+
+/// Moves all files of the listing into the sub-folder "Set aside", out of the way of a fresh load.
+void SetAside(const std::string& folder, std::int32_t listNum);
+
+}  // namespace lumarin::listing_files

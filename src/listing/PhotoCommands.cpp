@@ -1,0 +1,142 @@
+#include "base/Files.h"
+#include "base/Text.h"
+#include "listing/ListingFiles.h"
+#include "listing/clsPMListingRec.h"
+
+// Adding, moving and removing photos. File names always follow the display order, so any change of order
+// renames files; between two renames the journal tells a later run what was meant.
+
+namespace lumarin {
+
+void clsPMListingRec::RefreshPictures(int from) {
+    for (int row = from; row < owner_->Photos().Count(); ++row) owner_->Photos().SetPicture(row, PhotoPath(row));
+}
+
+bool clsPMListingRec::IsDuplicate(const std::string& path) const {
+    const std::uint64_t length = files::FileLength(path);
+    for (int index = 0; index < state_.PhotoCount; ++index)
+        if (files::FileExists(PhotoPath(index)) && files::FileLength(PhotoPath(index)) == length) return true;
+    return false;
+}
+
+PhotoResult clsPMListingRec::AddPhoto(const std::string& source, CropMode mode, bool showAbort) {
+    Desktop& desktop = owner_->ScreenDesktop();
+    if (state_.PhotoCount >= owner_->PhotoMaximum()) {
+        const Answer answer = desktop.ShowMessage({.text = "Maximum number of photos exceeded",
+                                                   .title = "Photos exceeded",
+                                                   .buttons = Buttons::OkCancel,
+                                                   .icon = Icon::Exclamation,
+                                                   .modality = Modality::System},
+                                                  &owner_->Window());
+        return answer == Answer::Ok ? PhotoResult::Skip : PhotoResult::Cancel;
+    }
+    SaveState();
+    PhotoEntry& entry = EntryAt(state_.PhotoCount);
+    const std::string path = PhotoPath(state_.PhotoCount);
+    const PhotoResult result = cropWindow_->CropPhoto(source, mode, showAbort, path, &owner_->Window());
+    if (result == PhotoResult::Cancel) return result;
+    if (result != PhotoResult::Done) return PhotoResult::Skip;
+
+    const bool chosen = !cropWindow_->ChosenView().empty();
+    entry.DescCode = chosen ? std::to_string(cropWindow_->ChosenViewData()) : DefaultDescriptionCode;
+    entry.DescText = chosen ? cropWindow_->ChosenView() : descriptions_->Text(DefaultDescriptionCode);
+    entry.SentLetter.clear();
+    // By size alone: two different pictures of one length count as duplicates, and the server tells
+    // changed photos from unchanged ones by nothing else.
+    if (IsDuplicate(path)) {
+        files::Delete(path);
+        desktop.ShowMessage({.text = "Duplicate photos not allowed",
+                             .title = "Duplicate Photo",
+                             .buttons = Buttons::OkCancel,
+                             .icon = Icon::Exclamation,
+                             .modality = Modality::System},
+                            &owner_->Window());
+        return PhotoResult::Skip;
+    }
+    AppendPhoto();
+    return PhotoResult::Done;
+}
+
+void clsPMListingRec::AppendPhoto() {
+    ListView& photos = owner_->Photos();
+    const int row = state_.PhotoCount++;
+    RecordChange();
+    photos.InsertRow(row, PhotoRow(row));
+    owner_->PhotoPreview().SetTag("");
+    photos.Select(row);
+    ShowPhoto(row);
+    if (state_.PhotoCount >= owner_->PhotoMaximum()) UpdateAddState(false);
+    UpdatePhotoCommands();
+    UpdateMoveButtons();
+}
+
+void clsPMListingRec::MovePhoto(std::int16_t& direction) {
+    ListView& photos = owner_->Photos();
+    const int from = photos.Selected();
+    const int to = from - direction;
+    if (from < 0 || to < 0 || to >= state_.PhotoCount) return;
+
+    // Every ".jpg" of the path is replaced, the folder's too.
+    const std::string waiting = text::ReplaceAll(PhotoPath(from), ".jpg", ".tmp");
+    files::Rename(PhotoPath(from), waiting);
+    try {
+        files::Rename(PhotoPath(to), PhotoPath(from));
+        std::swap(EntryAt(from), EntryAt(to));
+        photo_journal::Write(folder_, {.operation = photo_journal::Operation::Move, .first = from, .second = to, .state = state_});
+    } catch (...) {
+        if (!files::FileExists(PhotoPath(to)) && files::FileExists(PhotoPath(from))) {
+            std::swap(EntryAt(from), EntryAt(to));
+            files::Rename(PhotoPath(from), PhotoPath(to));
+        }
+        files::Rename(waiting, PhotoPath(from));
+        throw;
+    }
+    files::Rename(waiting, PhotoPath(to));
+    RecordChange();
+
+    const std::string text = photos.At(from).text;
+    photos.RemoveRow(from);
+    ListView::Row row = PhotoRow(to);
+    row.text = text;
+    photos.InsertRow(to, row);
+    RefreshPictures(0);
+    owner_->PhotoPreview().SetTag("");
+    photos.Select(to);
+    UpdateMoveButtons();
+}
+
+void clsPMListingRec::RemovePhoto() {
+    const int removed = owner_->Photos().Selected();
+    if (state_.PhotoCount == 0 || removed < 0 || removed >= state_.PhotoCount) return;
+    const ListingState before = state_;
+    --state_.PhotoCount;
+    for (int index = removed; index < state_.PhotoCount; ++index) EntryAt(index) = EntryAt(index + 1);
+    EntryAt(state_.PhotoCount) = {};
+    try {
+        photo_journal::Write(folder_, {.operation = photo_journal::Operation::Remove, .first = removed, .second = 0, .state = state_});
+        if (files::FileExists(PhotoPath(removed))) files::Delete(PhotoPath(removed));
+    } catch (...) {
+        state_ = before;
+        photo_journal::Write(folder_, {.state = state_});
+        throw;
+    }
+    for (int index = removed; index < state_.PhotoCount; ++index) files::Rename(PhotoPath(index + 1), PhotoPath(index));
+    RecordChange();
+
+    ListView& photos = owner_->Photos();
+    owner_->PhotoPreview().SetTag("");
+    photos.RemoveRow(removed);
+    RefreshPictures(removed);
+    UpdateAddState(state_.PhotoCount < owner_->PhotoMaximum());
+    if (state_.PhotoCount > 0) {
+        const int next = removed < state_.PhotoCount ? removed : state_.PhotoCount - 1;
+        photos.Select(next);
+        ShowPhoto(next);
+    } else {
+        owner_->PhotoPreview().SetImage(nullptr);
+    }
+    UpdatePhotoCommands();
+    UpdateMoveButtons();
+}
+
+}  // namespace lumarin

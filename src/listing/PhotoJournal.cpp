@@ -1,0 +1,114 @@
+#include "listing/PhotoJournal.h"
+
+#include <optional>
+
+#include "base/Error.h"
+#include "base/Files.h"
+#include "base/Text.h"
+#include "listing/ListingFiles.h"
+#include "listing/StateFile.h"
+
+namespace lumarin::photo_journal {
+
+namespace {
+
+constexpr std::string_view Magic = "LJ1";
+constexpr std::size_t HeaderSize = 6;  // magic, operation, first, second
+
+class Recovery {
+public:
+    Recovery(const std::string& folder, ListingState state) : folder_(folder), state_(std::move(state)) {}
+
+    ListingState Finish(const std::optional<Entry>& journal) {
+        FinishMove(journal);
+        if (journal && journal->operation == Operation::Remove) CloseGap(journal->first);
+        TakeInCapturedPhoto();
+        return state_;
+    }
+
+private:
+    std::string Photo(int index) const { return folder_ + listing_files::PhotoName(state_.ListNum, index); }
+    bool Has(int index) const { return files::FileExists(Photo(index)); }
+
+    void FinishMove(const std::optional<Entry>& journal) {
+        for (int index = 0; index < MaximumPhotoSlots; ++index) {
+            const std::string waiting = text::ReplaceAll(Photo(index), ".jpg", ".tmp");
+            if (!files::FileExists(waiting)) continue;
+            const bool toSecond = journal && journal->operation == Operation::Move && journal->first == index && !Has(journal->second);
+            if (!toSecond && Has(index)) files::Rename(Photo(index), Photo(FirstMissing()));
+            files::Rename(waiting, Photo(toSecond ? journal->second : index));
+        }
+    }
+
+    int FirstMissing() const {
+        int index = 0;
+        while (index < MaximumPhotoSlots && Has(index)) ++index;
+        return index;
+    }
+
+    void CloseGap(int removed) {
+        // One photo more than the state counts: the file to remove is still there.
+        if (FirstMissing() > state_.PhotoCount) files::Delete(Photo(removed));
+        for (int index = FirstMissing(); index < state_.PhotoCount && Has(index + 1); ++index)
+            files::Rename(Photo(index + 1), Photo(index));
+    }
+
+    void TakeInCapturedPhoto() {
+        while (state_.PhotoCount < MaximumPhotoSlots && Has(state_.PhotoCount)) {
+            const std::uint64_t length = files::FileLength(Photo(state_.PhotoCount));
+            for (int index = 0; index < state_.PhotoCount; ++index) {
+                if (!Has(index) || files::FileLength(Photo(index)) != length) continue;
+                files::Delete(Photo(state_.PhotoCount));  // the refusal of a duplicate was interrupted
+                return;
+            }
+            state_.Photos[static_cast<std::size_t>(state_.PhotoCount)] = {DefaultDescriptionCode, "", ""};
+            ++state_.PhotoCount;
+        }
+    }
+
+    std::string folder_;
+    ListingState state_;
+};
+
+/// Nothing when there is no journal or it cannot be read: then the state file counts.
+std::optional<Entry> Read(const std::string& folder, std::int32_t listNum) {
+    const std::string path = folder + listing_files::JournalName(listNum);
+    if (!files::FileExists(path)) return std::nullopt;
+    try {
+        const std::string bytes = files::ReadAll(path);
+        if (bytes.size() < HeaderSize || bytes.compare(0, Magic.size(), Magic) != 0) return std::nullopt;
+        Entry entry{.operation = static_cast<Operation>(bytes[3]), .first = bytes[4], .second = bytes[5],
+                    .state = state_file::Decode(std::string_view(bytes).substr(HeaderSize))};
+        const auto isIndex = [](int index) { return index >= 0 && index < MaximumPhotoSlots; };
+        if (entry.state.ListNum != listNum || !isIndex(entry.first) || !isIndex(entry.second)) return std::nullopt;
+        return entry;
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
+void Write(const std::string& folder, const Entry& entry) {
+    std::string bytes(Magic);
+    bytes += static_cast<char>(entry.operation);
+    bytes += static_cast<char>(entry.first);
+    bytes += static_cast<char>(entry.second);
+    files::WriteWhole(folder + listing_files::JournalName(entry.state.ListNum), bytes + state_file::Encode(entry.state));
+}
+
+void Remove(const std::string& folder, std::int32_t listNum) {
+    const std::string path = folder + listing_files::JournalName(listNum);
+    if (files::FileExists(path)) files::Delete(path);
+}
+
+ListingState Recover(const std::string& folder, std::int32_t listNum) {
+    const std::optional<Entry> journal = Read(folder, listNum);
+    ListingState state = journal ? journal->state : state_file::Read(folder + listing_files::StateName(listNum));
+    if (state.ListNum != listNum)
+        throw Error(ApplicationErrorNumber, "state file",
+                    "The saved state of a listing cannot be read: it belongs to listing " + std::to_string(state.ListNum));
+    return Recovery(folder, std::move(state)).Finish(journal);
+}
+
+}  // namespace lumarin::photo_journal

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "listing/ListingState.h"
+
+/// Keeps changes that the state file does not tell. The state file is written at load, at the start of
+/// each add and during an upload, not by a move, a removal or a finished add; the journal N.jnl holds the
+/// state as of the last such change, and while photo files are being renamed also what is under way. A
+/// program killed at any moment is so taken up where it was. Saving the state file ends the journal.
+namespace lumarin::photo_journal {
+
+enum class Operation : std::uint8_t {
+    None = 0,    ///< files and state agree
+    Move = 1,    ///< the photo of index `first` waits under its ".tmp" name to become index `second`
+    Remove = 2,  ///< the photo of index `first` goes, later ones close up; the state is that of after
+};
+
+struct Entry {
+    Operation operation = Operation::None;
+    int first = 0;
+    int second = 0;
+    ListingState state;
+};
+
+void Write(const std::string& folder, const Entry& entry);
+
+/// Ends the journal; a missing one is no error.
+void Remove(const std::string& folder, std::int32_t listNum);
+
+/// The state of a listing whose files an earlier run left in the folder: finishes or undoes the renaming
+/// that was interrupted, and takes in a photo that was captured but not yet counted. Throws Error when
+/// neither the state file nor the journal can be read.
+ListingState Recover(const std::string& folder, std::int32_t listNum);
+
+}  // namespace lumarin::photo_journal

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "imaging/PhotoResult.h"
+#include "imaging/frmPhotoCrop.h"
+#include "listing/DescriptionTable.h"
+#include "listing/ListingOwner.h"
+#include "listing/ListingState.h"
+#include "listing/PhotoJournal.h"
+
+namespace lumarin {
+
+enum class LocalFiles { Delete, Keep };
+enum class Publish { No, Yes };
+
+/// Where `LoadListing` came out.
+enum class LoadResult { Loaded, Failed };
+
+/// One listing whose photos are edited: its state, its files in the working folder, and its row in the
+/// owner's listing list. Photo positions are counted from 0. File errors reach the caller as FileError;
+/// what was done before stays consistent on disk, also when the program is killed (PhotoJournal.h).
+/// The owner, the description table and the crop window outlive the record or its `CloseListing`.
+class clsPMListingRec {
+public:
+    void AfterLoad() {}
+
+    /// Fills the owner's photo list with this listing's photos and shows the first.
+    void ShowPhotos();
+
+    /// Loads the listing from the host's database with its published photos. Failed when the number is no
+    /// listing number, there is no such listing, the user may not open it, or the database fails. A photo
+    /// that the host cannot give throws; either way nothing is left in the folder.
+    LoadResult LoadListing(const std::string& listingNumber, const std::string& folder, ListingOwner& owner,
+                           const DescriptionTable& descriptions, frmPhotoCrop& cropWindow);
+
+    /// Ends work on the listing; the record is not to be used afterwards.
+    void CloseListing(LocalFiles localFiles, Publish publish);
+
+    /// Shows the photo of a row of the photo list in the owner's preview.
+    void ShowPhoto(int row);
+
+    /// Moves the selected photo one place: 1 up, -1 down. The caller sees to it that there is such a place.
+    void MovePhoto(std::int16_t& direction);
+
+    /// Adds one photo through the crop window. `source` is a file for CropMode::File, else unused.
+    PhotoResult AddPhoto(const std::string& source, CropMode mode, bool showAbort);
+
+    std::int32_t GetPhotoCount() const { return state_.PhotoCount; }
+
+    /// Removes the selected photo; nothing when there is none.
+    void RemovePhoto();
+
+    void UpdateAddState(bool enabled);
+    void UpdatePhotoCommands();
+    void UpdateMoveButtons();
+
+    /// Writes the state file.
+    void SaveState();
+
+    /// Takes up a listing that an earlier run left in the folder. Throws Error, and adds nothing, when its
+    /// saved state cannot be read.
+    void OpenSaved(const std::string& listingNumber, const DescriptionTable& descriptions, ListingOwner& owner,
+                   const std::string& folder, frmPhotoCrop& cropWindow);
+
+    std::string PhotoPath(int index) const;
+
+    /// Writes the upload manifest in place of the state file and appends what is to be packaged to
+    /// `fileList`, each file as a blank and its quoted path. `publishedSizes`: byte lengths of the published
+    /// photos in their order, separated by commas. Returns the number of photos that are sent.
+    int PrepareUpload(std::string& fileList, const std::string& publishedSizes);
+
+    /// Puts the state of before `PrepareUpload` back, in memory and in the state file.
+    void RestoreAfterUpload();
+
+    /// Gives the selected photo another description. Nothing without a selection.
+    void SetDescription(const std::string& text, const std::string& code);
+
+    std::int32_t ListNum() const { return state_.ListNum; }
+    const ListingState& State() const { return state_; }
+    /// Whether something was changed that the server does not have, as far as this run knows: a listing
+    /// taken up from an earlier run counts as changed.
+    bool HasUnsentChanges() const { return changed_; }
+
+private:
+    void Connect(ListingOwner& owner, const DescriptionTable& descriptions, frmPhotoCrop& cropWindow, const std::string& folder);
+    void FillFrom(const Recordset& listing, const std::string& photoDescriptions);
+    void FetchPhotos(const std::string& version);
+    void AddRow();
+    std::string RowText() const { return std::to_string(state_.ListNum); }
+    PhotoEntry& EntryAt(int index);
+    ListView::Row PhotoRow(int index) const;
+    void RefreshPictures(int from);
+    bool IsDuplicate(const std::string& path) const;
+    void AppendPhoto();
+    void RecordChange();
+    void PublishFiles();
+    void LeaveOwnersList();
+
+    ListingState state_;
+    std::optional<ListingState> savedState_;
+    std::string folder_;
+    bool changed_ = false;
+    ListingOwner* owner_ = nullptr;
+    const DescriptionTable* descriptions_ = nullptr;
+    frmPhotoCrop* cropWindow_ = nullptr;
+};
+
+}  // namespace lumarin

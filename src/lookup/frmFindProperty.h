@@ -1,0 +1,90 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "entry/Services.h"
+#include "forms/Controls.h"
+#include "forms/ListView.h"
+#include "lookup/LookupPorts.h"
+#include "lookup/PropertyQuery.h"
+
+namespace lumarin {
+
+/// Finds a record by name or street address and hands its key to the caller.
+///
+/// A search runs its statement at once and then fills the list in portions from a timer, so that the
+/// window answers however long the result is: it can be sorted, searched again, confirmed or closed while
+/// rows still come.
+class frmFindProperty : public Form {
+public:
+    explicit frmFindProperty(const LookupPorts& ports);
+
+    /// What `FindProperty` does besides showing the window; bits.
+    static constexpr int SetUpList = 1;  ///< the result list shows its columns before the first search
+    static constexpr int SearchAtOnce = 2;
+    /// Entries of "Show:" to start with; any other number is the entry at that place.
+    static constexpr int OwnListings = 2;
+    static constexpr int ByUserLevel = 5;
+    static constexpr int ActiveStatus = 2;  ///< for `statusDefault`; any other number is all statuses
+
+    /// Shows the window modal above `owner`. True when the user confirmed a row; `selectedIds` holds its
+    /// key then, and is empty otherwise. What fails is reported in the window. The window stays loaded.
+    bool FindProperty(const SearchContext& searchContext, int flags, int defaultOwnerFilter,
+                      int statusDefault, std::vector<std::string>& selectedIds,
+                      const OwnerWindow* owner = nullptr);
+
+    TabStrip sstTab{*this, "sstTab"};
+    Label lblOwnerName{*this, "lblOwnerName"};
+    TextBox txtOwnerName{*this, "txtOwnerName"};
+    ControlArray<OptionButton, 4> optMatchMethodOwner{*this, "optMatchMethodOwner"};
+    TextBox txtStreetName{*this, "txtStreetName"};
+    ControlArray<OptionButton, 4> optMatchMethodStreet{*this, "optMatchMethodStreet"};
+    ComboBox cmbStreetDirection{*this, "cmbStreetDirection"};
+    NumberBox fpAddrMin{*this, "fpAddrMin"}, fpAddrMax{*this, "fpAddrMax"};
+    Label lblStatus{*this, "lblStatus"}, lblListingOwner{*this, "lblListingOwner"};
+    ComboBox cmbStatus{*this, "cmbStatus"}, cmbListingOwner{*this, "cmbListingOwner"};
+    ComboBox lisIncludestatuses{*this, "lisIncludestatuses"};  ///< never seen: the host's statuses
+    Button cmdShowMatches{*this, "cmdShowMatches"};
+    ListView List{*this, "List"};
+    Label lblMatchCount{*this, "lblMatchCount"};
+    Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"};
+    Timer tmrRows{*this, "tmrRows"};
+
+protected:
+    void OnLoad() override;
+    void OnActivate() override;
+    void OnUnload() override { StopSearch(); }
+
+private:
+    void Prepare(int statusDefault);
+    void FillStatuses(int statusDefault);
+    void FillListingOwners();
+    /// Returns whether a search at once makes sense for this user.
+    bool ChooseListingOwner(int defaultOwnerFilter);
+    void ChooseListingOwner(const std::string& text);
+
+    void ShowMatches();
+    void SetUpColumns();
+    void AddPortion();
+    void StopSearch();
+    PropertyCriteria Criteria();
+    SearchUser User() const;
+    std::unique_ptr<Recordset> Execute(const std::string& statement) const;
+
+    void SortByColumn(int column);
+    void Confirm();
+    void Close();
+
+    HostLink& host_;
+    clsSQLQuote quote_;
+    SearchContext context_;
+    std::string boardId_;  ///< the board that "all" is narrowed to
+    std::vector<ResultColumn> columns_;
+    std::unique_ptr<Recordset> records_;  ///< rows still to come; null when no search runs
+    bool opened_ = false;
+    bool confirmed_ = false;
+};
+
+}  // namespace lumarin

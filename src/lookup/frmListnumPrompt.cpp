@@ -1,0 +1,101 @@
+#include "lookup/frmListnumPrompt.h"
+
+#include <charconv>
+#include <string_view>
+#include <system_error>
+
+#include "base/Text.h"
+#include "lookup/frmFindProperty.h"
+
+namespace lumarin {
+
+namespace {
+
+constexpr int Backspace = 8, CtrlV = 22, CtrlC = 3, EnterKey = 13;
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Whether a person would call the text a number: a sign, digits with thousands separators anywhere
+/// between or after them, a fraction and an exponent, in the range of double precision.
+bool IsNumeric(std::string_view text) {
+    text = text::Trim(text);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    if (text.starts_with(',')) return false;
+
+    std::string plain(negative ? "-" : "");
+    bool fraction = false;
+    for (const char c : text) {
+        fraction = fraction || c == '.' || c == 'e' || c == 'E';
+        if (c != ',')
+            plain += c;
+        else if (fraction)
+            return false;
+    }
+    const std::string_view digits = std::string_view(plain).substr(negative ? 1 : 0);
+    if (digits.empty() || !(IsDigit(digits.front()) || digits.front() == '.')) return false;
+    double value = 0;
+    const auto [end, problem] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    return problem == std::errc{} && end == plain.data() + plain.size();
+}
+
+}  // namespace
+
+frmListnumPrompt::frmListnumPrompt(const LookupPorts& ports)
+    : Form(ports.desktop, "frmListnumPrompt"), ports_(ports) {
+    txtPropertyId.KeyPressed = [this](KeyPress& key) { FilterKey(key); };
+    cmdOK.Click = [this] { AcceptNumber(); };
+    cmdCancel.Click = [this] { Cancel(); };
+    cmdBrowse.Click = [this] { RunCommand("cmdBrowse", [this] { Browse(); }); };
+}
+
+std::string frmListnumPrompt::Display(bool allowList, const OwnerWindow* owner) {
+    allowList_ = allowList;
+    txtPropertyId.SetText("");
+    ShowModal(owner);
+    return txtPropertyId.Text();
+}
+
+bool frmListnumPrompt::OnQueryClose(CloseReason) {
+    txtPropertyId.SetText("");
+    return true;
+}
+
+void frmListnumPrompt::FilterKey(KeyPress& key) {
+    const bool digit = key.code >= '0' && key.code <= '9';
+    const bool editing = key.code == Backspace || key.code == CtrlV || key.code == CtrlC;
+    key.discarded = !(digit || editing || key.code == '.' || (key.code == ',' && allowList_));
+    if (key.code == EnterKey) AcceptNumber();
+}
+
+void frmListnumPrompt::AcceptNumber() {
+    if (IsNumeric(txtPropertyId.Text())) {
+        Hide();
+        return;
+    }
+    desktop().ShowMessage({.text = "Invalid entry - must be numeric",
+                           .title = "Input Error",
+                           .buttons = Buttons::Ok,
+                           .icon = Icon::Critical,
+                           .modality = Modality::Application},
+                          this);
+    txtPropertyId.SetFocus();
+}
+
+void frmListnumPrompt::Cancel() {
+    txtPropertyId.SetText("");
+    Hide();
+}
+
+void frmListnumPrompt::Browse() {
+    frmFindProperty search(ports_);
+    std::vector<std::string> selectedIds;
+    const int flags = frmFindProperty::SetUpList | frmFindProperty::SearchAtOnce;
+    if (search.FindProperty(ListingSearch(), flags, frmFindProperty::OwnListings, 0, selectedIds, this)) {
+        txtPropertyId.SetText(selectedIds.front());
+        Hide();
+    }
+    search.Unload();
+}
+
+}  // namespace lumarin

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "forms/Controls.h"
+#include "lookup/LookupPorts.h"
+
+namespace lumarin {
+
+/// Asks for a listing number, which can also be found by a search.
+class frmListnumPrompt : public Form {
+public:
+    explicit frmListnumPrompt(const LookupPorts& ports);
+
+    /// Shows the window modal above `owner` and returns what was entered: a numeric text, or the number
+    /// of a listing that was searched for; "" when the user cancelled. With `allowList` several numbers
+    /// can be typed, separated by commas. The window stays loaded.
+    std::string Display(bool allowList, const OwnerWindow* owner = nullptr);
+
+    TextBox txtPropertyId{*this, "txtPropertyId"};
+    Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"}, cmdBrowse{*this, "cmdBrowse"};
+
+protected:
+    void OnActivate() override { txtPropertyId.SetFocus(); }
+    bool OnQueryClose(CloseReason reason) override;
+
+private:
+    void FilterKey(KeyPress& key);
+    void AcceptNumber();
+    void Cancel();
+    void Browse();
+
+    LookupPorts ports_;
+    bool allowList_ = false;
+};
+
+}  // namespace lumarin

@@ -1,0 +1,213 @@
+#include <exception>
+
+#include "base/Files.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "listing/ListingFiles.h"
+#include "photo_window/PhotoPackage.h"
+#include "photo_window/PhotoUpload.h"
+#include "photo_window/frmLumarin.h"
+
+// The sending of all gathered listings in one package. Until the server has applied it, nothing is given
+// up: a failed or cancelled send leaves the window, the records and the files as they were.
+
+namespace lumarin {
+
+namespace {
+
+/// The window takes no input and the pointer is the hourglass; `Interrupt` gives both back for a question.
+class BusyWindow {
+public:
+    BusyWindow(Form& window, Desktop& desktop) : window_(window), desktop_(desktop) { Begin(); }
+    ~BusyWindow() { Interrupt(); }
+    BusyWindow(const BusyWindow&) = delete;
+    BusyWindow& operator=(const BusyWindow&) = delete;
+
+    void Begin() {
+        window_.SetEnabled(false);
+        desktop_.SetPointer(Pointer::Hourglass);
+    }
+    void Interrupt() {
+        window_.SetEnabled(true);
+        desktop_.SetPointer(Pointer::Default);
+    }
+
+private:
+    Form& window_;
+    Desktop& desktop_;
+};
+
+class FileForNow {
+public:
+    explicit FileForNow(std::string path) : path_(std::move(path)) { files::TryDelete(path_); }
+    ~FileForNow() { files::TryDelete(path_); }
+    FileForNow(const FileForNow&) = delete;
+    FileForNow& operator=(const FileForNow&) = delete;
+
+private:
+    std::string path_;
+};
+
+/// The published sizes of a listing's photos as the server last wrote them; "" when it has none.
+std::string PublishedSizes(Recordset& versions, std::int32_t listNum) {
+    if (versions.Bof() && versions.Eof()) return {};
+    versions.MoveFirst();
+    versions.Find("PhoListNum = " + std::to_string(listNum));
+    return versions.Eof() ? std::string() : versions.Field("PhotoVersion").Text();
+}
+
+}  // namespace
+
+void frmLumarin::SendPhotos() {
+    RunCommand("SendPhotos", [this] {
+        if (RecList.Count() == 0) return;
+        std::map<std::string, bool> removalsConfirmed;
+        for (bool retry = true; retry;) {
+            retry = false;
+            try {
+                if (TrySend(removalsConfirmed)) EmptyWindow();
+            } catch (const ServerUnreachable&) {
+                retry = desktop().ShowMessage({.text = "Unavailable to connect to server, do you want to retry",
+                                               .title = "Unavailable to connect to server",
+                                               .buttons = Buttons::YesNo,
+                                               .icon = Icon::Critical,
+                                               .modality = Modality::System},
+                                              this) == Answer::Yes;
+            } catch (const UpdateRefused&) {
+                desktop().ShowMessage({.text = "Unable to update photo on server, please call Tech support.",
+                                       .title = "Unable to update",
+                                       .buttons = Buttons::Ok,
+                                       .icon = Icon::Critical,
+                                       .modality = Modality::System},
+                                      this);
+            }
+        }
+    });
+}
+
+/// True when the window is to be emptied: the server has everything, or there was nothing to send.
+bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
+    VelCommon& host = ports_.host.Common();
+    BusyWindow busy(*this, desktop());
+    std::string listingList;
+    for (int row = 0; row < RecList.Count(); ++row) listingList += (row > 0 ? "," : "") + RecList.At(row).text;
+    const auto versions = AtServer([&] {
+        return RequestService<DbInterface>(host)->Execute(
+            host.ConnectionName(), "SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (" + listingList + ");");
+    });
+
+    // Asked before anything is written, so that the state files are manifests only as long as it takes.
+    for (int row = 0; row < RecList.Count(); ++row) {
+        const clsPMListingRec& record = *records_.at(RecList.At(row).text);
+        if (record.GetPhotoCount() > 0 || removalsConfirmed.count(RecList.At(row).text) > 0) continue;
+        busy.Interrupt();
+        removalsConfirmed[RecList.At(row).text] = AskRemoval(record.ListNum());
+        busy.Begin();
+    }
+
+    const std::string packageName = PackageName(host.ConnectionName(), ports_.clock.Now(), host.AgentId());
+    const FileForNow package(workingFolder_ + packageName);
+    try {
+        const std::string fileList = BuildFileList(*versions, removalsConfirmed);
+        if (!fileList.empty()) {
+            ports_.archiver.Create(workingFolder_ + packageName, FilesOfList(fileList));
+            PhotoUpload upload(desktop(), ports_.host, ports_.clock);
+            upload_ = &upload;
+            const UploadOutcome outcome = upload.Send(workingFolder_ + packageName, packageName, this);
+            upload_ = nullptr;
+            if (outcome == UploadOutcome::Canceled) {
+                RestoreRecords();
+                return false;
+            }
+        }
+    } catch (...) {
+        upload_ = nullptr;
+        RestoreRecords();
+        throw;
+    }
+    RestoreRecords();
+    return true;
+}
+
+bool frmLumarin::AskRemoval(std::int32_t listNum) {
+    return desktop().ShowMessage({.text = "Do you really want to remove all the photos from listing - " + std::to_string(listNum),
+                                  .title = "Send Photos",
+                                  .buttons = Buttons::YesNo,
+                                  .icon = Icon::Exclamation},
+                                 this) == Answer::Yes;
+}
+
+/// Has every listing that takes part write its manifest and name its files, in the order of the list.
+std::string frmLumarin::BuildFileList(Recordset& versions, const std::map<std::string, bool>& removalsConfirmed) {
+    std::string fileList;
+    for (int row = 0; row < RecList.Count(); ++row) {
+        const std::string& number = RecList.At(row).text;
+        clsPMListingRec& record = *records_.at(number);
+        if (record.GetPhotoCount() == 0 && !removalsConfirmed.at(number)) continue;
+        record.PrepareUpload(fileList, PublishedSizes(versions, record.ListNum()));
+    }
+    return fileList;
+}
+
+void frmLumarin::RestoreRecords() {
+    std::exception_ptr first;
+    for (const auto& [number, record] : records_) {
+        try {
+            record->RestoreAfterUpload();
+        } catch (...) {  // the others are put back all the same; the journal still has this one's state
+            if (!first) first = std::current_exception();
+        }
+    }
+    if (first) std::rethrow_exception(first);
+}
+
+void frmLumarin::EmptyWindow() {
+    BusyWindow busy(*this, desktop());
+    current_ = nullptr;
+    imgMain.SetTag("");
+    imgMain.SetImage(nullptr);
+    PhotoList.Clear();
+    RecList.Clear();
+    cmdRemove.SetEnabled(false);
+    cmdSend.SetEnabled(false);
+    for (Button& button : cmdMove) button.SetEnabled(false);
+    imgMain.SetAcceptsFiles(false);
+    for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "DeletePhoto", "View"}) Menu.EnableTool(tool, false);
+    UpdateListingCommands();
+
+    std::string unpublished;
+    for (const auto& [number, record] : records_) {
+        try {
+            record->CloseListing(LocalFiles::Keep, Publish::Yes);
+        } catch (const Error& error) {  // the server has the photos: only the host's own copy is missing
+            unpublished += "\n" + error.Description();
+        }
+    }
+    records_.clear();
+    VelCommon& host = ports_.host.Common();
+    if (host.ReportsPhotoUpdates()) host.MainForm().Prog(0, 9);
+    DeleteWorkingFiles();
+    if (!unpublished.empty())
+        throw ApplicationError("frmLumarin-SendPhotos", "The photos were sent, but not all of them could be copied to the photo folder:" + unpublished);
+}
+
+/// Deletes every file of the working folder but those of listings whose saved work could not be read.
+void frmLumarin::DeleteWorkingFiles() {
+    const auto isKept = [this](const std::string& name) {
+        for (const auto& [state, reason] : unreadableStates_) {
+            const auto number = ParseListingNumber(state.substr(0, state.size() - 4));
+            if (name == state || (number && listing_files::IsFileOf(name, *number))) return true;
+        }
+        return false;
+    };
+    const auto deleteAll = [&](const char* ending) {
+        for (const std::string& name : files::List(workingFolder_, [&](const std::string& file) {
+                 return text::EndsWithIgnoringCase(file, ending) && !isKept(file);
+             }))
+            files::Delete(workingFolder_ + name);
+    };
+    deleteAll(".dat");  // the states first: photos without one are no unsent work
+    deleteAll("");
+}
+
+}  // namespace lumarin

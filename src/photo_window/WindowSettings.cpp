@@ -1,0 +1,74 @@
+#include "photo_window/WindowSettings.h"
+
+#include <algorithm>
+
+#include "base/Files.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "entry/Settings.h"
+#include "listing/ListingState.h"
+
+namespace lumarin {
+
+namespace {
+
+constexpr const char* OwnSection = "Lumarin";
+constexpr const char* PhotosSection = "Photos";
+constexpr const char* PositionKey = "Start Up Position";
+constexpr const char* ImportKey = "Default Import Dir";
+constexpr const char* DefaultPosition = "1,100";
+
+std::string CityInfo(const VelCommon& host) { return host.CityFolder() + "CityInfo.ini"; }
+std::string UserIni(const VelCommon& host) { return host.UserFolder() + "User.ini"; }
+
+}  // namespace
+
+WindowSettings ReadWindowSettings(const VelCommon& host) {
+    WindowSettings read;
+    read.photoSize = settings::ReadText(CityInfo(host), OwnSection, "Photo Size", "480,300,35,35000,4");
+    // Kept for the whole installation although each user switches it for himself: that is deliberate.
+    read.filePreview = text::EqualsIgnoringCase(settings::ReadText(CityInfo(host), OwnSection, "FilePreview", "True"), "True");
+    read.photoMaximum = std::min(settings::ReadInteger(CityInfo(host), OwnSection, "Photo Maximum", 4), MaximumPhotoSlots);
+    read.sortNames = settings::ReadInteger(CityInfo(host), OwnSection, "SortNames", 0) != 0;
+    read.importFolder = settings::ReadText(UserIni(host), PhotosSection, ImportKey, "");
+    read.startUpPosition = settings::ReadText(UserIni(host), PhotosSection, PositionKey, DefaultPosition);
+    return read;
+}
+
+void WriteFilePreview(const VelCommon& host, bool filePreview) {
+    settings::WriteText(CityInfo(host), OwnSection, "FilePreview", filePreview ? "True" : "False");
+}
+
+Rect PositionOnScreen(const std::string& position, const Rect& window, Size screen) {
+    std::vector<std::string> parts = text::Split(position, ',');
+    if (parts.size() < 2 || !ParseNumber(parts[0]) || !ParseNumber(parts[1])) parts = text::Split(DefaultPosition, ',');
+    return {.left = std::min(*ParseNumber(parts[0]), screen.width - window.width),
+            .top = std::min(*ParseNumber(parts[1]), screen.height - window.height),
+            .width = window.width,
+            .height = window.height};
+}
+
+std::string PositionText(const Rect& window) {
+    return SingleText(static_cast<float>(window.left)) + "," + SingleText(static_cast<float>(window.top));
+}
+
+void WriteStartUpPosition(const VelCommon& host, const Rect& window) {
+    settings::WriteText(UserIni(host), PhotosSection, PositionKey, PositionText(window));
+}
+
+std::string FolderOfSelection(std::string selection) {
+    const std::size_t several = selection.find('\0');
+    if (several != std::string::npos) {
+        const std::string folder = selection.substr(0, several);
+        if (folder.empty() || folder.back() == files::Separator.front()) return folder;
+        return folder + files::Separator;
+    }
+    const std::size_t last = selection.find_last_of("\\/");
+    return last == std::string::npos ? std::string() : selection.substr(0, last + 1);
+}
+
+void WriteImportFolder(const VelCommon& host, const std::string& folder) {
+    settings::WriteText(UserIni(host), PhotosSection, ImportKey, folder);
+}
+
+}  // namespace lumarin

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "entry/VelCommon.h"
+#include "forms/Geometry.h"
+
+namespace lumarin {
+
+/// What the photo window reads when it starts.
+struct WindowSettings {
+    std::string photoSize;
+    bool filePreview = true;
+    int photoMaximum = 4;  ///< at most as many as there are photo slots
+    bool sortNames = false;
+    std::string importFolder;
+    std::string startUpPosition;
+};
+
+WindowSettings ReadWindowSettings(const VelCommon& host);
+
+void WriteFilePreview(const VelCommon& host, bool filePreview);
+
+/// The stored position ("left,top" in twips), pulled back where the window would pass the right or bottom
+/// edge of the screen. Only left and top of the result count. A text that is no position gives the default.
+Rect PositionOnScreen(const std::string& position, const Rect& window, Size screen);
+
+/// "left,top" as it is stored.
+std::string PositionText(const Rect& window);
+
+void WriteStartUpPosition(const VelCommon& host, const Rect& window);
+
+/// The folder of a file dialog's result, with its separator; "" when it has none.
+std::string FolderOfSelection(std::string selection);
+
+void WriteImportFolder(const VelCommon& host, const std::string& folder);
+
+}  // namespace lumarin

@@ -1,0 +1,259 @@
+#include "photo_window/frmLumarin.h"
+
+#include "base/Files.h"
+#include "base/Text.h"
+#include "photo_window/PhotoTools.h"
+#include "photo_window/PhotoUpload.h"
+
+namespace lumarin {
+
+namespace {
+
+constexpr double InitialWidth = 1100 * TwipsPerPixel;
+constexpr double InitialHeight = 720 * TwipsPerPixel;
+/// Longer side of the picture shown for the selected photo, in pixels.
+constexpr int PreviewPixels = 1024;
+constexpr int HelpPage = 1;
+
+// Columns of RecList.
+constexpr int ListNumberColumn = 0;
+constexpr int StreetNumberColumn = 1;
+constexpr int StreetNameColumn = 3;
+
+}  // namespace
+
+frmLumarin::frmLumarin(const PhotoWindowPorts& ports) : JobWindow(ports.desktop, "frmLumarin"), ports_(ports) {
+    SetCaption("Listing Photos");
+    SetInitialSize(InitialWidth, InitialHeight);
+    SetHelpContext(HelpPage);
+    BuildPhotoTools(Menu);
+    cmdAdd.SetEnabled(false);
+    cmdRemove.SetEnabled(false);
+    cmdSend.SetEnabled(false);
+    cmdBrowse.SetEnabled(false);
+    for (Button& button : cmdMove) button.SetEnabled(false);
+    WireEvents();
+}
+
+frmLumarin::~frmLumarin() = default;
+
+void frmLumarin::WireEvents() {
+    txtID.Change = [this] { cmdAdd.SetEnabled(!txtID.Text().empty()); };
+    txtID.KeyPressed = [this](KeyPress& key) {
+        if (key.code == static_cast<int>(Key::Enter)) EnterListing();
+    };
+    cmdAdd.Click = [this] { EnterListing(); };
+    cmdRemove.Click = [this] { RemoveCurrentListing(); };
+    cmdSend.Click = [this] { SendPhotos(); };
+    for (int button = 0; button < cmdMove.Size(); ++button) cmdMove(button).Click = [this, button] { MoveSelectedPhoto(button); };
+
+    RecList.ItemClick = [this](int row) { ListingClicked(row); };
+    RecList.ColumnClick = [this](int column) { SortListings(column); };
+    RecList.KeyPressed = [this](const KeyDown& pressed, bool& used) {
+        used = pressed.key == Key::Delete;
+        if (used) RemoveCurrentListing();
+    };
+    RecList.MouseUp = [this](Mouse mouse) {
+        if (mouse.button == MouseButton::Right) desktop().PopupMenu(Menu, "ListingPopup");
+    };
+    RecList.FilesDropped = [this](const std::vector<std::string>& paths) { DroppedOnList(paths); };
+
+    PhotoList.ItemClick = [this](int row) {
+        if (current_ == nullptr) return;
+        current_->ShowPhoto(row);
+        current_->UpdateMoveButtons();
+    };
+    PhotoList.KeyPressed = [this](const KeyDown& pressed, bool& used) {
+        used = pressed.key == Key::Delete;
+        if (used) DeleteSelectedPhoto();
+    };
+    PhotoList.MouseUp = [this](Mouse mouse) {
+        if (mouse.button == MouseButton::Right) desktop().PopupMenu(Menu, "PhotoPopup");
+    };
+    PhotoList.FilesDropped = [this](const std::vector<std::string>& paths) { DroppedOnList(paths); };
+    imgMain.FilesDropped = [this](const std::vector<std::string>& paths) { DroppedOnPicture(paths); };
+    Menu.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
+}
+
+void frmLumarin::Init(std::int32_t JobIndex) {
+    jobIndex_ = JobIndex;
+    VelCommon& host = ports_.host.Common();
+    ports_.host.SetHelpFile(host.HelpFilePath());
+    cropWindow_ = std::make_unique<frmPhotoCrop>(desktop(), ports_.imaging);
+    settings_ = ReadWindowSettings(host);
+    cropWindow_->SetPhotoSize(settings_.photoSize);
+    descriptions_ = DescriptionTable(host.PhotoDescriptions());
+    BuildDescriptionTools(Menu, descriptions_);
+    std::vector<ComboBox::Item> views;
+    for (const PhotoDescription& entry : descriptions_.Entries()) views.push_back({entry.text, entry.code});
+    cropWindow_->SetViews(views);
+    Menu.CheckTool("FilePreview", settings_.filePreview);
+    Load();
+    PlaceWindow();
+    AddColumns();
+    workingFolder_ = host.UserFolder() + "Photo Import" + files::Separator;
+    files::EnsureFolder(workingFolder_);
+    RestoreUnsentWork();
+}
+
+void frmLumarin::PlaceWindow() {
+    const Rect place = PositionOnScreen(settings_.startUpPosition, Bounds(), desktop().ScreenSize());
+    MoveTo(place.left, place.top);
+    settings_.startUpPosition = PositionText(Bounds());
+}
+
+void frmLumarin::AddColumns() {
+    RecList.AddColumn("List #", 1300);
+    RecList.AddColumn("Number", 1100);
+    RecList.AddColumn(ports_.host.Common().StreetDirectionCaption(), 700);
+    RecList.AddColumn("Street Name");
+    PhotoList.AddColumn("Photo");
+    if (settings_.sortNames) RecList.SortBy({StreetNameColumn, StreetNumberColumn, ListNumberColumn});
+}
+
+void frmLumarin::RestoreUnsentWork() {
+    // A run that was killed may have left files that were not finished.
+    for (const std::string& name : files::List(workingFolder_, [](const std::string& file) { return text::EndsWithIgnoringCase(file, ".part"); }))
+        files::TryDelete(workingFolder_ + name);
+    const auto isState = [](const std::string& name) { return text::EndsWithIgnoringCase(name, ".dat"); };
+    for (const std::string& name : files::List(workingFolder_, isState)) {
+        const std::string number = name.substr(0, name.size() - 4);
+        auto record = std::make_unique<clsPMListingRec>();
+        try {
+            record->OpenSaved(number, descriptions_, *this, workingFolder_, *cropWindow_);
+            records_[number] = std::move(record);
+        } catch (const Error& error) {
+            unreadableStates_.emplace_back(name, error.Description());
+        }
+    }
+    if (RecList.Count() > 0) MakeCurrent(records_.at(RecList.At(0).text).get());
+    UpdateListingCommands();
+}
+
+void frmLumarin::OnActivate() {
+    if (unreadableReported_) return;
+    unreadableReported_ = true;
+    ReportUnreadableStates();
+}
+
+void frmLumarin::ReportUnreadableStates() {
+    if (unreadableStates_.empty()) return;
+    std::string list;
+    for (const auto& [name, reason] : unreadableStates_) list += "\n\n" + name + "\n" + reason;
+    desktop().ShowMessage({.text = "The work on some listings could not be taken up. Its files were left in the folder " +
+                                   workingFolder_ + list,
+                           .title = "Unsent photos",
+                           .buttons = Buttons::Ok,
+                           .icon = Icon::Exclamation},
+                          this);
+}
+
+LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const std::string& searchText) {
+    if (const auto known = records_.find(listingNumber); known != records_.end()) {
+        MakeCurrent(known->second.get());
+        return LookupResult::Found;
+    }
+    auto record = std::make_unique<clsPMListingRec>();
+    LoadResult result;
+    {
+        const HourglassPointer hourglass(desktop());
+        result = record->LoadListing(listingNumber, workingFolder_, *this, descriptions_, *cropWindow_);
+    }
+    if (result == LoadResult::Failed) {
+        const std::string text = searchText.empty() ? listingNumber + " Is not a valid listing number" : "No listings Found for " + searchText;
+        desktop().ShowMessage({.text = text, .title = "Listing not found", .buttons = Buttons::Ok, .icon = Icon::Exclamation}, this);
+        return LookupResult::NotFound;
+    }
+    clsPMListingRec* added = record.get();
+    records_[std::to_string(added->ListNum())] = std::move(record);
+    MakeCurrent(added);
+    return LookupResult::Found;
+}
+
+void frmLumarin::MakeCurrent(clsPMListingRec* record) {
+    current_ = record;
+    if (record != nullptr) {
+        const int row = RecList.FindText(std::to_string(record->ListNum()));
+        if (row >= 0 && RecList.Selected() != row) RecList.Select(row);
+        record->ShowPhotos();
+    }
+    UpdateListingCommands();
+}
+
+void frmLumarin::ListingClicked(int row) {
+    const auto clicked = records_.find(RecList.At(row).text);
+    if (clicked == records_.end() || clicked->second.get() == current_) return;
+    if (current_ != nullptr) current_->SaveState();
+    MakeCurrent(clicked->second.get());
+}
+
+void frmLumarin::SortListings(int column) {
+    const bool again = RecList.SortColumn() == column && RecList.SortAscending();
+    RecList.SortBy(column, !again);
+}
+
+void frmLumarin::UpdateListingCommands() {
+    const bool any = current_ != nullptr;
+    cmdRemove.SetEnabled(any);
+    Menu.EnableTool("RemoveEntry", any);
+    RecList.SetAcceptsFiles(any);
+    PhotoList.SetAcceptsFiles(any);
+    if (!any) imgMain.SetAcceptsFiles(false);
+    ShowPhotoCount();
+}
+
+void frmLumarin::AddStateChanges(bool enabled) {
+    imgMain.SetAcceptsFiles(enabled);
+    ShowPhotoCount();
+}
+
+void frmLumarin::ShowPhotoCount() {
+    lblPhotos.SetCaption(current_ == nullptr ? ""
+                                             : "Listing " + std::to_string(current_->ListNum()) + ": " +
+                                                   std::to_string(current_->GetPhotoCount()) + " of " +
+                                                   std::to_string(PhotoMaximum()) + " photos");
+}
+
+PicturePtr frmLumarin::LoadPhoto(const std::string& path) {
+    try {
+        return std::make_shared<const Picture>(ports_.imaging.Thumbnail(path, PreviewPixels));
+    } catch (const Error&) {
+        return nullptr;  // the list still names the photo; sending tells what is wrong with its file
+    }
+}
+
+bool frmLumarin::OnQueryClose(CloseReason reason) {
+    if (reason == CloseReason::Frame) ports_.host.Common().EndJob(jobIndex_);
+    return true;
+}
+
+void frmLumarin::OnStopRequested() {
+    if (upload_ != nullptr) upload_->Stop();
+}
+
+void frmLumarin::OnUnload() {
+    const VelCommon& host = ports_.host.Common();
+    const std::string folder = FolderOfSelection(lastChosen_);
+    if (!folder.empty() && folder != settings_.importFolder) WriteImportFolder(host, folder);
+    if (PositionText(Bounds()) != settings_.startUpPosition) WriteStartUpPosition(host, Bounds());
+    for (const auto& [number, record] : records_) record->CloseListing(LocalFiles::Keep, Publish::No);
+    records_.clear();
+    current_ = nullptr;
+    cropWindow_.reset();
+    AskAboutClipboard();
+}
+
+void frmLumarin::AskAboutClipboard() {
+    if (!clipboardUsed_ || !desktop().ClipboardHasPicture()) return;
+    const Answer answer = desktop().ShowMessage(
+        {.text = "You have placed a large amount of data in the clipboard. This data may take up quite a bit of memory and could "
+                 "degrade system performance if left on the clipboard. Would you like to leave this data on the clipboard so that "
+                 "it will be available to other applications?",
+         .title = "Data in the clipboard",
+         .buttons = Buttons::YesNo,
+         .icon = Icon::Question},
+        this);
+    if (answer == Answer::No) desktop().ClearClipboard();
+}
+
+}  // namespace lumarin

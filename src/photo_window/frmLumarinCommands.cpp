@@ -1,0 +1,144 @@
+#include "base/Error.h"
+#include "photo_window/ImportSelection.h"
+#include "photo_window/PhotoTools.h"
+#include "photo_window/frmLumarin.h"
+
+// The commands of the photo window: tools, buttons and dropped files.
+
+namespace lumarin {
+
+void frmLumarin::ToolClicked(const std::string& name) {
+    if (name == "Exit") return RunCommand(name, [this] { ports_.host.Common().EndJob(jobIndex_); });
+    if (name == "Open") return OpenFiles(ImportKind::Open);
+    if (name == "Copy") return CopyPhoto();
+    if (name == "Paste") return PastePhoto();
+    if (name == "SmartLoad") return OpenFiles(ImportKind::SmartLoad);
+    if (name == "SendPhotos") return SendPhotos();
+    if (name == "DeletePhoto") return DeleteSelectedPhoto();
+    if (name == "RemoveEntry") return RemoveCurrentListing();
+    if (name == "FilePreview") return ToggleFilePreview();
+    ChooseDescription(name);
+}
+
+void frmLumarin::EnterListing() {
+    RunCommand("cmdAdd", [this] {
+        if (LookUpListing(txtID.Text(), "") == LookupResult::Found) txtID.SelectAll();
+    });
+}
+
+void frmLumarin::OpenFiles(ImportKind kind) {
+    RunCommand(kind == ImportKind::Open ? "Open" : "SmartLoad", [&] {
+        const std::string lastFolder = FolderOfSelection(lastChosen_);
+        const std::string selection =
+            desktop().ChooseFiles({.title = "Import Photo",
+                                   .filter = "JPEG - JFIF Compliant (*.jpg,*.jif,*.jpeg)|*.jpg;*.jif;*.jpeg|All (*.*)|*.*",
+                                   .folder = lastFolder.empty() ? settings_.importFolder : lastFolder,
+                                   .several = true,
+                                   .preview = Menu.IsChecked("FilePreview")},
+                                  this);
+        if (selection.empty()) return;
+        lastChosen_ = selection;
+        ImportPhotos(selection, kind);
+    });
+}
+
+void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
+    const std::vector<std::string> paths = SelectedPaths(selection);
+    std::string refused;
+    for (const std::string& path : paths) {
+        try {
+            if (ImportFile(path, kind, paths.size() > 1) == PhotoResult::Cancel) break;
+        } catch (const ApplicationError& error) {
+            refused += (refused.empty() ? "" : "\n") + error.Description();
+        }
+    }
+    if (!refused.empty()) throw ApplicationError("frmLumarin-SmartLoad", refused);
+}
+
+PhotoResult frmLumarin::ImportFile(const std::string& path, ImportKind kind, bool showAbort) {
+    if (kind == ImportKind::SmartLoad) {
+        const std::string number = ListingNumberOfFile(path);
+        if (number.empty())
+            throw ApplicationError("frmLumarin-SmartLoad", path + " was not imported: its name does not start with a listing number "
+                                                                  "(4 to 6 digits, and something behind them).");
+        if (LookUpListing(number, "") == LookupResult::NotFound)
+            throw ApplicationError("frmLumarin-SmartLoad", path + " was not imported: there is no listing " + number + " to put it in.");
+    }
+    return current_ == nullptr ? PhotoResult::Cancel : current_->AddPhoto(path, CropMode::File, showAbort);
+}
+
+void frmLumarin::DroppedOnList(const std::vector<std::string>& paths) {
+    RunCommand("Open", [&] {
+        if (!paths.empty()) ImportPhotos(AsSelection(paths), ImportKind::Open);
+    });
+}
+
+void frmLumarin::DroppedOnPicture(const std::vector<std::string>& paths) { DroppedOnList(paths); }
+
+void frmLumarin::CopyPhoto() {
+    RunCommand("Copy", [this] {
+        if (current_ == nullptr || PhotoList.Selected() < 0) return;
+        const HourglassPointer hourglass(desktop());
+        const auto photo = ports_.imaging.Open(current_->PhotoPath(PhotoList.Selected()));
+        desktop().SetClipboardPicture(photo->Preview(photo->Width(), photo->Height()));
+        clipboardUsed_ = true;
+    });
+}
+
+void frmLumarin::PastePhoto() {
+    RunCommand("Paste", [this] {
+        if (current_ != nullptr) current_->AddPhoto("", CropMode::Clipboard, false);
+    });
+}
+
+void frmLumarin::MoveSelectedPhoto(int button) {
+    RunCommand("cmdMove", [&] {
+        std::int16_t direction = button == 0 ? 1 : -1;
+        if (current_ != nullptr) current_->MovePhoto(direction);
+    });
+}
+
+void frmLumarin::DeleteSelectedPhoto() {
+    RunCommand("DeletePhoto", [this] {
+        if (current_ != nullptr) current_->RemovePhoto();
+    });
+}
+
+void frmLumarin::RemoveCurrentListing() {
+    RunCommand("RemoveEntry", [this] {
+        if (current_ == nullptr) return;
+        const std::string number = std::to_string(current_->ListNum());
+        if (current_->HasUnsentChanges()) {
+            const Answer answer = desktop().ShowMessage(
+                {.text = "The changes to the photos of listing " + number + " were not sent. Do you want to remove the listing and lose them?",
+                 .title = "Remove listing",
+                 .buttons = Buttons::YesNo,
+                 .icon = Icon::Exclamation},
+                this);
+            if (answer != Answer::Yes) return;
+        }
+        // Taken out first: closing selects a neighbour, which becomes current without being saved over.
+        const auto entry = records_.extract(number);
+        current_ = nullptr;
+        entry.mapped()->CloseListing(LocalFiles::Delete, Publish::No);
+        if (RecList.Count() == 0) MakeCurrent(nullptr);
+    });
+}
+
+void frmLumarin::ToggleFilePreview() {
+    RunCommand("FilePreview", [this] {
+        const bool preview = !Menu.IsChecked("FilePreview");
+        Menu.CheckTool("FilePreview", preview);
+        WriteFilePreview(ports_.host.Common(), preview);
+    });
+}
+
+void frmLumarin::ChooseDescription(const std::string& tool) {
+    const std::string code = DescriptionCodeOfTool(tool);
+    if (code.empty()) return;
+    RunCommand("View", [&] {
+        if (current_ != nullptr) current_->SetDescription(descriptions_.Text(code), code);
+    });
+}
+
+}  // namespace lumarin

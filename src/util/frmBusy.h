@@ -1,0 +1,20 @@
+#pragma once
+
+#include "forms/Controls.h"
+#include "forms/Desktop.h"
+
+namespace lumarin {
+
+/// Says that something takes a while; its caller shows and unloads it.
+class frmBusy : public Form {
+public:
+    explicit frmBusy(Desktop& desktop) : Form(desktop, "frmBusy") {
+        SetCaption("Retrieving information");
+        Label1.SetCaption("Please wait ... ");
+    }
+
+    PictureBox Image1{*this, "Image1"};
+    Label Label1{*this, "Label1"};
+};
+
+}  // namespace lumarin

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "entry/HostLink.h"
+#include "forms/Controls.h"
+#include "forms/Desktop.h"
+
+namespace lumarin {
+
+/// Brings the host's photo store in line with the database: deletes the photos that no listing needs any
+/// more and has the host fetch the missing ones. The run takes place inside the click of cmdStart; the
+/// outcome, also a failure or the user's cancel, is told in lblStatus and never by a message box.
+class frmVerifyPhotos : public Form {
+public:
+    /// `host` must outlive the window.
+    frmVerifyPhotos(Desktop& desktop, HostLink& host);
+
+    Button cmdStart{*this, "cmdStart"}, cmdCancel{*this, "cmdCancel"}, cmdExit{*this, "cmdExit"};
+    Label lblStatus{*this, "lblStatus"};    ///< what the run does now, or how it ended
+    Label lblCount{*this, "lblCount"};      ///< files deleted
+    Label lblListNum{*this, "lblListNum"};  ///< listing whose photos are asked for
+    ProgressBar pbBar{*this, "pbBar"};
+
+protected:
+    void OnStopRequested() override;
+
+private:
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+    };
+    /// Listing number, as it stands in file names, to the letter of the listing's last photo.
+    using LastLetters = std::unordered_map<std::string, int, TextHash, std::equal_to<>>;
+
+    void Verify();
+    void Run();
+    LastLetters ReadLastLetters(Recordset& listings);
+    void CleanFolder(const std::string& folder, const LastLetters& lastLetters, bool insideDigitFolder);
+    bool MustGo(std::string_view name, const LastLetters& lastLetters);
+    void FetchMissing(Recordset& listings);
+
+    void BeginPhase(const std::string& status);
+    void Advance();
+    void ShowProgress();
+    void GiveTurn();
+    void GiveTurnWhenDue();
+    void StopIfCancelled() const;
+
+    HostLink& host_;
+    std::int64_t deleted_ = 0;
+    int progress_ = 0;
+    std::string listing_;
+    std::chrono::steady_clock::time_point lastTurn_;
+};
+
+}  // namespace lumarin

@@ -1,0 +1,80 @@
+#include "entry/job/clsLumarin.h"
+
+#include <gtest/gtest.h>
+
+#include "base/Error.h"
+#include "base/Files.h"
+#include "imaging/FakeImaging.h"
+#include "photo_window/frmLumarin.h"
+#include "support/FakeHost.h"
+#include "support/ScriptedDesktop.h"
+
+namespace lumarin {
+namespace {
+
+struct NoArchiver : ZipArchiver {
+    void Create(const std::string&, const std::vector<std::string>&) override { FAIL() << "nothing is to be packaged"; }
+};
+
+struct Tool : HostTool {
+    void SetEnabled(bool on) override { enabled = on; }
+    bool enabled = true;
+};
+
+class clsLumarinTest : public ::testing::Test {
+protected:
+    testing::ScriptedDesktop desktop;
+    testing::FakeImaging imaging;
+    NoArchiver archiver;
+    SystemClock clock;
+    testing::FakeHost host;
+    Tool tool;
+    ComponentPorts ports{desktop, imaging, archiver, clock};
+    clsLumarin job{ports};
+};
+
+TEST_F(clsLumarinTest, Start_ThenUnloadObj_ShowsOwnedWindowAndGivesTheToolBack) {
+    job.Start(host, 7, tool);
+    EXPECT_FALSE(tool.enabled);
+    ASSERT_EQ(desktop.shownWith.count("frmLumarin"), 1U);
+    EXPECT_EQ(desktop.shownWith["frmLumarin"], static_cast<OwnerWindow*>(&host.MainForm()));
+    job.UnloadObj();
+    EXPECT_TRUE(tool.enabled);
+    EXPECT_TRUE(desktop.shownWith.empty());
+    EXPECT_TRUE(host.endedJobs.empty());
+    EXPECT_THROW(job.UnloadObj(), Error);
+}
+
+TEST_F(clsLumarinTest, Start_BadPhotoSize_FailsAndLeavesTheToolDisabled) {
+    files::WriteWhole(host.CityFolder() + "CityInfo.ini", "[Lumarin]\nPhoto Size=480,300\n");
+    EXPECT_THROW(job.Start(host, 7, tool), Error);
+    EXPECT_FALSE(tool.enabled);
+    job.UnloadObj();
+    EXPECT_TRUE(tool.enabled);
+}
+
+TEST_F(clsLumarinTest, Start_SecondInstance_BothUseTheLaterHost) {
+    testing::FakeHost later;
+    Tool laterTool;
+    clsLumarin laterJob{ports};
+    job.Start(host, 1, tool);
+    Form* first = desktop.shown["frmLumarin"];
+    laterJob.Start(later, 2, laterTool);
+    static_cast<frmLumarin*>(first)->Menu.ClickTool("Exit");
+    EXPECT_TRUE(host.endedJobs.empty());
+    EXPECT_EQ(later.endedJobs, std::vector<int>{1});
+    job.UnloadObj();
+    laterJob.UnloadObj();
+}
+
+TEST_F(clsLumarinTest, FrameClose_HostUnloadsAtOnce_WindowIsGoneAndToolIsBack) {
+    host.onEndJob = [&](int) { job.UnloadObj(); };
+    job.Start(host, 7, tool);
+    EXPECT_TRUE(desktop.shown["frmLumarin"]->Unload(CloseReason::Frame));
+    EXPECT_EQ(host.endedJobs, std::vector<int>{7});
+    EXPECT_TRUE(tool.enabled);
+    EXPECT_TRUE(desktop.shown.empty());
+}
+
+}  // namespace
+}  // namespace lumarin

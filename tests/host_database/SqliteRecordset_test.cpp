@@ -1,0 +1,92 @@
+#include "host/database/SqliteRecordset.h"
+
+#include "base/Error.h"
+#include "host/database/Schema.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+class SqliteRecordsetTest : public ::testing::Test {
+protected:
+    SqliteRecordsetTest() : changes_(DatabasePath(folder_.Path()), DatabaseUse::Changes) {
+        EnsureSchema(changes_);
+        changes_.Run("INSERT INTO Photo VALUES (100, 2, '2000,1500', NULL), (123, 1, '900', '1,2110'), (124, NULL, NULL, '')");
+    }
+
+    std::unique_ptr<lumarin::Recordset> Ask(const std::string& sql) { return Query(queries_, sql); }
+
+    lumarin::testing::TemporaryFolder folder_;
+    Database changes_;
+    Database queries_{DatabasePath(folder_.Path()), DatabaseUse::Queries};
+};
+
+TEST_F(SqliteRecordsetTest, Rows_AreReadForwardByColumnNameInAnyCase) {
+    const auto rows = Ask("SELECT PhoListNum,PhotoCount,PhotoVersion FROM photo ORDER BY PhoListNum;");
+    EXPECT_EQ(rows->RecordCount(), 3);
+    EXPECT_FALSE(rows->Bof());
+    EXPECT_EQ(rows->Field("pholistnum").Integer(), 100);
+    EXPECT_EQ(rows->Field("PHOTOVERSION").Text(), "2000,1500");
+    rows->MoveNext();
+    rows->MoveNext();
+    EXPECT_TRUE(rows->Field("PhotoCount").IsNull());
+    rows->MoveNext();
+    EXPECT_TRUE(rows->Eof());
+    EXPECT_THROW(rows->MoveNext(), lumarin::Error);
+    EXPECT_THROW(rows->Field("PhotoCount"), lumarin::Error);
+    rows->MoveFirst();
+    EXPECT_THROW(rows->Field("Photo"), lumarin::Error);
+    rows->Close();
+    EXPECT_FALSE(rows->IsOpen());
+    EXPECT_THROW(rows->Eof(), lumarin::Error);
+}
+
+TEST_F(SqliteRecordsetTest, Find_GoesForwardToTheNumberOrToTheEnd) {
+    const auto rows = Ask("SELECT PhoListNum FROM Photo ORDER BY PhoListNum");
+    rows->Find("PhoListNum = 123");
+    EXPECT_EQ(rows->Field("PhoListNum").Integer(), 123);
+    rows->Find("[PhoListNum]=124");
+    EXPECT_EQ(rows->Field("PhoListNum").Integer(), 124);
+    rows->Find("PhoListNum = 100");
+    EXPECT_TRUE(rows->Eof()) << "never backward";
+    for (const char* criterion : {"PhoListNum = 'x'", "PhoListNum > 1", "PhoListNum", "Nobody = 1", ""}) {
+        rows->MoveFirst();
+        EXPECT_THROW(rows->Find(criterion), lumarin::Error) << criterion;
+    }
+}
+
+TEST_F(SqliteRecordsetTest, EmptyResult_IsAtItsEndAtOnce) {
+    const auto rows = Ask("SELECT ListNum FROM Listings");
+    EXPECT_TRUE(rows->Eof());
+    EXPECT_TRUE(rows->Bof());
+    EXPECT_EQ(rows->RecordCount(), 0);
+}
+
+TEST_F(SqliteRecordsetTest, FailingStatement_NamesReasonAndStatement) {
+    try {
+        Ask("SELECT NoSuch FROM Photo");
+        FAIL() << "an unknown column was accepted";
+    } catch (const lumarin::Error& error) {
+        EXPECT_NE(error.Description().find("no such column: NoSuch"), std::string::npos) << error.what();
+        EXPECT_NE(error.Description().find("FROM \"Photo\""), std::string::npos) << error.what();
+        EXPECT_EQ(error.Source(), "database");
+    }
+}
+
+TEST_F(SqliteRecordsetTest, QueryConnection_ChangesNothingEvenPastTheTranslator) {
+    EXPECT_THROW(queries_.Run("DELETE FROM Photo"), lumarin::Error);
+    EXPECT_EQ(Ask("SELECT PhoListNum FROM Photo")->RecordCount(), 3);
+}
+
+TEST_F(SqliteRecordsetTest, Transaction_WithoutCommit_LeavesNothing) {
+    {
+        Transaction transaction(changes_);
+        changes_.Run("DELETE FROM Photo");
+    }
+    EXPECT_EQ(Ask("SELECT PhoListNum FROM Photo")->RecordCount(), 3);
+}
+
+}  // namespace
+}  // namespace host

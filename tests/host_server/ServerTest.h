@@ -1,0 +1,83 @@
+#pragma once
+
+#include "base/Files.h"
+#include "host/database/Schema.h"
+#include "host/server/Refusal.h"
+#include "host/server/Server.h"
+#include "host_server/PackageBuilder.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace host {
+
+/// A server in a folder of its own that knows the sale listings 1001 and 1002 and the rental 5001.
+class ServerTest : public ::testing::Test {
+protected:
+    ServerTest() {
+        Database database(DatabasePath(folder_.Path()), DatabaseUse::Changes);
+        EnsureSchema(database);
+        database.Run("INSERT INTO Listings (ListNum) VALUES (1001), (1002); INSERT INTO Rentals (ListNum) VALUES (5001)");
+        Restart();
+    }
+
+    void Restart() {
+        server_.reset();
+        server_.emplace(folder_.Path());
+    }
+
+    static void Upload(Server& server, const std::string& name, std::string_view bytes) {
+        constexpr std::size_t Chunk = 5120;
+        server.Uploads().Begin(name);
+        for (std::size_t at = 0; at < bytes.size(); at += Chunk)
+            server.Uploads().Append(std::as_bytes(std::span(bytes.substr(at, Chunk))));
+        server.Uploads().End();
+    }
+
+    void Apply(const PackageBuilder& package, const std::string& name = "p.zip") {
+        Upload(*server_, name, package.Bytes());
+        server_->ApplyPackage(name);
+    }
+
+    /// 1001 with three photos of 100, 200 and 300 bytes.
+    void GivenThreePhotos() {
+        Apply(PackageBuilder()
+                  .Listing(1001, {{"2110", ""}, {"2111", ""}, {"2115", ""}})
+                  .Entry("1001a.jpg", TinyJpeg(100, 'a'))
+                  .Entry("1001b.jpg", TinyJpeg(200, 'b'))
+                  .Entry("1001c.jpg", TinyJpeg(300, 'c')),
+              "first.zip");
+    }
+
+    /// "count|version|descriptions" of the listing's row; "" without one.
+    std::string Row(int listing) {
+        Database database(DatabasePath(folder_.Path()), DatabaseUse::Queries);
+        Statement row(database, "SELECT PhotoCount, PhotoVersion, PhotoDesc FROM Photo WHERE PhoListNum = ?");
+        if (!row.Bind(1, std::int64_t{listing}).Step()) return {};
+        return row.Text(0) + "|" + row.Text(1) + "|" + row.Text(2);
+    }
+
+    /// The byte that tells each published photo apart, in order.
+    std::string Photos(int listing) {
+        std::string seeds;
+        for (int position = 1; !server_->PhotoFile(listing, position).empty(); ++position)
+            seeds += lumarin::files::ReadAll(server_->PhotoFile(listing, position))[20];
+        return seeds;
+    }
+
+    std::size_t StoredFiles(int listing) {
+        const std::string folder = Server::PhotoFolder(folder_.Path()) + std::to_string(listing) + "/";
+        return lumarin::files::List(folder, [](const std::string&) { return true; }).size();
+    }
+
+    std::size_t SpooledFiles() {
+        return lumarin::files::List(folder_.Path() + "server/spool/", [](const std::string&) { return true; }).size();
+    }
+
+    lumarin::testing::TemporaryFolder folder_;
+    std::optional<Server> server_;
+};
+
+}  // namespace host

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "host/services/HostVelCommon.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace host {
+
+class NoMainForm final : public lumarin::HostMainForm {
+public:
+    void* NativeWindow() const override { return nullptr; }
+    int Switch() const override { return 0; }
+    void Prog(int, int) override {}
+};
+
+/// A data folder that holds the demo data, made once for all tests; a test that changes it uses another.
+const std::string& SeededFolder();
+
+/// The host over a data folder.
+struct TestHost {
+    explicit TestHost(HostOptions options) : common(std::move(options), mainForm, [this](int job) { endedJob = job; }) {}
+
+    std::unique_ptr<lumarin::Recordset> Execute(const std::string& sql) {
+        return lumarin::RequestService<lumarin::DbInterface>(common)->Execute("VELTRANE", sql);
+    }
+    /// The first column of every row, joined by blanks.
+    std::string Keys(const std::string& sql, const char* column) {
+        std::string keys;
+        for (const auto rows = Execute(sql); !rows->Eof(); rows->MoveNext())
+            keys += (keys.empty() ? "" : " ") + rows->Field(column).Text();
+        return keys;
+    }
+
+    int endedJob = -1;
+    NoMainForm mainForm;
+    HostVelCommon common;
+};
+
+}  // namespace host

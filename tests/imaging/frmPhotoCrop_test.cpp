@@ -1,0 +1,285 @@
+#include "imaging/frmPhotoCrop.h"
+
+#include <gtest/gtest.h>
+
+#include "base/Files.h"
+#include "imaging/FakeImaging.h"
+#include "imaging/Tones.h"
+#include "support/ScriptedDesktop.h"
+#include "support/TemporaryFolder.h"
+
+namespace lumarin {
+namespace {
+
+class PhotoCrop : public ::testing::Test {
+protected:
+    PhotoCrop() {
+        window.SetPhotoSize("480,300,35,35000,4");
+        window.Shape1.Placed({0, 0, 8400, 6000});
+        GivenFile("wide.jpg", 640, 400);  // its preview is 4800 x 3000 twips at (1800, 1500)
+    }
+    ~PhotoCrop() override { desktop.VerifyAllUsed(); }
+
+    void GivenFile(const std::string& name, int width, int height, bool jpeg = true,
+                   const std::string& bytes = "photo") {
+        files::WriteWhole(folder + name, bytes);
+        imaging.pictures[folder + name] = {width, height, jpeg};
+    }
+    /// Opens the window on a file and lets the user do `play`, who cancels in the end if it is still open.
+    PhotoResult Crop(const std::string& name, const std::function<void()>& play,
+                     CropMode mode = CropMode::File) {
+        desktop.Play("frmPhotoCrop", [&](Form&) {
+            play();
+            if (window.IsShown()) window.cmdCancel.Press();
+        });
+        return CropUnseen(name, mode);
+    }
+    PhotoResult CropUnseen(const std::string& name, CropMode mode = CropMode::File) {
+        return window.CropPhoto(folder + name, mode, true, destination, nullptr);
+    }
+    PhotoResult CaptureAfter(const std::string& name, const std::function<void()>& play) {
+        return Crop(name, [&] {
+            play();
+            if (window.IsShown()) window.cmdCapture.Press();
+        });
+    }
+
+    testing::TemporaryFolder temporary;
+    const std::string folder = temporary.Path();
+    const std::string destination = folder + "100123a.jpg";
+    testing::ScriptedDesktop desktop;
+    testing::FakeImaging imaging;
+    frmPhotoCrop window{desktop, imaging};
+};
+
+TEST_F(PhotoCrop, Opening_CentersPreviewAndBoxAndReadsTheSourceOnce) {
+    Crop("wide.jpg", [&] {
+        EXPECT_EQ(window.Caption(), folder + "wide.jpg");
+        window.Shape1.Placed({0, 0, 9000, 7000});
+        EXPECT_EQ(window.Preview.Bounds(), (Rect{2100, 2000, 4800, 3000}));
+        EXPECT_NEAR(window.CropBox.Left(), 2100, 0.01);
+        EXPECT_NEAR(window.CropBox.Top(), 2000, 0.01);
+        EXPECT_NEAR(window.CropBox.Height(), 3000, 0.01);
+    });
+    EXPECT_EQ(imaging.opened + imaging.previews, 2);
+    EXPECT_EQ(imaging.openNow, 0) << "the source is given back";
+    EXPECT_EQ(desktop.pointer, Pointer::Default);
+}
+
+TEST_F(PhotoCrop, EveryWayOut_HasItsResult) {
+    const struct {
+        const char* name;
+        std::function<void()> leave;
+        PhotoResult result;
+    } cases[] = {
+        {"capture", [&] { window.cmdCapture.Press(); }, PhotoResult::Done},
+        {"cancel", [] {}, PhotoResult::Skip},
+        {"abort", [&] { window.cmdAbort.Press(); }, PhotoResult::Cancel},
+        {"frame", [&] { EXPECT_FALSE(window.Unload(CloseReason::Frame)); }, PhotoResult::Skip},
+        {"host", [&] { EXPECT_TRUE(window.Unload(CloseReason::Host)); }, PhotoResult::Unloaded},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Crop("wide.jpg", c.leave), c.result) << c.name;
+        EXPECT_EQ(files::FileExists(destination), c.result == PhotoResult::Done) << c.name;
+        files::TryDelete(destination);
+    }
+}
+
+TEST_F(PhotoCrop, OpeningFails_SaysWhyAndSkips) {
+    const struct {
+        std::int32_t number;
+        const char* text;
+    } cases[] = {{20009, "The selected file is not a valid photo."},
+                 {20001, "its own words"},
+                 {ApplicationErrorNumber, "its own words"},
+                 {20172, "The selected file is not a valid photo."}};
+    for (const auto& c : cases) {
+        imaging.openFailure = Error(c.number, "imaging", "its own words");
+        desktop.Expect(c.text);
+        EXPECT_EQ(CropUnseen("wide.jpg"), PhotoResult::Skip);
+        EXPECT_EQ(desktop.messages.back().modality, Modality::System);
+        EXPECT_FALSE(window.IsLoaded());
+        EXPECT_EQ(desktop.pointer, Pointer::Default);
+    }
+    desktop.Expect("No photo on the clipboard");
+    EXPECT_EQ(CropUnseen("", CropMode::Clipboard), PhotoResult::Skip);
+}
+
+TEST_F(PhotoCrop, PictureInMemory_IsTakenFromClipboardOrTwain) {
+    desktop.clipboard = std::make_shared<Picture>(Picture{50, 300, {}});
+    for (const CropMode mode : {CropMode::Clipboard, CropMode::Twain}) {
+        if (mode == CropMode::Twain) window.SetTwainPicture(desktop.clipboard);
+        const auto look = [&] {
+            EXPECT_EQ(window.Caption(),
+                      mode == CropMode::Twain ? "Photo from Twain" : "Photo from Clipboard");
+            EXPECT_EQ(window.lbmBM.Image()->width, 53);
+        };
+        Crop("", look, mode);
+    }
+}
+
+TEST_F(PhotoCrop, Capture_OrdersTheFramedPartWithTonesAndMarker) {
+    window.SetPhotoSize("480,300,35,35000,4,Board 1");
+    CaptureAfter("wide.jpg", [&] {
+        window.CropBox.Move({-600, 1500, 4800, 3000});  // half of it left of the picture
+        window.hsbControl(0).SetValue(25);
+        window.hsbControl(1).SetValue(-100);
+    });
+    const CaptureOrder& order = imaging.orders.at(0);
+    EXPECT_EQ(order.cut, (PixelRect{0, 0, 320, 400}));
+    EXPECT_EQ((PixelRect{order.left, order.top, order.width, order.height}), (PixelRect{240, 0, 240, 300}));
+    EXPECT_EQ(order.tones, MakeToneTable(25, -100));
+    EXPECT_EQ(order.jpegQualityFactor, 35);
+    EXPECT_EQ(order.caption, "Board 1");
+    EXPECT_EQ(files::ReadAll(destination)[24], 108);
+    EXPECT_FALSE(files::FileExists(files::UnfinishedName(destination)));
+}
+
+TEST_F(PhotoCrop, BadBox_IsRefusedAndPlacedAnew) {
+    const std::pair<Rect, const char*> cases[] = {
+        {{2000, 2000, 480, 300}, "The image capture area is to small."},
+        {{6530, 2000, 1600, 1000}, "Not enough of the image is selected."}};
+    for (const auto& [box, text] : cases) {
+        desktop.Expect(text);
+        const PhotoResult result = CaptureAfter("wide.jpg", [&, place = box] { window.CropBox.Move(place); });
+        EXPECT_EQ(result, PhotoResult::Skip) << "left open and cancelled";
+        EXPECT_EQ(window.CropBox.Left(), 1800);
+        EXPECT_FALSE(files::FileExists(destination));
+    }
+}
+
+TEST_F(PhotoCrop, FinishedSource_PassesOnlyWhenNothingChanges) {
+    GivenFile("exact.jpg", 480, 300);
+    GivenFile("marked.jpg", 480, 300, true, std::string(25, char{108}));
+    GivenFile("long.jpg", 480, 300, true, std::string(35000, 'x'));
+    GivenFile("limit.jpg", 480, 300, true, std::string(34999, 'x'));
+    GivenFile("other.png", 480, 300, false);
+    const struct {
+        const char* file;
+        bool passes;
+        int intensity = 0, contrast = 0;
+        Key key = Key::None;
+        const char* marker = "";
+    } cases[] = {
+        {"exact.jpg", true},
+        {"limit.jpg", true},
+        {"long.jpg", false},
+        {"other.png", false},
+        {"wide.jpg", false},
+        {"exact.jpg", false, 25},
+        {"exact.jpg", true, 25, -25},
+        {"exact.jpg", true, 0, 0, Key::Right},  // the margins cancel out
+        {"exact.jpg", false, 0, 0, Key::Minus},
+        {"exact.jpg", false, 0, 0, Key::None, "Board"},
+        {"marked.jpg", true, 0, 0, Key::None, "Board"},
+    };
+    for (const auto& c : cases) {
+        window.SetPhotoSize(std::string("480,300,35,35000,4,") + c.marker);
+        CaptureAfter(c.file, [&] {
+            window.hsbControl(0).SetValue(c.intensity);
+            window.hsbControl(1).SetValue(c.contrast);
+            window.Shape1.PressKey({c.key, false, true});
+        });
+        const bool copied = files::ReadAll(destination) == files::ReadAll(folder + c.file);
+        EXPECT_EQ(copied, c.passes) << "row " << &c - cases;
+    }
+}
+
+TEST_F(PhotoCrop, CaptureFails_WindowStaysUnlessThePictureIsBroken) {
+    const std::pair<std::int32_t, const char*> cases[] = {
+        {PictureWriteError, "The photo was not saved. No space left on device"},
+        {InvalidPictureError, "The selected file is not a valid photo."}};
+    for (const auto& [number, text] : cases) {
+        imaging.captureFailure = Error(number, "imaging", "No space left on device");
+        desktop.Expect(text);
+        const PhotoResult secondTry = CaptureAfter("wide.jpg", [&] {
+            window.cmdCapture.Press();
+            EXPECT_EQ(desktop.pointer, Pointer::Default);
+            imaging.captureFailure.reset();
+        });
+        EXPECT_EQ(secondTry, number == PictureWriteError ? PhotoResult::Done : PhotoResult::Skip);
+    }
+}
+
+TEST_F(PhotoCrop, HeldMoveButton_StepsPausesAndRepeats) {
+    Crop("wide.jpg", [&] {
+        window.cmdMoveCropBox(0).MouseWentDown();
+        EXPECT_EQ(window.CropBox.Left(), 1770);
+        EXPECT_EQ(window.Timer.Interval(), 500);
+        window.Timer.Tick();
+        EXPECT_EQ(window.Timer.Interval(), 10);
+        window.Timer.Tick();
+        window.cmdMoveCropBox(0).MouseWentUp();
+        window.cmdMoveCropBox(0).Press();  // the click that ends every press of the mouse
+        window.Timer.Tick();
+        EXPECT_EQ(window.CropBox.Left(), 1710);
+        window.cmdMoveCropBox(3).Press();
+        EXPECT_NEAR(window.CropBox.Top(), 1530, 0.01);
+    });
+}
+
+TEST_F(PhotoCrop, MouseOnPreviewAndStage_DragsInOneCoordinateSystem) {
+    Crop("wide.jpg", [&] {
+        window.Preview.MouseMoved({MouseButton::None, 50, 1500});
+        EXPECT_EQ(window.Shape1.MousePointer(), Pointer::SizeWestEast);
+        window.Preview.MouseWentDown({MouseButton::Left, 2400, 1500});
+        window.Preview.MouseMoved({MouseButton::Left, 2400.4, 1500});  // not a whole twip yet
+        window.Preview.MouseMoved({MouseButton::Left, -2400, 1500});
+        EXPECT_EQ(window.CropBox.Left(), -3000);
+        window.Preview.MouseWentUp({MouseButton::Left, -2400, 1500});
+        for (const auto& [button, left] :
+             {std::pair{MouseButton::Right, -3000}, {MouseButton::Left, -2800}}) {
+            window.Shape1.MouseWentDown({button, 100, 3000});
+            window.Shape1.MouseMoved({button, 300, 3000});
+            EXPECT_EQ(window.CropBox.Left(), left) << "only the left button drags";
+        }
+    });
+}
+
+TEST_F(PhotoCrop, KeysOnTheStage_MoveAndSizeTheBox) {
+    const struct {
+        KeyDown key;
+        double left, width;
+    } cases[] = {{{Key::Left}, 1770, 4800},        {{Key::Right, false, true}, 2100, 4800},
+                 {{Key::Right, true}, 1785, 4830}, {{Key::Up, true, true}, 1950, 4500},
+                 {{Key::Plus}, 1785, 4830},        {{Key::Minus}, 1815, 4770}};
+    Crop("wide.jpg", [&] {
+        for (const auto& c : cases) {
+            window.Shape1.PressKey({Key::Home});
+            EXPECT_TRUE(window.Shape1.PressKey(c.key));
+            EXPECT_NEAR(window.CropBox.Left(), c.left, 0.01) << "row " << &c - cases;
+            EXPECT_NEAR(window.CropBox.Width(), c.width, 0.01) << "row " << &c - cases;
+            EXPECT_NEAR(window.CropBox.Height(), c.width / 1.6, 0.01) << "row " << &c - cases;
+        }
+        EXPECT_FALSE(window.Shape1.PressKey({Key::Tab}));
+    });
+}
+
+TEST_F(PhotoCrop, Slider_ShowsItsEffectFromTheUnchangedPreview) {
+    window.hsbControl(0).SetValue(75);
+    Crop("wide.jpg", [&] {
+        EXPECT_EQ(window.lblControlValue(0).Caption(), "0") << "each photo starts anew";
+        const PicturePtr plain = window.Preview.Image();
+        window.hsbControl(0).SetValue(500);
+        window.hsbControl(1).SetValue(100);
+        EXPECT_EQ(window.lblControlValue(0).Caption(), "500");
+        EXPECT_EQ(window.Preview.Image()->pixels, WithTones(*plain, MakeToneTable(500, 100)).pixels);
+        window.cmdZeroControl(0).Press();
+        window.cmdZeroControl(1).Press();
+        EXPECT_EQ(window.lbmBM.Image()->pixels, plain->pixels);
+    });
+}
+
+TEST_F(PhotoCrop, Views_AreChosenByTextAndKeptAtCapture) {
+    Crop("wide.jpg", [&] { EXPECT_FALSE(window.cmbView.Visible()); });
+    window.SetViews({{"Front View", 2110}, {"Kitchen", 2120}, {"Rear view", 2130}});
+    CaptureAfter("wide.jpg", [&] {
+        EXPECT_EQ(window.cmbView.Text(), "Front View") << "no view's text holds the path";
+        window.SelectView("REAR");
+    });
+    EXPECT_EQ(window.ChosenView(), "Rear view");
+    EXPECT_EQ(window.ChosenViewData(), 2130);
+}
+
+}  // namespace
+}  // namespace lumarin

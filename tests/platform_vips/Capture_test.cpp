@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include "base/Files.h"
+#include "platform/vips/VipsImaging.h"
+#include "platform_vips/Samples.h"
+
+namespace lumarin {
+
+namespace {
+
+using namespace samples;
+
+class Capture : public testing::Test {
+protected:
+    Picture Captured(SourcePicture& source, const CaptureOrder& order) {
+        source.Capture(order, Destination());
+        const auto result = imaging.Open(Destination());
+        EXPECT_EQ(result->Width(), order.canvasWidth);
+        EXPECT_EQ(result->Height(), order.canvasHeight);
+        return result->Preview(result->Width(), result->Height());
+    }
+    std::unique_ptr<SourcePicture> Open(const std::string& bytes) {
+        files::WriteWhole(folder / "source", bytes);
+        return imaging.Open(folder / "source");
+    }
+    std::string Destination() const { return folder / "100123a.jpg"; }
+
+    Folder folder;
+    vips::VipsImaging imaging;
+};
+
+TEST_F(Capture, Cut_OfLargeJpeg_LooksLikeFullResolution) {
+    const VImage image = Detailed(2403, 1607);
+    const auto fromFile = Open(Encode(image, ".jpg[Q=95]"));
+    const auto fromMemory = imaging.FromMemory(InMemory(image));
+    for (const PixelRect& cut : {PixelRect{0, 51, 2403, 1502}, PixelRect{333, 205, 1601, 1001}, PixelRect{1717, 1201, 400, 250}}) {
+        SCOPED_TRACE(cut.left);
+        const CaptureOrder order = Order(cut, 480, 300);
+        EXPECT_LT(MeanDifference(Captured(*fromFile, order), Captured(*fromMemory, order)), 3.0);
+    }
+}
+
+TEST_F(Capture, Photo_BesideTheCanvas_LeavesWhiteBandsAndIsCutOff) {
+    const Colour red = {255, 0, 0};
+    const Colour white = {255, 255, 255};
+    const struct {
+        const char* name;
+        int left, top;
+        Colour upperLeft, upperRight, lowerLeft, lowerRight;
+    } cases[] = {{"overhang left", 240, 0, white, red, white, red},
+                 {"overhang right and below", -240, -150, red, white, white, white},
+                 {"overhang above", 0, 150, white, white, red, red},
+                 {"nothing left", 480, 300, white, white, white, white}};
+    const auto source = imaging.FromMemory(InMemory(Quadrants(64, 40, "RRRR")));
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        CaptureOrder order = Order({0, 0, 64, 40}, 480, 300);
+        order.left = row.left;
+        order.top = row.top;
+        const Picture photo = Captured(*source, order);
+        EXPECT_LT(Distance(At(photo, 20, 20), row.upperLeft), 9);
+        EXPECT_LT(Distance(At(photo, 460, 20), row.upperRight), 9);
+        EXPECT_LT(Distance(At(photo, 20, 280), row.lowerLeft), 9);
+        EXPECT_LT(Distance(At(photo, 460, 280), row.lowerRight), 9);
+    }
+}
+
+TEST_F(Capture, Tones_OfTheTable_ReplaceThePhotoNotTheCanvas) {
+    const auto source = imaging.FromMemory(InMemory(Plain(64, 40, {50, 60, 70})));
+    CaptureOrder order = Order({0, 0, 64, 40}, 240, 300);
+    order.tones.fill(10);
+    order.tones[60] = 160;
+    const Picture photo = Captured(*source, order);
+    EXPECT_LE(Distance(At(photo, 100, 150), {10, 160, 10}), 4);
+    EXPECT_LE(Distance(At(photo, 400, 150), {255, 255, 255}), 4);
+}
+
+TEST_F(Capture, Caption_InTheCorner_KeepsTheRestAndRoomForAMark) {
+    const auto source = imaging.FromMemory(InMemory(Plain(64, 40, {20, 40, 60})));
+    CaptureOrder order = Order({0, 0, 64, 40}, 480, 300);
+    const Picture without = Captured(*source, order);
+    order.caption = "<Sample> & Co";
+    const Picture with = Captured(*source, order);
+
+    int left = 480, top = 300, brightest = 0;
+    for (int y = 0; y < 300; ++y)
+        for (int x = 0; x < 480; ++x)
+            if (Distance(At(with, x, y), At(without, x, y)) > 16) {
+                left = std::min(left, x);
+                top = std::min(top, y);
+                brightest = std::max(brightest, At(with, x, y)[1]);
+            }
+    EXPECT_GT(left, 360);
+    EXPECT_LT(left, 440);
+    EXPECT_GT(top, 270);
+    EXPECT_NEAR(brightest, 200, 25);
+
+    std::string bytes = files::ReadAll(Destination());
+    bytes[24] = 108;
+    EXPECT_EQ(MeanDifference(Open(bytes)->Preview(480, 300), with), 0.0);
+
+    order.caption = "  ";
+    EXPECT_EQ(MeanDifference(Captured(*source, order), without), 0.0);
+    order.caption = std::string(200, 'W');
+    EXPECT_GT(MeanDifference(Captured(*source, order), without), 0.0);
+}
+
+TEST_F(Capture, File_FromCameraPicture_IsBaselineWithoutMetadata) {
+    VImage image = Detailed(640, 400).icc_transform("p3", VImage::option()->set("input_profile", "srgb"));
+    image.set("exif-ifd0-Make", "Camera maker (Camera maker, ASCII, 13 components, 13 bytes)");
+    image.set("exif-ifd3-GPSLatitude", "52/1 31/1 0/1 (52, 31, 0, Rational, 3 components, 24 bytes)");
+    const std::string camera = Encode(image, ".jpg");
+    ASSERT_NE(camera.find("Exif"), std::string::npos);
+    ASSERT_NE(camera.find("ICC_PROFILE"), std::string::npos);
+
+    Open(camera)->Capture(Order({0, 0, 640, 400}, 480, 300), Destination());
+
+    const std::string bytes = files::ReadAll(Destination());
+    for (const char* trace : {"Exif", "ICC_PROFILE", "http:", "Camera", "\xFF\xE1", "\xFF\xE2", "\xFF\xED", "\xFF\xFE"})
+        EXPECT_EQ(bytes.substr(0, 620).find(trace), std::string::npos) << trace;
+    EXPECT_NE(bytes.find("\xFF\xC0"), std::string::npos) << "not baseline";
+}
+
+TEST_F(Capture, QualityFactor_ScalesTheQuantizationTables) {
+    const auto source = imaging.FromMemory(InMemory(Detailed(480, 300)));
+    const struct {
+        int factor, firstStep;  // the standard table's first step is 16
+    } cases[] = {{35, 8}, {70, 16}, {2, 1}, {0, 1}, {140, 32}, {7, 2}};
+    for (const auto& row : cases) {
+        CaptureOrder order = Order({0, 0, 480, 300}, 480, 300);
+        order.jpegQualityFactor = row.factor;
+        source->Capture(order, Destination());
+        const std::string bytes = files::ReadAll(Destination());
+        EXPECT_EQ(bytes[bytes.find("\xFF\xDB") + 5], row.firstStep) << row.factor;
+    }
+}
+
+TEST_F(Capture, Failure_OfAnyStep_LeavesTheDestinationAlone) {
+    const CaptureOrder order = Order({0, 0, 480, 300}, 480, 300);
+    const auto numberOf = [&](SourcePicture& source, const CaptureOrder& wanted, const std::string& destination) {
+        try {
+            source.Capture(wanted, destination);
+        } catch (const ImagingError& error) {
+            return error.Number();
+        }
+        return 0;
+    };
+    files::WriteWhole(Destination(), "older photo");
+    const std::string jpeg = Encode(Detailed(480, 300), ".jpg");
+    const auto cutShort = Open(jpeg.substr(0, jpeg.size() / 2));
+    EXPECT_EQ(numberOf(*cutShort, order, Destination()), InvalidPictureError);
+    const auto whole = Open(jpeg);
+    EXPECT_EQ(numberOf(*whole, order, folder / "missing/100123a.jpg"), PictureWriteError);
+    for (const PixelRect& outside : {PixelRect{-1, 0, 480, 300}, PixelRect{1, 0, 480, 300}, PixelRect{0, 0, 480, 301}, PixelRect{0, 0, 0, 0}})
+        EXPECT_NE(numberOf(*whole, Order(outside, 480, 300), Destination()), 0);
+    EXPECT_EQ(files::ReadAll(Destination()), "older photo");
+    EXPECT_FALSE(files::FileExists(files::UnfinishedName(Destination())));
+}
+
+}  // namespace
+
+}  // namespace lumarin

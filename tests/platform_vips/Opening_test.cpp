@@ -1,0 +1,210 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+#include "base/Files.h"
+#include "platform/vips/VipsImaging.h"
+#include "platform_vips/Samples.h"
+
+namespace lumarin {
+
+namespace {
+
+using namespace samples;
+
+const std::map<char, Colour> Colours = {
+    {'R', {255, 0, 0}}, {'G', {0, 255, 0}}, {'B', {0, 0, 255}}, {'W', {255, 255, 255}}};
+
+/// The letters of the four quadrants, '?' for any other colour.
+std::string QuadrantsOf(const Picture& picture) {
+    std::string letters;
+    for (const int y : {picture.height / 4, picture.height * 3 / 4})
+        for (const int x : {picture.width / 4, picture.width * 3 / 4}) {
+            char found = '?';
+            for (const auto& [letter, colour] : Colours)
+                if (Distance(At(picture, x, y), colour) < 6) found = letter;
+            letters += found;
+        }
+    return letters;
+}
+
+class Opening : public testing::Test {
+protected:
+    std::unique_ptr<SourcePicture> Open(const std::string& bytes, const std::string& name = "picture") {
+        files::WriteWhole(folder / name, bytes);
+        return imaging.Open(folder / name);
+    }
+
+    Folder folder;
+    vips::VipsImaging imaging;
+};
+
+TEST_F(Opening, Format_WhateverItsName_IsReadByContent) {
+    vips::LoadHeifReader();  // brings the writer too
+    const VImage image = Quadrants(64, 40, "RGBW");
+    for (const char* format : {".jpg[Q=95,subsample-mode=off]", ".jpg[Q=95,interlace]", ".png", ".png[interlace]",
+                               ".png[palette]", ".tif", ".tif[tile,compression=jpeg,Q=95]", ".webp[lossless]",
+                               ".gif", ".heic[lossless]"})
+        for (const char* name : {"plan[1,page=9] of house.txt", "plan.jpg"}) {
+            SCOPED_TRACE(std::string(format) + " as " + name);
+            const auto picture = Open(Encode(image, format), name);
+            EXPECT_EQ(picture->Width(), 64);
+            EXPECT_EQ(picture->Height(), 40);
+            EXPECT_EQ(QuadrantsOf(picture->Preview(320, 200)), "RGBW");
+            EXPECT_EQ(picture->IsPlainJpeg(), std::string(format).starts_with(".jpg"));
+        }
+}
+
+TEST_F(Opening, Orientation_EachOfTheEight_StandsUpright) {
+    // Stored quadrants of one upright picture "RGBW", by where its first row and column are seen.
+    const char* stored[] = {"RGBW", "GRWB", "WBGR", "BWRG", "RBGW", "GWRB", "WGBR", "BRWG"};
+    for (int orientation = 1; orientation <= 8; ++orientation) {
+        SCOPED_TRACE(orientation);
+        const bool onItsSide = orientation >= 5;
+        VImage image = Quadrants(onItsSide ? 400 : 640, onItsSide ? 640 : 400, stored[orientation - 1]).copy();
+        image.set("orientation", orientation);
+        const auto picture = Open(Encode(image, ".jpg[Q=95]"));
+        EXPECT_EQ(picture->Width(), 640);
+        EXPECT_EQ(picture->Height(), 400);
+        EXPECT_EQ(picture->IsPlainJpeg(), orientation == 1);
+        EXPECT_EQ(QuadrantsOf(picture->Preview(40, 25)), "RGBW");
+        EXPECT_EQ(QuadrantsOf(picture->Preview(640, 400)), "RGBW");
+
+        picture->Capture(Order({320, 0, 320, 400}, 480, 300), folder / "right half.jpg");
+        EXPECT_EQ(QuadrantsOf(imaging.Open(folder / "right half.jpg")->Preview(480, 300)), "GGWW");
+    }
+}
+
+TEST_F(Opening, ColourModel_Any_BecomesEightBitRgb) {
+    const VImage brown = Plain(160, 100, {200, 120, 40});
+    const VImage clear = Plain(160, 100, {200, 120, 40, 128});
+    const VImage grey = brown.extract_band(0).copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+    const VImage deep = brown.cast(VIPS_FORMAT_USHORT).linear(257, 0).cast(VIPS_FORMAT_USHORT);
+    const VImage cmyk = brown.icc_transform("cmyk", VImage::option()->set("input_profile", "srgb"));
+    VImage bareCmyk = cmyk.copy();
+    bareCmyk.remove(VIPS_META_ICC_NAME);
+    const VImage wide = brown.icc_transform("p3", VImage::option()->set("input_profile", "srgb"));
+    VImage wrong = brown.copy();
+    wrong.set(VIPS_META_ICC_NAME, static_cast<VipsCallbackFn>(nullptr), const_cast<char*>("no profile"), 10);
+    const struct {
+        const char* name;
+        VImage image;
+        const char* format;
+        Colour expected;
+    } cases[] = {
+        {"RGB", brown, ".png", {200, 120, 40}},
+        {"half transparent", clear, ".png", {227, 187, 147}},
+        {"grey", grey, ".jpg[Q=95]", {200, 200, 200}},
+        {"grey and transparent", grey.bandjoin(0), ".png", {255, 255, 255}},
+        {"16 bits", deep.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16)), ".png", {200, 120, 40}},
+        {"16 bits grey", deep.extract_band(1).copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_GREY16)), ".tif", {120, 120, 120}},
+        {"CMYK", cmyk, ".jpg[Q=95]", {200, 120, 40}},
+        {"CMYK without profile", bareCmyk, ".tif", {200, 120, 40}},
+        {"another profile", wide, ".jpg[Q=95]", {200, 120, 40}},
+        {"a profile that is none", wrong, ".png", {200, 120, 40}},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        const Picture preview = Open(Encode(row.image, row.format))->Preview(80, 50);
+        EXPECT_EQ(preview.pixels.size(), 80u * 50u * 3u);
+        EXPECT_LE(Distance(At(preview, 40, 25), row.expected), 5) << testing::PrintToString(At(preview, 40, 25));
+    }
+    EXPECT_GT(Distance(At(*InMemory(wide), 0, 0), {200, 120, 40}), 9) << "the profile makes no difference here";
+}
+
+TEST_F(Opening, File_NoWholePicture_IsRefusedInOneSentence) {
+    const VImage image = Detailed(300, 200);
+    const auto half = [&](const char* format) {
+        const std::string bytes = Encode(image, format);
+        return bytes.substr(0, bytes.size() / 2);
+    };
+    const std::string png = Encode(image, ".png");
+    const std::string hugePng = png.substr(0, 16) + std::string("\0\0\x7d\0\0\0\x7d\0", 8) + png.substr(24);
+    std::string hugeJpeg = Encode(image, ".jpg");
+    hugeJpeg.replace(hugeJpeg.find("\xFF\xC0") + 5, 4, "\x7d\x01\x7d\x01");
+    const struct {
+        const char* name;
+        std::string bytes;
+    } cases[] = {
+        {"nothing", ""},
+        {"a text", "This is a letter, not a photo.\n"},
+        {"a drawing", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><rect width='9' height='9'/></svg>"},
+        {"a document", "%PDF-1.4\n1 0 obj <</Type /Catalog>> endobj\n"},
+        {"a raw bitmap", Encode(image, ".ppm")},
+        {"half a JPEG", half(".jpg[Q=90]")},
+        {"half a progressive JPEG", half(".jpg[interlace]")},
+        {"half a PNG", half(".png")},
+        {"half a TIFF", half(".tif")},
+        {"half a WebP", half(".webp")},
+        {"half a GIF", half(".gif")},
+        {"a JPEG's header", Encode(image, ".jpg").substr(0, 100)},
+        {"too many pixels in a PNG", hugePng},
+        {"too many pixels in a JPEG", hugeJpeg},
+    };
+    testing::internal::CaptureStderr();
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        try {
+            Open(row.bytes, "picture.jpg")->Preview(320, 213);
+            ADD_FAILURE() << "was opened";
+        } catch (const ImagingError& error) {
+            EXPECT_EQ(error.Number(), 20009);
+            EXPECT_EQ(error.Description(), "The selected file is not a valid photo.");
+        }
+    }
+    EXPECT_THROW(imaging.Open(folder / "missing.jpg"), ImagingError);
+    EXPECT_THROW(imaging.Open(folder / ""), ImagingError);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(Opening, File_DamagedAnywhere_OpensOrIsRefused) {
+    std::mt19937 random(7);
+    for (const char* format : {".jpg", ".jpg[interlace]", ".png", ".tif[compression=lzw]", ".webp", ".gif"}) {
+        const std::string whole = Encode(Detailed(120, 80), format);
+        for (int run = 0; run < 60; ++run) {
+            std::string bytes = whole;
+            const std::size_t reach = run % 2 == 0 ? bytes.size() : std::min<std::size_t>(bytes.size(), 400);
+            for (int i = 0; i < 4; ++i) bytes[random() % reach] = static_cast<char>(random());
+            try {
+                EXPECT_EQ(Open(bytes)->Preview(32, 20).pixels.size(), 32u * 20u * 3u);
+            } catch (const ImagingError& error) {
+                EXPECT_NE(error.Description(), "");
+            }
+        }
+    }
+}
+
+TEST_F(Opening, Preview_FromReducedDecoding_LooksLikeFullResolution) {
+    const VImage image = Detailed(1941, 1277);
+    for (const char* format : {".jpg[Q=95]", ".webp[Q=95]"})
+        for (const int width : {60, 121, 240, 480}) {
+            SCOPED_TRACE(std::string(format) + " to " + std::to_string(width));
+            const int height = width * 1277 / 1941;
+            const Picture reduced = Open(Encode(image, format))->Preview(width, height);
+            const Picture full = imaging.FromMemory(InMemory(image))->Preview(width, height);
+            EXPECT_LT(MeanDifference(reduced, full), 2.0);
+        }
+}
+
+TEST_F(Opening, Thumbnail_AnySize_FitsAndIsNeverEnlarged) {
+    const struct {
+        int width, height, side, expectedWidth, expectedHeight;
+    } cases[] = {{400, 200, 100, 100, 50}, {200, 400, 100, 50, 100}, {80, 40, 100, 80, 40}, {900, 1, 90, 90, 1}};
+    for (const auto& row : cases) {
+        files::WriteWhole(folder / "picture", Encode(Plain(row.width, row.height, {9, 9, 9}), ".png"));
+        const Picture thumbnail = imaging.Thumbnail(folder / "picture", row.side);
+        EXPECT_EQ(thumbnail.width, row.expectedWidth);
+        EXPECT_EQ(thumbnail.height, row.expectedHeight);
+    }
+}
+
+TEST_F(Opening, FromMemory_IncompletePixels_IsRefused) {
+    EXPECT_THROW(imaging.FromMemory(nullptr), ImagingError);
+    EXPECT_THROW(imaging.FromMemory(std::make_shared<Picture>()), ImagingError);
+    EXPECT_THROW(imaging.FromMemory(std::make_shared<Picture>(Picture{4, 4, {1, 2, 3}})), ImagingError);
+}
+
+}  // namespace
+
+}  // namespace lumarin

@@ -1,0 +1,103 @@
+#include "support/FakeHost.h"
+
+#include "base/Files.h"
+#include "base/Text.h"
+
+namespace lumarin::testing {
+
+namespace {
+
+class FakeRecordset final : public Recordset {
+public:
+    explicit FakeRecordset(FakeTable table) : table_(std::move(table)) {}
+
+    bool Eof() const override { return row_ >= table_.rows.size(); }
+    bool Bof() const override { return table_.rows.empty(); }
+    bool IsOpen() const override { return open_; }
+    void MoveFirst() override { row_ = 0; }
+    void MoveNext() override { ++row_; }
+    int RecordCount() const override { return static_cast<int>(table_.rows.size()); }
+    void Find(const std::string& criterion) override {
+        const std::size_t equals = criterion.find(" = ");
+        const std::string column = criterion.substr(0, equals);
+        while (!Eof() && Field(column).Text() != criterion.substr(equals + 3)) MoveNext();
+    }
+    FieldValue Field(std::string_view column) const override {
+        for (std::size_t i = 0; i < table_.columns.size(); ++i)
+            if (text::EqualsIgnoringCase(table_.columns[i], column)) return table_.rows.at(row_).at(i);
+        throw Error(3265, "recordset", "no column " + std::string(column));
+    }
+    void Close() override { open_ = false; }
+
+private:
+    FakeTable table_;
+    std::size_t row_ = 0;
+    bool open_ = true;
+};
+
+class FakeDb final : public DbInterface {
+public:
+    explicit FakeDb(FakeHost& host) : host_(host) {}
+    std::unique_ptr<Recordset> Execute(const std::string&, const std::string& sql) override {
+        host_.queries.push_back(sql);
+        return std::make_unique<FakeRecordset>(host_.onQuery(sql));
+    }
+
+private:
+    FakeHost& host_;
+};
+
+class FakePhotoService final : public PhotoInterface {
+public:
+    explicit FakePhotoService(FakeHost& host) : host_(host) {}
+    void UploadPhotoFile(const std::string& name, UploadMode mode) override {
+        if (mode == UploadMode::Begin) host_.uploaded.clear();
+        Step(mode == UploadMode::Begin ? "begin " + name : mode == UploadMode::End ? "end" : "abort");
+    }
+    void UploadPhotoFile(std::span<const std::byte> chunk) override {
+        Step("chunk " + std::to_string(chunk.size()));
+        host_.uploaded.append(reinterpret_cast<const char*>(chunk.data()), chunk.size());
+    }
+    int BatchUpdate(const std::string&, const std::string& packageName, BatchKind) override {
+        Step("apply " + packageName);
+        return host_.batchResult;
+    }
+
+private:
+    void Step(const std::string& step) {
+        host_.uploads.push_back(step);
+        host_.onUpload(step);
+    }
+    FakeHost& host_;
+};
+
+}  // namespace
+
+FakeHost::FakeHost() {
+    for (const std::string& folder : {ProgramFolder(), CityFolder(), UserFolder(), PhotoFolder()}) files::EnsureFolder(folder);
+}
+
+void FakeHost::Publish(std::int32_t listNum, int number, std::size_t bytes) {
+    const std::string folder = ListingPhotoFolder(listNum);
+    files::EnsureFolder(folder);
+    files::WriteWhole(folder + std::to_string(listNum) + static_cast<char>('a' + number - 1) + ".jpg", std::string(bytes, 'p'));
+}
+
+std::string FakeHost::ListingPhotoFolder(std::int32_t listingNumber) const {
+    return PhotoFolder() + std::to_string(listingNumber % 10) + "/";
+}
+
+std::string FakeHost::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
+    fetched.push_back(std::to_string(listingNumber) + " " + std::to_string(number) + " " + version);
+    const std::string path = ListingPhotoFolder(listingNumber) + std::to_string(listingNumber) + static_cast<char>('a' + number - 1) + ".jpg";
+    if (!files::FileExists(path)) throw Error(ObjectErrorBase + 2, "FakeHost", "no photo " + path);
+    return path;
+}
+
+std::unique_ptr<HostService> FakeHost::GetClassInstance(const std::string& name) {
+    if (name == DbInterface::ServiceName) return std::make_unique<FakeDb>(*this);
+    if (name == PhotoInterface::ServiceName) return std::make_unique<FakePhotoService>(*this);
+    throw Error(ObjectErrorBase + 3, "FakeHost", "no service " + name);
+}
+
+}  // namespace lumarin::testing

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "entry/VelCommon.h"
+#include "support/TemporaryFolder.h"
+
+namespace lumarin::testing {
+
+/// Rows in memory, as a query's result.
+struct FakeTable {
+    std::vector<std::string> columns;
+    std::vector<std::vector<FieldValue>> rows;
+};
+
+/// A host in a temporary folder: what it is asked is answered from public members, what it is told is kept.
+class FakeHost final : public VelCommon, private HostMainForm, private lumarin::ServiceBroker {
+public:
+    FakeHost();
+
+    /// Answers a query; throws for one that fails. By default no query finds anything.
+    std::function<FakeTable(const std::string& sql)> onQuery = [](const std::string&) { return FakeTable{}; };
+    std::vector<std::string> queries;
+
+    /// Everything that the photo service was asked: "begin NAME", "chunk 5120", "end", "abort", "apply NAME".
+    std::vector<std::string> uploads;
+    std::string uploaded;  ///< bytes since the last begin
+    /// Throws for a step of that form that fails.
+    std::function<void(const std::string& step)> onUpload = [](const std::string&) {};
+    int batchResult = 0;
+
+    /// Makes a published photo of this many bytes available to FetchPhoto.
+    void Publish(std::int32_t listNum, int number, std::size_t bytes);
+    std::vector<std::string> fetched;  ///< "LISTNUM NUMBER VERSION"
+
+    int switchValue = 0;
+    std::vector<int> endedJobs;
+    std::function<void(int)> onEndJob = [](int) {};
+    std::vector<std::pair<int, int>> progCalls;
+    int level = 10;
+    std::string agent = "A101", office = "OF1", board = "1", managedOffices = ",OF1,", connection = "VEL";
+    bool severalOffices = false, showsDirection = true, reportsUpdates = false;
+    std::vector<PhotoDescription> descriptions = {{2110, "Front"}, {2111, "Rear"}, {2112, "Kitchen"}};
+
+    HostMainForm& MainForm() override { return *this; }
+    void EndJob(int jobIndex) override {
+        endedJobs.push_back(jobIndex);
+        onEndJob(jobIndex);
+    }
+    std::string ProgramFolder() const override { return folder_.Path() + "program/"; }
+    std::string CityFolder() const override { return folder_.Path() + "city/"; }
+    std::string UserFolder() const override { return folder_.Path() + "user/"; }
+    std::string WorkingFolder() const { return UserFolder() + "Photo Import/"; }
+    std::string ConnectionName() const override { return connection; }
+    std::string AgentId() const override { return agent; }
+    std::string OfficeId() const override { return office; }
+    std::string HelpFilePath() const override { return ProgramFolder() + "help.html"; }
+    bool IsOnline() const override { return true; }
+    lumarin::ServiceBroker& ServiceBroker() override { return *this; }
+    bool IsOffline() const override { return false; }
+    int UserLevel() const override { return level; }
+    std::string UserBoardId() const override { return board; }
+    std::string ManagedOffices() const override { return managedOffices; }
+    bool HasSeveralOffices() const override { return severalOffices; }
+    std::string DocDomain() const override { return {}; }
+    std::string PdfInfoText() const override { return {}; }
+    std::string PhotoFolder() const override { return folder_.Path() + "photos/"; }
+    std::string ListingPhotoFolder(std::int32_t listingNumber) const override;
+    std::string FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) override;
+    std::string StreetDirectionCaption() const override { return "Dir"; }
+    bool ShowsStreetDirection() const override { return showsDirection; }
+    bool ReportsPhotoUpdates() const override { return reportsUpdates; }
+    std::vector<PhotoDescription> PhotoDescriptions() const override { return descriptions; }
+
+private:
+    void* NativeWindow() const override { return nullptr; }
+    int Switch() const override { return switchValue; }
+    void Prog(int first, int second) override { progCalls.emplace_back(first, second); }
+    std::unique_ptr<HostService> GetClassInstance(const std::string& name) override;
+
+    TemporaryFolder folder_;
+};
+
+}  // namespace lumarin::testing
