@@ -16,7 +16,8 @@ constexpr std::size_t LongestQuotedStatement = 2'000;
 
 Database::Database(const std::string& path, DatabaseUse use) {
     // Also for queries: a connection that may not write could not undo what a killed process left halfway.
-    const int code = sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    const int code =
+        sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     try {
         if (code != SQLITE_OK) Fail(code, "open " + path);
         sqlite3_extended_result_codes(handle_, 1);
@@ -47,7 +48,8 @@ void Database::Fail(int code, std::string_view sql) const {
 }
 
 Statement::Statement(Database& database, std::string_view sql) : database_(database), sql_(sql) {
-    const int code = sqlite3_prepare_v2(database.Handle(), sql_.data(), static_cast<int>(sql_.size()), &handle_, nullptr);
+    const int code =
+        sqlite3_prepare_v2(database.Handle(), sql_.data(), static_cast<int>(sql_.size()), &handle_, nullptr);
     if (code != SQLITE_OK) database.Fail(code, sql_);
 }
 
@@ -63,7 +65,8 @@ Statement& Statement::Bind(int parameter, std::int64_t number) {
 }
 
 Statement& Statement::Bind(int parameter, std::string_view text) {
-    Check(sqlite3_bind_text(handle_, parameter, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT));
+    Check(
+        sqlite3_bind_text(handle_, parameter, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT));
     return *this;
 }
 
@@ -86,9 +89,12 @@ std::string Statement::ColumnName(int column) const { return sqlite3_column_name
 
 lumarin::FieldValue Statement::Value(int column) const {
     switch (sqlite3_column_type(handle_, column)) {
-        case SQLITE_NULL: return {};
-        case SQLITE_INTEGER: return lumarin::FieldValue(Integer(column));
-        default: return lumarin::FieldValue(Text(column));
+        case SQLITE_NULL:
+            return {};
+        case SQLITE_INTEGER:
+            return lumarin::FieldValue(Integer(column));
+        default:
+            return lumarin::FieldValue(Text(column));
     }
 }
 

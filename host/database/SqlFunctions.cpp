@@ -93,10 +93,10 @@ void Plus(sqlite3_context* context, int, sqlite3_value** arguments) {
         return sqlite3_result_text(context, joined.data(), static_cast<int>(joined.size()), SQLITE_TRANSIENT);
     }
     sqlite3_int64 sum = 0;
-    const bool whole = sqlite3_value_type(arguments[0]) == SQLITE_INTEGER &&
-                       sqlite3_value_type(arguments[1]) == SQLITE_INTEGER &&
-                       !__builtin_add_overflow(sqlite3_value_int64(arguments[0]),
-                                               sqlite3_value_int64(arguments[1]), &sum);
+    const bool whole =
+        sqlite3_value_type(arguments[0]) == SQLITE_INTEGER &&
+        sqlite3_value_type(arguments[1]) == SQLITE_INTEGER &&
+        !__builtin_add_overflow(sqlite3_value_int64(arguments[0]), sqlite3_value_int64(arguments[1]), &sum);
     if (whole) return sqlite3_result_int64(context, sum);
     sqlite3_result_double(context, sqlite3_value_double(arguments[0]) + sqlite3_value_double(arguments[1]));
 }
@@ -104,8 +104,8 @@ void Plus(sqlite3_context* context, int, sqlite3_value** arguments) {
 using SqlFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 void Register(sqlite3* connection, const char* name, SqlFunction function) {
-    const int code = sqlite3_create_function_v2(connection, name, 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
-                                                function, nullptr, nullptr, nullptr);
+    const int code = sqlite3_create_function_v2(connection, name, 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                                                nullptr, function, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) throw lumarin::Error(code, "database", sqlite3_errmsg(connection));
 }
 

@@ -22,7 +22,8 @@ public:
 
     std::vector<SqlToken> All() {
         if (sql_.size() > LongestStatement) RefuseSql("The statement is too long", sql_);
-        if (sql_.find('\0') != std::string_view::npos) RefuseSql("The statement holds a zero character", sql_);
+        if (sql_.find('\0') != std::string_view::npos)
+            RefuseSql("The statement holds a zero character", sql_);
         std::vector<SqlToken> tokens;
         do tokens.push_back(Next());
         while (tokens.back().kind != TokenKind::End);
@@ -95,7 +96,9 @@ private:
         return token;
     }
 
-    char Ahead(std::size_t distance) const { return at_ + distance < sql_.size() ? sql_[at_ + distance] : '\0'; }
+    char Ahead(std::size_t distance) const {
+        return at_ + distance < sql_.size() ? sql_[at_ + distance] : '\0';
+    }
 
     std::string_view sql_;
     std::size_t at_ = 0;
@@ -106,7 +109,8 @@ private:
 std::vector<SqlToken> TokenizeSql(std::string_view sql) { return Tokenizer(sql).All(); }
 
 void RefuseSql(const std::string& reason, std::string_view sql) {
-    throw lumarin::Error(SyntaxErrorNumber, "database", reason + " in: " + std::string(sql.substr(0, LongestQuotedStatement)));
+    throw lumarin::Error(SyntaxErrorNumber, "database",
+                         reason + " in: " + std::string(sql.substr(0, LongestQuotedStatement)));
 }
 
 }  // namespace host

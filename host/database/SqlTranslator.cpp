@@ -30,10 +30,10 @@ std::string Quoted(std::string_view text, char delimiter) {
     return one + lumarin::text::ReplaceAll(std::string(text), one, one + one) + one;
 }
 
-constexpr std::array ReservedWords = {"select", "distinct", "from", "where", "group", "order",  "by",   "as",
-                                      "left",   "right",    "inner", "outer", "join",  "on",     "and",  "or",
-                                      "not",    "in",       "like",  "between", "is",  "null",   "asc",  "desc",
-                                      "union",  "having",   "top",   "into",  "exists", "all",   "with", "limit"};
+constexpr std::array ReservedWords = {
+    "select", "distinct", "from",  "where",  "group", "order", "by",     "as",   "left",    "right", "inner",
+    "outer",  "join",     "on",    "and",    "or",    "not",   "in",     "like", "between", "is",    "null",
+    "asc",    "desc",     "union", "having", "top",   "into",  "exists", "all",  "with",    "limit"};
 
 /// Descends through the grammar and writes the translation as it goes.
 class Translator {
@@ -95,10 +95,14 @@ private:
         std::string out = Table();
         while (true) {
             std::string join;
-            if (TakeWord("left")) join = " LEFT";
-            else if (TakeWord("right")) join = " RIGHT";
-            else if (TakeWord("inner")) join = " INNER";
-            else if (!IsWord("join")) return out;
+            if (TakeWord("left"))
+                join = " LEFT";
+            else if (TakeWord("right"))
+                join = " RIGHT";
+            else if (TakeWord("inner"))
+                join = " INNER";
+            else if (!IsWord("join"))
+                return out;
             TakeWord("outer");
             Expect("join");
             out += join + " JOIN " + Table();
@@ -183,7 +187,8 @@ private:
             const Expression right = Product();
             const bool text = left.kind == ValueKind::Text || right.kind == ValueKind::Text;
             if (plus && text) {
-                left = {(joined ? left.sql : AsOperand(left)) + " || " + AsOperand(right), ValueKind::Text, false};
+                left = {(joined ? left.sql : AsOperand(left)) + " || " + AsOperand(right), ValueKind::Text,
+                        false};
                 joined = true;
                 continue;
             }
@@ -266,7 +271,10 @@ private:
         const bool text = yes.kind == ValueKind::Text || no.kind == ValueKind::Text;
         const bool number = yes.kind == ValueKind::Number && no.kind == ValueKind::Number;
         return {"CASE WHEN " + condition.sql + " THEN " + yes.sql + " ELSE " + no.sql + " END",
-                text ? ValueKind::Text : number ? ValueKind::Number : ValueKind::Unknown, false};
+                text     ? ValueKind::Text
+                : number ? ValueKind::Number
+                         : ValueKind::Unknown,
+                false};
     }
 
     Expression Aggregate(const std::string& name) {
@@ -289,7 +297,8 @@ private:
     bool IsName() const {
         if (Current().kind == TokenKind::BracketedName) return true;
         return Current().kind == TokenKind::Word &&
-               std::none_of(ReservedWords.begin(), ReservedWords.end(), [this](const char* word) { return IsWord(word); });
+               std::none_of(ReservedWords.begin(), ReservedWords.end(),
+                            [this](const char* word) { return IsWord(word); });
     }
 
     bool TakeWord(std::string_view word) { return IsWord(word) && ++at_ != 0; }

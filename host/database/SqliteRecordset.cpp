@@ -25,7 +25,8 @@ std::pair<std::string, std::int32_t> ParseCriterion(const std::string& criterion
     const std::vector<SqlToken> tokens = TokenizeSql(criterion);
     const bool named = tokens[0].kind == TokenKind::Word || tokens[0].kind == TokenKind::BracketedName;
     const bool equals = named && tokens[1].kind == TokenKind::Symbol && tokens[1].text == "=";
-    const auto number = equals ? lumarin::ParseInteger(criterion.substr(tokens[1].position + 1)) : std::nullopt;
+    const auto number =
+        equals ? lumarin::ParseInteger(criterion.substr(tokens[1].position + 1)) : std::nullopt;
     if (!number) Fail(BadArguments, "The criterion is not of the form \"Column = number\": " + criterion);
     return {tokens[0].text, *number};
 }
@@ -33,10 +34,12 @@ std::pair<std::string, std::int32_t> ParseCriterion(const std::string& criterion
 }  // namespace
 
 SqliteRecordset::SqliteRecordset(Statement& statement) {
-    for (int column = 0; column < statement.ColumnCount(); ++column) columns_.push_back(statement.ColumnName(column));
+    for (int column = 0; column < statement.ColumnCount(); ++column)
+        columns_.push_back(statement.ColumnName(column));
     while (statement.Step()) {
         std::vector<lumarin::FieldValue>& row = rows_.emplace_back();
-        for (int column = 0; column < statement.ColumnCount(); ++column) row.push_back(statement.Value(column));
+        for (int column = 0; column < statement.ColumnCount(); ++column)
+            row.push_back(statement.Value(column));
     }
 }
 
@@ -73,7 +76,8 @@ void SqliteRecordset::Find(const std::string& criterion) {
     RequireOpen();
     const auto [column, number] = ParseCriterion(criterion);
     const std::size_t index = ColumnIndex(column);
-    while (row_ < rows_.size() && (rows_[row_][index].IsNull() || rows_[row_][index].Text() != std::to_string(number)))
+    while (row_ < rows_.size() &&
+           (rows_[row_][index].IsNull() || rows_[row_][index].Text() != std::to_string(number)))
         ++row_;
 }
 

@@ -27,7 +27,9 @@ std::string Chunk(std::string_view kind, const std::string& content) {
     return out;
 }
 
-std::string List(std::string_view kind, const std::string& content) { return Chunk("LIST", std::string(kind) + content); }
+std::string List(std::string_view kind, const std::string& content) {
+    return Chunk("LIST", std::string(kind) + content);
+}
 
 std::uint32_t LargestFrame(const Animation& animation) {
     std::size_t largest = 0;
@@ -41,12 +43,12 @@ std::string Headers(const Animation& animation) {
     const auto width = static_cast<std::uint32_t>(animation.width);
     const auto height = static_cast<std::uint32_t>(animation.height);
     const std::uint32_t largest = LargestFrame(animation);
-    const std::string file = Double(1'000'000 / rate) + Double(largest * rate) + Double(0) + Double(HasIndex) +
-                             Double(frames) + Double(0) + Double(1) + Double(largest) + Double(width) +
-                             Double(height) + std::string(16, '\0');
-    const std::string stream = "vidsMJPG" + Double(0) + Double(0) + Double(0) + Double(1) + Double(rate) + Double(0) +
-                               Double(frames) + Double(largest) + Double(0xFFFFFFFF) + Double(0) + Word(0) + Word(0) +
-                               Word(width) + Word(height);
+    const std::string file = Double(1'000'000 / rate) + Double(largest * rate) + Double(0) +
+                             Double(HasIndex) + Double(frames) + Double(0) + Double(1) + Double(largest) +
+                             Double(width) + Double(height) + std::string(16, '\0');
+    const std::string stream = "vidsMJPG" + Double(0) + Double(0) + Double(0) + Double(1) + Double(rate) +
+                               Double(0) + Double(frames) + Double(largest) + Double(0xFFFFFFFF) + Double(0) +
+                               Word(0) + Word(0) + Word(width) + Word(height);
     const std::string bitmap = Double(40) + Double(width) + Double(height) + Word(1) + Word(24) + "MJPG" +
                                Double(width * height * 3) + std::string(16, '\0');
     return List("hdrl", Chunk("avih", file) + List("strl", Chunk("strh", stream) + Chunk("strf", bitmap)));
@@ -59,7 +61,8 @@ std::string AviBytes(const Animation& animation) {
     std::string index;
     for (const std::string& frame : animation.frames) {
         // Offsets in the index count from the list's kind, four bytes before the first frame.
-        index += std::string(FrameChunk) + Double(KeyFrame) + Double(static_cast<std::uint32_t>(movie.size() + 4)) +
+        index += std::string(FrameChunk) + Double(KeyFrame) +
+                 Double(static_cast<std::uint32_t>(movie.size() + 4)) +
                  Double(static_cast<std::uint32_t>(frame.size()));
         movie += Chunk(FrameChunk, frame);
     }

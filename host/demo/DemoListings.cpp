@@ -14,10 +14,10 @@ const std::vector<DemoOffice>& DemoOffices() {
 
 const std::vector<DemoAgent>& DemoAgents() {
     static const std::vector<DemoAgent> agents = {
-        {"A101", "Whitcomb", "Laura", "J", "OF1"}, {"A102", "O'Brien", "Sean", nullptr, "OF1"},
+        {"A101", "Whitcomb", "Laura", "J", "OF1"},  {"A102", "O'Brien", "Sean", nullptr, "OF1"},
         {"A103", "Smith-Jones", "Ada", "M", "OF1"}, {"A201", "Peña", "Lucía", nullptr, "OF2"},
-        {"A202", "Keller", "Marcus", "T", "OF2"},  {"A301", "Müller", "Jörg", nullptr, "OF3"},
-        {"A302", "Abara", "Ngozi", "C", "OF3"},    {"A401", "D'Angelo", "Rita", nullptr, "OF4"},
+        {"A202", "Keller", "Marcus", "T", "OF2"},   {"A301", "Müller", "Jörg", nullptr, "OF3"},
+        {"A302", "Abara", "Ngozi", "C", "OF3"},     {"A401", "D'Angelo", "Rita", nullptr, "OF4"},
         {"A402", "Lindqvist", "Åsa", "E", "OF4"},
     };
     return agents;

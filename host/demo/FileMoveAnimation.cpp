@@ -63,7 +63,8 @@ void PaintGlobe(QPainter& painter, double phase) {
 /// A sheet with a small picture on it; `way` runs from 0 in the folder to 1 in the globe.
 void PaintSheet(QPainter& painter, double way) {
     const double eased = way * way * (3 - 2 * way);
-    const QPointF at = FolderMouth + (GlobeCenter - FolderMouth) * eased - QPointF(0, std::sin(Pi * way) * 12);
+    const QPointF at =
+        FolderMouth + (GlobeCenter - FolderMouth) * eased - QPointF(0, std::sin(Pi * way) * 12);
     const double size = way < 0.8 ? 1 : 1 - (way - 0.8) / 0.2 * 0.75;
     painter.save();
     painter.setOpacity(way > 0.92 ? (1 - way) / 0.08 : 1);
@@ -96,7 +97,8 @@ std::string DrawFrame(int frame) {
     PaintFolderBack(painter);
     PaintGlobe(painter, phase);
     constexpr int Sheets = 3;
-    for (int sheet = Sheets - 1; sheet >= 0; --sheet) PaintSheet(painter, std::fmod(phase + static_cast<double>(sheet) / Sheets, 1.0));
+    for (int sheet = Sheets - 1; sheet >= 0; --sheet)
+        PaintSheet(painter, std::fmod(phase + static_cast<double>(sheet) / Sheets, 1.0));
     PaintFolderFront(painter);
     painter.end();
     constexpr int Quality = 92;

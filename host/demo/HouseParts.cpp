@@ -16,8 +16,10 @@ struct HouseDesign {
     explicit HouseDesign(std::uint32_t seed) {
         static const QColor Walls[] = {{236, 226, 206}, {214, 196, 170}, {186, 98, 78},   {238, 238, 234},
                                        {176, 190, 200}, {226, 204, 150}, {158, 176, 152}, {206, 168, 150}};
-        static const QColor Roofs[] = {{112, 62, 50}, {78, 80, 88}, {138, 80, 58}, {90, 74, 66}, {64, 84, 96}};
-        static const QColor Doors[] = {{122, 40, 40}, {40, 72, 104}, {58, 88, 60}, {96, 66, 44}, {36, 40, 48}};
+        static const QColor Roofs[] = {
+            {112, 62, 50}, {78, 80, 88}, {138, 80, 58}, {90, 74, 66}, {64, 84, 96}};
+        static const QColor Doors[] = {
+            {122, 40, 40}, {40, 72, 104}, {58, 88, 60}, {96, 66, 44}, {36, 40, 48}};
         Chance chance(seed);
         wall = chance.Of(Walls);
         roof = chance.Of(Roofs);
@@ -59,7 +61,8 @@ void PaintRoof(QPainter& painter, const QRectF& walls, const HouseDesign& design
     }
     if (design.chimney) {
         painter.setBrush(QColor(150, 86, 70));
-        painter.drawRect(QRectF(walls.left() + walls.width() * 0.72, walls.top() - design.roofHeight - 6, 12, design.roofHeight));
+        painter.drawRect(QRectF(walls.left() + walls.width() * 0.72, walls.top() - design.roofHeight - 6, 12,
+                                design.roofHeight));
     }
     const double inset = design.hipRoof ? walls.width() * 0.24 : walls.width() * 0.06;
     const QPolygonF shape{{walls.left() - eaves, walls.top() + 2},
@@ -147,12 +150,15 @@ void PaintHouse(QPainter& painter, const QRectF& walls, const HouseLook& look) {
             if (place == columns / 2 && floor == storeys - 1) continue;
             const double center = walls.left() + column * (place + 0.5);
             const double size = std::min(column * 0.5, 22.0);
-            const QRectF frame(center - size / 2, walls.top() + storey * floor + storey * 0.22, size, storey * 0.46);
+            const QRectF frame(center - size / 2, walls.top() + storey * floor + storey * 0.22, size,
+                               storey * 0.46);
             PaintWindow(painter, frame, design, look.lampsLit && (place + floor) % 3 != 0);
         }
     }
-    if (look.fromGarden) PaintGlassDoor(painter, walls.center().x(), walls.bottom(), design, look.lampsLit);
-    else PaintDoor(painter, walls.center().x(), walls.bottom(), design);
+    if (look.fromGarden)
+        PaintGlassDoor(painter, walls.center().x(), walls.bottom(), design, look.lampsLit);
+    else
+        PaintDoor(painter, walls.center().x(), walls.bottom(), design);
 }
 
 }  // namespace host

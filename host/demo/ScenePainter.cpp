@@ -26,7 +26,9 @@ void PaintPath(QPainter& painter, double center, double foot, double spread) {
     gradient.setColorAt(0, QColor(200, 192, 180));
     gradient.setColorAt(1, QColor(172, 164, 154));
     painter.setBrush(gradient);
-    painter.drawPolygon(QPolygonF{{center - 12, foot}, {center + 12, foot}, {center + spread, CanvasHeight + 1},
+    painter.drawPolygon(QPolygonF{{center - 12, foot},
+                                  {center + 12, foot},
+                                  {center + spread, CanvasHeight + 1},
                                   {center - spread, CanvasHeight + 1}});
 }
 
@@ -47,7 +49,8 @@ void PaintFence(QPainter& painter, double width, double foot) {
     for (double x = 2; x < width; x += 8) painter.drawRect(QRectF(x, foot - 23, 5, 23));
 }
 
-void PaintOutside(QPainter& painter, double width, const Light& light, const HouseLook& look, Chance& chance) {
+void PaintOutside(QPainter& painter, double width, const Light& light, const HouseLook& look,
+                  Chance& chance) {
     Chance house(look.seed);
     const double horizon = 178;
     PaintSky(painter, width, horizon, light, chance);
@@ -58,15 +61,19 @@ void PaintOutside(QPainter& painter, double width, const Light& light, const Hou
     const double center = width / 2 + house.Between(-30, 30);
     const double foot = 226;
     if (look.fromGarden) PaintFence(painter, width, foot - 16);
-    PaintTree(painter, center - breadth / 2 - house.Between(36, 58), foot - 6, house.Between(110, 165), house);
-    PaintTree(painter, center + breadth / 2 + house.Between(34, 56), foot - 10, house.Between(100, 150), house);
+    PaintTree(painter, center - breadth / 2 - house.Between(36, 58), foot - 6, house.Between(110, 165),
+              house);
+    PaintTree(painter, center + breadth / 2 + house.Between(34, 56), foot - 10, house.Between(100, 150),
+              house);
     PaintHouse(painter, QRectF(center - breadth / 2, foot - height, breadth, height), look);
     for (int bush = 0; bush < 6; ++bush) {
         const double offset = (bush % 2 == 0 ? -1 : 1) * (34 + 34 * (bush / 2));
         PaintBush(painter, center + offset, foot + 3, house.Between(14, 22), house);
     }
-    if (look.fromGarden) PaintPool(painter, center + house.Between(-50, 50), 242, 150);
-    else PaintPath(painter, center, foot + 3, 46);
+    if (look.fromGarden)
+        PaintPool(painter, center + house.Between(-50, 50), 242, 150);
+    else
+        PaintPath(painter, center, foot + 3, 46);
     painter.fillRect(QRectF(0, 0, width, CanvasHeight), light.tint);
 }
 
@@ -79,7 +86,8 @@ void PaintView(QPainter& painter, double width, const Light& light, Chance& hous
     painter.fillRect(QRectF(0, 149, width, 90), water);
     for (int glint = 0; glint < 260; ++glint) {
         painter.setBrush(QColor(255, 255, 255, 30 + chance.Below(60)));
-        painter.drawRect(QRectF(chance.Between(0, width), chance.Between(152, 236), chance.Between(4, 18), 0.8));
+        painter.drawRect(
+            QRectF(chance.Between(0, width), chance.Between(152, 236), chance.Between(4, 18), 0.8));
     }
     PaintLawn(painter, width, 228, house);
     for (int tree = 0; tree < 6; ++tree)
@@ -101,7 +109,8 @@ void PaintSofa(QPainter& painter, double left, double foot, const QColor& cloth)
     painter.setBrush(cloth.darker(112));
     painter.drawRoundedRect(QRectF(left, foot - 62, 170, 46), 8, 8);
     painter.setBrush(cloth);
-    for (int seat = 0; seat < 2; ++seat) painter.drawRoundedRect(QRectF(left + 14 + seat * 72, foot - 36, 70, 22), 5, 5);
+    for (int seat = 0; seat < 2; ++seat)
+        painter.drawRoundedRect(QRectF(left + 14 + seat * 72, foot - 36, 70, 22), 5, 5);
     painter.setBrush(cloth.darker(125));
     painter.drawRoundedRect(QRectF(left - 6, foot - 44, 20, 38), 6, 6);
     painter.drawRoundedRect(QRectF(left + 158, foot - 44, 20, 38), 6, 6);
@@ -132,9 +141,11 @@ void PaintLivingRoom(QPainter& painter, double width, const Light& light, Chance
     PaintLawn(painter, 160, 149, house);
     PaintTree(painter, 40, 190, 90, house);
     painter.restore();
-    painter.fillRect(QRectF(window.center().x() - 2, window.top(), 4, window.height()), QColor(250, 250, 248));
+    painter.fillRect(QRectF(window.center().x() - 2, window.top(), 4, window.height()),
+                     QColor(250, 250, 248));
     painter.setBrush(QColor(255, 250, 226, 46));
-    painter.drawPolygon(QPolygonF{{window.left(), 212}, {window.right(), 212}, {window.right() - 30, 300}, {window.left() - 90, 300}});
+    painter.drawPolygon(QPolygonF{
+        {window.left(), 212}, {window.right(), 212}, {window.right() - 30, 300}, {window.left() - 90, 300}});
 
     painter.setBrush(QColor(70, 60, 54));
     painter.drawRect(QRectF(width * 0.5 - 150, 52, 84, 60));
@@ -185,10 +196,15 @@ QImage PaintScene(Scene scene, int width, int height, std::uint32_t houseSeed, s
             case Scene::Front:
             case Scene::Rear:
             case Scene::Evening:
-                PaintOutside(painter, canvasWidth, light, {houseSeed, scene == Scene::Rear, light.lampsLit}, chance);
+                PaintOutside(painter, canvasWidth, light, {houseSeed, scene == Scene::Rear, light.lampsLit},
+                             chance);
                 break;
-            case Scene::LivingRoom: PaintLivingRoom(painter, canvasWidth, light, house, chance); break;
-            case Scene::View: PaintView(painter, canvasWidth, light, house, chance); break;
+            case Scene::LivingRoom:
+                PaintLivingRoom(painter, canvasWidth, light, house, chance);
+                break;
+            case Scene::View:
+                PaintView(painter, canvasWidth, light, house, chance);
+                break;
         }
     }
     AddGrain(image, shotSeed * 747796405U + houseSeed);

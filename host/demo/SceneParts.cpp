@@ -30,12 +30,14 @@ void PaintCloud(QPainter& painter, double x, double y, double size, int opacity,
 }
 
 /// Many small strokes of slightly different color make a surface of leaves.
-void PaintLeaves(QPainter& painter, const QPointF& center, double width, double height, const QColor& base, Chance& chance) {
+void PaintLeaves(QPainter& painter, const QPointF& center, double width, double height, const QColor& base,
+                 Chance& chance) {
     constexpr int Leaves = 170;
     for (int leaf = 0; leaf < Leaves; ++leaf) {
         const double angle = chance.Between(0, 6.2832);
         const double reach = std::sqrt(chance.Between(0, 1));
-        const QPointF at = center + QPointF(std::cos(angle) * reach * width, std::sin(angle) * reach * height);
+        const QPointF at =
+            center + QPointF(std::cos(angle) * reach * width, std::sin(angle) * reach * height);
         const bool inLight = at.x() + at.y() < center.x() + center.y();
         painter.setBrush(Varied(inLight ? base.lighter(118) : base.darker(118), chance, 12));
         const double size = chance.Between(0.09, 0.2) * std::min(width, height);
@@ -53,8 +55,8 @@ void PaintSky(QPainter& painter, double width, double horizon, const Light& ligh
     painter.setPen(Qt::NoPen);
     const int clouds = 2 + chance.Below(4);
     for (int cloud = 0; cloud < clouds; ++cloud)
-        PaintCloud(painter, chance.Between(0, width), chance.Between(15, horizon * 0.6), chance.Between(25, 55),
-                   light.lampsLit ? 40 : 150, chance);
+        PaintCloud(painter, chance.Between(0, width), chance.Between(15, horizon * 0.6),
+                   chance.Between(25, 55), light.lampsLit ? 40 : 150, chance);
 }
 
 void PaintHills(QPainter& painter, double width, double horizon, Chance& chance) {
@@ -63,7 +65,8 @@ void PaintHills(QPainter& painter, double width, double horizon, Chance& chance)
         const double phase = chance.Between(0, 6.28);
         QPainterPath path(QPointF(0, horizon + 1));
         for (double x = 0; x <= width + 4; x += 4)
-            path.lineTo(x, base - 9 * std::sin(x / (55 - range * 12) + phase) - 4 * std::sin(x / 17 + phase * 2));
+            path.lineTo(
+                x, base - 9 * std::sin(x / (55 - range * 12) + phase) - 4 * std::sin(x / 17 + phase * 2));
         path.lineTo(width + 4, horizon + 1);
         painter.setBrush(QColor(128 - range * 24, 158 - range * 14, 150 - range * 34));
         painter.drawPath(path);
@@ -98,12 +101,14 @@ void PaintTree(QPainter& painter, double x, double foot, double height, Chance& 
             const double top = foot - height + layer * height * 0.2;
             const double reach = height * (0.13 + layer * 0.055);
             painter.setBrush(QColor(40, 84 + layer * 8, 58));
-            painter.drawPolygon(QPolygonF{{x, top}, {x + reach, top + height * 0.3}, {x - reach, top + height * 0.3}});
+            painter.drawPolygon(
+                QPolygonF{{x, top}, {x + reach, top + height * 0.3}, {x - reach, top + height * 0.3}});
         }
         return;
     }
     for (int crown = 0; crown < 5; ++crown)
-        PaintLeaves(painter, {x + chance.Between(-0.2, 0.2) * height, foot - height * chance.Between(0.5, 0.82)},
+        PaintLeaves(painter,
+                    {x + chance.Between(-0.2, 0.2) * height, foot - height * chance.Between(0.5, 0.82)},
                     height * 0.2, height * 0.17, leaves, chance);
 }
 
@@ -113,7 +118,8 @@ void PaintBush(QPainter& painter, double x, double foot, double size, Chance& ch
     static const QColor Blossoms[] = {{232, 92, 110}, {246, 206, 90}, {238, 238, 246}, {170, 110, 196}};
     painter.setBrush(chance.Of(Blossoms));
     for (int blossom = 0; blossom < 9; ++blossom)
-        painter.drawEllipse(QPointF(x + chance.Between(-0.6, 0.6) * size, foot - chance.Between(0.1, 0.65) * size), 1.1, 1.1);
+        painter.drawEllipse(
+            QPointF(x + chance.Between(-0.6, 0.6) * size, foot - chance.Between(0.1, 0.65) * size), 1.1, 1.1);
 }
 
 }  // namespace host

@@ -14,7 +14,9 @@ class Chance {
 public:
     explicit Chance(std::uint32_t seed) : engine_(seed * 2654435761U + 1U) {}
 
-    double Between(double low, double high) { return low + (high - low) * (static_cast<double>(engine_()) / 4294967296.0); }
+    double Between(double low, double high) {
+        return low + (high - low) * (static_cast<double>(engine_()) / 4294967296.0);
+    }
     int Below(int count) { return static_cast<int>(engine_() % static_cast<std::uint32_t>(count)); }
     template <class Item, std::size_t Count>
     const Item& Of(const Item (&items)[Count]) {
@@ -28,7 +30,7 @@ private:
 /// The light in which a scene stands.
 struct Light {
     QColor skyTop, skyBottom;
-    QColor tint;             ///< Laid over everything, with its own opacity.
+    QColor tint;  ///< Laid over everything, with its own opacity.
     bool lampsLit = false;
 };
 

@@ -63,9 +63,10 @@ void PublishSamples(Database& database, const PhotoStore& store, const DemoListi
 }
 
 void InsertListings(Database& database, const std::string& table, const std::vector<DemoListing>& listings) {
-    Statement insert(database, "INSERT INTO " + table +
-                                   " SELECT ?1, ?2, ?3, ?4, ?5, ?6, ?7, OffOfficeId, ?8, Office.BoardId, 1"
-                                   " FROM Member JOIN Office ON MemOfficeId = OffOfficeId WHERE MemMemberId = ?8");
+    Statement insert(database,
+                     "INSERT INTO " + table +
+                         " SELECT ?1, ?2, ?3, ?4, ?5, ?6, ?7, OffOfficeId, ?8, Office.BoardId, 1"
+                         " FROM Member JOIN Office ON MemOfficeId = OffOfficeId WHERE MemMemberId = ?8");
     for (const DemoListing& listing : listings) {
         insert.Bind(1, std::int64_t{listing.number}).Bind(2, listing.streetNumber).Bind(3, listing.direction);
         insert.Bind(4, listing.street).Bind(5, std::int64_t{lumarin::LeadingInteger(listing.streetNumber)});
@@ -74,9 +75,14 @@ void InsertListings(Database& database, const std::string& table, const std::vec
 }
 
 void InsertPeople(Database& database) {
-    Statement office(database, "INSERT INTO Office (OffOfficeId, OffCompanyCode, OffName1, BoardId) VALUES (?, ?, ?, ?)");
+    Statement office(
+        database, "INSERT INTO Office (OffOfficeId, OffCompanyCode, OffName1, BoardId) VALUES (?, ?, ?, ?)");
     for (const DemoOffice& row : DemoOffices())
-        office.Bind(1, row.id).Bind(2, row.company).Bind(3, row.name).Bind(4, std::int64_t{row.board}).Finish();
+        office.Bind(1, row.id)
+            .Bind(2, row.company)
+            .Bind(3, row.name)
+            .Bind(4, std::int64_t{row.board})
+            .Finish();
     Statement member(database,
                      "INSERT INTO Member SELECT ?1, ?2, ?3, nullif(?4, ''), OffOfficeId, BoardId FROM Office"
                      " WHERE OffOfficeId = ?5");
@@ -89,12 +95,15 @@ void InsertPeople(Database& database) {
 /// The county knows every property, and some that are not for sale.
 void InsertTaxRecords(Database& database) {
     database.Run(
-        "INSERT INTO Tax SELECT printf('T%07d', ListNum), StreetNumber, StreetDirection, StreetName, AddressNumber,"
+        "INSERT INTO Tax SELECT printf('T%07d', ListNum), StreetNumber, StreetDirection, StreetName, "
+        "AddressNumber,"
         " OwnerName FROM Listings;"
-        "INSERT INTO Tax SELECT printf('T%07d', ListNum), StreetNumber, StreetDirection, StreetName, AddressNumber,"
+        "INSERT INTO Tax SELECT printf('T%07d', ListNum), StreetNumber, StreetDirection, StreetName, "
+        "AddressNumber,"
         " OwnerName FROM Rentals;"
         "INSERT INTO Tax VALUES ('T0900001', '1422', 'N', 'Oak Street', 1422, 'Brigid O''Brien'),"
-        " ('T0900002', '90', '', 'Harbor View Drive', 90, NULL), ('T0900003', NULL, NULL, 'Quarry Road', NULL, 'The Crown')");
+        " ('T0900002', '90', '', 'Harbor View Drive', 90, NULL), ('T0900003', NULL, NULL, 'Quarry Road', "
+        "NULL, 'The Crown')");
 }
 
 bool IsSeeded(Database& database) {

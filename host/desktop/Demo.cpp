@@ -15,6 +15,10 @@ namespace {
 
 constexpr int LargeWidth = 6000;
 constexpr int LargeHeight = 4000;
+constexpr int SmallWidth = 2400;
+constexpr int SmallHeight = 1600;
+// A drawn picture shows what its seed divided by three leaves over.
+constexpr unsigned FrontScene = 0, RearScene = 1, ViewScene = 2;
 
 void Say(const QString& text) {
     std::printf("%s\n", text.toUtf8().constData());
@@ -79,7 +83,7 @@ void Demo::OpenPhotoWindow() {
 
 void Demo::ImportLargePhoto() {
     Step("Open: a JPEG of 24 megapixels goes into the crop window");
-    const QString name = Draw("garden-side.jpg", LargeWidth, LargeHeight, 7);
+    const QString name = Draw("pool.jpg", LargeWidth, LargeHeight, RearScene + 6);
     ChooseForImport({name});
     const QJsonArray picture = client_.Get("frmPhotoCrop.Preview")["place"].toArray();
     const QJsonArray box = client_.Get("frmPhotoCrop.CropBox")["box"].toArray();
@@ -91,8 +95,9 @@ void Demo::ImportLargePhoto() {
     client_.Do(QString("drag frmPhotoCrop.Preview %1 %2 %3 %4").arg(x - 40).arg(y).arg(x - 10).arg(y - 12));
     client_.Do("set frmPhotoCrop.hsbControl(0) 60");
     client_.Do("set frmPhotoCrop.hsbControl(1) 40");
+    client_.Do("set frmPhotoCrop.cmbView Pool");
     Shot("frmPhotoCrop");
-    Capture("Garden");
+    Capture("Pool");
     ExpectRows("frmLumarin.PhotoList", 4);
 }
 
@@ -100,11 +105,10 @@ void Demo::FillSecondListing() {
     Step("Listing 100124 gets three photos at once");
     EnterListing("100124");
     ExpectRows("frmLumarin.PhotoList", 0);
-    QStringList names;
-    for (unsigned number = 1; number <= 3; ++number)
-        names += Draw(QString("room-%1.jpg").arg(number), 2400, 1600, 20 + number);
-    ChooseForImport(names);
-    for (const char* description : {"Kitchen", "Bedroom", "Front"}) {
+    ChooseForImport({Draw("1 rear.jpg", SmallWidth, SmallHeight, RearScene + 12),
+                     Draw("2 view.jpg", SmallWidth, SmallHeight, ViewScene + 21),
+                     Draw("3 front.jpg", SmallWidth, SmallHeight, FrontScene + 12)});
+    for (const char* description : {"Rear", "View", "Front"}) {
         client_.Do("wait frmPhotoCrop");
         Capture(description);
     }

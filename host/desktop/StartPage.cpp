@@ -72,6 +72,7 @@ QTableWidget* StartPage::MakeTable() {
     table->setTabKeyNavigation(false);
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table->horizontalHeader()->setMinimumSectionSize(table->fontMetrics().horizontalAdvance("00000000000"));
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
     return table;

@@ -18,6 +18,7 @@
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/sane/SaneScanner.h"
 #include "platform/vips/VipsImaging.h"
 #include "platform/zip/LibzipArchiver.h"
 
@@ -45,10 +46,19 @@ void ChoosePlatform(host::ProgramOptions& options) {
     if (options.demo || !HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+QtMessageHandler usualMessages = nullptr;
+
+/// Drawing off the screen, the toolkit reports every wish that needs a real one; nobody can do anything
+/// about these.
+void SayMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (!text.startsWith("This plugin does not support")) usualMessages(type, context, text);
+}
+
 /// Says why the program cannot start: to a person in a message box, to whoever drives it on standard error.
 int Refuse(const host::ProgramOptions& options, const QString& reason, int exitCode) {
     std::fprintf(stderr, "lumarin-host: %s\n", reason.toUtf8().constData());
-    if (options.drive.empty() && !options.demo) QMessageBox::critical(nullptr, "Lumarin Reference Host", reason);
+    const bool isSeen = QGuiApplication::platformName() != "offscreen";
+    if (isSeen && options.drive.empty() && !options.demo) QMessageBox::critical(nullptr, "Lumarin Reference Host", reason);
     return exitCode;
 }
 
@@ -59,7 +69,7 @@ public:
         : options_(std::move(options)),
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
-          jobs_({desktop_, imaging_, archiver_, clock_}, common_, mainWindow_) {
+          jobs_({desktop_, imaging_, archiver_, clock_, engine_, &scanner_}, common_, mainWindow_) {
         mainWindow_.startJob = [this](host::JobKind kind, QAction& tool) { jobs_.Start(kind, tool); };
         mainWindow_.closing = [this] {
             jobs_.EndAll();
@@ -99,6 +109,8 @@ private:
     lumarin::vips::VipsImaging imaging_;
     lumarin::zip::LibzipArchiver archiver_;
     lumarin::SystemClock clock_;
+    lumarin::NoEngineVersion engine_;
+    lumarin::SaneScanner scanner_;
     // Destroys windows that were given up late, and these use what stands above.
     lumarin::qt::QtDesktop desktop_;
     host::MainWindow mainWindow_;
@@ -142,6 +154,7 @@ int main(int argumentCount, char** arguments) {
         return 0;
     }
     ChoosePlatform(options);
+    usualMessages = qInstallMessageHandler(SayMessage);
     QApplication application(argumentCount, arguments);
     QApplication::setApplicationName("lumarin-host");
     QApplication::setQuitOnLastWindowClosed(false);

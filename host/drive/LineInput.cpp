@@ -1,8 +1,10 @@
 #include "host/drive/LineInput.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTimer>
 
 #include <cstdio>
 #include <unistd.h>
@@ -31,14 +33,17 @@ void Print(const QJsonValue& answer) {
 LineInput::LineInput(Driver& driver, const QString& source, std::function<void()> ended)
     : driver_(driver), ended_(std::move(ended)) {
     if (source != "-") {
-        input_.setFileName(source);
-        if (!input_.open(QIODevice::ReadOnly))
-            throw DriveError("Cannot read \"" + source + "\": " + input_.errorString());
-        buffer_ = input_.readAll();
+        QFile file(source);
+        if (!file.open(QIODevice::ReadOnly)) throw DriveError("Cannot read \"" + source + "\": " + file.errorString());
+        buffer_ = file.readAll();
         atEnd_ = true;
-        QMetaObject::invokeMethod(this, [this] { Next(); }, Qt::QueuedConnection);
-        return;
     }
+    // What the program does at its start comes before the first command.
+    QTimer::singleShot(0, this, [this] { Begin(); });
+}
+
+void LineInput::Begin() {
+    if (atEnd_) return Next();
     notifier_ = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { ReadMore(); });
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QFile>
 #include <QSocketNotifier>
 
 #include <functional>
@@ -25,6 +24,7 @@ public:
     bool AnswerTheRest();
 
 private:
+    void Begin();
     void ReadMore();
     void Next();
     bool TakeLine(QString& line);
@@ -32,7 +32,6 @@ private:
 
     Driver& driver_;
     std::function<void()> ended_;
-    QFile input_;
     std::unique_ptr<QSocketNotifier> notifier_;
     QByteArray buffer_;
     bool atEnd_ = false;

@@ -30,7 +30,8 @@ bool IsWholeJpeg(std::string_view bytes) {
             continue;
         }
         const std::size_t length = static_cast<std::size_t>(byte(at + 2)) << 8 | byte(at + 3);
-        if (marker < 0xC0 || marker == EndOfImage || length < 2 || at + 2 + length > bytes.size()) return false;
+        if (marker < 0xC0 || marker == EndOfImage || length < 2 || at + 2 + length > bytes.size())
+            return false;
         hasFrame = hasFrame || IsFrameHeader(marker);
         at += 2 + length;
         if (marker == StartOfScan) return hasFrame && bytes.find("\xFF\xD9", at) != std::string_view::npos;

@@ -37,9 +37,8 @@ private:
 
 /// Codes are kept in one text, joined by commas.
 std::string CheckedCode(std::string_view code) {
-    const bool plain = std::none_of(code.begin(), code.end(), [](char c) {
-        return c == ',' || static_cast<std::uint8_t>(c) < 0x20;
-    });
+    const bool plain = std::none_of(code.begin(), code.end(),
+                                    [](char c) { return c == ',' || static_cast<std::uint8_t>(c) < 0x20; });
     if (!plain || code.size() > LongestCode) throw Refusal("A manifest holds an impossible description code");
     return lumarin::text::FromCodePage(code);
 }
@@ -57,7 +56,8 @@ Manifest ReadManifest(std::string_view bytes) {
     ByteReader reader(bytes);
     Manifest manifest{.listing = reader.Integer(), .photos = {}};
     const std::int32_t count = reader.Integer();
-    if (manifest.listing <= 0) throw Refusal("A manifest has the listing number " + std::to_string(manifest.listing));
+    if (manifest.listing <= 0)
+        throw Refusal("A manifest has the listing number " + std::to_string(manifest.listing));
     if (count < 0 || count > static_cast<std::int32_t>(MostPhotos))
         throw Refusal("A manifest has " + std::to_string(count) + " photos");
     constexpr int AddressParts = 3;

@@ -13,8 +13,8 @@ inline constexpr std::size_t MostPhotos = 26;
 
 /// One photo as the sender wants it published.
 struct ManifestPhoto {
-    std::string code;       ///< Its description code.
-    int published = NoneYet;  ///< The published photo that it is, counted from 0.
+    std::string code;                   ///< Its description code.
+    int published = NoneYet;            ///< The published photo that it is, counted from 0.
     static constexpr int NoneYet = -1;  ///< It is new and comes in the package.
 };
 

@@ -23,9 +23,11 @@ std::string ReasonOf(zip_error_t& error) {
     return reason;
 }
 
-/// Opens the archive in `source`, which it takes over. The consistency check refuses a name that occurs twice.
+/// Opens the archive in `source`, which it takes over. The consistency check refuses a name that occurs
+/// twice.
 zip_t* OpenArchive(zip_source_t* source, zip_error_t& error) {
-    zip_t* archive = source == nullptr ? nullptr : zip_open_from_source(source, ZIP_RDONLY | ZIP_CHECKCONS, &error);
+    zip_t* archive =
+        source == nullptr ? nullptr : zip_open_from_source(source, ZIP_RDONLY | ZIP_CHECKCONS, &error);
     if (archive == nullptr) {
         zip_source_free(source);
         throw Refusal("The package cannot be read as a zip archive: " + ReasonOf(error));
@@ -102,7 +104,8 @@ void PackageReader::ReadEntries() {
             photoEntries_.insert(name);
         } else if (const std::int32_t listing = ManifestListing(name); listing != 0) {
             manifests_.push_back(ReadManifest(ReadEntry(name, LargestManifest)));
-            if (manifests_.back().listing != listing) throw Refusal("The manifest " + name + " is another listing's");
+            if (manifests_.back().listing != listing)
+                throw Refusal("The manifest " + name + " is another listing's");
         } else {
             throw Refusal("The package holds something unknown: " + name);
         }
@@ -138,7 +141,8 @@ std::string PackageReader::ReadEntry(const std::string& name, std::size_t larges
         if (entry.size > largest) throw Refusal("The package's " + name + " is too large");
         file = zip_fopen(archive_, name.c_str(), 0);
     }
-    if (file == nullptr) throw Refusal("The package's " + name + " cannot be read: " + zip_strerror(archive_));
+    if (file == nullptr)
+        throw Refusal("The package's " + name + " cannot be read: " + zip_strerror(archive_));
     // One byte more than announced: only reading past the end compares the check sum.
     std::string bytes(static_cast<std::size_t>(entry.size) + 1, '\0');
     std::size_t filled = 0;

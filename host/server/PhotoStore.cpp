@@ -40,16 +40,21 @@ PublishedPhoto PhotoStore::Add(std::int32_t listing, std::string_view jpeg, std:
 }
 
 std::vector<PublishedPhoto> PhotoStore::Published(Database& database, std::int32_t listing) {
-    Statement rows(database, "SELECT FileName, Bytes, Code FROM ServerPhotos WHERE ListNum = ? ORDER BY Position");
+    Statement rows(database,
+                   "SELECT FileName, Bytes, Code FROM ServerPhotos WHERE ListNum = ? ORDER BY Position");
     rows.Bind(1, std::int64_t{listing});
     std::vector<PublishedPhoto> photos;
-    while (rows.Step()) photos.push_back({rows.Text(0), static_cast<std::uint64_t>(rows.Integer(1)), rows.Text(2)});
+    while (rows.Step())
+        photos.push_back({rows.Text(0), static_cast<std::uint64_t>(rows.Integer(1)), rows.Text(2)});
     return photos;
 }
 
-void PhotoStore::Publish(Database& database, std::int32_t listing, const std::vector<PublishedPhoto>& photos) {
+void PhotoStore::Publish(Database& database, std::int32_t listing,
+                         const std::vector<PublishedPhoto>& photos) {
     Statement(database, "DELETE FROM ServerPhotos WHERE ListNum = ?").Bind(1, std::int64_t{listing}).Finish();
-    Statement insert(database, "INSERT INTO ServerPhotos (ListNum, Position, FileName, Bytes, Code) VALUES (?, ?, ?, ?, ?)");
+    Statement insert(
+        database,
+        "INSERT INTO ServerPhotos (ListNum, Position, FileName, Bytes, Code) VALUES (?, ?, ?, ?, ?)");
     std::string version;
     std::string codes = photos.empty() ? "" : std::to_string(photos.size());
     std::int64_t position = 0;
@@ -59,8 +64,9 @@ void PhotoStore::Publish(Database& database, std::int32_t listing, const std::ve
         insert.Bind(1, std::int64_t{listing}).Bind(2, ++position).Bind(3, photo.fileName);
         insert.Bind(4, static_cast<std::int64_t>(photo.bytes)).Bind(5, photo.code).Finish();
     }
-    Statement row(database,
-                  "INSERT OR REPLACE INTO Photo (PhoListNum, PhotoCount, PhotoVersion, PhotoDesc) VALUES (?, ?, ?, ?)");
+    Statement row(
+        database,
+        "INSERT OR REPLACE INTO Photo (PhoListNum, PhotoCount, PhotoVersion, PhotoDesc) VALUES (?, ?, ?, ?)");
     row.Bind(1, std::int64_t{listing}).Bind(2, position).Bind(3, version).Bind(4, codes).Finish();
 }
 
@@ -68,16 +74,19 @@ void PhotoStore::Sweep(Database& database) const {
     std::error_code ignored;
     std::vector<std::int32_t> listings;
     for (const auto& entry : std::filesystem::directory_iterator(folder_, ignored))
-        if (const auto listing = lumarin::ParseListingNumber(entry.path().filename().string())) listings.push_back(*listing);
+        if (const auto listing = lumarin::ParseListingNumber(entry.path().filename().string()))
+            listings.push_back(*listing);
     for (const std::int32_t listing : listings) Sweep(database, listing);
 }
 
 void PhotoStore::Sweep(Database& database, std::int32_t listing) const {
     const std::vector<PublishedPhoto> photos = Published(database, listing);
     const auto leftover = [&](const std::string& name) {
-        return std::none_of(photos.begin(), photos.end(), [&](const auto& photo) { return photo.fileName == name; });
+        return std::none_of(photos.begin(), photos.end(),
+                            [&](const auto& photo) { return photo.fileName == name; });
     };
-    for (const std::string& name : files::List(ListingFolder(listing), leftover)) files::TryDelete(Path(listing, name));
+    for (const std::string& name : files::List(ListingFolder(listing), leftover))
+        files::TryDelete(Path(listing, name));
     if (photos.empty()) files::TryDelete(ListingFolder(listing));
 }
 

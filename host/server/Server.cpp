@@ -29,7 +29,8 @@ std::string DigestOf(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     char block[65536];
     while (in.read(block, sizeof block) || in.gcount() > 0) {
-        for (std::streamsize i = 0; i < in.gcount(); ++i) hash = (hash ^ static_cast<unsigned char>(block[i])) * Prime;
+        for (std::streamsize i = 0; i < in.gcount(); ++i)
+            hash = (hash ^ static_cast<unsigned char>(block[i])) * Prime;
         length += static_cast<std::uint64_t>(in.gcount());
     }
     return std::to_string(length) + "-" + std::to_string(hash);
@@ -112,21 +113,26 @@ std::vector<PublishedPhoto> Server::Resolve(const PackageReader& package, const 
     for (std::size_t i = 0; i < manifest.photos.size(); ++i) {
         const ManifestPhoto& wanted = manifest.photos[i];
         if (wanted.published == ManifestPhoto::NoneYet) {
-            photos.push_back(store_.Add(manifest.listing, package.ReadPhoto(manifest.listing, i), wanted.code));
+            photos.push_back(
+                store_.Add(manifest.listing, package.ReadPhoto(manifest.listing, i), wanted.code));
             Told(ApplyStep::PhotoWritten);
             continue;
         }
         const auto index = static_cast<std::size_t>(wanted.published);
         if (index >= before.size())
-            throw Refusal("Listing " + std::to_string(manifest.listing) + " has no published photo " + PhotoLetter(index));
+            throw Refusal("Listing " + std::to_string(manifest.listing) + " has no published photo " +
+                          PhotoLetter(index));
         photos.push_back({before[index].fileName, before[index].bytes, wanted.code});
     }
     return photos;
 }
 
 void Server::RequireListing(std::int32_t listing) {
-    Statement found(database_, "SELECT 1 FROM Listings WHERE ListNum = ?1 UNION SELECT 1 FROM Rentals WHERE ListNum = ?1");
-    if (!found.Bind(1, std::int64_t{listing}).Step()) throw Refusal("There is no listing " + std::to_string(listing));
+    Statement found(
+        database_,
+        "SELECT 1 FROM Listings WHERE ListNum = ?1 UNION SELECT 1 FROM Rentals WHERE ListNum = ?1");
+    if (!found.Bind(1, std::int64_t{listing}).Step())
+        throw Refusal("There is no listing " + std::to_string(listing));
 }
 
 bool Server::WasApplied(const std::string& name, const std::string& digest) {
@@ -135,9 +141,13 @@ bool Server::WasApplied(const std::string& name, const std::string& digest) {
 }
 
 void Server::Remember(const std::string& name, const std::string& digest) {
-    Statement(database_, "INSERT INTO AppliedPackages (Name, Digest) VALUES (?, ?)").Bind(1, name).Bind(2, digest).Finish();
+    Statement(database_, "INSERT INTO AppliedPackages (Name, Digest) VALUES (?, ?)")
+        .Bind(1, name)
+        .Bind(2, digest)
+        .Finish();
     // A sender asks again soon or never.
-    database_.Run("DELETE FROM AppliedPackages WHERE Serial <= (SELECT max(Serial) FROM AppliedPackages) - 1000");
+    database_.Run(
+        "DELETE FROM AppliedPackages WHERE Serial <= (SELECT max(Serial) FROM AppliedPackages) - 1000");
 }
 
 std::string Server::PhotoFile(std::int32_t listing, int position) {
@@ -150,8 +160,8 @@ void Server::Log(const std::string& line) const noexcept {
     try {
         const lumarin::LocalTime now = lumarin::SystemClock().Now();
         char stamp[32];
-        std::snprintf(stamp, sizeof stamp, "%04d-%02d-%02d %02d:%02d:%02d ", now.year, now.month, now.day, now.hour,
-                      now.minute, now.second);
+        std::snprintf(stamp, sizeof stamp, "%04d-%02d-%02d %02d:%02d:%02d ", now.year, now.month, now.day,
+                      now.hour, now.minute, now.second);
         std::ofstream(folder_ + "server.log", std::ios::app) << stamp + line + "\n";
     } catch (...) {
         // A log that cannot be written must not stop the server.

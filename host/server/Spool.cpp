@@ -34,7 +34,8 @@ bool IsPlainName(const std::string& name) {
     const bool plain = std::none_of(name.begin(), name.end(), [](char c) {
         return static_cast<unsigned char>(c) < 0x20 || c == 0x7F || c == '/' || c == '\\' || c == ':';
     });
-    return plain && !name.empty() && name.size() <= LongestName && name.find("..") == std::string::npos && name[0] != '.';
+    return plain && !name.empty() && name.size() <= LongestName && name.find("..") == std::string::npos &&
+           name[0] != '.';
 }
 
 std::string Prefix(int slot) { return std::to_string(slot) + "-"; }

@@ -5,14 +5,16 @@
 
 namespace host {
 
-std::unique_ptr<lumarin::Recordset> DbService::Execute(const std::string& connectionName, const std::string& sql) {
+std::unique_ptr<lumarin::Recordset> DbService::Execute(const std::string& connectionName,
+                                                       const std::string& sql) {
     RequireConnection(connectionName, connectionName_);
     return Query(queries_, sql);
 }
 
 void RequireConnection(const std::string& asked, const std::string& served) {
     constexpr std::int32_t UnknownConnection = lumarin::ObjectErrorBase + 404;
-    if (asked != served) throw lumarin::Error(UnknownConnection, "host", "There is no connection \"" + asked + "\"");
+    if (asked != served)
+        throw lumarin::Error(UnknownConnection, "host", "There is no connection \"" + asked + "\"");
 }
 
 }  // namespace host

@@ -13,7 +13,8 @@ public:
     DbService(Database& queries, std::string connectionName)
         : queries_(queries), connectionName_(std::move(connectionName)) {}
 
-    std::unique_ptr<lumarin::Recordset> Execute(const std::string& connectionName, const std::string& sql) override;
+    std::unique_ptr<lumarin::Recordset> Execute(const std::string& connectionName,
+                                                const std::string& sql) override;
 
 private:
     Database& queries_;

@@ -31,7 +31,8 @@ std::optional<std::uint64_t> PublishedLength(const std::string& version, int num
 
 }  // namespace
 
-HostVelCommon::HostVelCommon(HostOptions options, lumarin::HostMainForm& mainForm, std::function<void(int)> endJob)
+HostVelCommon::HostVelCommon(HostOptions options, lumarin::HostMainForm& mainForm,
+                             std::function<void(int)> endJob)
     : options_(Prepared(std::move(options))),
       mainForm_(mainForm),
       endJob_(std::move(endJob)),
@@ -42,7 +43,9 @@ void HostVelCommon::EndJob(int jobIndex) {
     if (endJob_) endJob_(jobIndex);
 }
 
-std::string HostVelCommon::ProgramFolder() const { return options_.dataFolder + "program" + files::Separator; }
+std::string HostVelCommon::ProgramFolder() const {
+    return options_.dataFolder + "program" + files::Separator;
+}
 std::string HostVelCommon::CityFolder() const { return options_.dataFolder + "city" + files::Separator; }
 std::string HostVelCommon::UserFolder() const { return options_.dataFolder + "user" + files::Separator; }
 std::string HostVelCommon::PhotoFolder() const { return options_.dataFolder + "photos" + files::Separator; }
@@ -54,7 +57,8 @@ std::string HostVelCommon::ListingPhotoFolder(std::int32_t listingNumber) const 
 }
 
 std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
-    const std::string name = "photo " + std::to_string(number) + " of listing " + std::to_string(listingNumber);
+    const std::string name =
+        "photo " + std::to_string(number) + " of listing " + std::to_string(listingNumber);
     if (listingNumber < 1 || number < 1 || number > static_cast<int>(MostPhotos))
         throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "There cannot be a " + name);
     const std::string folder = ListingPhotoFolder(listingNumber);
@@ -74,7 +78,8 @@ std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, co
             return local;
         } catch (const lumarin::FileError& error) {
             if (attempt == Attempts)
-                throw lumarin::Error(error.Number(), "FetchPhoto", "Cannot fetch " + name + ". " + error.what());
+                throw lumarin::Error(error.Number(), "FetchPhoto",
+                                     "Cannot fetch " + name + ". " + error.what());
         }
     }
 }
@@ -95,7 +100,9 @@ std::string HostVelCommon::ManagedOffices() const {
     return list == "," ? "," + options_.office + "," : list;
 }
 
-bool HostVelCommon::HasSeveralOffices() const { return options_.level >= OfficeLevel && CompanyOffices().size() > 1; }
+bool HostVelCommon::HasSeveralOffices() const {
+    return options_.level >= OfficeLevel && CompanyOffices().size() > 1;
+}
 
 std::vector<lumarin::PhotoDescription> HostVelCommon::PhotoDescriptions() const {
     Statement rows(queries_, "SELECT Code, Description FROM PhotoDescriptions ORDER BY Place");
@@ -105,7 +112,8 @@ std::vector<lumarin::PhotoDescription> HostVelCommon::PhotoDescriptions() const 
 }
 
 std::unique_ptr<lumarin::HostService> HostVelCommon::GetClassInstance(const std::string& name) {
-    if (name == lumarin::DbInterface::ServiceName) return std::make_unique<DbService>(queries_, options_.connection);
+    if (name == lumarin::DbInterface::ServiceName)
+        return std::make_unique<DbService>(queries_, options_.connection);
     if (name == lumarin::PhotoInterface::ServiceName)
         return std::make_unique<PhotoService>(server_, options_.connection, lastRefusal_);
     constexpr std::int32_t CannotCreate = 429;

@@ -7,9 +7,12 @@ namespace host {
 
 void PhotoService::UploadPhotoFile(const std::string& name, lumarin::UploadMode mode) {
     switch (mode) {
-        case lumarin::UploadMode::Begin: return server_.Uploads().Begin(name);
-        case lumarin::UploadMode::End: return server_.Uploads().End();
-        case lumarin::UploadMode::Abort: return server_.Uploads().Abort();
+        case lumarin::UploadMode::Begin:
+            return server_.Uploads().Begin(name);
+        case lumarin::UploadMode::End:
+            return server_.Uploads().End();
+        case lumarin::UploadMode::Abort:
+            return server_.Uploads().Abort();
     }
     throw Refusal("An upload has no mode " + std::to_string(static_cast<int>(mode)));
 }

@@ -17,7 +17,8 @@ public:
     void UploadPhotoFile(const std::string& name, lumarin::UploadMode mode) override;
     void UploadPhotoFile(std::span<const std::byte> chunk) override;
     /// 0 when the package is applied, 1 when it is refused.
-    int BatchUpdate(const std::string& connectionName, const std::string& packageName, lumarin::BatchKind kind) override;
+    int BatchUpdate(const std::string& connectionName, const std::string& packageName,
+                    lumarin::BatchKind kind) override;
 
 private:
     Server& server_;

@@ -163,6 +163,11 @@ PicturePtr QtDesktop::ClipboardPicture() const {
     return image.isNull() ? nullptr : std::make_shared<Picture>(ToPicture(image));
 }
 
+std::vector<std::string> QtDesktop::ClipboardFiles() const {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data == nullptr ? std::vector<std::string>() : FilesOf(*data);
+}
+
 void QtDesktop::SetClipboardPicture(const Picture& picture) {
     QGuiApplication::clipboard()->setImage(ToImage(std::make_shared<Picture>(picture)));
 }

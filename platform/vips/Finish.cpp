@@ -48,12 +48,13 @@ int QualityOf(int factor) {
     return std::clamp(static_cast<int>(std::lround(quality)), 1, 100);
 }
 
-/// Puts a short comment behind the file header, so that byte 25 of the file is free for a mark. Without it
-/// that byte belongs to the first quantization table and a mark would make the file unreadable.
-void MakeRoomForMark(std::string& jpeg) {
-    constexpr std::size_t HeaderEnd = 20;
-    static const std::string comment("\xFF\xFE\x00\x03 ", 5);
-    jpeg.insert(HeaderEnd, comment);
+/// What stands between the start of the file (two bytes) and its tables: the JFIF header, which the library
+/// leaves out together with the metadata. With a caption a short comment follows, so that byte 25 of the file
+/// is free for a mark: without it that byte belongs to a table and a mark would make the file unreadable.
+std::string Header(bool withRoomForMark) {
+    using namespace std::string_literals;
+    const std::string jfif = "\xFF\xE0\0\x10JFIF\0\1\1\0\0\1\0\1\0\0"s;
+    return withRoomForMark ? jfif + "\xFF\xFE\0\3 "s : jfif;
 }
 
 }  // namespace
@@ -93,8 +94,7 @@ std::string EncodeJpeg(const Picture& picture, const CaptureOrder& order) {
         throw VError();
     const std::unique_ptr<void, decltype(&g_free)> owner(bytes, &g_free);
     std::string jpeg(static_cast<const char*>(bytes), size);
-    if (!order.caption.empty()) MakeRoomForMark(jpeg);
-    return jpeg;
+    return jpeg.insert(2, Header(!order.caption.empty()));
 }
 
 }  // namespace lumarin::vips

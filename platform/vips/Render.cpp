@@ -44,20 +44,6 @@ VImage Upright(const VImage& stored, int orientation) {
     }
 }
 
-/// One side of a rectangle in the pixels of a reduced picture: start and length, at least one pixel.
-std::pair<int, int> ReducedSpan(int start, int length, double scale, int limit) {
-    const int from = std::clamp(static_cast<int>(std::lround(start * scale)), 0, limit - 1);
-    const int to = std::clamp(static_cast<int>(std::lround((start + length) * scale)), from + 1, limit);
-    return {from, to - from};
-}
-
-VImage Cut(const Decoded& decoded, const PixelRect& rect) {
-    const VImage& image = decoded.image;
-    const auto [left, width] = ReducedSpan(rect.left, rect.width, decoded.horizontalScale, image.width());
-    const auto [top, height] = ReducedSpan(rect.top, rect.height, decoded.verticalScale, image.height());
-    return image.crop(left, top, width, height);
-}
-
 // Before resampling, so that the colour of transparent pixels does not bleed into their neighbours.
 VImage OnWhite(VImage image) {
     if (!image.has_alpha()) return image;
@@ -75,14 +61,63 @@ VImage OnWhite(VImage image) {
     return image.flatten(VImage::option()->set("background", std::vector<double>{255}));
 }
 
-VImage Resample(VImage image, int width, int height) {
+/// How one side of a cut is reduced: `length` pixels from `start` on are averaged in blocks of `block`, and
+/// what that gives is resampled by `shrink`.
+struct Reduction {
+    int start = 0;
+    int length = 0;
+    int block = 1;
+    double shrink = 1.0;
+};
+
+/// Plans the side from `from` to `to`, in pixels and their fractions, of a picture that has `limit` of them.
+/// Blocks leave a factor of two to the resampling. That reduces by the exact factor about the middle of its
+/// whole pixels, so those are chosen whose middle is nearest to the middle of the cut.
+Reduction Plan(double from, double to, int limit, int target) {
+    Reduction plan;
+    plan.block = std::max(1, static_cast<int>((to - from) / target / 2.0));
+    const int blocks = (limit + plan.block - 1) / plan.block;
+    const double length = (to - from) / plan.block;
+    const double middle = (from + to) / plan.block / 2.0;
+    plan.shrink = std::max(1.0, length / target);
+
+    double nearest = 2.0;
+    for (int count = std::max(1, static_cast<int>(length)); count <= std::min(blocks, static_cast<int>(length) + 1); ++count) {
+        const int first = std::clamp(static_cast<int>(std::lround(middle - count / 2.0)), 0, blocks - count);
+        const double distance = std::abs(first + count / 2.0 - middle);
+        if (std::lround(count / plan.shrink) != target || distance >= nearest) continue;
+        nearest = distance;
+        plan.start = first * plan.block;
+        plan.length = std::min(count * plan.block, limit - plan.start);
+    }
+    return plan;
+}
+
+/// Cut and resampling of a picture that is reduced along both sides.
+VImage Reduce(const Decoded& decoded, const PixelRect& cut, int width, int height) {
+    const VImage& image = decoded.image;
+    const double across = decoded.horizontalScale;
+    const double down = decoded.verticalScale;
+    const Reduction x = Plan(cut.left * across, (cut.left + cut.width) * across, image.width(), width);
+    const Reduction y = Plan(cut.top * down, (cut.top + cut.height) * down, image.height(), height);
+    VImage part = OnWhite(image.crop(x.start, y.start, x.length, y.length));
+    part = part.shrink(x.block, y.block, VImage::option()->set("ceil", true));
+    return part.reducev(y.shrink).reduceh(x.shrink);
+}
+
+/// Cut and resampling of a picture that is enlarged along a side; it was decoded at its full size.
+VImage Enlarge(const Decoded& decoded, const PixelRect& cut, int width, int height) {
     // Enlarging reads its source in any order; what is enlarged is small.
-    if (width > image.width() || height > image.height()) image = image.copy_memory();
-    const double vertical = static_cast<double>(height) / image.height();
-    const VImage resized = image.resize(static_cast<double>(width) / image.width(),
-                                        VImage::option()->set("vscale", vertical));
-    if (resized.width() == width && resized.height() == height) return resized;
-    return resized.embed(0, 0, width, height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
+    const VImage part = OnWhite(decoded.image.crop(cut.left, cut.top, cut.width, cut.height)).copy_memory();
+    return part.resize(static_cast<double>(width) / cut.width,
+                       VImage::option()->set("vscale", static_cast<double>(height) / cut.height));
+}
+
+VImage Resample(const Decoded& decoded, const PixelRect& cut, int width, int height) {
+    const bool enlarged = width > cut.width || height > cut.height;
+    const VImage image = enlarged ? Enlarge(decoded, cut, width, height) : Reduce(decoded, cut, width, height);
+    if (image.width() == width && image.height() == height) return image;
+    return image.embed(0, 0, width, height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
 }
 
 VImage FromEmbeddedProfile(const VImage& image) {
@@ -129,11 +164,11 @@ Picture Render(const StoredPicture& picture, const PixelRect& cut, int width, in
     if (!inside || width <= 0 || height <= 0)
         throw ImagingError(InvalidParameterError, "The cut does not lie inside the photo.");
 
-    const double reduction = std::min(static_cast<double>(cut.width) / width, static_cast<double>(cut.height) / height);
-    const VImage part = Cut(picture.Decode(reduction), StoredRect(picture, cut));
+    const double reduction = std::min(static_cast<double>(cut.width) / width,
+                                      static_cast<double>(cut.height) / height);
     if (LiesOnItsSide(picture)) std::swap(width, height);
     // From here on the picture is small and in memory: its file has been read, in one pass.
-    const VImage small = Resample(OnWhite(part), width, height).copy_memory();
+    const VImage small = Resample(picture.Decode(reduction), StoredRect(picture, cut), width, height).copy_memory();
     return ToPicture(ToSrgb(Upright(small, picture.Orientation())));
 }
 

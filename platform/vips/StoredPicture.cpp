@@ -60,8 +60,13 @@ private:
     // left to the resampling hides it.
     Decoded DecodeJpeg(double reduction) const {
         const int shrink = reduction >= 16 ? 8 : reduction >= 8 ? 4 : reduction >= 4 ? 2 : 1;
-        return {VImage::new_from_source(Source(), "", ReadOptions()->set("shrink", shrink)), 1.0 / shrink,
-                1.0 / shrink};
+        VImage image = VImage::new_from_source(Source(), "", ReadOptions()->set("shrink", shrink));
+        // The decoder drops blocks that the picture does not fill; without them everything else would move.
+        const int across = (width_ + shrink - 1) / shrink;
+        const int down = (height_ + shrink - 1) / shrink;
+        if (image.width() < across || image.height() < down)
+            image = image.embed(0, 0, across, down, VImage::option()->set("extend", VIPS_EXTEND_COPY));
+        return {image, 1.0 / shrink, 1.0 / shrink};
     }
 
     Decoded DecodeWebp(double scale) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <variant>
 
 namespace lumarin {
@@ -15,10 +16,14 @@ public:
 
     bool IsNull() const { return std::holds_alternative<std::monostate>(value_); }
     /// "" for null; a number in decimal.
-    std::string Text() const {
+    std::string Text() const& {
         if (const auto* text = std::get_if<std::string>(&value_)) return *text;
         if (const auto* number = std::get_if<std::int64_t>(&value_)) return std::to_string(*number);
         return {};
+    }
+    std::string Text() && {
+        if (auto* text = std::get_if<std::string>(&value_)) return std::move(*text);
+        return static_cast<const FieldValue&>(*this).Text();
     }
     /// 0 for null; the leading whole number of a text.
     std::int32_t Integer() const;

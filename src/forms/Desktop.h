@@ -75,6 +75,8 @@ public:
     virtual bool ClipboardHasPicture() const = 0;
     /// Null when the clipboard holds no picture.
     virtual PicturePtr ClipboardPicture() const = 0;
+    /// Full paths of the files that a file manager copied; none when the clipboard holds no files.
+    virtual std::vector<std::string> ClipboardFiles() const = 0;
     virtual void SetClipboardPicture(const Picture& picture) = 0;
     virtual void ClearClipboard() = 0;
 

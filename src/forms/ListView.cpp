@@ -88,14 +88,14 @@ void ListView::AddRows(std::vector<Row> rows) {
     if (rows.empty()) return;
     const int first = Count();
     const int count = static_cast<int>(rows.size());
-    if (IsSorted()) MergeRows(std::move(rows));
+    if (IsSorted()) MergeRows({std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end())});
     else rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
     if (View() == nullptr) return;
     if (IsSorted()) ListView_()->ListReset();
     else ListView_()->RowsInserted(first, count);
 }
 
-void ListView::MergeRows(std::vector<Row> rows) {
+void ListView::MergeRows(std::deque<Row> rows) {
     const auto before = [this](const Row& left, const Row& right) { return Before(left, right); };
     Sort(rows, nullptr);
     if (selected_ >= 0)
@@ -167,7 +167,7 @@ void ListView::SortBy(std::vector<int> columns, bool ascending) {
     if (View() != nullptr) ListView_()->ListReset();
 }
 
-void ListView::Sort(std::vector<Row>& rows, int* tracked) const {
+void ListView::Sort(std::deque<Row>& rows, int* tracked) const {
     // Reading a cell's sort key costs more than comparing two, so each is read once.
     const std::size_t width = sortColumns_.size();
     std::vector<SortKey> keys;
@@ -192,8 +192,7 @@ void ListView::Sort(std::vector<Row>& rows, int* tracked) const {
         return left.row < right.row;
     });
 
-    std::vector<Row> sorted;
-    sorted.reserve(rows.size());
+    std::deque<Row> sorted;
     int trackedTo = -1;
     for (const auto& [prefix, from] : order) {
         if (tracked != nullptr && static_cast<int>(from) == *tracked) trackedTo = static_cast<int>(sorted.size());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -88,24 +89,27 @@ public:
     void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
     void DoubleClicked() { Raise("DblClick", DoubleClick); }
     void DropFiles(const std::vector<std::string>& paths);
+    /// Something that is no file of this machine was dropped: a web address, a text.
+    void DropOther() { Raise("OLEDragDrop", OtherDropped); }
 
     Event<int> ItemClick, ColumnClick;
     Event<const KeyDown&, bool&> KeyPressed;
     Event<Mouse> MouseUp;
     Event<> DoubleClick;
     Event<const std::vector<std::string>&> FilesDropped;
+    Event<> OtherDropped;
 
 private:
     void CheckRow(int row) const;
     bool IsSorted() const { return !sortColumns_.empty(); }
     bool Before(const Row& left, const Row& right) const;
-    void MergeRows(std::vector<Row> rows);
+    void MergeRows(std::deque<Row> rows);
     /// Keeps the number of one row up to date on the way.
-    void Sort(std::vector<Row>& rows, int* tracked) const;
+    void Sort(std::deque<Row>& rows, int* tracked) const;
     ListViewView* ListView_() const { return static_cast<ListViewView*>(View()); }
 
     std::vector<Column> columns_;
-    std::vector<Row> rows_;
+    std::deque<Row> rows_;  // a long list grows without moving what it has
     int selected_ = -1;
     std::vector<int> sortColumns_;
     bool sortAscending_ = true;

@@ -41,6 +41,7 @@ frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
     SetCaptions();
     for (PictureBox* hidden : {&lbmBM, &LEAD1, &LEAD2}) hidden->SetVisible(false);
     cmbView.SetVisible(false);
+    lblPicture.SetVisible(false);
     for (int i = 0; i < hsbControl.Size(); ++i) {
         hsbControl(i).SetRange(-500, 500, 25, 100);
         hsbControl(i).SetValue(0);
@@ -93,6 +94,23 @@ void frmPhotoCrop::SelectView(const std::string& text) {
     cmbView.SetListIndex(found == views.end() ? 0 : static_cast<int>(found - views.begin()));
 }
 
+void frmPhotoCrop::SelectViewOfFile(const std::string& path) {
+    SelectView(path);
+    const std::string name = text::AfterLastSeparator(path);
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < cmbView.Items().size(); ++i) {
+        const std::string& view = cmbView.Items()[i].text;
+        if (view.size() <= longest || !text::ContainsIgnoringCase(name, view)) continue;
+        longest = view.size();
+        cmbView.SetListIndex(static_cast<int>(i));
+    }
+}
+
+void frmPhotoCrop::SetProgress(const std::string& text) {
+    lblPicture.SetCaption(text);
+    lblPicture.SetVisible(!text.empty());
+}
+
 PhotoResult frmPhotoCrop::CropPhoto(const std::string& sourcePath, CropMode mode, bool showAbort,
                                     const std::string& destinationPath, const OwnerWindow* owner) {
     destinationPath_ = destinationPath;
@@ -134,7 +152,7 @@ void frmPhotoCrop::OpenPicture(const std::string& sourcePath, CropMode mode, boo
     Preview.SetImage(previewBitmap_);
     Preview.Move({0, 0, size.width * TwipsPerPixel, size.height * TwipsPerPixel});
     CenterPreview();
-    SelectView(sourcePath);
+    SelectViewOfFile(sourcePath);
     PlaceByWidth();
     focusWaits_ = true;
 }

@@ -37,6 +37,7 @@ public:
     ControlArray<Label, 2> lblControlValue{*this, "lblControlValue"};
     ControlArray<Button, 2> cmdZeroControl{*this, "cmdZeroControl"};
     ComboBox cmbView{*this, "cmbView"};
+    Label lblPicture{*this, "lblPicture"};  ///< which picture of several this is
     Button cmdCapture{*this, "cmdCapture"}, cmdCancel{*this, "cmdCancel"}, cmdAbort{*this, "cmdAbort"};
 
     /// A picture has come from the scanner or camera into lbmBM.
@@ -53,10 +54,15 @@ public:
 
     void SetTwainPicture(PicturePtr picture);
 
+    /// Says which picture of how many the next one is ("Picture 2 of 5"); "" hides it.
+    void SetProgress(const std::string& text);
+
     /// The entries of cmbView, in order; the number is the description code.
     void SetViews(const std::vector<ComboBox::Item>& views);
     /// Chooses the first view whose text contains `text` in any case, else the first; hides an empty cmbView.
     void SelectView(const std::string& text);
+    /// Chooses the view whose text occurs in the file's name, the longest of several; else as `SelectView`.
+    void SelectViewOfFile(const std::string& path);
     /// Text and number of the view that was chosen at the last capture; "" and 0 when there was none.
     const std::string& ChosenView() const { return chosenView_.text; }
     std::int32_t ChosenViewData() const { return chosenView_.data; }

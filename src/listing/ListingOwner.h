@@ -27,6 +27,8 @@ public:
     virtual int PhotoMaximum() const = 0;
     /// Called first whenever a record says whether photos can be added, with what it says.
     virtual void AddStateChanges(bool enabled) = 0;
+    /// Called when the number of the listing's photos may have changed.
+    virtual void PhotoCountChanges() = 0;
     /// A photo file as a picture fit for the preview; null when it cannot be read.
     virtual PicturePtr LoadPhoto(const std::string& path) = 0;
 

@@ -63,6 +63,7 @@ void clsPMListingRec::UpdateAddState(bool enabled) {
 
 void clsPMListingRec::UpdatePhotoCommands() {
     for (const char* tool : {"Copy", "View", "DeletePhoto"}) owner_->Tools().EnableTool(tool, state_.PhotoCount > 0);
+    owner_->PhotoCountChanges();
 }
 
 void clsPMListingRec::UpdateMoveButtons() {

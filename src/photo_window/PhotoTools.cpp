@@ -36,14 +36,14 @@ void BuildPhotoTools(ToolBar& menu) {
     // The misspelling in the next two is the system's own.
     add("AcquireSingle", "Acquire Single", "Aquire single image", "scanner", "", false);
     add("AcquireMultiple", "Acquire Multiple", "Aquire multiple images", "camera-multiple", "", false);
-    add("SelectSource", "Select Source...", "", "preferences-system", "", false);
+    add("SelectSource", "Select Source...", "", "preferences-system", "", true);
     add("Copy", "C&opy", "Copy current selection to clipboard", "edit-copy", "Ctrl+C", false);
     add("Paste", "&Paste", "Paste clipboard contents", "edit-paste", "Ctrl+V", false);
     add("DeletePhoto", "Delete Photo", "", "edit-delete", "", false);
     add("RemoveEntry", "Remove", "", "list-remove", "", false);
-    add("Browse", "Browse...", "", "system-search", "Ctrl+F", false);
-    add("VerifyPhotos", "&Verify Photos", "Add or remove unnecessary photos", "view-refresh", "", false);
-    add("miHelp", "&Help", "", "help-contents", "F1", false);
+    add("Browse", "Browse...", "", "system-search", "Ctrl+F", true);
+    add("VerifyPhotos", "&Verify Photos", "Add or remove unnecessary photos", "view-refresh", "", true);
+    add("miHelp", "&Help", "", "help-contents", "F1", true);
     add("Exit", "E&xit", "Close all documents and exit", "application-exit", "Ctrl+Q", true);
     Tool preview;
     preview.name = "FilePreview";

@@ -30,7 +30,6 @@ frmLumarin::frmLumarin(const PhotoWindowPorts& ports) : JobWindow(ports.desktop,
     cmdAdd.SetEnabled(false);
     cmdRemove.SetEnabled(false);
     cmdSend.SetEnabled(false);
-    cmdBrowse.SetEnabled(false);
     for (Button& button : cmdMove) button.SetEnabled(false);
     WireEvents();
 }
@@ -45,6 +44,7 @@ void frmLumarin::WireEvents() {
     cmdAdd.Click = [this] { EnterListing(); };
     cmdRemove.Click = [this] { RemoveCurrentListing(); };
     cmdSend.Click = [this] { SendPhotos(); };
+    cmdBrowse.Click = [this] { Browse(); };
     for (int button = 0; button < cmdMove.Size(); ++button) cmdMove(button).Click = [this, button] { MoveSelectedPhoto(button); };
 
     RecList.ItemClick = [this](int row) { ListingClicked(row); };
@@ -72,6 +72,11 @@ void frmLumarin::WireEvents() {
     };
     PhotoList.FilesDropped = [this](const std::vector<std::string>& paths) { DroppedOnList(paths); };
     imgMain.FilesDropped = [this](const std::vector<std::string>& paths) { DroppedOnPicture(paths); };
+    imgMain.MouseUp = [this](Mouse mouse) {
+        if (mouse.button == MouseButton::Left) ViewPhoto();
+    };
+    for (ListView* list : {&RecList, &PhotoList}) list->OtherDropped = [this] { DroppedSomethingElse(); };
+    imgMain.OtherDropped = [this] { DroppedSomethingElse(); };
     Menu.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
 }
 
@@ -128,6 +133,8 @@ void frmLumarin::RestoreUnsentWork() {
     }
     if (RecList.Count() > 0) MakeCurrent(records_.at(RecList.At(0).text).get());
     UpdateListingCommands();
+    sourceAvailable_ = ports_.scanner != nullptr;
+    UpdateAcquireTools();
 }
 
 void frmLumarin::OnActivate() {
@@ -198,13 +205,14 @@ void frmLumarin::UpdateListingCommands() {
     Menu.EnableTool("RemoveEntry", any);
     RecList.SetAcceptsFiles(any);
     PhotoList.SetAcceptsFiles(any);
-    if (!any) imgMain.SetAcceptsFiles(false);
+    if (!any) AddStateChanges(false);
     ShowPhotoCount();
 }
 
 void frmLumarin::AddStateChanges(bool enabled) {
+    canAdd_ = enabled;
     imgMain.SetAcceptsFiles(enabled);
-    ShowPhotoCount();
+    UpdateAcquireTools();
 }
 
 void frmLumarin::ShowPhotoCount() {
@@ -240,6 +248,7 @@ void frmLumarin::OnUnload() {
     records_.clear();
     current_ = nullptr;
     cropWindow_.reset();
+    viewer_.reset();
     AskAboutClipboard();
 }
 

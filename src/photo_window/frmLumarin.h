@@ -14,8 +14,11 @@
 #include "forms/ListView.h"
 #include "forms/ToolBar.h"
 #include "imaging/Imaging.h"
+#include "imaging/Scanner.h"
 #include "imaging/frmPhotoCrop.h"
+#include "imaging/frmPhotoViewer.h"
 #include "listing/clsPMListingRec.h"
+#include "lookup/EngineVersion.h"
 #include "photo_window/WindowSettings.h"
 #include "photo_window/ZipArchiver.h"
 
@@ -30,6 +33,8 @@ struct PhotoWindowPorts {
     ZipArchiver& archiver;
     const Clock& clock;
     HostLink& host;
+    const EngineVersion& engine;
+    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
 };
 
 /// What an import does with the files that it is given.
@@ -74,6 +79,7 @@ private:
     ToolBar& Tools() override { return Menu; }
     int PhotoMaximum() const override { return settings_.photoMaximum; }
     void AddStateChanges(bool enabled) override;
+    void PhotoCountChanges() override { ShowPhotoCount(); }
     PicturePtr LoadPhoto(const std::string& path) override;
     Desktop& ScreenDesktop() override { return desktop(); }
     HostLink& Host() override { return ports_.host; }
@@ -104,6 +110,17 @@ private:
     PhotoResult ImportFile(const std::string& path, ImportKind kind, bool showAbort);
     void DroppedOnList(const std::vector<std::string>& paths);
     void DroppedOnPicture(const std::vector<std::string>& paths);
+    void DroppedSomethingElse();
+    void Browse();
+    void ViewPhoto();
+    void VerifyPhotos();
+    void ShowHelp();
+
+    // Acquisition.cpp
+    void Acquire(bool several);
+    AfterPage TakePage(const ScannedPage& page, bool several);
+    void SelectSource();
+    void UpdateAcquireTools();
     void CopyPhoto();
     void PastePhoto();
     void MoveSelectedPhoto(int button);
@@ -132,6 +149,11 @@ private:
     clsPMListingRec* current_ = nullptr;
     PhotoUpload* upload_ = nullptr;  ///< while a send runs
     bool clipboardUsed_ = false;
+    std::unique_ptr<frmPhotoViewer> viewer_;
+    std::string scannerSource_;  ///< chosen with Select Source; "" is the first there is
+    bool canAdd_ = false;        ///< the current listing takes another photo
+    bool sourceAvailable_ = false;
+    bool acquiring_ = false;
     std::vector<std::pair<std::string, std::string>> unreadableStates_;  ///< file name and reason
     bool unreadableReported_ = false;
 };

@@ -1,7 +1,10 @@
 #include "base/Error.h"
+#include "imaging/clsLTDlg.h"
+#include "lookup/frmFindProperty.h"
 #include "photo_window/ImportSelection.h"
 #include "photo_window/PhotoTools.h"
 #include "photo_window/frmLumarin.h"
+#include "verify/frmVerifyPhotos.h"
 
 // The commands of the photo window: tools, buttons and dropped files.
 
@@ -10,12 +13,17 @@ namespace lumarin {
 void frmLumarin::ToolClicked(const std::string& name) {
     if (name == "Exit") return RunCommand(name, [this] { ports_.host.Common().EndJob(jobIndex_); });
     if (name == "Open") return OpenFiles(ImportKind::Open);
+    if (name == "AcquireSingle" || name == "AcquireMultiple") return Acquire(name == "AcquireMultiple");
+    if (name == "SelectSource") return SelectSource();
     if (name == "Copy") return CopyPhoto();
     if (name == "Paste") return PastePhoto();
     if (name == "SmartLoad") return OpenFiles(ImportKind::SmartLoad);
     if (name == "SendPhotos") return SendPhotos();
     if (name == "DeletePhoto") return DeleteSelectedPhoto();
     if (name == "RemoveEntry") return RemoveCurrentListing();
+    if (name == "Browse") return Browse();
+    if (name == "miHelp") return ShowHelp();
+    if (name == "VerifyPhotos") return VerifyPhotos();
     if (name == "FilePreview") return ToggleFilePreview();
     ChooseDescription(name);
 }
@@ -37,21 +45,24 @@ void frmLumarin::OpenFiles(ImportKind kind) {
                                    .preview = Menu.IsChecked("FilePreview")},
                                   this);
         if (selection.empty()) return;
-        lastChosen_ = selection;
-        ImportPhotos(selection, kind);
+        lastChosen_ = Menu.IsChecked("FilePreview") ? clsLTDlg().NormalizeSelection(selection) : selection;
+        ImportPhotos(lastChosen_, kind);
     });
 }
 
 void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
     const std::vector<std::string> paths = SelectedPaths(selection);
+    const bool several = paths.size() > 1;
     std::string refused;
-    for (const std::string& path : paths) {
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        cropWindow_->SetProgress(several ? "Picture " + std::to_string(i + 1) + " of " + std::to_string(paths.size()) : "");
         try {
-            if (ImportFile(path, kind, paths.size() > 1) == PhotoResult::Cancel) break;
+            if (ImportFile(paths[i], kind, several) == PhotoResult::Cancel) break;
         } catch (const ApplicationError& error) {
             refused += (refused.empty() ? "" : "\n") + error.Description();
         }
     }
+    cropWindow_->SetProgress("");
     if (!refused.empty()) throw ApplicationError("frmLumarin-SmartLoad", refused);
 }
 
@@ -75,6 +86,46 @@ void frmLumarin::DroppedOnList(const std::vector<std::string>& paths) {
 
 void frmLumarin::DroppedOnPicture(const std::vector<std::string>& paths) { DroppedOnList(paths); }
 
+void frmLumarin::DroppedSomethingElse() {
+    desktop().ShowMessage({.text = "Only picture files of this computer can be dropped here. Save the picture as a file first, then drop "
+                                   "or open that file.",
+                           .title = "Import Photo",
+                           .buttons = Buttons::Ok,
+                           .icon = Icon::Information},
+                          this);
+}
+
+void frmLumarin::Browse() {
+    RunCommand("Browse", [this] {
+        std::vector<std::string> found;
+        frmFindProperty search({desktop(), ports_.host, ports_.engine});
+        if (!search.FindProperty(ListingSearch(), frmFindProperty::SetUpList | frmFindProperty::SearchAtOnce, frmFindProperty::ByUserLevel,
+                                 frmFindProperty::ActiveStatus, found, this))
+            return;
+        for (const std::string& number : found) LookUpListing(number, "");
+    });
+}
+
+void frmLumarin::ViewPhoto() {
+    RunCommand("imgMain", [this] {
+        if (current_ == nullptr || PhotoList.Selected() < 0) return;
+        const auto photo = ports_.imaging.Open(current_->PhotoPath(PhotoList.Selected()));
+        auto picture = std::make_shared<const Picture>(photo->Preview(photo->Width(), photo->Height()));
+        const int percent = frmPhotoViewer::FittingPercent(*picture, desktop().ScreenSize());
+        viewer_ = std::make_unique<frmPhotoViewer>(desktop());
+        viewer_->Init(picture, percent, PhotoList.At(PhotoList.Selected()).text + " - " + std::to_string(current_->ListNum()));
+        viewer_->Show(this);
+    });
+}
+
+void frmLumarin::VerifyPhotos() {
+    RunCommand("VerifyPhotos", [this] { frmVerifyPhotos(desktop(), ports_.host).ShowModal(this); });
+}
+
+void frmLumarin::ShowHelp() {
+    RunCommand("miHelp", [this] { desktop().OpenHelp(ports_.host.HelpFile(), HelpContext()); });
+}
+
 void frmLumarin::CopyPhoto() {
     RunCommand("Copy", [this] {
         if (current_ == nullptr || PhotoList.Selected() < 0) return;
@@ -87,7 +138,13 @@ void frmLumarin::CopyPhoto() {
 
 void frmLumarin::PastePhoto() {
     RunCommand("Paste", [this] {
-        if (current_ != nullptr) current_->AddPhoto("", CropMode::Clipboard, false);
+        if (current_ == nullptr) return;
+        const std::vector<std::string> copied = desktop().ClipboardFiles();
+        if (copied.empty()) {
+            current_->AddPhoto("", CropMode::Clipboard, false);
+        } else {
+            ImportPhotos(AsSelection(copied), ImportKind::Open);
+        }
     });
 }
 

@@ -27,9 +27,10 @@ protected:
     testing::FakeImaging imaging;
     NoArchiver archiver;
     SystemClock clock;
+    NoEngineVersion engine;
     testing::FakeHost host;
     Tool tool;
-    ComponentPorts ports{desktop, imaging, archiver, clock};
+    ComponentPorts ports{desktop, imaging, archiver, clock, engine};
     clsLumarin job{ports};
 };
 

@@ -17,7 +17,8 @@ struct TranslatorCase {
 TEST(SqlTranslator, Statement_IsWrittenForSqlite) {
     const TranslatorCase cases[] = {
         {"joined texts", "Select a + ', ' + b From t", R"(SELECT ("a" || ', ' || "b") FROM "t")"},
-        {"columns before the text", "Select a + b + ' ' From t", R"(SELECT (plus("a", "b") || ' ') FROM "t")"},
+        {"columns before the text", "Select a + b + ' ' From t",
+         R"(SELECT (plus("a", "b") || ' ') FROM "t")"},
         {"choice between texts", "Select a + IIF(IsNull(b),'',b) From t",
          R"(SELECT ("a" || (CASE WHEN ("b" IS NULL) THEN '' ELSE "b" END)) FROM "t")"},
         {"text in parentheses", "Select a + (b + 'x') From t", R"(SELECT ("a" || (("b" || 'x'))) FROM "t")"},
@@ -28,11 +29,13 @@ TEST(SqlTranslator, Statement_IsWrittenForSqlite) {
          R"(SELECT "a" FROM "t" WHERE NOT like_pattern('x[%]%', "a") OR like_pattern('y', "b"))"},
         {"names that are words elsewhere", "Select [Order By], t.[a\"b] As [Group] From t",
          R"(SELECT "Order By", "t"."a""b" AS "Group" FROM "t")"},
-        {"quotes within texts", "Select 'it''s', \"say \"\"so\"\"\" From t", R"(SELECT 'it''s', 'say "so"' FROM "t")"},
+        {"quotes within texts", "Select 'it''s', \"say \"\"so\"\"\" From t",
+         R"(SELECT 'it''s', 'say "so"' FROM "t")"},
         {"precedence kept", "Select a From t Where (a = 1 Or b = 2) And Not c Between 1 And 2",
          R"(SELECT "a" FROM "t" WHERE ("a" = 1 OR "b" = 2) AND NOT ("c" BETWEEN 1 AND 2))"},
         {"all clauses",
-         "SELECT DISTINCT a, Count(*) AS n FROM t AS x LEFT JOIN u ON x.id = u.id WHERE a IN (SELECT b FROM v) "
+         "SELECT DISTINCT a, Count(*) AS n FROM t AS x LEFT JOIN u ON x.id = u.id WHERE a IN (SELECT b FROM "
+         "v) "
          "GROUP BY a ORDER BY a DESC, n;",
          R"(SELECT DISTINCT "a", count(*) AS "n" FROM "t" AS "x" LEFT JOIN "u" ON "x"."id" = "u"."id" )"
          R"(WHERE "a" IN (SELECT "b" FROM "v") GROUP BY "a" ORDER BY "a" DESC, "n")"},
@@ -61,7 +64,8 @@ TEST(SqlTranslator, AnythingButOneSelect_IsRefusedWithItsReason) {
         try {
             ADD_FAILURE() << row.name << " gave " << TranslateSelect(row.sql);
         } catch (const lumarin::Error& error) {
-            EXPECT_NE(error.Description().find(row.expected), std::string::npos) << row.name << ": " << error.what();
+            EXPECT_NE(error.Description().find(row.expected), std::string::npos)
+                << row.name << ": " << error.what();
         }
     }
     const std::string deep = "Select " + std::string(5000, '(') + "1" + std::string(5000, ')') + " From t";
@@ -76,21 +80,33 @@ TEST(MatchesPattern, SignsAndClasses_MatchAsTheDialectSays) {
         bool matches;
     };
     const Case cases[] = {
-        {"O'B%", "o'brien", true},         {"%brien", "O'Brien", true},
-        {"%b%n%", "Robin Banner", true},   {"a_c", "abc", true},
-        {"a_c", "ac", false},              {"50[%][_]off%", "50%_off Holdings", true},
-        {"50[%][_]off%", "50 or off", false}, {"a[-]b%", "A-B Investments", true},
-        {"a-b%", "a-b Investments", true}, {"%[[]7]%", "Lot [7] Trust", true},
-        {"[a-c]x", "Bx", true},            {"[!a-c]x", "bx", false},
-        {"[!a-c]x", "dx", true},           {"[ab-]", "-", true},
-        {"%ÜLLER", "Jürgen Müller", true}, {"[Š]%", "š", true},
-        {"", "", true},                    {"", "x", false},
-        {"%", "", true},                   {"a[", "A[", true},
-        {"a*?#", "a*?#", true},            {"a*", "ab", false},
+        {"O'B%", "o'brien", true},
+        {"%brien", "O'Brien", true},
+        {"%b%n%", "Robin Banner", true},
+        {"a_c", "abc", true},
+        {"a_c", "ac", false},
+        {"50[%][_]off%", "50%_off Holdings", true},
+        {"50[%][_]off%", "50 or off", false},
+        {"a[-]b%", "A-B Investments", true},
+        {"a-b%", "a-b Investments", true},
+        {"%[[]7]%", "Lot [7] Trust", true},
+        {"[a-c]x", "Bx", true},
+        {"[!a-c]x", "bx", false},
+        {"[!a-c]x", "dx", true},
+        {"[ab-]", "-", true},
+        {"%ÜLLER", "Jürgen Müller", true},
+        {"[Š]%", "š", true},
+        {"", "", true},
+        {"", "x", false},
+        {"%", "", true},
+        {"a[", "A[", true},
+        {"a*?#", "a*?#", true},
+        {"a*", "ab", false},
         // A character beyond the first plane is two units, of which quoting may put one into brackets.
         {"[\xED\xA0\xBF]\xED\xB8\x80%", "\xF0\x9F\xB8\x80 x", true},
     };
-    for (const Case& row : cases) EXPECT_EQ(MatchesPattern(row.pattern, row.text), row.matches) << row.pattern << " ~ " << row.text;
+    for (const Case& row : cases)
+        EXPECT_EQ(MatchesPattern(row.pattern, row.text), row.matches) << row.pattern << " ~ " << row.text;
     EXPECT_FALSE(MatchesPattern("%a%a%a%a%a%a%a%a%b", std::string(5000, 'a'))) << "ends in good time";
 }
 

@@ -13,7 +13,9 @@ class SqliteRecordsetTest : public ::testing::Test {
 protected:
     SqliteRecordsetTest() : changes_(DatabasePath(folder_.Path()), DatabaseUse::Changes) {
         EnsureSchema(changes_);
-        changes_.Run("INSERT INTO Photo VALUES (100, 2, '2000,1500', NULL), (123, 1, '900', '1,2110'), (124, NULL, NULL, '')");
+        changes_.Run(
+            "INSERT INTO Photo VALUES (100, 2, '2000,1500', NULL), (123, 1, '900', '1,2110'), (124, NULL, "
+            "NULL, '')");
     }
 
     std::unique_ptr<lumarin::Recordset> Ask(const std::string& sql) { return Query(queries_, sql); }

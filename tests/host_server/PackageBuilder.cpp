@@ -23,7 +23,8 @@ std::string TinyJpeg(std::size_t size, char seed) {
     return jpeg + std::string(size - jpeg.size() - 2, seed) + "\xFF\xD9";
 }
 
-std::string ManifestBytes(std::int32_t listing, const std::vector<std::pair<std::string, std::string>>& photos) {
+std::string ManifestBytes(std::int32_t listing,
+                          const std::vector<std::pair<std::string, std::string>>& photos) {
     constexpr std::size_t Entries = 26;
     std::string bytes = LittleEndian(static_cast<std::uint32_t>(listing), 4) + LittleEndian(photos.size(), 4);
     bytes += Text("") + Text("") + Text("");
@@ -49,7 +50,8 @@ std::string PackageBuilder::Bytes(bool compressed) const {
         zip_source_t* source = zip_source_buffer(archive, bytes.data(), bytes.size(), 0);
         const zip_int64_t index = zip_file_add(archive, name.c_str(), source, ZIP_FL_ENC_UTF_8);
         if (index < 0) throw std::runtime_error("the entry " + name + " cannot be added");
-        zip_set_file_compression(archive, static_cast<zip_uint64_t>(index), compressed ? ZIP_CM_DEFLATE : ZIP_CM_STORE, 0);
+        zip_set_file_compression(archive, static_cast<zip_uint64_t>(index),
+                                 compressed ? ZIP_CM_DEFLATE : ZIP_CM_STORE, 0);
     }
     if (zip_close(archive) != 0) throw std::runtime_error("the archive cannot be written");
     zip_source_open(target);

@@ -11,13 +11,15 @@ namespace host {
 std::string TinyJpeg(std::size_t size, char seed = 'x');
 
 /// The bytes of a manifest: for each photo its description code and the letter of the published photo.
-std::string ManifestBytes(std::int32_t listing, const std::vector<std::pair<std::string, std::string>>& photos);
+std::string ManifestBytes(std::int32_t listing,
+                          const std::vector<std::pair<std::string, std::string>>& photos);
 
 /// A zip archive put together entry by entry.
 class PackageBuilder {
 public:
     PackageBuilder& Entry(std::string name, std::string bytes);
-    PackageBuilder& Listing(std::int32_t listing, const std::vector<std::pair<std::string, std::string>>& photos) {
+    PackageBuilder& Listing(std::int32_t listing,
+                            const std::vector<std::pair<std::string, std::string>>& photos) {
         return Entry(std::to_string(listing) + ".dat", ManifestBytes(listing, photos));
     }
     /// Entries are stored as they are unless they are to be compressed.

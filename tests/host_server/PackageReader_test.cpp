@@ -22,7 +22,8 @@ TEST(ReadManifest, EveryCutOfAWholeOne_IsRefused) {
 }
 
 TEST(PackageReader, CompressedPackage_IsReadLikeAStoredOne) {
-    const std::string bytes = PackageBuilder().Listing(9, {{"1", ""}}).Entry("9a.jpg", TinyJpeg(3000)).Bytes(true);
+    const std::string bytes =
+        PackageBuilder().Listing(9, {{"1", ""}}).Entry("9a.jpg", TinyJpeg(3000)).Bytes(true);
     ASSERT_LT(bytes.size(), 2000U);
     const PackageReader package = PackageReader::FromBytes(bytes);
     EXPECT_EQ(package.Manifests().at(0).listing, 9);
@@ -36,8 +37,10 @@ TEST(IsWholeJpeg, MarkersDecide) {
     EXPECT_FALSE(IsWholeJpeg(jpeg.substr(0, 59)));
     EXPECT_FALSE(IsWholeJpeg(jpeg.substr(1)));
     EXPECT_FALSE(IsWholeJpeg("\xFF\xD8\xFF\xD9")) << "no picture between";
-    EXPECT_FALSE(IsWholeJpeg(std::string("\xFF\xD8\xFF\xE1\xFF\xFF\xFF\xD9", 8))) << "a segment longer than the file";
-    const std::string thumbnailOnly = std::string("\xFF\xD8\xFF\xE1\x00\x06\xFF\xD8\xFF\xD9", 10) + jpeg.substr(2, 20);
+    EXPECT_FALSE(IsWholeJpeg(std::string("\xFF\xD8\xFF\xE1\xFF\xFF\xFF\xD9", 8)))
+        << "a segment longer than the file";
+    const std::string thumbnailOnly =
+        std::string("\xFF\xD8\xFF\xE1\x00\x06\xFF\xD8\xFF\xD9", 10) + jpeg.substr(2, 20);
     EXPECT_FALSE(IsWholeJpeg(thumbnailOnly)) << "the end within a segment does not count";
 }
 

@@ -19,7 +19,9 @@ protected:
     ServerTest() {
         Database database(DatabasePath(folder_.Path()), DatabaseUse::Changes);
         EnsureSchema(database);
-        database.Run("INSERT INTO Listings (ListNum) VALUES (1001), (1002); INSERT INTO Rentals (ListNum) VALUES (5001)");
+        database.Run(
+            "INSERT INTO Listings (ListNum) VALUES (1001), (1002); INSERT INTO Rentals (ListNum) VALUES "
+            "(5001)");
         Restart();
     }
 
@@ -73,7 +75,8 @@ protected:
     }
 
     std::size_t SpooledFiles() {
-        return lumarin::files::List(folder_.Path() + "server/spool/", [](const std::string&) { return true; }).size();
+        return lumarin::files::List(folder_.Path() + "server/spool/", [](const std::string&) { return true; })
+            .size();
     }
 
     lumarin::testing::TemporaryFolder folder_;

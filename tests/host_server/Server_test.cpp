@@ -52,7 +52,9 @@ struct BadPackage {
 std::vector<BadPackage> BadPackages() {
     const std::string jpeg = TinyJpeg(60, 'z');
     const std::string whole = ManifestBytes(1001, {{"2110", ""}});
-    const auto manifest = [&](const std::string& bytes) { return PackageBuilder().Entry("1001.dat", bytes).Entry("1001a.jpg", jpeg).Bytes(); };
+    const auto manifest = [&](const std::string& bytes) {
+        return PackageBuilder().Entry("1001.dat", bytes).Entry("1001a.jpg", jpeg).Bytes();
+    };
     const auto photo = [&](const std::string& bytes) {
         return PackageBuilder().Listing(1001, {{"2110", ""}}).Entry("1001a.jpg", bytes).Bytes();
     };
@@ -73,25 +75,39 @@ std::vector<BadPackage> BadPackages() {
         {"another listing's manifest", manifest(ManifestBytes(1002, {{"2110", ""}})), "another listing's"},
         {"letter that is none", manifest(ManifestBytes(1001, {{"2110", "A"}})), "than a letter"},
         {"code with a comma", manifest(ManifestBytes(1001, {{"2110,1", ""}})), "impossible description"},
-        {"letter beyond the published", PackageBuilder().Listing(1001, {{"2110", "d"}}).Bytes(), "no published photo d"},
+        {"letter beyond the published", PackageBuilder().Listing(1001, {{"2110", "d"}}).Bytes(),
+         "no published photo d"},
         {"unknown listing", PackageBuilder().Listing(1002, {}).Listing(7, {}).Bytes(), "no listing 7"},
-        {"photo missing", PackageBuilder().Listing(1001, {{"2110", ""}}).Bytes(), "lacks the photo 1001a.jpg"},
-        {"photo without manifest", PackageBuilder().Listing(1002, {}).Entry("1001a.jpg", jpeg).Bytes(), "No manifest"},
-        {"photo not announced", PackageBuilder().Listing(1001, {{"1", "a"}}).Entry("1001a.jpg", jpeg).Bytes(), "No manifest"},
+        {"photo missing", PackageBuilder().Listing(1001, {{"2110", ""}}).Bytes(),
+         "lacks the photo 1001a.jpg"},
+        {"photo without manifest", PackageBuilder().Listing(1002, {}).Entry("1001a.jpg", jpeg).Bytes(),
+         "No manifest"},
+        {"photo not announced", PackageBuilder().Listing(1001, {{"1", "a"}}).Entry("1001a.jpg", jpeg).Bytes(),
+         "No manifest"},
         {"leading zero", PackageBuilder().Entry("01001.dat", whole).Bytes(), "unknown"},
         {"folder in name", PackageBuilder().Entry("x/1001.dat", whole).Bytes(), "unknown"},
         {"way out", PackageBuilder().Listing(1002, {}).Entry("../1001a.jpg", jpeg).Bytes(), "unknown"},
         {"other file", PackageBuilder().Listing(1002, {}).Entry("readme.txt", "x").Bytes(), "unknown"},
         {"entry twice",
-         lumarin::text::ReplaceAll(PackageBuilder().Listing(1002, {}).Entry("1003.dat", whole).Bytes(), "1003.dat", "1002.dat"), "already exists"},
+         lumarin::text::ReplaceAll(PackageBuilder().Listing(1002, {}).Entry("1003.dat", whole).Bytes(),
+                                   "1003.dat", "1002.dat"),
+         "already exists"},
         {"no picture", photo("<html>" + jpeg), "not a whole JPEG"},
         {"picture cut short", photo(jpeg.substr(0, jpeg.size() - 2)), "not a whole JPEG"},
         {"huge entry that packs small",
-         PackageBuilder().Listing(1001, {{"1", ""}}).Entry("1001a.jpg", std::string(PackageReader::LargestEntry + 1, '\0')).Bytes(true),
+         PackageBuilder()
+             .Listing(1001, {{"1", ""}})
+             .Entry("1001a.jpg", std::string(PackageReader::LargestEntry + 1, '\0'))
+             .Bytes(true),
          "too large"},
         {"second photo bad after a good listing",
-         PackageBuilder().Listing(1002, {{"1", ""}}).Entry("1002a.jpg", jpeg).Listing(1001, {{"1", ""}, {"2", ""}})
-             .Entry("1001a.jpg", jpeg).Entry("1001b.jpg", "no").Bytes(),
+         PackageBuilder()
+             .Listing(1002, {{"1", ""}})
+             .Entry("1002a.jpg", jpeg)
+             .Listing(1001, {{"1", ""}, {"2", ""}})
+             .Entry("1001a.jpg", jpeg)
+             .Entry("1001b.jpg", "no")
+             .Bytes(),
          "1001b.jpg is not"},
     };
 }
@@ -104,13 +120,15 @@ TEST_F(ServerTest, Apply_BadPackage_IsRefusedWholeWithItsReason) {
             server_->ApplyPackage("bad.zip");
             ADD_FAILURE() << bad.name << " was applied";
         } catch (const Refusal& refusal) {
-            EXPECT_NE(refusal.Description().find(bad.reason), std::string::npos) << bad.name << ": " << refusal.what();
+            EXPECT_NE(refusal.Description().find(bad.reason), std::string::npos)
+                << bad.name << ": " << refusal.what();
         }
         EXPECT_EQ(Row(1001) + Row(1002), "3|100,200,300|3,2110,2111,2115") << bad.name;
         EXPECT_EQ(StoredFiles(1001), 3U) << bad.name;
         EXPECT_EQ(StoredFiles(1002) + SpooledFiles(), 0U) << bad.name;
     }
-    EXPECT_NE(lumarin::files::ReadAll(folder_.Path() + "server/server.log").find("refused bad.zip: "), std::string::npos);
+    EXPECT_NE(lumarin::files::ReadAll(folder_.Path() + "server/server.log").find("refused bad.zip: "),
+              std::string::npos);
 }
 
 TEST_F(ServerTest, Apply_KilledAtAnyStep_LeavesOldOrNewAndNothingBetween) {
@@ -151,7 +169,8 @@ TEST_F(ServerTest, Apply_KilledAtAnyStep_LeavesOldOrNewAndNothingBetween) {
 TEST_F(ServerTest, SecondServerOnTheFolder_LeavesTheFirstOnesUploadAlone) {
     server_->Uploads().Begin("p.zip");
     Server second(folder_.Path());
-    const std::string bytes = PackageBuilder().Listing(1002, {{"1", ""}}).Entry("1002a.jpg", TinyJpeg(80)).Bytes();
+    const std::string bytes =
+        PackageBuilder().Listing(1002, {{"1", ""}}).Entry("1002a.jpg", TinyJpeg(80)).Bytes();
     Upload(second, "p.zip", bytes);
     server_->Uploads().Append(std::as_bytes(std::span(std::string_view("abc"))));
     server_->Uploads().End();

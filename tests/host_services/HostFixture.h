@@ -19,7 +19,8 @@ const std::string& SeededFolder();
 
 /// The host over a data folder.
 struct TestHost {
-    explicit TestHost(HostOptions options) : common(std::move(options), mainForm, [this](int job) { endedJob = job; }) {}
+    explicit TestHost(HostOptions options)
+        : common(std::move(options), mainForm, [this](int job) { endedJob = job; }) {}
 
     std::unique_ptr<lumarin::Recordset> Execute(const std::string& sql) {
         return lumarin::RequestService<lumarin::DbInterface>(common)->Execute("VELTRANE", sql);

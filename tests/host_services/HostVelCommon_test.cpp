@@ -18,7 +18,8 @@ namespace files = lumarin::files;
 TEST(HostVelCommon, FoldersAndSettings_AreThereWithDefaults) {
     const lumarin::testing::TemporaryFolder folder;
     TestHost host({.dataFolder = folder.Path() + "new"});
-    for (const std::string& path : {host.common.ProgramFolder(), host.common.CityFolder(), host.common.UserFolder(), host.common.PhotoFolder()}) {
+    for (const std::string& path : {host.common.ProgramFolder(), host.common.CityFolder(),
+                                    host.common.UserFolder(), host.common.PhotoFolder()}) {
         EXPECT_TRUE(path.ends_with(files::Separator)) << path;
         EXPECT_TRUE(files::FolderExists(path)) << path;
     }
@@ -29,11 +30,14 @@ TEST(HostVelCommon, FoldersAndSettings_AreThereWithDefaults) {
 
     lumarin::settings::WriteText(settings, "Lumarin", "Photo Maximum", "4");
     TestHost again({.dataFolder = folder.Path() + "new"});
-    EXPECT_EQ(lumarin::settings::ReadInteger(settings, "Lumarin", "Photo Maximum", 0), 4) << "a user's setting stays";
+    EXPECT_EQ(lumarin::settings::ReadInteger(settings, "Lumarin", "Photo Maximum", 0), 4)
+        << "a user's setting stays";
     host.common.EndJob(7);
     EXPECT_EQ(host.endedJob, 7);
     EXPECT_THROW(host.common.ServiceBroker().GetClassInstance("NoInterface"), lumarin::Error);
-    EXPECT_THROW(lumarin::RequestService<lumarin::DbInterface>(host.common)->Execute("OTHER", "SELECT ListNum FROM Listings"), lumarin::Error);
+    EXPECT_THROW(lumarin::RequestService<lumarin::DbInterface>(host.common)
+                     ->Execute("OTHER", "SELECT ListNum FROM Listings"),
+                 lumarin::Error);
 }
 
 TEST(HostVelCommon, SignedInUser_ActsForTheCompanysOffices) {
@@ -43,7 +47,9 @@ TEST(HostVelCommon, SignedInUser_ActsForTheCompanysOffices) {
         const char* managed;
         bool several;
     };
-    const Case cases[] = {{10, "OF1", ",OF1,OF3,", false}, {60, "OF1", ",OF1,OF3,", true}, {95, "OF4", ",OF2,OF4,", true},
+    const Case cases[] = {{10, "OF1", ",OF1,OF3,", false},
+                          {60, "OF1", ",OF1,OF3,", true},
+                          {95, "OF4", ",OF2,OF4,", true},
                           {60, "NONE", ",NONE,", false}};
     for (const Case& row : cases) {
         TestHost host({.dataFolder = SeededFolder(), .level = row.level, .office = row.office});
@@ -58,7 +64,9 @@ TEST(HostVelCommon, SignedInUser_ActsForTheCompanysOffices) {
 
 TEST(HostVelCommon, FetchPhoto_CopiesWhatIsMissingOrOfAnotherLength) {
     TestHost host({.dataFolder = SeededFolder()});
-    const std::string version = host.Execute("SELECT PhotoVersion FROM Photo WHERE PhoListNum = 100123;")->Field("PhotoVersion").Text();
+    const std::string version = host.Execute("SELECT PhotoVersion FROM Photo WHERE PhoListNum = 100123;")
+                                    ->Field("PhotoVersion")
+                                    .Text();
     const std::string path = host.common.FetchPhoto(100123, 2, version);
     EXPECT_EQ(path, host.common.PhotoFolder() + "2/3/100123b.jpg");
     EXPECT_EQ(std::to_string(files::FileLength(path)), lumarin::text::Split(version, ',').at(1));
@@ -70,13 +78,16 @@ TEST(HostVelCommon, FetchPhoto_CopiesWhatIsMissingOrOfAnotherLength) {
     EXPECT_GT(files::FileLength(path), 5U);
     EXPECT_EQ(host.common.ListingPhotoFolder(7), host.common.PhotoFolder() + "0/7/");
 
-    for (const auto& [listing, number] : {std::pair{100123, 4}, {100124, 1}, {100123, 0}, {100123, 27}, {-1, 1}}) {
+    for (const auto& [listing, number] :
+         {std::pair{100123, 4}, {100124, 1}, {100123, 0}, {100123, 27}, {-1, 1}}) {
         try {
             host.common.FetchPhoto(listing, number, "");
             ADD_FAILURE() << listing << " " << number;
         } catch (const lumarin::Error& error) {
-            EXPECT_NE(error.Description().find("photo " + std::to_string(number) + " of listing " + std::to_string(listing)),
-                      std::string::npos) << error.what();
+            EXPECT_NE(error.Description().find("photo " + std::to_string(number) + " of listing " +
+                                               std::to_string(listing)),
+                      std::string::npos)
+                << error.what();
         }
     }
 }
@@ -93,7 +104,10 @@ TEST(PhotoService, PackageSentThroughTheServices_IsPublishedOrRefusedWithItsReas
         service()->UploadPhotoFile("", lumarin::UploadMode::End);
         return service()->BatchUpdate("VELTRANE", name, lumarin::BatchKind::PhotoPackage);
     };
-    EXPECT_EQ(send("VELTRANE1A101.zip", PackageBuilder().Listing(100124, {{"2117", ""}}).Entry("100124a.jpg", TinyJpeg(77)).Bytes()), 0);
+    EXPECT_EQ(
+        send("VELTRANE1A101.zip",
+             PackageBuilder().Listing(100124, {{"2117", ""}}).Entry("100124a.jpg", TinyJpeg(77)).Bytes()),
+        0);
     EXPECT_EQ(host.common.LastRefusal(), "");
     const std::string path = host.common.FetchPhoto(100124, 1, "77");
     EXPECT_EQ(files::ReadAll(path), TinyJpeg(77));
@@ -101,7 +115,8 @@ TEST(PhotoService, PackageSentThroughTheServices_IsPublishedOrRefusedWithItsReas
     EXPECT_EQ(send("VELTRANE2A101.zip", "no package"), 1);
     EXPECT_NE(host.common.LastRefusal().find("as a zip archive"), std::string::npos);
     EXPECT_EQ(lumarin::RequestService<lumarin::PhotoInterface>(host.common)
-                  ->BatchUpdate("VELTRANE", "VELTRANE1A101.zip", static_cast<lumarin::BatchKind>(3)), 1);
+                  ->BatchUpdate("VELTRANE", "VELTRANE1A101.zip", static_cast<lumarin::BatchKind>(3)),
+              1);
 }
 
 }  // namespace

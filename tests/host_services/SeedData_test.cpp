@@ -22,7 +22,9 @@ namespace files = lumarin::files;
 
 std::string Dump(const std::string& dataFolder) {
     Database database(DatabasePath(dataFolder), DatabaseUse::Queries);
-    Statement rows(database, "SELECT group_concat(ListNum || FileName) || (SELECT count(*) FROM Listings) FROM ServerPhotos");
+    Statement rows(
+        database,
+        "SELECT group_concat(ListNum || FileName) || (SELECT count(*) FROM Listings) FROM ServerPhotos");
     rows.Step();
     return rows.Text(0);
 }
@@ -38,11 +40,13 @@ TEST(SeedData, PublishedPhotos_AreSmallPicturesOfDifferentLength) {
     TestHost host({.dataFolder = SeededFolder()});
     const auto rows = host.Execute("SELECT PhoListNum,PhotoCount,PhotoVersion FROM Photo;");
     for (; !rows->Eof(); rows->MoveNext()) {
-        const std::vector<std::string> lengths = lumarin::text::Split(rows->Field("PhotoVersion").Text(), ',');
+        const std::vector<std::string> lengths =
+            lumarin::text::Split(rows->Field("PhotoVersion").Text(), ',');
         EXPECT_EQ(std::set<std::string>(lengths.begin(), lengths.end()).size(), lengths.size());
         EXPECT_EQ(static_cast<int>(lengths.size()), rows->Field("PhotoCount").Integer());
         for (int position = 1; position <= static_cast<int>(lengths.size()); ++position) {
-            const std::string jpeg = files::ReadAll(host.common.ListingServer().PhotoFile(rows->Field("PhoListNum").Integer(), position));
+            const std::string jpeg = files::ReadAll(
+                host.common.ListingServer().PhotoFile(rows->Field("PhoListNum").Integer(), position));
             EXPECT_EQ(std::to_string(jpeg.size()), lengths[static_cast<std::size_t>(position) - 1]);
             EXPECT_LE(jpeg.size(), 35000U);
             EXPECT_TRUE(IsWholeJpeg(jpeg));

@@ -18,14 +18,17 @@ namespace {
 /// The searches of the component as it writes them, against the demo data.
 TEST(Statements, Searches_FindTheirRows) {
     TestHost host({.dataFolder = SeededFolder()});
-    const std::string listing = "SELECT ListNum As SelectedId,StreetNumber,StreetDirection,StreetName,OwnerName FROM Listings";
+    const std::string listing =
+        "SELECT ListNum As SelectedId,StreetNumber,StreetDirection,StreetName,OwnerName FROM Listings";
     const std::string tax =
         "SELECT TaxId As SelectedId,TaxHouseNumber as StreetNumber,TaxStreetDir as StreetDirection,"
         "TaxStreetName as StreetName,TaxOwnerName as OwnerName FROM Tax";
-    const std::string agentName = "(MemLastName + ', ' + MemFirstName + ' ' +  IIF(IsNull(MemMiddleInitial),'',MemMiddleInitial))";
+    const std::string agentName =
+        "(MemLastName + ', ' + MemFirstName + ' ' +  IIF(IsNull(MemMiddleInitial),'',MemMiddleInitial))";
     const std::string agent = "SELECT MemMemberId As SelectedId," + agentName + " AS AgentName FROM Member";
     const std::string office = "SELECT OffOfficeId As SelectedId,OffName1 AS AgentName FROM Office";
-    const std::string rental = "SELECT ListNum As SelectedId,StreetNumber,StreetDirection,StreetName FROM Rentals";
+    const std::string rental =
+        "SELECT ListNum As SelectedId,StreetNumber,StreetDirection,StreetName FROM Rentals";
     struct Case {
         const char* name;
         std::string sql;
@@ -33,7 +36,8 @@ TEST(Statements, Searches_FindTheirRows) {
     };
     const Case cases[] = {
         {"exact owner with apostrophe", listing + " Where OwnerName = 'Patrick O''Brien';", "100123 100503"},
-        {"exact owner in other case", listing + " Where OwnerName = 'patrick o''brien' And ListAgentID = 'a101';", "100123"},
+        {"exact owner in other case",
+         listing + " Where OwnerName = 'patrick o''brien' And ListAgentID = 'a101';", "100123"},
         {"percent and underscore as typed", listing + " Where OwnerName Like '50[%][_]off%';", "100128"},
         {"underscore in a street", listing + " Where StreetName Like '%Pine[_]%';", "100138"},
         {"dash in brackets", listing + " Where OwnerName Like 'a[-]b%';", "100131"},
@@ -41,47 +45,72 @@ TEST(Statements, Searches_FindTheirRows) {
         {"brackets in a text", listing + " Where OwnerName Like '%[[]7]%';", "100129"},
         {"accents", listing + " Where OwnerName Like '%CÔTÉ';", "100130"},
         {"street, direction and range",
-         listing + " Where (StreetName Like 'Oak%' And StreetDirection = 'N' And AddressNumber Between 0 And 1420)"
-                   " AND lstStatus IN ('2001','2002');", "100123 100137"},
+         listing +
+             " Where (StreetName Like 'Oak%' And StreetDirection = 'N' And AddressNumber Between 0 And 1420)"
+             " AND lstStatus IN ('2001','2002');",
+         "100123 100137"},
         {"one address", listing + " Where AddressNumber = 88;", "100124"},
-        {"status and office", listing + " Where (LstStatus = '2003' And ListOfficeID = 'OF1') AND lstStatus IN ('2001','2003');", "100127"},
+        {"status and office",
+         listing + " Where (LstStatus = '2003' And ListOfficeID = 'OF1') AND lstStatus IN ('2001','2003');",
+         "100127"},
         {"status alone", listing + " WHERE lstStatus IN ('0000');", ""},
         {"board", listing + " Where StreetName Like '%Hill' And BoardId = 2;", "200301"},
-        {"company's offices", listing + " Where AddressNumber = 33 And (ListOfficeID = 'OF1' Or ListOfficeID = 'OF3');", "100131"},
-        {"tax", tax + " Where TaxOwnerName Like '%Brien' And TaxStreetDir = 'N' And TaxAddrNumber Between 1 And 5000;", "T0100123 T0900001"},
+        {"company's offices",
+         listing + " Where AddressNumber = 33 And (ListOfficeID = 'OF1' Or ListOfficeID = 'OF3');", "100131"},
+        {"tax",
+         tax +
+             " Where TaxOwnerName Like '%Brien' And TaxStreetDir = 'N' And TaxAddrNumber Between 1 And 5000;",
+         "T0100123 T0900001"},
         {"office", office + " Where OffName1 Like '%& vale%';", "OF2 OF4"},
         {"offices by the listings' columns", office + " Where ListOfficeID = 'OF3' And BoardId = 2;", "OF3"},
         {"agent by the joined name", agent + " Where " + agentName + " = 'Whitcomb, Laura J';", "A101"},
-        {"agent without a middle initial", agent + " Where " + agentName + " Like 'o''brien, s%' And MemOfficeID = 'OF1';", "A102"},
+        {"agent without a middle initial",
+         agent + " Where " + agentName + " Like 'o''brien, s%' And MemOfficeID = 'OF1';", "A102"},
         {"rental", rental + " Where StreetName Like '%Street' And ListOfficeID = 'OF1';", "500012 500013"},
     };
     for (const Case& row : cases) EXPECT_EQ(host.Keys(row.sql, "SelectedId"), row.keys) << row.name;
     EXPECT_EQ(host.Keys("Select OffOfficeId From Office Where offCompanyCode = "
-                        "(Select offCompanyCode From Office Where offOfficeId = 'OF2');", "OffOfficeId"), "OF2 OF4");
+                        "(Select offCompanyCode From Office Where offOfficeId = 'OF2');",
+                        "OffOfficeId"),
+              "OF2 OF4");
     EXPECT_EQ(host.Keys(agent + " Where MemLastName = 'Whitcomb';", "AgentName"), "Whitcomb, Laura J");
 }
 
 TEST(Statements, ListingAndPhotoQueries_GiveWhatTheDemoPublished) {
     TestHost host({.dataFolder = SeededFolder()});
     const std::string columns =
-        "SELECT ListNum,PhotoCount,PhotoVersion,PhotoDesc,StreetNumber,StreetName,StreetDirection,ListOfficeId,"
+        "SELECT "
+        "ListNum,PhotoCount,PhotoVersion,PhotoDesc,StreetNumber,StreetName,StreetDirection,ListOfficeId,"
         "ListAgentId,RevisionNumber,BoardId";
-    const auto sale = host.Execute(columns + " From Listings Left join photo on Listings.ListNum = Photo.PhoListNum WHERE Listings.ListNum = 100123;");
+    const auto sale = host.Execute(columns +
+                                   " From Listings Left join photo on Listings.ListNum = Photo.PhoListNum "
+                                   "WHERE Listings.ListNum = 100123;");
     EXPECT_EQ(sale->Field("PhotoCount").Integer(), 3);
     EXPECT_EQ(sale->Field("PhotoDesc").Text(), "3,2110,2111,2115");
-    EXPECT_EQ(sale->Field("ListAgentId").Text() + sale->Field("ListOfficeId").Text() + sale->Field("BoardID").Text(), "A101OF11");
-    const auto bare = host.Execute(columns + " From Listings Left join photo on Listings.ListNum = Photo.PhoListNum WHERE Listings.ListNum = 100124;");
+    EXPECT_EQ(sale->Field("ListAgentId").Text() + sale->Field("ListOfficeId").Text() +
+                  sale->Field("BoardID").Text(),
+              "A101OF11");
+    const auto bare = host.Execute(columns +
+                                   " From Listings Left join photo on Listings.ListNum = Photo.PhoListNum "
+                                   "WHERE Listings.ListNum = 100124;");
     EXPECT_TRUE(bare->Field("PhotoVersion").IsNull());
-    const auto rental = host.Execute(columns + " From Rentals Left join photo on Rentals.ListNum = Photo.PhoListNum WHERE Rentals.ListNum = 500010;");
+    const auto rental = host.Execute(columns +
+                                     " From Rentals Left join photo on Rentals.ListNum = Photo.PhoListNum "
+                                     "WHERE Rentals.ListNum = 500010;");
     EXPECT_EQ(rental->Field("PhotoCount").Integer(), 2);
 
-    const auto versions = host.Execute("SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (100123,100124,500010);");
+    const auto versions =
+        host.Execute("SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (100123,100124,500010);");
     EXPECT_EQ(versions->RecordCount(), 2);
     versions->Find("PhoListNum = 500010");
     EXPECT_EQ(versions->Field("PhotoVersion").Text(), rental->Field("PhotoVersion").Text());
-    const auto all = host.Execute("SELECT ListNum,PhotoCount,PhotoVersion From Listings Left join photo on Listings.ListNum = Photo.PhoListNum WHERE Photo.PhotoCount > 0;");
+    const auto all = host.Execute(
+        "SELECT ListNum,PhotoCount,PhotoVersion From Listings Left join photo on Listings.ListNum = "
+        "Photo.PhoListNum WHERE Photo.PhotoCount > 0;");
     EXPECT_GT(all->RecordCount(), 20);
-    EXPECT_TRUE(host.Execute("SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = 100123 ORDER BY DocID;")->Eof());
+    EXPECT_TRUE(host.Execute("SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = "
+                             "100123 ORDER BY DocID;")
+                    ->Eof());
 }
 
 }  // namespace

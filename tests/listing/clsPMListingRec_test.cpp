@@ -35,6 +35,7 @@ public:
     ToolBar& Tools() override { return menu; }
     int PhotoMaximum() const override { return maximum; }
     void AddStateChanges(bool) override {}
+    void PhotoCountChanges() override {}
     PicturePtr LoadPhoto(const std::string&) override { return std::make_shared<Picture>(); }
     Desktop& ScreenDesktop() override { return desktop(); }
     HostLink& Host() override { return host; }

@@ -15,6 +15,19 @@ void FakeArchiver::Create(const std::string& archive, const std::vector<std::str
     files::WriteWhole(archive, std::string(length, 'z'));
 }
 
+ScanOutcome FakeScanner::Acquire(const ScanOrder& wanted, const ScanEvents& events) {
+    order = wanted;
+    for (int page = 1; page <= (wanted.several ? pages : 1); ++page) {
+        events.progress(page, 50);
+        if (!events.whileWaiting()) return ScanOutcome::Cancelled;
+        ++handedOver;
+        const auto picture = std::make_shared<Picture>(Picture{160, 100, std::vector<std::uint8_t>(160 * 100 * 3)});
+        if (events.pageArrived({picture, page, feeder}) == AfterPage::Stop) break;
+    }
+    if (failsAfterwards) throw ScannerError("The paper is jammed.");
+    return ScanOutcome::Finished;
+}
+
 PhotoWindowTest::PhotoWindowTest() {
     link.Set(host);
     imaging.pictures["/in/a.png"] = imaging.pictures["/in/b.png"] = {1600, 1000, false};
@@ -27,7 +40,7 @@ void PhotoWindowTest::GivenListing(std::int32_t number, const std::vector<std::s
 }
 
 void PhotoWindowTest::Open() {
-    window = std::make_unique<frmLumarin>(PhotoWindowPorts{desktop, imaging, archiver, clock, link});
+    window = std::make_unique<frmLumarin>(PhotoWindowPorts{desktop, imaging, archiver, clock, link, engine, &scanner});
     window->Init(7);
     window->Show(nullptr);
 }
@@ -67,6 +80,7 @@ FakeTable PhotoWindowTest::Answer(const std::string& sql) const {
             if (!lengths.empty()) versions.rows.push_back({FieldValue(number), sizes(lengths)});
         return versions;
     }
+    if (sql.find(" As SelectedId") != std::string::npos) return {};
     const std::int32_t number = std::stoi(sql.substr(sql.rfind(" = ") + 3));
     const auto found = listings_.find(number);
     FakeTable table{{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName", "StreetDirection", "ListAgentId"}, {}};

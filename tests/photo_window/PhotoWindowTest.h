@@ -24,6 +24,22 @@ struct StillClock final : Clock {
     LocalTime Now() const override { return {.year = 2026, .month = 1, .day = 1, .second = 42}; }
 };
 
+/// A scanner with as many pages as the test puts in.
+struct FakeScanner final : Scanner {
+    std::vector<ScannerSource> Sources(const WhileWaiting& whileWaiting) override {
+        whileWaiting();
+        return sources;
+    }
+    ScanOutcome Acquire(const ScanOrder& order, const ScanEvents& events) override;
+
+    std::vector<ScannerSource> sources;
+    int pages = 1;
+    bool feeder = true;
+    std::optional<ScanOrder> order;
+    int handedOver = 0;
+    bool failsAfterwards = false;
+};
+
 /// A photo window over a host whose listings all belong to the signed-on agent.
 class PhotoWindowTest : public ::testing::Test {
 protected:
@@ -43,6 +59,8 @@ protected:
     FakeImaging imaging;
     FakeArchiver archiver;
     StillClock clock;
+    NoEngineVersion engine;
+    FakeScanner scanner;
     FakeHost host;
     HostLink link;
     std::unique_ptr<frmLumarin> window;

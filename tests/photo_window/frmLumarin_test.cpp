@@ -3,6 +3,7 @@
 #include "PhotoWindowTest.h"
 #include "base/Files.h"
 #include "entry/Settings.h"
+#include "lookup/frmFindProperty.h"
 
 namespace lumarin {
 namespace {
@@ -207,6 +208,65 @@ TEST_F(frmLumarinTest, SortNames_Set_KeepsTheListSorted) {
     window->RecList.ClickColumn(0);
     window->RecList.ClickColumn(0);
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100150", "100120", "100109"}));
+}
+
+TEST_F(frmLumarinTest, Paste_CopiedPictureFiles_AreImportedAsFiles) {
+    GivenListing(100124);
+    Open();
+    Enter("100124");
+    desktop.clipboardFiles = {"/in/a.png", "/in/b.png"};
+    WillCapture({300, 400});
+    window->Menu.ClickTool("Paste");
+    EXPECT_EQ(window->PhotoList.Count(), 2);
+}
+
+TEST_F(frmLumarinTest, Drop_SomethingElse_IsNeverSilent) {
+    Open();
+    desktop.Expect("Only picture files of this computer can be dropped here. Save the picture as a file first, then drop or open that file.");
+    window->imgMain.DropOther();
+}
+
+TEST_F(frmLumarinTest, Open_SeveralFiles_SaysWhichOneOfHowMany) {
+    GivenListing(100124);
+    Open();
+    Enter("100124");
+    std::vector<std::string> seen;
+    for (int i = 0; i < 2; ++i)
+        desktop.Play("frmPhotoCrop", [&](Form& form) {
+            seen.push_back(static_cast<frmPhotoCrop&>(form).lblPicture.Caption());
+            static_cast<frmPhotoCrop&>(form).cmdCancel.Press();
+        });
+    desktop.Choose(std::string("/in\0a.png\0b.png", 15));
+    window->Menu.ClickTool("Open");
+    EXPECT_EQ(seen, (Texts{"Picture 1 of 2", "Picture 2 of 2"}));
+}
+
+TEST_F(frmLumarinTest, Browse_ChosenListing_IsEnteredAsIfTyped) {
+    GivenListing(100124);
+    Open();
+    desktop.Play("frmFindProperty", [this](Form& form) {
+        auto& search = static_cast<frmFindProperty&>(form);
+        EXPECT_EQ(search.cmbListingOwner.Text(), "My listings");
+        EXPECT_EQ(search.cmbStatus.Text(), "Active");
+        search.List.AddRow({.text = "100124", .key = "100124"});
+        search.List.Select(0);
+        search.cmdOK.Press();
+    });
+    window->cmdBrowse.Press();
+    EXPECT_EQ(ListTexts(window->RecList), Texts{"100124"});
+    EXPECT_NE(host.queries[0].find("(LstStatus = '2001' And ListAgentID = 'A101')"), std::string::npos) << host.queries[0];
+}
+
+TEST_F(frmLumarinTest, PhotoClicked_ViewerAndHelp_Open) {
+    GivenListing(100123, {100});
+    imaging.pictures[host.WorkingFolder() + "100123a.jpg"] = {480, 300, true};
+    Open();
+    Enter("100123");
+    window->imgMain.MouseWentUp({MouseButton::Left, 10, 10});
+    ASSERT_EQ(desktop.shown.count("frmPhotoViewer"), 1U);
+    EXPECT_EQ(desktop.shown["frmPhotoViewer"]->Caption(), "Front - 100123");
+    window->Menu.ClickTool("miHelp");
+    EXPECT_EQ(desktop.helpPages[0], std::make_pair(host.HelpFilePath(), window->HelpContext()));
 }
 
 TEST_F(frmLumarinTest, Exit_AndFrameClose_EndTheJob) {

@@ -43,7 +43,8 @@ VImage Detailed(int width, int height) {
     const VImage luma = noise(60, 35) + noise(12, 20) + noise(3, 12) + 128;
     return VImage::bandjoin({luma, luma + noise(40, 12), luma - noise(50, 12)})
         .cast(VIPS_FORMAT_UCHAR)
-        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB))
+        .copy_memory();
 }
 
 std::string Encode(const VImage& image, const std::string& format) {

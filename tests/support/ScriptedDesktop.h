@@ -35,6 +35,7 @@ public:
     Pointer pointer = Pointer::Default;
     Size screen{1280 * TwipsPerPixel, 1024 * TwipsPerPixel};
     PicturePtr clipboard;
+    std::vector<std::string> clipboardFiles;
 
     void Load(Form&) override {}
     void Show(Form& form, const OwnerWindow* owner) override;
@@ -53,6 +54,7 @@ public:
     void ProcessPendingEvents() override;
     bool ClipboardHasPicture() const override { return clipboard != nullptr; }
     PicturePtr ClipboardPicture() const override { return clipboard; }
+    std::vector<std::string> ClipboardFiles() const override { return clipboardFiles; }
     void SetClipboardPicture(const Picture& picture) override { clipboard = std::make_shared<Picture>(picture); }
     void ClearClipboard() override { clipboard.reset(); }
     void OpenHelp(const std::string& helpFile, int context) override { helpPages.emplace_back(helpFile, context); }

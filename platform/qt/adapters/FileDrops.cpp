@@ -14,7 +14,7 @@ bool HandleFileDrag(QEvent& event, std::vector<std::string>& dropped) {
     auto& drag = static_cast<QDropEvent&>(event);
     const std::vector<std::string> files = FilesOf(*drag.mimeData());
     drag.setDropAction(Qt::CopyAction);  // a dropped file stays where it is
-    drag.setAccepted(!files.empty());
+    drag.setAccepted(true);
     if (type == QEvent::Drop) dropped = files;
     return true;
 }

@@ -225,7 +225,11 @@ bool ListViewAdapter::eventFilter(QObject* watched, QEvent* event) {
 bool ListViewAdapter::ViewportEvent(QEvent& event) {
     std::vector<std::string> dropped;
     if (HandleFileDrag(event, dropped)) {
-        if (!dropped.empty()) Bound()->DropFiles(dropped);
+        if (!dropped.empty()) {
+            Bound()->DropFiles(dropped);
+        } else if (event.type() == QEvent::Drop) {
+            Bound()->DropOther();
+        }
         return true;
     }
     switch (event.type()) {

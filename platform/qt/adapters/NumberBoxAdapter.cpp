@@ -1,4 +1,5 @@
 #include <QIntValidator>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -20,10 +21,6 @@ public:
         digits->setLocale(QLocale::c());
         edit.setValidator(digits);
         connect(&edit, &QLineEdit::textChanged, this, [this] { TakeText(); });
-        // A number that was kept within the range, or half a number, is put right when the user is done.
-        connect(&edit, &QLineEdit::editingFinished, this, [this] {
-            if (Bound() != nullptr) ShowValue();
-        });
     }
 
 private:
@@ -34,6 +31,13 @@ private:
         typing_ = true;
         Bound()->SetValue(Typed());
         typing_ = false;
+    }
+
+    /// A number that was kept within the range, or half a number, is put right when the user is done.
+    bool WidgetEvent(QEvent& event) override {
+        if (event.type() == QEvent::FocusOut) ShowValue();
+        if (event.type() == QEvent::KeyPress && ToKeyDown(static_cast<QKeyEvent&>(event)).key == Key::Enter) ShowValue();
+        return false;
     }
 
     void ShowState() override {

@@ -23,7 +23,11 @@ private:
     bool WidgetEvent(QEvent& event) override {
         std::vector<std::string> dropped;
         if (HandleFileDrag(event, dropped)) {
-            if (!dropped.empty()) Bound()->DropFiles(dropped);
+            if (!dropped.empty()) {
+                Bound()->DropFiles(dropped);
+            } else if (event.type() == QEvent::Drop) {
+                Bound()->DropOther();
+            }
             return true;
         }
         switch (event.type()) {

@@ -21,10 +21,10 @@ int CodeOf(const QKeyEvent& key) {
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return EnterCode;
     if (key.key() == Qt::Key_Backspace) return BackspaceCode;
     if (key.matches(QKeySequence::Paste)) return PasteCode;
-    const auto held = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (held == Qt::ControlModifier && key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z) return key.key() - Qt::Key_A + 1;
+    if (key.modifiers() == Qt::ControlModifier)
+        return key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z ? key.key() - Qt::Key_A + 1 : NoCode;
     const QString text = key.text();
-    return held == Qt::NoModifier && !text.isEmpty() && text[0].isPrint() ? text[0].unicode() : NoCode;
+    return !text.isEmpty() && text[0].isPrint() ? text[0].unicode() : NoCode;
 }
 
 class TextBoxAdapter final : public AdapterFor<TextBox, QLineEdit> {

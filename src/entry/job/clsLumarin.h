@@ -8,6 +8,8 @@
 #include "entry/VelCommon.h"
 #include "forms/Desktop.h"
 #include "imaging/Imaging.h"
+#include "imaging/Scanner.h"
+#include "lookup/EngineVersion.h"
 #include "photo_window/ZipArchiver.h"
 
 namespace lumarin {
@@ -18,6 +20,8 @@ struct ComponentPorts {
     Imaging& imaging;
     ZipArchiver& archiver;
     const Clock& clock;
+    const EngineVersion& engine;
+    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
 };
 
 /// The component's public class: one instance is one job with one window. Errors of host calls pass

@@ -1,0 +1,19 @@
+# The windows: a slider step until the preview is painted again, and the start with unsent listings.
+
+row_slider() {
+    local median p95
+    read -r median p95 < <(QT_QPA_PLATFORM=offscreen "$bin/windows/bench_slider" "$inputs/photo-24.jpg" 2>/dev/null)
+    line "slider step" "$median" - "p95" "$p95" - - "p95 < 8 ms" "$(calculate "$p95 < 8")"
+}
+
+# The photo window is shown, then the program quits; the same with nothing in the working folder.
+row_start200() {
+    local host=$root/build/bench/host/desktop/lumarin-host empty=$out/start-empty full=$out/start-200
+    rm -rf "$empty" "$full"
+    printf 'wait frmLumarin 20000\nquit\n' >"$out/start.drive"
+    "$host" --data "$empty" --photos --drive "$out/start.drive" >/dev/null 2>&1
+    cp -r "$empty" "$full"
+    "$bin/windows/bench_listings" "$full/user/Photo Import" 200
+    ours "start, 200 listings" 200 "$host" --data "$full" --photos --drive "$out/start.drive"
+    peer "empty start" 0.5 "$host" --data "$empty" --photos --drive "$out/start.drive"
+}

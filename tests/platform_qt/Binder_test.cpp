@@ -1,0 +1,207 @@
+// Each kind of control and its widget, both ways.
+#include <QClipboard>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTabWidget>
+#include <QTimer>
+
+#include "base/Error.h"
+#include "platform/qt/Conversions.h"
+#include "platform/qt/WindowLoader.h"
+#include "platform_qt/EveryKindForm.h"
+
+namespace lumarin::testing {
+
+class BinderTest : public EveryKindTest {};
+
+TEST_F(BinderTest, State_SetBeforeAndAfterLoading_IsShownAndRaisesNothingAgain) {
+    int changes = 0;
+    form->txtText.Change = form->hsbLevel.Change = form->cmbChoice.Click = form->sstPages.Click = form->numCount.Change =
+        [&] { ++changes; };
+    form->txtText.SetText("before");
+    form->hsbLevel.SetRange(-500, 500, 25, 100);
+    Show();
+    EXPECT_EQ(Widget<QLineEdit>("txtText").text(), "before");
+    EXPECT_EQ(Widget<QPushButton>("cmdDo").text(), "&Do");
+    EXPECT_EQ(Widget<QLabel>("lblNote").text(), "as designed");
+    EXPECT_FALSE(form->cmdHidden.Visible());
+    EXPECT_EQ(changes, 1);
+
+    changes = 0;
+    form->txtText.SetText("Straße \xED\xA0\xBD");  // ends in an unpaired surrogate
+    form->cmdDo.SetCaption("&Other");
+    form->lblNote.SetCaption("<b>plain</b>");
+    form->lblNote.SetCaption("");
+    form->cmbChoice.AddItem("Front", 2110);
+    form->cmbChoice.AddItem("Rear", 2111);
+    form->cmbChoice.SetListIndex(1);
+    form->hsbLevel.SetValue(125);
+    form->sstPages.SetTab(1);
+    form->numCount.SetValue(42);
+    form->optWay(1).Choose();
+    form->pbDone.SetMax(7);
+    form->pbDone.SetValue(3);
+    form->txtText.SetEnabled(false);
+    form->cmdHidden.SetVisible(true);
+    EXPECT_EQ(Widget<QLineEdit>("txtText").text(), QStringLiteral(u"Straße ") + QChar(0xD83D));
+    EXPECT_EQ(Widget<QPushButton>("cmdDo").text(), "&Other");
+    EXPECT_EQ(Widget<QLabel>("lblNote").text(), "");
+    EXPECT_EQ(Widget<QComboBox>("cmbChoice").currentText(), "Rear");
+    EXPECT_EQ(Widget<QSlider>("hsbLevel").value(), 125);
+    EXPECT_EQ(Widget<QSlider>("hsbLevel").singleStep(), 25);
+    EXPECT_EQ(Widget<QTabWidget>("sstPages").currentIndex(), 1);
+    EXPECT_EQ(Widget<QLineEdit>("numCount").text(), "42");
+    EXPECT_TRUE(Widget<QRadioButton>("optWay_1").isChecked());
+    EXPECT_EQ(Widget<QProgressBar>("pbDone").maximum(), 7);
+    EXPECT_EQ(Widget<QProgressBar>("pbDone").value(), 3);
+    EXPECT_FALSE(Widget("txtText").isEnabled());
+    EXPECT_TRUE(Widget("cmdHidden").isVisible());
+    EXPECT_EQ(changes, 5) << "one for each control that was set";
+}
+
+TEST_F(BinderTest, UserInput_ReachesTheControls) {
+    form->cmbChoice.AddItem("Front");
+    form->cmbChoice.AddItem("Rear");
+    form->numCount.SetRange(1, 50);
+    std::string events;
+    form->cmdDo.MouseDown = [&] { events += "down "; };
+    form->cmdDo.MouseUp = [&] { events += "up "; };
+    form->cmdDo.Click = [&] { events += "click "; };
+    Show();
+    QTest::keyClicks(&Widget("txtText"), "100123");
+    QTest::mouseClick(&Widget("cmdDo"), Qt::LeftButton);
+    QTest::keyClick(&Widget("cmbChoice"), Qt::Key_Down);
+    QTest::keyClick(&Widget("hsbLevel"), Qt::Key_Right);
+    QTest::mouseClick(&Widget("optWay_1"), Qt::LeftButton, {}, {5, Widget("optWay_1").height() / 2});
+    Widget<QTabWidget>("sstPages").setCurrentIndex(1);
+    QTest::keyClicks(&Widget("numCount"), "77");
+    EXPECT_EQ(form->txtText.Text(), "100123");
+    EXPECT_EQ(events, "down up click ");
+    EXPECT_EQ(form->cmbChoice.Text(), "Front");
+    EXPECT_EQ(form->hsbLevel.Value(), 1);
+    EXPECT_TRUE(form->optWay(1).Value());
+    EXPECT_EQ(form->sstPages.Tab(), 1);
+    EXPECT_EQ(form->numCount.Value(), 50) << "kept within the range";
+    EXPECT_EQ(Widget<QLineEdit>("numCount").text(), "77") << "while it is typed";
+    QTest::mouseClick(&Widget("optWay_0"), Qt::LeftButton, {}, {5, Widget("optWay_0").height() / 2});
+    EXPECT_TRUE(form->optWay(0).Value());
+    EXPECT_FALSE(form->optWay(1).Value());
+    EXPECT_EQ(Widget<QLineEdit>("numCount").text(), "50");
+}
+
+TEST_F(BinderTest, TextBox_KeyFilter_SeesEachKeyBeforeItTakesEffect) {
+    struct Case {
+        const char* name;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        const char* text;
+        int code;
+    };
+    const Case cases[] = {
+        {"digit", Qt::Key_5, Qt::NoModifier, "5", '5'},   {"enter", Qt::Key_Return, Qt::NoModifier, "\r", 13},
+        {"keypad enter", Qt::Key_Enter, Qt::KeypadModifier, "\r", 13},
+        {"backspace", Qt::Key_Backspace, Qt::NoModifier, "\b", 8}, {"copy", Qt::Key_C, Qt::ControlModifier, "\x03", 3},
+        {"paste", Qt::Key_V, Qt::ControlModifier, "\x16", 22}, {"paste otherwise", Qt::Key_Insert, Qt::ShiftModifier, "", 22},
+        {"arrow", Qt::Key_Left, Qt::NoModifier, "", 0},   {"with alt", Qt::Key_X, Qt::AltModifier, "x", 'x'},
+    };
+    int code = 0;
+    std::string textThen;
+    form->txtText.KeyPressed = [&](KeyPress& key) {
+        code = key.code;
+        textThen = form->txtText.Text();
+        key.discarded = true;
+    };
+    form->txtText.SetText("12");
+    Show();
+    QApplication::clipboard()->setText("pasted");
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        code = 0;
+        QTest::sendKeyEvent(QTest::Click, &Widget("txtText"), one.key, one.text, one.modifiers);
+        EXPECT_EQ(code, one.code);
+        EXPECT_EQ(textThen.empty() ? "12" : textThen, "12");
+        EXPECT_EQ(form->txtText.Text(), "12") << "what the filter discards does not get in";
+    }
+}
+
+TEST_F(BinderTest, TextBox_ComposedText_IsTakenOnlyWhenTheFilterLetsAllOfItPass) {
+    form->txtText.KeyPressed = [](KeyPress& key) { key.discarded = key.code == 0x00E9; };
+    Show();
+    for (const auto& [text, expected] : {std::pair{"\u00FC", "\u00FC"}, std::pair{"a\u00E9", "\u00FC"}}) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(&Widget("txtText"), &event);
+        EXPECT_EQ(form->txtText.Text(), expected);
+    }
+}
+
+TEST_F(BinderTest, HiddenControl_TakesItsLabelAlong) {
+    Show();
+    form->cmbChoice.SetVisible(false);
+    EXPECT_FALSE(Widget("choiceLabel").isVisible());
+    form->cmbChoice.SetVisible(true);
+    EXPECT_TRUE(Widget("choiceLabel").isVisible());
+}
+
+TEST_F(BinderTest, Layout_TellsPlacesInTwips) {
+    form->Load();
+    EXPECT_EQ(form->fraStage.Bounds(), qt::ToTwips(Widget("fraStage").geometry())) << "known before the window is shown";
+    EXPECT_GE(form->fraStage.Width(), 200 * TwipsPerPixel);
+    EXPECT_EQ(form->InnerSize().width, 700 * TwipsPerPixel);
+    int resized = 0;
+    form->fraStage.Resize = [&] { ++resized; };
+    Show();
+    Window().resize(900, 700);
+    Settle();
+    EXPECT_GT(resized, 0);
+    EXPECT_EQ(form->fraStage.Bounds(), qt::ToTwips(Widget("fraStage").geometry()));
+    EXPECT_EQ(form->InnerSize().width, 900 * TwipsPerPixel);
+}
+
+TEST_F(BinderTest, Timer_EnabledWithInterval_TicksUntilDisabled) {
+    int ticks = 0;
+    form->tmrTick.Elapsed = [&] {
+        if (++ticks == 3) form->tmrTick.SetEnabled(false);
+    };
+    Show();
+    form->tmrTick.SetInterval(1);
+    form->tmrTick.SetEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks == 3; }));
+    EXPECT_FALSE(Window().findChild<QTimer*>("tmrTick")->isActive());
+}
+
+TEST(Mismatches, DesignThatDoesNotFit_AllAreNamedAtOnce) {
+    struct Mismatched : Form {
+        explicit Mismatched(Desktop& desktop) : Form(desktop, "frmMismatched") {}
+        TextBox txtText{*this, "txtText"};
+        Button cmdMissing{*this, "cmdMissing"}, cmdTwice{*this, "cmdTwice"};
+        ControlArray<Button, 2> cmdGood{*this, "cmdGood"};
+        lumarin::Timer tmrTick{*this, "tmrTick"};
+        ToolBar Menu{*this, "Menu"};
+    };
+    qt::QtDesktop desktop;
+    Mismatched form(desktop);
+    const std::vector<std::string> mismatches = qt::Mismatches(form);
+    EXPECT_EQ(mismatches, (std::vector<std::string>{
+                              "txtText: the widget is a QLabel, not a QLineEdit",
+                              "cmdMissing: there is no such widget (QPushButton or QToolButton)",
+                              "cmdTwice: several widgets have this name",
+                              "cmdGood_1: there is no such widget (QPushButton or QToolButton)",
+                              "Menu: the widget is a QMenuBar, not a QMenuBar of a QMainWindow",
+                              "pushButton_2: a numbered name that no control has",
+                          }));
+    try {
+        form.Load();
+        FAIL() << "a window that does not fit was loaded";
+    } catch (const Error& error) {
+        for (const std::string& mismatch : mismatches) EXPECT_NE(error.Description().find(mismatch), std::string::npos);
+    }
+}
+
+}  // namespace lumarin::testing

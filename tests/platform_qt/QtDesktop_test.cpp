@@ -1,0 +1,181 @@
+// Windows as a whole: shown, modal, closed, given up; messages, clipboard, help.
+#include <QClipboard>
+#include <QDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+
+#include "base/Error.h"
+#include "platform/qt/Conversions.h"
+#include "platform_qt/EveryKindForm.h"
+#include "util/frmBusy.h"
+
+namespace lumarin::testing {
+
+class QtDesktopTest : public EveryKindTest {
+protected:
+    /// Runs while the next modal window or message waits.
+    static void Meanwhile(std::function<void()> act) { QTimer::singleShot(0, qApp, std::move(act)); }
+};
+
+TEST_F(QtDesktopTest, Window_ShowsTheFormsStateAndTellsItsOwn) {
+    form->MoveTo(1501, 750);
+    Show();
+    EXPECT_EQ(Window().objectName(), "frmEveryKind");
+    EXPECT_EQ(form->Caption(), "Every kind") << "the design's, as the code has none";
+    form->SetCaption("Photos");
+    EXPECT_EQ(Window().windowTitle(), "Photos");
+    EXPECT_EQ(form->Bounds().left, 1501) << "not rounded to pixels";
+    EXPECT_EQ(Window().pos(), QPoint(100, 50));
+    EXPECT_GE(form->activations, 1);
+    Window().move(200, 80);
+    Settle();
+    EXPECT_EQ(form->Bounds().left, 3000);
+    form->SetInnerSize({10500, 9750});
+    EXPECT_EQ(Window().size(), QSize(700, 650));
+    EXPECT_TRUE(Widget("txtText").hasFocus()) << "the keyboard works at once";
+    form->SetEnabled(false);
+    EXPECT_FALSE(Window().isEnabled());
+    form->SetEnabled(true);
+    EXPECT_TRUE(Widget("txtText").hasFocus()) << "and again where it was";
+}
+
+TEST_F(QtDesktopTest, FrameClose_AsksTheForm) {
+    std::vector<CloseReason> asked;
+    bool agrees = false;
+    form->queryClose = [&](CloseReason reason) {
+        asked.push_back(reason);
+        return agrees;
+    };
+    Show();
+    QPointer<QWidget> window = &Window();
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    agrees = true;
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(form->IsLoaded());
+    EXPECT_EQ(asked, (std::vector{CloseReason::Frame, CloseReason::Frame}));
+    Settle();
+    EXPECT_TRUE(window.isNull());
+    Show();
+    EXPECT_TRUE(Window().isVisible()) << "it can be loaded again";
+}
+
+TEST_F(QtDesktopTest, EscapeInDialog_IsTheFramesCloseCommand) {
+    frmBusy dialog(desktop);
+    dialog.Show(nullptr);
+    auto* window = static_cast<QWidget*>(dialog.NativeWindow());
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_FALSE(dialog.IsLoaded());
+}
+
+TEST_F(QtDesktopTest, Modal_ReturnsWhenHiddenOrUnloaded) {
+    Show();
+    frmBusy dialog(desktop);
+    Meanwhile([&] {
+        EXPECT_EQ(QApplication::activeModalWidget(), dialog.NativeWindow());
+        const auto* window = static_cast<QWidget*>(dialog.NativeWindow());
+        EXPECT_EQ(window->windowHandle()->transientParent(), Window().windowHandle());
+        dialog.Hide();
+    });
+    dialog.ShowModal(form.get());
+    EXPECT_TRUE(dialog.IsLoaded());
+    Meanwhile([&] { dialog.Unload(); });
+    dialog.ShowModal(form.get());
+    EXPECT_FALSE(dialog.IsLoaded());
+}
+
+TEST_F(QtDesktopTest, Unload_WithinAnEventOfTheWindow_DestroysItAfterwards) {
+    Show();
+    QPointer<QWidget> window = &Window();
+    bool stillThere = false;
+    form->cmdDo.Click = [&] {
+        Meanwhile([&] {
+            form->Unload();
+            Settle();
+            stillThere = !window.isNull();
+            qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->accept();
+        });
+        desktop.ShowMessage({.text = "A message that waits inside the click", .title = "Wait"}, nullptr);
+    };
+    QTest::mouseClick(&Widget("cmdDo"), Qt::LeftButton);
+    EXPECT_TRUE(stillThere);
+    Settle();
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(QtDesktopTest, DestroyLater_FromTheFormsOwnEvent_DestroysFormAndWindow) {
+    Show();
+    QPointer<QWidget> window = &Window();
+    QPushButton& button = Widget<QPushButton>("cmdDo");
+    form->cmdDo.Click = [this] {
+        desktop.DestroyLater(std::move(form));
+        desktop.ProcessPendingEvents();
+    };
+    button.click();
+    Settle();
+    Settle();
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(QtDesktopTest, Message_ButtonsAndClosing_GiveTheirAnswers) {
+    using Press = std::function<void(QMessageBox&)>;
+    const auto button = [](QMessageBox::StandardButton which) -> Press { return [which](QMessageBox& box) { box.button(which)->click(); }; };
+    const Press close = [](QMessageBox& box) { box.close(); };
+    const struct {
+        const char* name;
+        Buttons buttons;
+        Press press;
+        Answer answer;
+    } cases[] = {
+        {"ok", Buttons::Ok, button(QMessageBox::Ok), Answer::Ok},
+        {"ok closed", Buttons::Ok, close, Answer::Ok},
+        {"retry", Buttons::RetryCancel, button(QMessageBox::Retry), Answer::Retry},
+        {"cancel", Buttons::OkCancel, button(QMessageBox::Cancel), Answer::Cancel},
+        {"yes", Buttons::YesNoCancel, button(QMessageBox::Yes), Answer::Yes},
+        {"closed with cancel", Buttons::YesNoCancel, close, Answer::Cancel},
+        {"closed with no", Buttons::YesNo, close, Answer::No},
+    };
+    desktop.SetPointer(Pointer::Hourglass);
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.name);
+        Meanwhile([&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            EXPECT_EQ(box->text(), "50 < 60 & more");
+            EXPECT_EQ(box->windowTitle(), "Title");
+            EXPECT_EQ(box->icon(), QMessageBox::Critical);
+            EXPECT_TRUE(box->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+            EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "no hourglass over a question";
+            one.press(*box);
+        });
+        EXPECT_EQ(desktop.ShowMessage({"50 < 60 & more", "Title", one.buttons, Icon::Critical, Modality::System}, nullptr), one.answer);
+    }
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    desktop.SetPointer(Pointer::Default);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtDesktopTest, Clipboard_HoldsPicturesOnly) {
+    QApplication::clipboard()->setText("text");
+    EXPECT_FALSE(desktop.ClipboardHasPicture());
+    EXPECT_EQ(desktop.ClipboardPicture(), nullptr);
+    desktop.SetClipboardPicture({2, 1, {1, 2, 3, 4, 5, 6}});
+    ASSERT_TRUE(desktop.ClipboardHasPicture());
+    EXPECT_EQ(desktop.ClipboardPicture()->pixels, (std::vector<std::uint8_t>{1, 2, 3, 4, 5, 6}));
+    desktop.ClearClipboard();
+    EXPECT_FALSE(desktop.ClipboardHasPicture());
+}
+
+TEST_F(QtDesktopTest, Help_MissingFile_IsSaid) {
+    EXPECT_THROW(desktop.OpenHelp("/no/such/help.html", 15), Error);
+}
+
+TEST_F(QtDesktopTest, ScreenSize_IsInTwips) {
+    EXPECT_EQ(desktop.ScreenSize().width, QApplication::primaryScreen()->availableGeometry().width() * 15.0);
+}
+
+}  // namespace lumarin::testing

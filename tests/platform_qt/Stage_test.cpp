@@ -1,0 +1,159 @@
+// Pictures, frames and the box over them: mouse, keys, drops and what is painted.
+#include <QAbstractScrollArea>
+#include <QDropEvent>
+#include <QImage>
+#include <QMimeData>
+
+#include "platform/qt/Conversions.h"
+#include "platform/qt/widgets/PictureWidget.h"
+#include "platform/qt/widgets/ShapeWidget.h"
+#include "platform_qt/EveryKindForm.h"
+
+namespace lumarin::testing {
+
+namespace {
+
+PicturePtr PlainPicture(int width, int height, std::uint8_t grey) {
+    const auto bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3;
+    return std::make_shared<Picture>(Picture{width, height, std::vector<std::uint8_t>(bytes, grey)});
+}
+
+/// Whether the widget took the drop.
+bool Drop(QWidget& widget, const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &drop);
+    return drop.isAccepted();
+}
+
+}  // namespace
+
+class StageTest : public EveryKindTest {
+protected:
+    /// A picture of 60 x 40 pixels at (50, 30) of the stage.
+    void ShowStage() {
+        Show();
+        form->picOnStage.Move({50 * 15, 30 * 15, 60 * 15, 40 * 15});
+        form->picOnStage.SetImage(PlainPicture(60, 40, 200));
+    }
+};
+
+TEST_F(StageTest, Mouse_OverPictureAndFrame_CarriesTwipsOfEach) {
+    std::string events;
+    const auto note = [&](const std::string& what) {
+        return [&events, what](const Mouse& mouse) {
+            events += what + std::to_string(static_cast<int>(mouse.button)) + "@" + std::to_string(static_cast<int>(mouse.x)) +
+                      "," + std::to_string(static_cast<int>(mouse.y)) + " ";
+        };
+    };
+    form->picOnStage.MouseDown = note("picture down ");
+    form->picOnStage.MouseMove = note("picture move ");
+    form->picOnStage.MouseUp = note("picture up ");
+    form->fraStage.MouseDown = note("frame down ");
+    form->fraStage.MouseMove = note("frame move ");
+    form->fraStage.MouseUp = note("frame up ");
+    ShowStage();
+    form->shpBox.Move({0, 0, 1500, 1500});  // lies above both and takes nothing
+    QWidget& stage = Widget("fraStage");
+    const QPoint onPicture = stage.mapTo(&Window(), QPoint(52, 33));
+    const QPoint besides = stage.mapTo(&Window(), QPoint(10, 20));
+    const auto events_of = [&](auto act) {
+        events.clear();
+        act();
+        return events;
+    };
+    QWindow* window = Window().windowHandle();
+    EXPECT_EQ(events_of([&] { QTest::mousePress(window, Qt::LeftButton, {}, onPicture); }), "picture down 1@30,45 ");
+    EXPECT_EQ(events_of([&] { QTest::mouseMove(window, besides); }), "picture move 1@-600,-150 ");
+    EXPECT_EQ(events_of([&] { QTest::mouseRelease(window, Qt::LeftButton, {}, besides); }), "picture up 1@-600,-150 ");
+    EXPECT_EQ(events_of([&] { QTest::mousePress(window, Qt::RightButton, {}, besides); }), "frame down 2@150,300 ");
+    EXPECT_EQ(events_of([&] { QTest::mouseRelease(window, Qt::RightButton, {}, besides); }), "frame up 2@150,300 ");
+    EXPECT_TRUE(stage.hasFocus());
+}
+
+TEST_F(StageTest, Frame_Keys_GoToItAndOnOnlyWhenNotUsed) {
+    std::vector<Key> keys;
+    form->fraStage.KeyPressed = [&](const KeyDown& key, bool& used) {
+        keys.push_back(key.key);
+        used = key.key == Key::Left && key.shift;
+    };
+    Show();
+    form->fraStage.SetFocus();
+    QKeyEvent left(QEvent::KeyPress, Qt::Key_Left, Qt::ShiftModifier);
+    QKeyEvent home(QEvent::KeyPress, Qt::Key_Home, Qt::NoModifier);
+    QApplication::sendEvent(&Widget("fraStage"), &left);
+    QApplication::sendEvent(&Widget("fraStage"), &home);
+    EXPECT_EQ(keys, (std::vector{Key::Left, Key::Home}));
+    EXPECT_TRUE(left.isAccepted());
+    EXPECT_FALSE(home.isAccepted());
+}
+
+TEST_F(StageTest, Picture_OnFrameWithoutLayout_StandsWhereTheCodePutIt) {
+    ShowStage();
+    EXPECT_EQ(Widget("picOnStage").geometry(), QRect(50, 30, 60, 40));
+    form->picOnStage.Move({757.5, 450, 900, 600});  // half a pixel
+    EXPECT_EQ(form->picOnStage.Left(), 757.5) << "what the code says is not rounded by the front end";
+    Window().resize(900, 700);
+    Settle();
+    EXPECT_EQ(form->picOnStage.Left(), 757.5);
+}
+
+TEST_F(StageTest, Picture_InOtherProportions_IsSeenWholeInTheMiddle) {
+    Show();
+    qt::PictureWidget picture;
+    picture.resize(300, 100);
+    picture.SetPicture(PlainPicture(200, 100, 10));
+    EXPECT_EQ(picture.PictureRect(), QRect(50, 0, 200, 100));
+    picture.resize(100, 200);
+    EXPECT_EQ(picture.PictureRect(), QRect(0, 75, 100, 50));
+    const QImage seen = picture.grab().toImage();
+    EXPECT_EQ(seen.pixelColor(50, 100), QColor(10, 10, 10));
+    EXPECT_NE(seen.pixelColor(50, 20), QColor(10, 10, 10));
+}
+
+TEST_F(StageTest, Shape_OverPicture_DimsOnlyThePictureOutsideOfIt) {
+    ShowStage();
+    const QColor besidesBefore = Widget("fraStage").grab().toImage().pixelColor(20, 50);
+    // From the picture's middle to beyond the stage.
+    form->shpBox.Move({80 * 15, 10 * 15, 400 * 15, 400 * 15});
+    const QImage seen = Widget("fraStage").grab().toImage();
+    EXPECT_EQ(seen.pixelColor(90, 50), QColor(200, 200, 200)) << "inside";
+    EXPECT_LT(seen.pixelColor(60, 50).red(), 120) << "outside, on the picture";
+    EXPECT_EQ(seen.pixelColor(20, 50), besidesBefore) << "outside, beside the picture";
+    EXPECT_GT(seen.pixelColor(80, 20).red(), 200) << "the box's edge";
+    EXPECT_EQ(Widget<qt::ShapeWidget>("shpBox").Box(), QRect(80, 10, 400, 400));
+}
+
+TEST_F(StageTest, Drop_FilesOnly_AndOnlyWhereFilesAreAccepted) {
+    const QUrl file = QUrl::fromLocalFile("/photos/a b.jpg");
+    const QUrl page("https://example.com/x.jpg");
+    std::vector<std::vector<std::string>> drops;
+    form->picPhoto.FilesDropped = form->lisRows.FilesDropped = [&](const std::vector<std::string>& paths) { drops.push_back(paths); };
+    Show();
+    QWidget& list = *Widget<QAbstractScrollArea>("lisRows").viewport();
+    EXPECT_FALSE(Widget("picPhoto").acceptDrops());
+    form->picPhoto.SetAcceptsFiles(true);
+    form->lisRows.SetAcceptsFiles(true);
+    EXPECT_TRUE(Widget("picPhoto").acceptDrops());
+    EXPECT_FALSE(Drop(Widget("picPhoto"), {page}));
+    EXPECT_TRUE(Drop(Widget("picPhoto"), {file, page}));
+    EXPECT_TRUE(Drop(list, {file, file}));
+    EXPECT_EQ(drops, (std::vector<std::vector<std::string>>{{"/photos/a b.jpg"}, {"/photos/a b.jpg", "/photos/a b.jpg"}}));
+}
+
+TEST(Conversions, Picture_ThereAndBack_KeepsPixelsWithoutPadding) {
+    // 5 pixels of 3 bytes are no multiple of 4, as the toolkit's own rows are.
+    Picture picture{5, 2, {}};
+    for (int i = 0; i < 30; ++i) picture.pixels.push_back(static_cast<std::uint8_t>(i * 8));
+    EXPECT_EQ(qt::ToPicture(qt::ToImage(std::make_shared<Picture>(picture)).copy()).pixels, picture.pixels);
+    QImage glass(1, 1, QImage::Format_ARGB32);
+    glass.fill(QColor(0, 0, 0, 128));
+    EXPECT_NEAR(qt::ToPicture(glass).pixels[0], 127, 1) << "alpha is laid on white";
+    EXPECT_TRUE(qt::ToImage(std::make_shared<Picture>(Picture{5, 2, {1, 2, 3}})).isNull()) << "too few bytes";
+}
+
+}  // namespace lumarin::testing

@@ -1,0 +1,113 @@
+// Every window of the program: it fits its design, and can be worked by the keyboard.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QLabel>
+#include <QMap>
+
+#include <memory>
+
+#include "imaging/FakeImaging.h"
+#include "imaging/frmPhotoCrop.h"
+#include "imaging/frmPhotoViewer.h"
+#include "imaging/frmSelectSource.h"
+#include "lookup/frmFindProperty.h"
+#include "lookup/frmListnumPrompt.h"
+#include "photo_window/frmLumarin.h"
+#include "platform/qt/Icons.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/WindowLoader.h"
+#include "util/frmBusy.h"
+#include "util/frmProgress.h"
+#include "verify/frmVerifyPhotos.h"
+
+namespace lumarin::testing {
+
+namespace {
+
+struct NoArchiver final : ZipArchiver {
+    void Create(const std::string&, const std::vector<std::string>&) override {}
+};
+
+/// A form of each window, with ports that nobody asks anything.
+class EveryWindow {
+public:
+    std::vector<std::unique_ptr<Form>> Make() {
+        std::vector<std::unique_ptr<Form>> forms;
+        forms.push_back(std::make_unique<frmLumarin>(PhotoWindowPorts{desktop_, imaging_, archiver_, clock_, host_, engine_}));
+        forms.push_back(std::make_unique<frmPhotoCrop>(desktop_, imaging_));
+        forms.push_back(std::make_unique<frmProgress>(desktop_, clock_, host_));
+        forms.push_back(std::make_unique<frmBusy>(desktop_));
+        forms.push_back(std::make_unique<frmFindProperty>(LookupPorts{desktop_, host_, engine_}));
+        forms.push_back(std::make_unique<frmListnumPrompt>(LookupPorts{desktop_, host_, engine_}));
+        forms.push_back(std::make_unique<frmVerifyPhotos>(desktop_, host_));
+        forms.push_back(std::make_unique<frmPhotoViewer>(desktop_));
+        forms.push_back(std::make_unique<frmSelectSource>(desktop_));
+        return forms;
+    }
+
+private:
+    qt::QtDesktop desktop_;
+    FakeImaging imaging_;
+    NoArchiver archiver_;
+    SystemClock clock_;
+    HostLink host_;
+    NoEngineVersion engine_;
+};
+
+QChar AccessKey(const QString& text) {
+    const qsizetype at = QString(text).replace("&&", "  ").indexOf('&');
+    return at < 0 ? QChar() : text[at + 1].toUpper();
+}
+
+}  // namespace
+
+TEST(Windows, EveryWindow_FitsItsDesign) {
+    EveryWindow windows;
+    QStringList designs = QDir(":/windows").entryList({"frm*.ui"});
+    for (const char* ofTests : {"frmEveryKind.ui", "frmMismatched.ui"}) designs.removeAll(ofTests);
+    for (const auto& form : windows.Make()) {
+        EXPECT_EQ(qt::Mismatches(*form), std::vector<std::string>()) << form->Name();
+        EXPECT_EQ(designs.removeAll(QString::fromStdString(form->Name()) + ".ui"), 1) << form->Name();
+    }
+    EXPECT_TRUE(designs.isEmpty()) << "no form for " << designs.join(' ').toStdString();
+}
+
+TEST(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
+    EveryWindow windows;
+    for (const auto& form : windows.Make()) {
+        form->Load();
+        auto& window = *static_cast<QWidget*>(form->NativeWindow());
+        QMap<QChar, QStringList> accessKeys;
+        for (QWidget* widget : window.findChildren<QWidget*>()) {
+            const auto* button = qobject_cast<QAbstractButton*>(widget);
+            const auto* label = qobject_cast<QLabel*>(widget);
+            const QString text = button != nullptr ? button->text() : label != nullptr && label->buddy() ? label->text() : "";
+            if (!AccessKey(text).isNull()) accessKeys[AccessKey(text)] << widget->objectName();
+            if (button == nullptr || form->Find(widget->objectName().toStdString()) == nullptr) continue;
+            EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus) << form->Name() << "." << widget->objectName().toStdString();
+            if (!button->text().isEmpty()) continue;
+            EXPECT_FALSE(button->icon().isNull()) << form->Name() << "." << widget->objectName().toStdString();
+            EXPECT_FALSE(button->accessibleName().isEmpty()) << form->Name() << "." << widget->objectName().toStdString();
+            EXPECT_FALSE(button->toolTip().isEmpty()) << form->Name() << "." << widget->objectName().toStdString();
+        }
+        // The captions of these two are the system's own; cmdAbort is seen only while several photos are imported.
+        accessKeys['A'].removeAll("cmdAbort");
+        for (auto key = accessKeys.cbegin(); key != accessKeys.cend(); ++key)
+            EXPECT_LE(key->size(), 1) << form->Name() << ": " << key->join(' ').toStdString();
+    }
+}
+
+TEST(Windows, EveryTool_HasItsIcon) {
+    EveryWindow windows;
+    for (const auto& form : windows.Make())
+        for (Control* control : form->Controls()) {
+            const auto* bar = dynamic_cast<ToolBar*>(control);
+            if (bar == nullptr) continue;
+            for (const ToolBar::Tool& tool : bar->Tools())
+                EXPECT_EQ(qt::ToolIcon(QString::fromStdString(tool.icon)).isNull(), tool.icon.empty()) << tool.name;
+        }
+}
+
+}  // namespace lumarin::testing
