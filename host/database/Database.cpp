@@ -87,20 +87,13 @@ int Statement::ColumnCount() const { return sqlite3_column_count(handle_); }
 
 std::string Statement::ColumnName(int column) const { return sqlite3_column_name(handle_, column); }
 
-lumarin::FieldValue Statement::Value(int column) const {
-    switch (sqlite3_column_type(handle_, column)) {
-        case SQLITE_NULL:
-            return {};
-        case SQLITE_INTEGER:
-            return lumarin::FieldValue(Integer(column));
-        default:
-            return lumarin::FieldValue(Text(column));
-    }
-}
+bool Statement::IsNull(int column) const { return sqlite3_column_type(handle_, column) == SQLITE_NULL; }
+
+bool Statement::IsInteger(int column) const { return sqlite3_column_type(handle_, column) == SQLITE_INTEGER; }
 
 std::int64_t Statement::Integer(int column) const { return sqlite3_column_int64(handle_, column); }
 
-std::string Statement::Text(int column) const {
+std::string_view Statement::TextView(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, column));
     if (text == nullptr) return {};
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(handle_, column))};

@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "entry/FieldValue.h"
-
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -52,9 +50,12 @@ public:
 
     int ColumnCount() const;
     std::string ColumnName(int column) const;
-    lumarin::FieldValue Value(int column) const;
     std::int64_t Integer(int column) const;
-    std::string Text(int column) const;
+    std::string Text(int column) const { return std::string(TextView(column)); }
+    /// Good until the next step; "" for null.
+    std::string_view TextView(int column) const;
+    bool IsNull(int column) const;
+    bool IsInteger(int column) const;
     bool ChangesNothing() const;
 
 private:

@@ -16,6 +16,9 @@ constexpr std::int32_t NoCurrentRow = 3021;
 constexpr std::int32_t UnknownColumn = 3265;
 constexpr std::int32_t AlreadyClosed = 3704;
 
+// More than anybody keeps open while changes are sent, and read in no time.
+constexpr std::size_t RowsReadAtOnce = 10'000;
+
 [[noreturn]] void Fail(std::int32_t number, const std::string& description) {
     throw lumarin::Error(number, "recordset", description);
 }
@@ -33,14 +36,8 @@ std::pair<std::string, std::int32_t> ParseCriterion(const std::string& criterion
 
 }  // namespace
 
-SqliteRecordset::SqliteRecordset(Statement& statement) {
-    for (int column = 0; column < statement.ColumnCount(); ++column)
-        columns_.push_back(statement.ColumnName(column));
-    while (statement.Step()) {
-        std::vector<lumarin::FieldValue>& row = rows_.emplace_back();
-        for (int column = 0; column < statement.ColumnCount(); ++column)
-            row.push_back(statement.Value(column));
-    }
+SqliteRecordset::SqliteRecordset(std::unique_ptr<Statement> statement) : rows_(std::move(statement)) {
+    rows_.HasAtLeast(RowsReadAtOnce);
 }
 
 void SqliteRecordset::RequireOpen() const {
@@ -49,12 +46,12 @@ void SqliteRecordset::RequireOpen() const {
 
 bool SqliteRecordset::Eof() const {
     RequireOpen();
-    return row_ >= rows_.size();
+    return !rows_.HasAtLeast(row_ + 1);
 }
 
 bool SqliteRecordset::Bof() const {
     RequireOpen();
-    return rows_.empty();
+    return !rows_.HasAtLeast(1);
 }
 
 void SqliteRecordset::MoveFirst() {
@@ -69,39 +66,44 @@ void SqliteRecordset::MoveNext() {
 
 int SqliteRecordset::RecordCount() const {
     RequireOpen();
-    return static_cast<int>(rows_.size());
+    while (rows_.HasAtLeast(rows_.Count() + 1)) {
+    }
+    return static_cast<int>(rows_.Count());
 }
 
 void SqliteRecordset::Find(const std::string& criterion) {
     RequireOpen();
     const auto [column, number] = ParseCriterion(criterion);
     const std::size_t index = ColumnIndex(column);
-    while (row_ < rows_.size() &&
-           (rows_[row_][index].IsNull() || rows_[row_][index].Text() != std::to_string(number)))
-        ++row_;
+    const std::string wanted = std::to_string(number);
+    for (; rows_.HasAtLeast(row_ + 1); ++row_) {
+        const lumarin::FieldValue value = rows_.Value(row_, index);
+        if (!value.IsNull() && value.Text() == wanted) return;
+    }
 }
 
 lumarin::FieldValue SqliteRecordset::Field(std::string_view column) const {
     if (Eof()) Fail(NoCurrentRow, "There is no current row to read " + std::string(column) + " from");
-    return rows_[row_][ColumnIndex(column)];
+    return rows_.Value(row_, ColumnIndex(column));
 }
 
 void SqliteRecordset::Close() {
     RequireOpen();
     open_ = false;
-    rows_.clear();
+    rows_.Clear();
 }
 
 std::size_t SqliteRecordset::ColumnIndex(std::string_view column) const {
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (lumarin::text::EqualsIgnoringCase(columns_[i], column)) return i;
+    const std::vector<std::string>& columns = rows_.Columns();
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (lumarin::text::EqualsIgnoringCase(columns[i], column)) return i;
     Fail(UnknownColumn, "The query has no column " + std::string(column));
 }
 
 std::unique_ptr<lumarin::Recordset> Query(Database& database, std::string_view sql) {
-    Statement statement(database, TranslateSelect(sql));
-    if (!statement.ChangesNothing()) RefuseSql("Only a SELECT statement is allowed", sql);
-    return std::make_unique<SqliteRecordset>(statement);
+    auto statement = std::make_unique<Statement>(database, TranslateSelect(sql));
+    if (!statement->ChangesNothing()) RefuseSql("Only a SELECT statement is allowed", sql);
+    return std::make_unique<SqliteRecordset>(std::move(statement));
 }
 
 }  // namespace host

@@ -2,25 +2,29 @@
 
 #include "entry/Services.h"
 #include "host/database/Database.h"
+#include "host/database/RowStore.h"
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace host {
 
-/// The rows of a finished query, held in memory and independent of the connection. Reading without a
-/// current row, an unknown column and any use after `Close` throw lumarin::Error.
+/// The rows of a query. Up to ten thousand are read at once, and a query that has no more is finished then and
+/// independent of the connection. The rest of a longer one is read as far as somebody asks for it, and what
+/// was read is kept: such a recordset must not outlive its database, sees the tables as they were when it
+/// began, and until its end is reached or it is closed, others can read but not commit changes. Reading
+/// without a current row, an unknown column and any use after `Close` throw lumarin::Error; what moves, and
+/// `RecordCount`, also when a row cannot be read.
 class SqliteRecordset final : public lumarin::Recordset {
 public:
-    /// Runs the statement to its end.
-    explicit SqliteRecordset(Statement& statement);
+    explicit SqliteRecordset(std::unique_ptr<Statement> statement);
 
     bool Eof() const override;
     bool Bof() const override;
     bool IsOpen() const override { return open_; }
     void MoveFirst() override;
     void MoveNext() override;
+    /// Reads all rows.
     int RecordCount() const override;
     void Find(const std::string& criterion) override;
     lumarin::FieldValue Field(std::string_view column) const override;
@@ -30,8 +34,7 @@ private:
     void RequireOpen() const;
     std::size_t ColumnIndex(std::string_view column) const;
 
-    std::vector<std::string> columns_;
-    std::vector<std::vector<lumarin::FieldValue>> rows_;
+    mutable RowStore rows_;
     std::size_t row_ = 0;
     bool open_ = true;
 };

@@ -63,10 +63,8 @@ void frmLumarin::WireEvents() {
         current_->ShowPhoto(row);
         current_->UpdateMoveButtons();
     };
-    PhotoList.KeyPressed = [this](const KeyDown& pressed, bool& used) {
-        used = pressed.key == Key::Delete;
-        if (used) DeleteSelectedPhoto();
-    };
+    PhotoList.KeyPressed = [this](const KeyDown& pressed, bool& used) { used = PhotoKey(pressed); };
+    PhotoList.DoubleClick = [this] { ViewPhoto(); };
     PhotoList.MouseUp = [this](Mouse mouse) {
         if (mouse.button == MouseButton::Right) desktop().PopupMenu(Menu, "PhotoPopup");
     };
@@ -117,9 +115,11 @@ void frmLumarin::AddColumns() {
 }
 
 void frmLumarin::RestoreUnsentWork() {
-    // A run that was killed may have left files that were not finished.
-    for (const std::string& name : files::List(workingFolder_, [](const std::string& file) { return text::EndsWithIgnoringCase(file, ".part"); }))
-        files::TryDelete(workingFolder_ + name);
+    // A run that was killed may have left files that were not finished, and a package that was not sent.
+    const auto isLeftOver = [](const std::string& name) {
+        return text::EndsWithIgnoringCase(name, ".part") || text::EndsWithIgnoringCase(name, ".zip");
+    };
+    for (const std::string& name : files::List(workingFolder_, isLeftOver)) files::TryDelete(workingFolder_ + name);
     const auto isState = [](const std::string& name) { return text::EndsWithIgnoringCase(name, ".dat"); };
     for (const std::string& name : files::List(workingFolder_, isState)) {
         const std::string number = name.substr(0, name.size() - 4);
@@ -197,6 +197,18 @@ void frmLumarin::ListingClicked(int row) {
 void frmLumarin::SortListings(int column) {
     const bool again = RecList.SortColumn() == column && RecList.SortAscending();
     RecList.SortBy(column, !again);
+}
+
+/// Delete removes the selected photo, Enter views it, Ctrl with an arrow moves it.
+bool frmLumarin::PhotoKey(const KeyDown& pressed) {
+    if (pressed.control && (pressed.key == Key::Up || pressed.key == Key::Down)) {
+        Button& button = cmdMove(pressed.key == Key::Up ? 0 : 1);
+        button.Press();
+        return true;
+    }
+    if (pressed.key == Key::Delete) DeleteSelectedPhoto();
+    if (pressed.key == Key::Enter) ViewPhoto();
+    return pressed.key == Key::Delete || pressed.key == Key::Enter;
 }
 
 void frmLumarin::UpdateListingCommands() {

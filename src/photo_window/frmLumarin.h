@@ -101,6 +101,7 @@ private:
     void MakeCurrent(clsPMListingRec* record);
     void ListingClicked(int row);
     void SortListings(int column);
+    bool PhotoKey(const KeyDown& pressed);
     void AskAboutClipboard();
 
     // Commands

@@ -108,7 +108,8 @@ TEST_F(frmLumarinTest, ListingClicked_AnotherOne_SavesTheFirstAndShowsIt) {
     Open();
     Enter("100123");
     window->PhotoList.Select(1);
-    window->cmdMove(0).Press();
+    EXPECT_TRUE(window->PhotoList.PressKey({.key = Key::Up, .control = true}));
+    EXPECT_EQ(window->PhotoList.Selected(), 0);
     EXPECT_EQ(WorkingFiles().count("100123.jnl"), 1U);
     Enter("100124");
     window->RecList.Select(0);
@@ -153,13 +154,14 @@ TEST_F(frmLumarinTest, Reopen_AfterAKill_ShowsTheListingsAgain) {
     Enter("100124");
     files::WriteWhole(host.WorkingFolder() + "100200.dat", "garbage");
     files::WriteWhole(host.WorkingFolder() + "100123c.jpg.part", "half");
+    files::WriteWhole(host.WorkingFolder() + "VEL42A101.zip", "not sent");
     window.release();  // killed: nothing is unloaded; what it held is leaked like a dead process's
     desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " + host.WorkingFolder() +
                    "\n\n100200.dat\nThe saved state of a listing cannot be read: it is cut short at byte 7");
     Open();
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100123", "100124"}));
     EXPECT_EQ(window->PhotoList.Count(), 2);
-    EXPECT_EQ(WorkingFiles().count("100123c.jpg.part"), 0U);
+    EXPECT_EQ(WorkingFiles().count("100123c.jpg.part") + WorkingFiles().count("VEL42A101.zip"), 0U);
     EXPECT_EQ(WorkingFiles().count("100200.dat"), 1U);
 }
 

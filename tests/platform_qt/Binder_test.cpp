@@ -80,6 +80,7 @@ TEST_F(BinderTest, UserInput_ReachesTheControls) {
     QTest::keyClick(&Widget("hsbLevel"), Qt::Key_Right);
     QTest::mouseClick(&Widget("optWay_1"), Qt::LeftButton, {}, {5, Widget("optWay_1").height() / 2});
     Widget<QTabWidget>("sstPages").setCurrentIndex(1);
+    form->numCount.SetFocus();
     QTest::keyClicks(&Widget("numCount"), "77");
     EXPECT_EQ(form->txtText.Text(), "100123");
     EXPECT_EQ(events, "down up click ");

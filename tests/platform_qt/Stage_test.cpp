@@ -61,17 +61,18 @@ TEST_F(StageTest, Mouse_OverPictureAndFrame_CarriesTwipsOfEach) {
     QWidget& stage = Widget("fraStage");
     const QPoint onPicture = stage.mapTo(&Window(), QPoint(52, 33));
     const QPoint besides = stage.mapTo(&Window(), QPoint(10, 20));
-    const auto events_of = [&](auto act) {
+    const auto eventsOf = [&](auto act) {
         events.clear();
         act();
         return events;
     };
     QWindow* window = Window().windowHandle();
-    EXPECT_EQ(events_of([&] { QTest::mousePress(window, Qt::LeftButton, {}, onPicture); }), "picture down 1@30,45 ");
-    EXPECT_EQ(events_of([&] { QTest::mouseMove(window, besides); }), "picture move 1@-600,-150 ");
-    EXPECT_EQ(events_of([&] { QTest::mouseRelease(window, Qt::LeftButton, {}, besides); }), "picture up 1@-600,-150 ");
-    EXPECT_EQ(events_of([&] { QTest::mousePress(window, Qt::RightButton, {}, besides); }), "frame down 2@150,300 ");
-    EXPECT_EQ(events_of([&] { QTest::mouseRelease(window, Qt::RightButton, {}, besides); }), "frame up 2@150,300 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mouseMove(window, onPicture); }), "picture move 0@30,45 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::LeftButton, {}, onPicture); }), "picture down 1@30,45 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mouseMove(window, besides); }), "picture move 1@-600,-150 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::LeftButton, {}, besides); }), "picture up 1@-600,-150 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::RightButton, {}, besides); }), "frame down 2@150,300 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::RightButton, {}, besides); }), "frame up 2@150,300 ");
     EXPECT_TRUE(stage.hasFocus());
 }
 

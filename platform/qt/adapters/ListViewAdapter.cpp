@@ -149,7 +149,9 @@ void ListViewAdapter::ShowSelection() {
 }
 
 void ListViewAdapter::InsertRows(int first, int count) {
+    applying_ = true;  // the selection moves with its row, which is no choice
     model_->RowsInserted(first, count);
+    applying_ = false;
     FitColumnsLater();
 }
 

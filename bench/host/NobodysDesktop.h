@@ -1,0 +1,28 @@
+#pragma once
+
+#include "forms/Desktop.h"
+
+/// A screen with nobody in front of it, and nothing on it.
+class NobodysDesktop final : public lumarin::Desktop {
+public:
+    void Load(lumarin::Form&) override {}
+    void Show(lumarin::Form&, const lumarin::OwnerWindow*) override {}
+    void ShowModal(lumarin::Form&, const lumarin::OwnerWindow*) override {}
+    void Hide(lumarin::Form&) override {}
+    void Unload(lumarin::Form&) override {}
+    void DestroyLater(std::unique_ptr<lumarin::Form>) override {}
+    lumarin::Answer ShowMessage(const lumarin::Message&, const lumarin::Form*) override {
+        return lumarin::Answer::Cancel;
+    }
+    std::string ChooseFiles(const lumarin::FileDialog&, const lumarin::Form*) override { return {}; }
+    void PopupMenu(lumarin::ToolBar&, const std::string&) override {}
+    void SetPointer(lumarin::Pointer) override {}
+    lumarin::Size ScreenSize() const override { return {}; }
+    void ProcessPendingEvents() override {}
+    bool ClipboardHasPicture() const override { return false; }
+    lumarin::PicturePtr ClipboardPicture() const override { return nullptr; }
+    std::vector<std::string> ClipboardFiles() const override { return {}; }
+    void SetClipboardPicture(const lumarin::Picture&) override {}
+    void ClearClipboard() override {}
+    void OpenHelp(const std::string&, int) override {}
+};

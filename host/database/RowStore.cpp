@@ -1,0 +1,64 @@
+#include "host/database/RowStore.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::size_t RowsInBlock = 1024;
+
+}  // namespace
+
+RowStore::RowStore(std::unique_ptr<Statement> statement) : statement_(std::move(statement)) {
+    for (int column = 0; column < statement_->ColumnCount(); ++column)
+        columns_.push_back(statement_->ColumnName(column));
+}
+
+bool RowStore::HasAtLeast(std::size_t count) {
+    while (count_ < count && statement_ != nullptr) {
+        try {
+            if (statement_->Step())
+                ReadRow();
+            else
+                statement_.reset();
+        } catch (...) {
+            statement_.reset();
+            throw;
+        }
+    }
+    return count_ >= count;
+}
+
+void RowStore::ReadRow() {
+    if (count_ % RowsInBlock == 0) blocks_.emplace_back().cells.reserve(RowsInBlock * columns_.size());
+    Block& block = blocks_.back();
+    for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+        if (statement_->IsNull(column)) {
+            block.cells.push_back({0, Null});
+        } else if (statement_->IsInteger(column)) {
+            block.cells.push_back({statement_->Integer(column), Number});
+        } else {
+            const std::string_view text = statement_->TextView(column);
+            block.cells.push_back(
+                {static_cast<std::int64_t>(block.texts.size()), static_cast<std::int32_t>(text.size())});
+            block.texts += text;
+        }
+    }
+    ++count_;
+}
+
+lumarin::FieldValue RowStore::Value(std::size_t row, std::size_t column) const {
+    const Block& block = blocks_[row / RowsInBlock];
+    const Cell& cell = block.cells[row % RowsInBlock * columns_.size() + column];
+    if (cell.length == Null) return {};
+    if (cell.length == Number) return lumarin::FieldValue(cell.value);
+    return lumarin::FieldValue(
+        block.texts.substr(static_cast<std::size_t>(cell.value), static_cast<std::size_t>(cell.length)));
+}
+
+void RowStore::Clear() {
+    statement_.reset();
+    blocks_.clear();
+    count_ = 0;
+}
+
+}  // namespace host

@@ -1,0 +1,1 @@
+SELECT MemMemberId As SelectedId,(MemLastName + ', ' + MemFirstName + ' ' +  IIF(IsNull(MemMiddleInitial),'',MemMiddleInitial)) AS AgentName FROM Member Where (MemLastName + ', ' + MemFirstName + ' ' +  IIF(IsNull(MemMiddleInitial),'',MemMiddleInitial)) = 'x' And MemOfficeID = 'OF1';

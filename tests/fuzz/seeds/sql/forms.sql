@@ -1,0 +1,1 @@
+SELECT DISTINCT [ListNum] AS n, count(*), max(a.BoardId + 1) / 2 - -3.5 * 4, NULL FROM Listings a INNER JOIN Office o ON a.ListOfficeId = o.OffOfficeId, Tax WHERE NOT a.BoardId IS NOT NULL AND o.OffName1 NOT IN (SELECT "x" + OffName1 FROM Office) GROUP BY ListNum ORDER BY n DESC, 2

@@ -1,0 +1,1 @@
+SELECT ListNum As SelectedId,StreetNumber,StreetDirection,StreetName,OwnerName FROM Listings Where (OwnerName Like 'O''Br[[]ien%' And StreetDirection = 'N' And AddressNumber Between 1 And 900 And LstStatus = '2001' And (ListOfficeID = 'OF1' Or ListOfficeID = 'OF3')) AND lstStatus IN ('2001','2002');

@@ -1,0 +1,1 @@
+Select OffOfficeId From Office Where offCompanyCode = (Select offCompanyCode From Office Where offOfficeId = 'OF1');

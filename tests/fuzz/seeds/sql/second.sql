@@ -1,0 +1,1 @@
+SELECT ListNum FROM Listings; DELETE FROM Listings -- and more

@@ -1,0 +1,1 @@
+SELECT TaxId As SelectedId,TaxHouseNumber as StreetNumber,TaxStreetDir as StreetDirection,TaxStreetName as StreetName,TaxOwnerName as OwnerName FROM Tax Where TaxStreetName Like '%[%][_]%';

@@ -1,0 +1,1 @@
+SELECT ListNum,PhotoCount,PhotoVersion From Listings Left join photo on Listings.ListNum = Photo.PhoListNum WHERE Photo.PhotoCount > 0;
