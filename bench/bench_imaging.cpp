@@ -38,8 +38,10 @@ int main(int count, char** arguments) {
     try {
         vips::VipsImaging imaging;
         const auto picture = imaging.Open(arguments[2]);
-        if (job == "preview") OpenToPreview(*picture);
-        else CaptureFullWidth(*picture, arguments[3]);
+        if (job == "preview")
+            OpenToPreview(*picture);
+        else
+            CaptureFullWidth(*picture, arguments[3]);
     } catch (const Error& error) {
         std::cerr << error.what() << '\n';
         return 1;

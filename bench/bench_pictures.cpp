@@ -24,7 +24,8 @@ VImage Noise(int width, int height, double sigma, int seed) {
 VImage Scene(int width, int height, double grain, int seed) {
     const auto clouds = [&](int cell, double strength, int salt) {
         const VImage coarse = Noise(width / cell + 2, height / cell + 2, strength, seed + salt);
-        return coarse.resize(cell, VImage::option()->set("kernel", VIPS_KERNEL_CUBIC)).crop(0, 0, width, height);
+        return coarse.resize(cell, VImage::option()->set("kernel", VIPS_KERNEL_CUBIC))
+            .crop(0, 0, width, height);
     };
     const VImage light = VImage::xyz(width, height).extract_band(1).linear(-90.0 / height, 170);
     const VImage luma = light + clouds(width / 12, 25, 1) + clouds(width / 80, 20, 2) + clouds(8, 14, 3) +
@@ -47,7 +48,8 @@ void WritePackageFiles(const std::string& folder) {
     const VImage scene = Scene(480 + 60 * ListingCount, 300 + 40 * PhotosPerListing, 9, 1).copy_memory();
     for (int listing = 0; listing < ListingCount; ++listing)
         for (int photo = 0; photo < PhotosPerListing; ++photo) {
-            const std::string name = std::to_string(100100 + listing) + static_cast<char>('a' + photo) + ".jpg";
+            const std::string name =
+                std::to_string(100100 + listing) + static_cast<char>('a' + photo) + ".jpg";
             Write(scene.crop(60 * listing, 40 * photo, 480, 300), folder + "/" + name, 75);
         }
 }

@@ -34,7 +34,8 @@ bool RunOnce(char** command, Run& run) {
     int status = 0;
     rusage usage{};
     if (child < 0 || wait4(child, &status, 0, &usage) != child) return false;
-    run.milliseconds = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    run.milliseconds =
+        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     run.peakKilobytes = usage.ru_maxrss;
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
@@ -53,8 +54,12 @@ int main(int count, char** arguments) {
     for (Run& run : runs)
         if (!RunOnce(arguments + 2, run)) return 1;
 
-    const auto byTime = [](const Run& left, const Run& right) { return left.milliseconds < right.milliseconds; };
-    const auto byPeak = [](const Run& left, const Run& right) { return left.peakKilobytes < right.peakKilobytes; };
+    const auto byTime = [](const Run& left, const Run& right) {
+        return left.milliseconds < right.milliseconds;
+    };
+    const auto byPeak = [](const Run& left, const Run& right) {
+        return left.peakKilobytes < right.peakKilobytes;
+    };
     std::sort(runs.begin(), runs.end(), byTime);
     std::printf("%.2f %.2f %ld\n", runs.front().milliseconds, runs[runs.size() / 2].milliseconds,
                 std::max_element(runs.begin(), runs.end(), byPeak)->peakKilobytes);

@@ -18,7 +18,7 @@ while read -r name _; do
 done < <(sed 's/#.*//' "${lists[@]}")
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
-    echo "setup.sh: this machine has no apt; make sure that it has the equivalents of the packages in ${lists[*]#"$here/../"}" >&2
+    echo "setup.sh: this machine has no apt; make sure that it has what these lists name: ${lists[*]/#*\//scripts/}" >&2
     exit 0
 fi
 

@@ -5,6 +5,7 @@
 #include "host/database/Schema.h"
 #include "host/demo/DemoListings.h"
 #include "host/demo/FileMoveAnimation.h"
+#include "host/demo/HelpFile.h"
 #include "host/demo/JpegBytes.h"
 #include "host/demo/ScenePainter.h"
 #include "host/server/Server.h"
@@ -120,6 +121,7 @@ void WriteAnimation(const std::string& path) {
 void SeedData(const std::string& dataFolder) {
     const std::string root = PrepareDataFolder(dataFolder);
     WriteAnimation(root + files::FixedPath("program\\FileMove.avi"));
+    InstallHelpFile(root + files::FixedPath("program\\help.html"));
     Database database(DatabasePath(root), DatabaseUse::Changes);
     EnsureSchema(database);
     if (IsSeeded(database)) return;

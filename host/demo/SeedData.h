@@ -5,9 +5,9 @@
 namespace host {
 
 /// Makes the demo data where it is missing: folders and settings, the listings of two boards and companies
-/// with their published photos, and the animation that plays during a send. Quick when it is there. Killed
-/// halfway it begins again at the next start. Call it before the data folder is used otherwise; needs no
-/// application object. Throws lumarin::Error.
+/// with their published photos, the animation that plays during a send, and the help file. Quick when it is
+/// there. Killed halfway it begins again at the next start. Call it before the data folder is used
+/// otherwise; needs no application object. Throws lumarin::Error.
 void SeedData(const std::string& dataFolder);
 
 }  // namespace host

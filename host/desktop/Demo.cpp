@@ -49,7 +49,8 @@ Demo::~Demo() {
 void Demo::Start(std::function<void(bool)> ended) {
     thread_ = std::thread([this, ended] {
         const bool succeeded = Tell();
-        QMetaObject::invokeMethod(&driver_, [ended, succeeded] { ended(succeeded); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &driver_, [ended, succeeded] { ended(succeeded); }, Qt::QueuedConnection);
     });
 }
 
@@ -151,7 +152,8 @@ void Demo::CheckServer() {
     Step("The server holds exactly what was sent");
     for (const auto& [listing, photos] : sent_) {
         const std::vector<PhotoContent> held = PublishedListing(folders_.data, listing);
-        if (held != photos) throw DemoFailure(QString("The server's photos of %1 are not those that were sent").arg(listing));
+        if (held != photos)
+            throw DemoFailure(QString("The server's photos of %1 are not those that were sent").arg(listing));
         Say(QString("   %1: %2 photos, the same bytes in the same order with the same descriptions")
                 .arg(listing)
                 .arg(photos.size()));
@@ -212,7 +214,8 @@ void Demo::Capture(const QString& description) {
 
 void Demo::ExpectRows(const QString& list, int rows) {
     const qsizetype found = Rows(client_.Get(list)).size();
-    if (found != rows) throw DemoFailure(QString("%1 should have %2 rows and has %3").arg(list).arg(rows).arg(found));
+    if (found != rows)
+        throw DemoFailure(QString("%1 should have %2 rows and has %3").arg(list).arg(rows).arg(found));
 }
 
 QString Demo::Draw(const QString& name, int width, int height, unsigned seed) {

@@ -41,7 +41,8 @@ QJsonValue DriveClient::Do(const QString& command) { return DoAll({command}); }
 QJsonValue DriveClient::DoAll(const QStringList& commands) {
     const auto sequence = std::make_shared<Sequence>(driver_, commands);
     std::future<QJsonValue> answer = sequence->LastAnswer();
-    QMetaObject::invokeMethod(&driver_, [sequence] { sequence->Next(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &driver_, [sequence] { sequence->Next(); }, Qt::QueuedConnection);
     return answer.get();
 }
 

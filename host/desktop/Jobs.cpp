@@ -35,8 +35,8 @@ void Jobs::EndAll() {
 }
 
 void Jobs::Report(const QString& what, const std::exception& error) {
-    QMessageBox box(QMessageBox::Critical, mainWindow_.windowTitle(), what + "\n\n" + error.what(), QMessageBox::Ok,
-                    &mainWindow_);
+    QMessageBox box(QMessageBox::Critical, mainWindow_.windowTitle(), what + "\n\n" + error.what(),
+                    QMessageBox::Ok, &mainWindow_);
     box.exec();
 }
 

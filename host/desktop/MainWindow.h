@@ -42,7 +42,8 @@ protected:
 
 private:
     void AddTools();
-    QAction* AddTool(JobKind kind, const char* name, const char* caption, const char* icon, const char* shortcut);
+    QAction* AddTool(JobKind kind, const char* name, const char* caption, const char* icon,
+                     const char* shortcut);
 
     HostOptions user_;
     Database queries_;

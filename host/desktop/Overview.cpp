@@ -24,7 +24,8 @@ std::string ScopeValue(const HostOptions& user) {
 
 std::string ListingQuery(const std::string& table, const std::string& kind, const std::string& condition) {
     return "SELECT ListNum, '" + kind +
-           "', trim(ifnull(StreetNumber, '') || ' ' || ifnull(StreetDirection, '')) || ' ' || ifnull(StreetName, ''), "
+           "', trim(ifnull(StreetNumber, '') || ' ' || ifnull(StreetDirection, '')) || ' ' || "
+           "ifnull(StreetName, ''), "
            "ListAgentId, LstStatus, ifnull(PhotoCount, 0) FROM " +
            table + " LEFT JOIN Photo ON PhoListNum = ListNum WHERE " + condition;
 }
@@ -39,8 +40,9 @@ std::string NameOf(Database& database, const char* query, const std::string& id)
 
 Overview ReadOverview(Database& database, const HostOptions& user) {
     Overview overview;
-    overview.agentName = NameOf(
-        database, "SELECT trim(MemFirstName || ' ' || MemLastName) FROM Member WHERE MemMemberId = ?1", user.agent);
+    overview.agentName =
+        NameOf(database, "SELECT trim(MemFirstName || ' ' || MemLastName) FROM Member WHERE MemMemberId = ?1",
+               user.agent);
     overview.officeName = NameOf(database, "SELECT OffName1 FROM Office WHERE OffOfficeId = ?1", user.office);
 
     const std::string condition = ScopeCondition(user.level);
@@ -48,8 +50,9 @@ Overview ReadOverview(Database& database, const HostOptions& user) {
                                       ListingQuery("Rentals", "Rental", condition) + " ORDER BY 1");
     statement.Bind(1, ScopeValue(user));
     while (statement.Step())
-        overview.listings.push_back({statement.Text(0), statement.Text(1), statement.Text(2), statement.Text(3),
-                                     statement.Text(4), static_cast<int>(statement.Integer(5))});
+        overview.listings.push_back({statement.Text(0), statement.Text(1), statement.Text(2),
+                                     statement.Text(3), statement.Text(4),
+                                     static_cast<int>(statement.Integer(5))});
     return overview;
 }
 

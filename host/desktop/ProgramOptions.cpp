@@ -21,7 +21,8 @@ int Level(const std::string& text) {
 void CheckTogether(const ProgramOptions& options) {
     if (!options.demo) return;
     if (!options.drive.empty()) throw OptionError("--demo and --drive exclude each other");
-    if (!options.dataFolder.empty()) throw OptionError("--demo uses a data folder of its own; leave out --data");
+    if (!options.dataFolder.empty())
+        throw OptionError("--demo uses a data folder of its own; leave out --data");
 }
 
 const char* Environment(const char* name) {

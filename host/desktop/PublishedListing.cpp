@@ -22,7 +22,8 @@ std::vector<PhotoContent> PublishedListing(const std::string& dataFolder, std::i
     const PhotoStore store(Server::PhotoFolder(dataFolder));
     std::vector<PhotoContent> photos;
     for (const PublishedPhoto& photo : PhotoStore::Published(database, listing))
-        photos.push_back({lumarin::files::ReadAll(store.Path(listing, photo.fileName)), DescriptionOf(database, photo.code)});
+        photos.push_back({lumarin::files::ReadAll(store.Path(listing, photo.fileName)),
+                          DescriptionOf(database, photo.code)});
     return photos;
 }
 

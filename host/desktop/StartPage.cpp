@@ -79,11 +79,12 @@ QTableWidget* StartPage::MakeTable() {
 }
 
 void StartPage::ShowOverview(const Overview& overview) {
-    lblWelcome_->setText("Welcome, " + QString::fromStdString(overview.agentName.empty() ? user_.agent : overview.agentName));
+    lblWelcome_->setText(
+        "Welcome, " + QString::fromStdString(overview.agentName.empty() ? user_.agent : overview.agentName));
     lblUser_->setText(QString("Agent %1   ·   Office %2   ·   Board %3   ·   Level %4 (%5)")
-                          .arg(Named(user_.agent, overview.agentName), Named(user_.office, overview.officeName),
-                               QString::fromStdString(user_.board), QString::number(user_.level),
-                               QString::fromStdString(LevelName(user_.level))));
+                          .arg(Named(user_.agent, overview.agentName),
+                               Named(user_.office, overview.officeName), QString::fromStdString(user_.board),
+                               QString::number(user_.level), QString::fromStdString(LevelName(user_.level))));
     int photos = 0;
     const int rows = static_cast<int>(overview.listings.size());
     listings_->setRowCount(rows);

@@ -58,7 +58,8 @@ void SayMessage(QtMsgType type, const QMessageLogContext& context, const QString
 int Refuse(const host::ProgramOptions& options, const QString& reason, int exitCode) {
     std::fprintf(stderr, "lumarin-host: %s\n", reason.toUtf8().constData());
     const bool isSeen = QGuiApplication::platformName() != "offscreen";
-    if (isSeen && options.drive.empty() && !options.demo) QMessageBox::critical(nullptr, "Lumarin Reference Host", reason);
+    if (isSeen && options.drive.empty() && !options.demo)
+        QMessageBox::critical(nullptr, "Lumarin Reference Host", reason);
     return exitCode;
 }
 
@@ -80,7 +81,9 @@ public:
 
     int Run(const host::DemoFolders& demoFolders) {
         mainWindow_.show();
-        if (options_.photos) QTimer::singleShot(0, &mainWindow_, [this] { mainWindow_.JobTool(host::JobKind::Photos).trigger(); });
+        if (options_.photos)
+            QTimer::singleShot(0, &mainWindow_,
+                               [this] { mainWindow_.JobTool(host::JobKind::Photos).trigger(); });
         if (options_.demo) return RunDemo(demoFolders);
         return options_.drive.empty() ? QApplication::exec() : RunDriven();
     }
@@ -88,7 +91,8 @@ public:
 private:
     int RunDriven() {
         host::Driver driver;
-        host::LineInput input(driver, QString::fromStdString(options_.drive), [this] { mainWindow_.close(); });
+        host::LineInput input(driver, QString::fromStdString(options_.drive),
+                              [this] { mainWindow_.close(); });
         const int exitCode = QApplication::exec();
         return input.AnswerTheRest() && !driver.HadErrors() ? exitCode : Failed;
     }
@@ -125,15 +129,18 @@ int Start(host::ProgramOptions options) {
         options.dataFolder = demoFolders.data;
     }
     const std::string usual = options.dataFolder.empty() ? host::UsualDataFolder() : options.dataFolder;
-    const std::string folder = host::PrepareDataFolder(std::filesystem::absolute(usual).lexically_normal().string());
+    const std::string folder =
+        host::PrepareDataFolder(std::filesystem::absolute(usual).lexically_normal().string());
 
     QLockFile lock(QString::fromStdString(folder + "host.lock"));
     // Only the lock of a program that has ended may be broken, however old it is.
     lock.setStaleLockTime(0);
     if (!lock.tryLock())
-        return Refuse(options, "The data folder \"" + QString::fromStdString(folder) +
-                                   "\" is in use by another run of this program. Close it, or name another folder with --data.",
-                      DataInUse);
+        return Refuse(
+            options,
+            "The data folder \"" + QString::fromStdString(folder) +
+                "\" is in use by another run of this program. Close it, or name another folder with --data.",
+            DataInUse);
     host::SeedData(folder);
     Program program(options, {folder, options.level, options.agent, options.office, options.board});
     return program.Run(demoFolders);

@@ -58,8 +58,8 @@ void ChooseEntry(QComboBox& box, const QString& text) {
 void Slide(QAbstractSlider& slider, const QString& text) {
     const int value = DriveNumber(text, "slider position");
     if (value < slider.minimum() || value > slider.maximum())
-        throw DriveError("Control \"" + slider.objectName() + "\" goes from " + QString::number(slider.minimum()) +
-                         " to " + QString::number(slider.maximum()));
+        throw DriveError("Control \"" + slider.objectName() + "\" goes from " +
+                         QString::number(slider.minimum()) + " to " + QString::number(slider.maximum()));
     slider.setFocus(Qt::OtherFocusReason);
     slider.setValue(value);
 }
@@ -97,7 +97,8 @@ QPoint RowPoint(QAbstractItemView& list, const QString& rowText) {
     const QModelIndex cell = list.model()->index(row, 0);
     list.scrollTo(cell);
     const QRect place = list.visualRect(cell) & list.viewport()->rect();
-    if (place.isEmpty()) throw DriveError("Row " + rowText + " of \"" + list.objectName() + "\" is out of sight");
+    if (place.isEmpty())
+        throw DriveError("Row " + rowText + " of \"" + list.objectName() + "\" is out of sight");
     return place.center();
 }
 
@@ -113,7 +114,8 @@ Step Set(const QStringList& words) {
 }
 
 Step Key(const QStringList& words) {
-    return OnControl(words[0], [stroke = ParseKey(words[1])](QWidget& control) { hands::PressKey(control, stroke); });
+    return OnControl(words[0],
+                     [stroke = ParseKey(words[1])](QWidget& control) { hands::PressKey(control, stroke); });
 }
 
 Step Press(const QStringList& words) {
@@ -173,7 +175,8 @@ Step Drag(const QStringList& words) {
 }
 
 Step Drop(const QStringList& words) {
-    return OnControl(words[0], [paths = words.mid(1)](QWidget& control) { hands::DropFiles(control, paths); });
+    return OnControl(words[0],
+                     [paths = words.mid(1)](QWidget& control) { hands::DropFiles(control, paths); });
 }
 
 Step Close(const QStringList& words) {

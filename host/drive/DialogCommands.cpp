@@ -28,7 +28,8 @@ void AnswerMessage(const QString& caption) {
     QMessageBox* box = WaitingMessage();
     if (box == nullptr) throw DriveError("No message waits");
     for (QAbstractButton* button : box->buttons())
-        if (PlainCaption(button->text()).compare(caption, Qt::CaseInsensitive) == 0) return ClickMiddle(*button);
+        if (PlainCaption(button->text()).compare(caption, Qt::CaseInsensitive) == 0)
+            return ClickMiddle(*button);
     throw DriveError("The message has no button \"" + caption + "\"");
 }
 
@@ -58,7 +59,8 @@ void ChooseFiles(const QStringList& paths) {
 
     nameBox->setText(TypedNames(paths));
     QPushButton* open = buttons->button(QDialogButtonBox::Open);
-    if (open == nullptr || !open->isEnabled()) throw DriveError("The file dialog does not accept " + paths.join(", "));
+    if (open == nullptr || !open->isEnabled())
+        throw DriveError("The file dialog does not accept " + paths.join(", "));
     ClickMiddle(*open);
 }
 

@@ -107,7 +107,8 @@ void Driver::Begin() {
         pending_->acting = true;
         pending_->waitingBefore = WaitingForUser();
         const quint64 number = pending_->number;
-        QMetaObject::invokeMethod(this, [this, number] { Act(number); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, number] { Act(number); }, Qt::QueuedConnection);
         return;
     }
     try {
@@ -148,7 +149,8 @@ void Driver::Act(quint64 number) {
 bool Driver::IsAnswerable() const {
     const QWidget* waiting = WaitingForUser();
     if (pending_->returned)
-        return !pending_->error.isEmpty() || handlersAtWork_ == 0 || waiting != nullptr || pending_->windowAppeared;
+        return !pending_->error.isEmpty() || handlersAtWork_ == 0 || waiting != nullptr ||
+               pending_->windowAppeared;
     if (pending_->step.result) return false;
     return pending_->windowAppeared || (waiting != nullptr && waiting != pending_->waitingBefore);
 }

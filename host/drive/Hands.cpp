@@ -1,5 +1,6 @@
 #include "host/drive/Hands.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QCursor>
@@ -32,6 +33,19 @@ QPoint InWindow(QWidget& widget, QPoint point) {
     const QPoint place = widget.mapTo(widget.window(), point);
     // The input entry takes the exact corner for "anywhere".
     return place.isNull() ? QPoint(1, 1) : place;
+}
+
+QAbstractButton* ButtonHeldDown(const QWidget& window) {
+    for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        if (button->isDown()) return button;
+    return nullptr;
+}
+
+/// A button whose access key was pressed shows itself pressed for a moment before it clicks.
+void AwaitAnimatedClick(QWidget& window) {
+    const QPointer<QAbstractButton> button = ButtonHeldDown(window);
+    while (button && button->isDown() && QApplication::activePopupWidget() == nullptr)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 }  // namespace
@@ -69,7 +83,9 @@ void Drag(QWidget& widget, QPoint from, QPoint to) {
 
 void PressKey(QWidget& widget, const KeyStroke& stroke) {
     widget.setFocus(Qt::OtherFocusReason);
+    const QPointer<QWidget> window = widget.window();
     QTest::sendKeyEvent(QTest::Click, WindowHandle(widget), stroke.key, stroke.text, stroke.modifiers);
+    if (window && stroke.modifiers.testFlag(Qt::AltModifier)) AwaitAnimatedClick(*window);
 }
 
 void Type(QWidget& widget, const QString& text) {

@@ -6,8 +6,8 @@
 #include <QJsonObject>
 #include <QTimer>
 
-#include <cstdio>
 #include <unistd.h>
+#include <cstdio>
 #include <utility>
 
 #include "host/drive/DriveError.h"
@@ -34,7 +34,8 @@ LineInput::LineInput(Driver& driver, const QString& source, std::function<void()
     : driver_(driver), ended_(std::move(ended)) {
     if (source != "-") {
         QFile file(source);
-        if (!file.open(QIODevice::ReadOnly)) throw DriveError("Cannot read \"" + source + "\": " + file.errorString());
+        if (!file.open(QIODevice::ReadOnly))
+            throw DriveError("Cannot read \"" + source + "\": " + file.errorString());
         buffer_ = file.readAll();
         atEnd_ = true;
     }
@@ -88,7 +89,8 @@ void LineInput::Next() {
     driver_.Submit(line, [this](const QJsonValue& answer) {
         Print(answer);
         busy_ = false;
-        QMetaObject::invokeMethod(this, [this] { Next(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { Next(); }, Qt::QueuedConnection);
     });
 }
 

@@ -1,5 +1,5 @@
-#include <QApplication>
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -31,7 +31,8 @@ QJsonValue StateOf(const DriveTarget& target) {
     if (target.control.isEmpty()) return WindowState(window);
     if (const QWidget* control = FindControl(window, target.control)) return ControlState(*control);
     if (const QAction* tool = FindTool(window, target.control)) return ToolState(*tool);
-    throw DriveError("Window \"" + target.window + "\" has neither a control nor a tool \"" + target.control + "\"");
+    throw DriveError("Window \"" + target.window + "\" has neither a control nor a tool \"" + target.control +
+                     "\"");
 }
 
 }  // namespace

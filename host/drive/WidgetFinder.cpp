@@ -42,7 +42,8 @@ QWidget* FindControl(QWidget& window, const QString& name) {
 
 QWidget& RequireControl(const DriveTarget& target) {
     QWidget& window = RequireWindow(target.window);
-    if (target.control.isEmpty()) throw DriveError("A control must be named: \"" + target.window + ".CONTROL\"");
+    if (target.control.isEmpty())
+        throw DriveError("A control must be named: \"" + target.window + ".CONTROL\"");
     if (QWidget* control = FindControl(window, target.control)) return *control;
     throw DriveError("Window \"" + target.window + "\" has no control \"" + target.control + "\"");
 }

@@ -73,11 +73,16 @@ QJsonArray Place(const QRect& place) { return {place.x(), place.y(), place.width
 
 QString IconName(QMessageBox::Icon icon) {
     switch (icon) {
-        case QMessageBox::Critical: return "critical";
-        case QMessageBox::Question: return "question";
-        case QMessageBox::Warning: return "exclamation";
-        case QMessageBox::Information: return "information";
-        case QMessageBox::NoIcon: break;
+        case QMessageBox::Critical:
+            return "critical";
+        case QMessageBox::Question:
+            return "question";
+        case QMessageBox::Warning:
+            return "exclamation";
+        case QMessageBox::Information:
+            return "information";
+        case QMessageBox::NoIcon:
+            break;
     }
     return "none";
 }
@@ -123,7 +128,8 @@ QJsonObject ControlState(const QWidget& control) {
     if (const auto* picture = dynamic_cast<const lumarin::qt::PictureWidget*>(&control))
         state["picture"] = Place(picture->PictureRect().translated(corner));
     if (const auto* shape = dynamic_cast<const lumarin::qt::ShapeWidget*>(&control))
-        state["box"] = Place(shape->Box().translated(shape->parentWidget()->mapTo(control.window(), QPoint(0, 0))));
+        state["box"] =
+            Place(shape->Box().translated(shape->parentWidget()->mapTo(control.window(), QPoint(0, 0))));
     return state;
 }
 
@@ -149,7 +155,10 @@ QJsonObject MenuState(const QMenu& menu) {
 QJsonObject MessageState(const QMessageBox& box) {
     QStringList captions;
     for (const QAbstractButton* button : box.buttons()) captions += PlainCaption(button->text());
-    return {{"text", box.text()}, {"title", box.windowTitle()}, {"buttons", Texts(captions)}, {"icon", IconName(box.icon())}};
+    return {{"text", box.text()},
+            {"title", box.windowTitle()},
+            {"buttons", Texts(captions)},
+            {"icon", IconName(box.icon())}};
 }
 
 }  // namespace host

@@ -2,11 +2,12 @@
 
 #include "base/Files.h"
 #include "base/Numbers.h"
-#include "base/Text.h"
 #include "host/database/Schema.h"
 #include "host/services/DataFolder.h"
 #include "host/services/DbService.h"
 #include "host/services/PhotoService.h"
+
+#include <sys/stat.h>
 
 namespace host {
 
@@ -22,11 +23,21 @@ HostOptions Prepared(HostOptions options) {
 }
 
 /// The byte length that the version names for photo `number` (from 1); nothing when it names none.
-std::optional<std::uint64_t> PublishedLength(const std::string& version, int number) {
-    const std::vector<std::string> lengths = lumarin::text::Split(version, ',');
-    if (static_cast<std::size_t>(number) > lengths.size()) return std::nullopt;
-    const auto length = lumarin::ParseInteger(lengths[static_cast<std::size_t>(number) - 1]);
+std::optional<std::uint64_t> PublishedLength(std::string_view version, int number) {
+    for (; number > 1; --number) {
+        const std::size_t comma = version.find(',');
+        if (comma == std::string_view::npos) return std::nullopt;
+        version.remove_prefix(comma + 1);
+    }
+    const auto length = lumarin::ParseInteger(version.substr(0, version.find(',')));
     return length && *length >= 0 ? std::optional<std::uint64_t>(*length) : std::nullopt;
+}
+
+/// Nothing when there is no such file. Asked for every photo of a verification: one look, not two.
+std::optional<std::uint64_t> LengthOnDisk(const std::string& path) {
+    struct stat found {};
+    if (stat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
+    return static_cast<std::uint64_t>(found.st_size);
 }
 
 }  // namespace
@@ -57,29 +68,30 @@ std::string HostVelCommon::ListingPhotoFolder(std::int32_t listingNumber) const 
 }
 
 std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
-    const std::string name =
-        "photo " + std::to_string(number) + " of listing " + std::to_string(listingNumber);
+    const auto name = [&] {
+        return "photo " + std::to_string(number) + " of listing " + std::to_string(listingNumber);
+    };
     if (listingNumber < 1 || number < 1 || number > static_cast<int>(MostPhotos))
-        throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "There cannot be a " + name);
+        throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "There cannot be a " + name());
     const std::string folder = ListingPhotoFolder(listingNumber);
     const std::string local =
         folder + std::to_string(listingNumber) + PhotoLetter(static_cast<std::size_t>(number) - 1) + ".jpg";
-    const std::optional<std::uint64_t> length = PublishedLength(version, number);
-    if (files::FileExists(local) && (!length || files::FileLength(local) == *length)) return local;
+    const std::optional<std::uint64_t> length = LengthOnDisk(local);
+    if (length && *length == PublishedLength(version, number).value_or(*length)) return local;
 
     files::EnsureFolder(folder);
     constexpr int Attempts = 3;  // A file goes when another program has a package applied just now.
     for (int attempt = 1;; ++attempt) {
         const std::string published = server_.PhotoFile(listingNumber, number);
         if (published.empty())
-            throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "The server has no " + name);
+            throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "The server has no " + name());
         try {
             files::Copy(published, local);
             return local;
         } catch (const lumarin::FileError& error) {
             if (attempt == Attempts)
                 throw lumarin::Error(error.Number(), "FetchPhoto",
-                                     "Cannot fetch " + name + ". " + error.what());
+                                     "Cannot fetch " + name() + ". " + error.what());
         }
     }
 }

@@ -107,8 +107,11 @@ Picture ToPicture(const QImage& image) {
 
 std::vector<std::string> FilesOf(const QMimeData& data) {
     std::vector<std::string> paths;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile()) paths.push_back(FromQt(url.toLocalFile()));
+    for (const QUrl& url : data.urls()) {
+        if (!url.isLocalFile()) continue;
+        const QString path = url.toLocalFile();
+        if (!path.isEmpty() && !path.contains(QChar::Null)) paths.push_back(FromQt(path));
+    }
     return paths;
 }
 

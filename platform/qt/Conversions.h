@@ -38,7 +38,8 @@ QImage ToImage(const PicturePtr& picture);
 /// 24 bits a pixel, alpha laid on white.
 Picture ToPicture(const QImage& image);
 
-/// Full paths of the files among the dropped or pasted data; other addresses are left out.
+/// Full paths of the files among the dropped or pasted data; other addresses are left out, and so are those
+/// that no file can have.
 std::vector<std::string> FilesOf(const QMimeData& data);
 
 }  // namespace lumarin::qt

@@ -180,6 +180,10 @@ bool FormWindow::eventFilter(QObject*, QEvent* event) {
         case QEvent::Move:
         case QEvent::Resize: ReportPlace(); return false;
         case QEvent::KeyPress:
+            if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::HelpContents)) {
+                form_->HelpPressed();
+                return true;
+            }
             if (qobject_cast<QDialog*>(window_.get()) == nullptr) return false;
             if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel)) return false;
             window_->close();  // as the frame's close command: the form is asked

@@ -14,12 +14,14 @@ namespace {
 constexpr std::uint8_t White = 255;
 constexpr std::uint8_t TextGrey = 200;
 constexpr std::uint8_t ShadowGrey = 100;
-constexpr int SmallestText = 8;      // pixels
-constexpr int LinesPerCanvas = 27;   // a photo of 300 rows gets text of 11 pixels
+constexpr int SmallestText = 8;     // pixels
+constexpr int LinesPerCanvas = 27;  // a photo of 300 rows gets text of 11 pixels
 
 /// Offset of the first byte of row `y` from column `x` on.
 std::size_t PixelAt(const Picture& picture, int x, int y) {
-    return (static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) + static_cast<std::size_t>(x)) * 3;
+    return (static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width) +
+            static_cast<std::size_t>(x)) *
+           3;
 }
 
 /// How the text covers its rectangle: 0 not at all, 255 fully. Markup characters stand for themselves.
@@ -27,7 +29,8 @@ VImage TextMask(const std::string& text, int pixels) {
     const std::unique_ptr<char, decltype(&g_free)> valid(g_utf8_make_valid(text.c_str(), -1), &g_free);
     const std::unique_ptr<char, decltype(&g_free)> plain(g_markup_escape_text(valid.get(), -1), &g_free);
     const std::string font = "Arial " + std::to_string(pixels);
-    return VImage::text(plain.get(), VImage::option()->set("font", font.c_str())->set("dpi", 72)).copy_memory();
+    return VImage::text(plain.get(), VImage::option()->set("font", font.c_str())->set("dpi", 72))
+        .copy_memory();
 }
 
 void Blend(Picture& picture, const VImage& mask, int left, int top, std::uint8_t grey) {
@@ -36,7 +39,8 @@ void Blend(Picture& picture, const VImage& mask, int left, int top, std::uint8_t
             const int cover = *VIPS_IMAGE_ADDR(mask.get_image(), x, y);
             std::uint8_t* pixel = &picture.pixels[PixelAt(picture, left + x, top + y)];
             for (int band = 0; band < 3; ++band)
-                pixel[band] = static_cast<std::uint8_t>((pixel[band] * (255 - cover) + grey * cover + 127) / 255);
+                pixel[band] =
+                    static_cast<std::uint8_t>((pixel[band] * (255 - cover) + grey * cover + 127) / 255);
         }
 }
 
@@ -89,8 +93,8 @@ std::string EncodeJpeg(const Picture& picture, const CaptureOrder& order) {
     void* bytes = nullptr;
     std::size_t size = 0;
     const VImage image = ImageOver(picture);
-    if (vips_jpegsave_buffer(image.get_image(), &bytes, &size, "Q", QualityOf(order.jpegQualityFactor), "strip",
-                             TRUE, "optimize_coding", TRUE, nullptr) != 0)
+    if (vips_jpegsave_buffer(image.get_image(), &bytes, &size, "Q", QualityOf(order.jpegQualityFactor),
+                             "strip", TRUE, "optimize_coding", TRUE, nullptr) != 0)
         throw VError();
     const std::unique_ptr<void, decltype(&g_free)> owner(bytes, &g_free);
     std::string jpeg(static_cast<const char*>(bytes), size);

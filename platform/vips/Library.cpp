@@ -24,8 +24,10 @@ class WithoutModules {
 public:
     WithoutModules() : home_(g_strdup(g_getenv(Home))) { g_setenv(Home, "/nowhere", TRUE); }
     ~WithoutModules() {
-        if (home_ != nullptr) g_setenv(Home, home_, TRUE);
-        else g_unsetenv(Home);
+        if (home_ != nullptr)
+            g_setenv(Home, home_, TRUE);
+        else
+            g_unsetenv(Home);
         g_free(home_);
     }
     WithoutModules(const WithoutModules&) = delete;
@@ -65,9 +67,10 @@ void StartLibrary() {
 
 void LoadHeifReader() {
     static GModule* const module = [] {
-        const std::string folder = "vips-modules-" + std::to_string(VIPS_MAJOR_VERSION) + "." +
-                                   std::to_string(VIPS_MINOR_VERSION);
-        const std::string path = std::string(LUMARIN_VIPS_LIBRARIES) + "/" + folder + "/vips-heif." G_MODULE_SUFFIX;
+        const std::string folder =
+            "vips-modules-" + std::to_string(VIPS_MAJOR_VERSION) + "." + std::to_string(VIPS_MINOR_VERSION);
+        const std::string path =
+            std::string(LUMARIN_VIPS_LIBRARIES) + "/" + folder + "/vips-heif." G_MODULE_SUFFIX;
         GModule* loaded = g_module_open(path.c_str(), G_MODULE_BIND_LOCAL);
         if (loaded != nullptr) {
             g_module_make_resident(loaded);

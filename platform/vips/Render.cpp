@@ -20,27 +20,43 @@ PixelRect StoredRect(const StoredPicture& picture, const PixelRect& upright) {
     const int fromRight = picture.Width() - (LiesOnItsSide(picture) ? top + height : left + width);
     const int fromBottom = picture.Height() - (LiesOnItsSide(picture) ? left + width : top + height);
     switch (picture.Orientation()) {
-        case 2: return {fromRight, top, width, height};
-        case 3: return {fromRight, fromBottom, width, height};
-        case 4: return {left, fromBottom, width, height};
-        case 5: return {top, left, height, width};
-        case 6: return {top, fromBottom, height, width};
-        case 7: return {fromRight, fromBottom, height, width};
-        case 8: return {fromRight, left, height, width};
-        default: return upright;
+        case 2:
+            return {fromRight, top, width, height};
+        case 3:
+            return {fromRight, fromBottom, width, height};
+        case 4:
+            return {left, fromBottom, width, height};
+        case 5:
+            return {top, left, height, width};
+        case 6:
+            return {top, fromBottom, height, width};
+        case 7:
+            return {fromRight, fromBottom, height, width};
+        case 8:
+            return {fromRight, left, height, width};
+        default:
+            return upright;
     }
 }
 
 VImage Upright(const VImage& stored, int orientation) {
     switch (orientation) {
-        case 2: return stored.flip(VIPS_DIRECTION_HORIZONTAL);
-        case 3: return stored.rot(VIPS_ANGLE_D180);
-        case 4: return stored.flip(VIPS_DIRECTION_VERTICAL);
-        case 5: return stored.rot(VIPS_ANGLE_D90).flip(VIPS_DIRECTION_HORIZONTAL);
-        case 6: return stored.rot(VIPS_ANGLE_D90);
-        case 7: return stored.rot(VIPS_ANGLE_D90).flip(VIPS_DIRECTION_VERTICAL);
-        case 8: return stored.rot(VIPS_ANGLE_D270);
-        default: return stored;
+        case 2:
+            return stored.flip(VIPS_DIRECTION_HORIZONTAL);
+        case 3:
+            return stored.rot(VIPS_ANGLE_D180);
+        case 4:
+            return stored.flip(VIPS_DIRECTION_VERTICAL);
+        case 5:
+            return stored.rot(VIPS_ANGLE_D90).flip(VIPS_DIRECTION_HORIZONTAL);
+        case 6:
+            return stored.rot(VIPS_ANGLE_D90);
+        case 7:
+            return stored.rot(VIPS_ANGLE_D90).flip(VIPS_DIRECTION_VERTICAL);
+        case 8:
+            return stored.rot(VIPS_ANGLE_D270);
+        default:
+            return stored;
     }
 }
 
@@ -55,8 +71,10 @@ VImage OnWhite(VImage image) {
             return image.flatten(VImage::option()->set("background", std::vector<double>{65535}));
         case VIPS_INTERPRETATION_sRGB:
         case VIPS_INTERPRETATION_RGB:
-        case VIPS_INTERPRETATION_B_W: break;
-        default: image = image.colourspace(VIPS_INTERPRETATION_sRGB);
+        case VIPS_INTERPRETATION_B_W:
+            break;
+        default:
+            image = image.colourspace(VIPS_INTERPRETATION_sRGB);
     }
     return image.flatten(VImage::option()->set("background", std::vector<double>{255}));
 }
@@ -82,7 +100,8 @@ Reduction Plan(double from, double to, int limit, int target) {
     plan.shrink = std::max(1.0, length / target);
 
     double nearest = 2.0;
-    for (int count = std::max(1, static_cast<int>(length)); count <= std::min(blocks, static_cast<int>(length) + 1); ++count) {
+    for (int count = std::max(1, static_cast<int>(length));
+         count <= std::min(blocks, static_cast<int>(length) + 1); ++count) {
         const int first = std::clamp(static_cast<int>(std::lround(middle - count / 2.0)), 0, blocks - count);
         const double distance = std::abs(first + count / 2.0 - middle);
         if (std::lround(count / plan.shrink) != target || distance >= nearest) continue;
@@ -115,17 +134,17 @@ VImage Enlarge(const Decoded& decoded, const PixelRect& cut, int width, int heig
 
 VImage Resample(const Decoded& decoded, const PixelRect& cut, int width, int height) {
     const bool enlarged = width > cut.width || height > cut.height;
-    const VImage image = enlarged ? Enlarge(decoded, cut, width, height) : Reduce(decoded, cut, width, height);
+    const VImage image =
+        enlarged ? Enlarge(decoded, cut, width, height) : Reduce(decoded, cut, width, height);
     if (image.width() == width && image.height() == height) return image;
     return image.embed(0, 0, width, height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
 }
 
 VImage FromEmbeddedProfile(const VImage& image) {
     try {
-        return image.icc_transform("srgb", VImage::option()
-                                               ->set("embedded", true)
-                                               ->set("black_point_compensation", true)
-                                               ->set("depth", 8));
+        return image.icc_transform(
+            "srgb",
+            VImage::option()->set("embedded", true)->set("black_point_compensation", true)->set("depth", 8));
     } catch (const VError&) {
         // A profile that does not fit the pixels says nothing about them.
         vips_error_clear();
@@ -164,11 +183,12 @@ Picture Render(const StoredPicture& picture, const PixelRect& cut, int width, in
     if (!inside || width <= 0 || height <= 0)
         throw ImagingError(InvalidParameterError, "The cut does not lie inside the photo.");
 
-    const double reduction = std::min(static_cast<double>(cut.width) / width,
-                                      static_cast<double>(cut.height) / height);
+    const double reduction =
+        std::min(static_cast<double>(cut.width) / width, static_cast<double>(cut.height) / height);
     if (LiesOnItsSide(picture)) std::swap(width, height);
     // From here on the picture is small and in memory: its file has been read, in one pass.
-    const VImage small = Resample(picture.Decode(reduction), StoredRect(picture, cut), width, height).copy_memory();
+    const VImage small =
+        Resample(picture.Decode(reduction), StoredRect(picture, cut), width, height).copy_memory();
     return ToPicture(ToSrgb(Upright(small, picture.Orientation())));
 }
 

@@ -100,7 +100,9 @@ private:
 
 }  // namespace
 
-std::unique_ptr<StoredPicture> OpenFile(const std::string& path) { return std::make_unique<StoredFile>(path); }
+std::unique_ptr<StoredPicture> OpenFile(const std::string& path) {
+    return std::make_unique<StoredFile>(path);
+}
 
 std::unique_ptr<StoredPicture> OpenPixels(PicturePtr picture) {
     const bool whole = picture != nullptr && !picture->IsEmpty() &&

@@ -63,7 +63,9 @@ Picture VipsImaging::Thumbnail(const std::string& path, int longestSide) {
     const std::unique_ptr<SourcePicture> picture = Open(path);
     const double longest = std::max(picture->Width(), picture->Height());
     const double scale = std::min(1.0, longestSide / longest);
-    const auto scaled = [scale](int side) { return std::max(1, static_cast<int>(std::lround(side * scale))); };
+    const auto scaled = [scale](int side) {
+        return std::max(1, static_cast<int>(std::lround(side * scale)));
+    };
     return picture->Preview(scaled(picture->Width()), scaled(picture->Height()));
 }
 

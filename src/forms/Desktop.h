@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/Form.h"
@@ -82,6 +83,13 @@ public:
 
     /// Opens a page of a help file by its context number. Throws Error when it cannot be shown.
     virtual void OpenHelp(const std::string& helpFile, int context) = 0;
+
+    /// The help file that the help key opens in every window. Set by every start of a job; the last one counts.
+    void SetHelpFile(std::string path) { helpFile_ = std::move(path); }
+    const std::string& HelpFile() const { return helpFile_; }
+
+private:
+    std::string helpFile_;
 };
 
 /// Shows the hourglass and restores the default pointer at the end, also on failure.

@@ -100,6 +100,12 @@ bool Form::Unload(CloseReason reason) {
     return true;
 }
 
+void Form::OpenHelp() const { desktop_.OpenHelp(desktop_.HelpFile(), helpContext_); }
+
+void Form::HelpPressed() {
+    Guarded("Help", [this] { OpenHelp(); });
+}
+
 void Form::Activated() {
     Guarded("Activate", [this] { OnActivate(); });
 }

@@ -55,6 +55,10 @@ public:
     void SetEnabled(bool enabled);
     /// Number of this window's page in the host's help file.
     int HelpContext() const { return helpContext_; }
+    /// Opens this window's page. Throws Error when it cannot be shown.
+    void OpenHelp() const;
+    /// For the front end: the help key was pressed.
+    void HelpPressed();
     /// Whether the window stays above the others of the program.
     bool Topmost() const { return topmost_; }
 

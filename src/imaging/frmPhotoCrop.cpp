@@ -13,6 +13,7 @@ namespace lumarin {
 namespace {
 
 constexpr const char* Title = "Crop Photo";
+constexpr int HelpPage = 2;
 constexpr const char* NoValidPhoto = "The selected file is not a valid photo.";
 constexpr double SmallestCaptureArea = 150000;  // square twips
 constexpr int FewestCutPixels = 10;
@@ -37,6 +38,7 @@ Message ErrorMessage(const std::string& text) {
 frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
     : Form(desktop, "frmPhotoCrop"), imaging_(imaging) {
     SetTopmost(true);
+    SetHelpContext(HelpPage);
     SetInitialSize(12000, 8400);
     SetCaptions();
     for (PictureBox* hidden : {&lbmBM, &LEAD1, &LEAD2}) hidden->SetVisible(false);

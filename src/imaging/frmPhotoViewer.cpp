@@ -9,10 +9,12 @@ namespace lumarin {
 namespace {
 
 constexpr double UsableScreen = 0.9;
+constexpr int HelpPage = 3;
 
 }  // namespace
 
 frmPhotoViewer::frmPhotoViewer(Desktop& desktop) : Form(desktop, "frmPhotoViewer") {
+    SetHelpContext(HelpPage);
     imgImage.MouseUp = [this](const Mouse& mouse) {
         if (mouse.button == MouseButton::Left) Unload();
     };

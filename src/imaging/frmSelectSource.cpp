@@ -7,12 +7,14 @@ namespace lumarin {
 namespace {
 
 constexpr const char* Title = "Select Source";
+constexpr int HelpPage = 7;
 
 }  // namespace
 
 frmSelectSource::frmSelectSource(Desktop& desktop) : Form(desktop, "frmSelectSource") {
     SetInitialSize(7200, 3600);
     SetCaption(Title);
+    SetHelpContext(HelpPage);
     cmdOK.SetCaption("&OK");
     cmdCancel.SetCaption("&Cancel");
     lisSources.AddColumn("Scanner or camera", 3600);

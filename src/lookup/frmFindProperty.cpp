@@ -8,6 +8,7 @@ namespace lumarin {
 
 namespace {
 
+constexpr int HelpPage = 4;
 constexpr int NameTab = 0;
 constexpr int StreetTab = 1;
 constexpr double KeyColumnWidth = 600;
@@ -39,6 +40,7 @@ void SetVisible(bool visible, Shown&... controls) {
 frmFindProperty::frmFindProperty(const LookupPorts& ports)
     : Form(ports.desktop, "frmFindProperty"), host_(ports.host), quote_(ports.engine) {
     SetCaption("Find Property");
+    SetHelpContext(HelpPage);
     fpAddrMin.SetRange(0, 2147483647);
     fpAddrMax.SetRange(0, 2147483647);
     lisIncludestatuses.SetVisible(false);

@@ -11,6 +11,7 @@ namespace lumarin {
 
 namespace {
 
+constexpr int HelpPage = 5;
 constexpr int Backspace = 8, CtrlV = 22, CtrlC = 3, EnterKey = 13;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -43,6 +44,7 @@ bool IsNumeric(std::string_view text) {
 
 frmListnumPrompt::frmListnumPrompt(const LookupPorts& ports)
     : Form(ports.desktop, "frmListnumPrompt"), ports_(ports) {
+    SetHelpContext(HelpPage);
     txtPropertyId.KeyPressed = [this](KeyPress& key) { FilterKey(key); };
     cmdOK.Click = [this] { AcceptNumber(); };
     cmdCancel.Click = [this] { Cancel(); };

@@ -81,7 +81,7 @@ void frmLumarin::WireEvents() {
 void frmLumarin::Init(std::int32_t JobIndex) {
     jobIndex_ = JobIndex;
     VelCommon& host = ports_.host.Common();
-    ports_.host.SetHelpFile(host.HelpFilePath());
+    desktop().SetHelpFile(host.HelpFilePath());
     cropWindow_ = std::make_unique<frmPhotoCrop>(desktop(), ports_.imaging);
     settings_ = ReadWindowSettings(host);
     cropWindow_->SetPhotoSize(settings_.photoSize);

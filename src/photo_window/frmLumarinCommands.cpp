@@ -123,7 +123,7 @@ void frmLumarin::VerifyPhotos() {
 }
 
 void frmLumarin::ShowHelp() {
-    RunCommand("miHelp", [this] { desktop().OpenHelp(ports_.host.HelpFile(), HelpContext()); });
+    RunCommand("miHelp", [this] { OpenHelp(); });
 }
 
 void frmLumarin::CopyPhoto() {

@@ -10,11 +10,15 @@ class frmBusy : public Form {
 public:
     explicit frmBusy(Desktop& desktop) : Form(desktop, "frmBusy") {
         SetCaption("Retrieving information");
+        SetHelpContext(HelpPage);
         Label1.SetCaption("Please wait ... ");
     }
 
     PictureBox Image1{*this, "Image1"};
     Label Label1{*this, "Label1"};
+
+private:
+    static constexpr int HelpPage = 10;
 };
 
 }  // namespace lumarin

@@ -5,12 +5,14 @@
 namespace lumarin {
 
 namespace {
+constexpr int HelpPage = 9;
 constexpr int TickInterval = 250;  // milliseconds: no second is skipped
 }
 
 frmProgress::frmProgress(Desktop& desktop, const Clock& clock, HostLink& host)
     : Form(desktop, "frmProgress"), clock_(clock), host_(host) {
     SetCaption("Upload in progress");
+    SetHelpContext(HelpPage);
     lblElapsedTime.SetCaption("Elapsed Time:");
     lblTime.SetCaption(ElapsedText(0));
     cmdCancel.SetCaption("&Cancel");

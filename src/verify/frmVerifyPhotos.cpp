@@ -15,6 +15,7 @@ constexpr const char* ListingsWithPhotos =
     "SELECT ListNum,PhotoCount,PhotoVersion"
     " From Listings Left join photo on Listings.ListNum = Photo.PhoListNum WHERE Photo.PhotoCount > 0;";
 
+constexpr int HelpPage = 6;
 constexpr int BeforeFirstLetter = 96;
 constexpr std::size_t LetterAndEnding = 5;  // "a.jpg"
 
@@ -54,6 +55,7 @@ frmVerifyPhotos::frmVerifyPhotos(Desktop& desktop, HostLink& host)
     : Form(desktop, "frmVerifyPhotos"), host_(host) {
     SetInitialSize(6600, 3000);
     SetCaption("Verify Photos");
+    SetHelpContext(HelpPage);
     cmdStart.SetCaption("&Start");
     cmdCancel.SetCaption("&Cancel");
     cmdExit.SetCaption("E&xit");

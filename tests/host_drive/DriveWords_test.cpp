@@ -51,7 +51,8 @@ TEST(KeyStroke_ParseKey, NamesAndModifiers_GiveWhatAKeyboardSends) {
         EXPECT_EQ(stroke.modifiers, expected.modifiers) << expected.name;
         EXPECT_EQ(stroke.text, QString(expected.text)) << expected.name;
     }
-    for (const char* unknown : {"Entr", "F13", "Hyper+a", "Ctrl+"}) EXPECT_THROW(ParseKey(unknown), DriveError) << unknown;
+    for (const char* unknown : {"Entr", "F13", "Hyper+a", "Ctrl+"})
+        EXPECT_THROW(ParseKey(unknown), DriveError) << unknown;
 }
 
 TEST(WidgetFinder_ParseTarget, ControlArray_BecomesTheObjectName) {

@@ -4,7 +4,10 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
@@ -17,10 +20,13 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace host {
@@ -34,6 +40,31 @@ QApplication& Application() {
     static auto* application = new QApplication(count, arguments);
     return *application;
 }
+
+/// Writes down what the mouse does to it, and takes files.
+class Surface : public QWidget {
+public:
+    Surface() {
+        setAcceptDrops(true);
+        setMinimumSize(200, 100);
+        setMouseTracking(true);
+    }
+    std::vector<QPoint> hovers, presses, moves, releases;
+    QStringList dropped;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override { presses.push_back(event->pos()); }
+    void mouseReleaseEvent(QMouseEvent* event) override { releases.push_back(event->pos()); }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        (event->buttons() == Qt::LeftButton ? moves : hovers).push_back(event->pos());
+    }
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (event->mimeData()->urls().size() < 3) event->acceptProposedAction();
+    }
+    void dropEvent(QDropEvent* event) override {
+        for (const QUrl& url : event->mimeData()->urls()) dropped += url.toLocalFile();
+    }
+};
 
 /// A window with one control of each kind; what its handlers find out goes into "lblResult".
 class TestWindow : public QMainWindow {
@@ -50,7 +81,10 @@ public:
         Add<QComboBox>("cmbView")->addItems({"Front", "Kitchen", "Front door"});
         AddTable();
         AddMenu();
+        surface = Add<Surface>("imgMain");
     }
+
+    Surface* surface = nullptr;
 
     void Button(const char* name, const std::function<void()>& work) {
         QObject::connect(Add<QPushButton>(name), &QPushButton::clicked, this, work);
@@ -71,8 +105,10 @@ private:
         table->setColumnCount(2);
         table->setRowCount(200);
         table->setSelectionBehavior(QAbstractItemView::SelectRows);
-        for (int row = 0; row < 200; ++row) table->setItem(row, 0, new QTableWidgetItem(QString::number(100 + row)));
-        QObject::connect(table, &QTableWidget::cellDoubleClicked, this, [this](int row, int) { Result(QString::number(row)); });
+        for (int row = 0; row < 200; ++row)
+            table->setItem(row, 0, new QTableWidgetItem(QString::number(100 + row)));
+        QObject::connect(table, &QTableWidget::cellDoubleClicked, this,
+                         [this](int row, int) { Result(QString::number(row)); });
     }
 
     void AddMenu() {
@@ -112,7 +148,9 @@ protected:
         return answers;
     }
     QJsonObject Last(const QStringList& commands) { return Do(commands).back().toObject(); }
-    QString ResultAfter(const QStringList& commands) { return Last(commands + QStringList{"get frmTest.lblResult"})["text"].toString(); }
+    QString ResultAfter(const QStringList& commands) {
+        return Last(commands + QStringList{"get frmTest.lblResult"})["text"].toString();
+    }
 
     void Ask() {
         const auto answer = QMessageBox::question(&window, "Sure?", "Go on?");
@@ -135,7 +173,10 @@ TEST_F(DriverTest, Controls_WorkedAsAPerson_ShowIt) {
         QJsonValue value;
     } cases[] = {
         {{"set frmTest.txtName \"old\"", "set frmTest.txtName \"Grüße 1\""}, "txtName", "text", "Grüße 1"},
-        {{"set frmTest.txtName abc", "key frmTest.txtName Home", "key frmTest.txtName Delete"}, "txtName", "text", "bc"},
+        {{"set frmTest.txtName abc", "key frmTest.txtName Home", "key frmTest.txtName Delete"},
+         "txtName",
+         "text",
+         "bc"},
         {{"set frmTest.txtName abc", "set frmTest.txtName \"\""}, "txtName", "text", ""},
         {{"set frmTest.hsbControl(0) -250"}, "hsbControl(0)", "value", -250},
         {{"set frmTest.cmbView Kitchen"}, "cmbView", "selected", 1},
@@ -152,8 +193,8 @@ TEST_F(DriverTest, Controls_WorkedAsAPerson_ShowIt) {
 
 TEST_F(DriverTest, Press_HandlerAsks_IsAnsweredWhileItWaits) {
     window.Button("cmdAsk", [this] { Ask(); });
-    const auto answers = Do({"press frmTest.cmdAsk", "message", "press frmTest.cmdAsk", "answer yes", "message",
-                             "get frmTest.lblResult"});
+    const auto answers = Do({"press frmTest.cmdAsk", "message", "press frmTest.cmdAsk", "answer yes",
+                             "message", "get frmTest.lblResult"});
     EXPECT_TRUE(answers[0].toObject()["ok"].toBool());
     EXPECT_EQ(answers[1].toObject()["text"], "Go on?");
     EXPECT_EQ(answers[1].toObject()["title"], "Sure?");
@@ -162,6 +203,12 @@ TEST_F(DriverTest, Press_HandlerAsks_IsAnsweredWhileItWaits) {
     EXPECT_TRUE(answers[2].toObject().contains("error")) << "the window is behind the message";
     EXPECT_TRUE(answers[4].isNull());
     EXPECT_EQ(answers[5].toObject()["text"], "Yes");
+}
+
+TEST_F(DriverTest, Key_AccessKeyOfAButton_IsAnsweredAfterItsClick) {
+    window.Button("cmdAsk", [this] { Ask(); });
+    window.findChild<QPushButton*>("cmdAsk")->setText("&Ask");
+    EXPECT_EQ(ResultAfter({"key frmTest.txtName Alt+a", "message", "answer Yes"}), "Yes");
 }
 
 TEST_F(DriverTest, Message_HandlerStillAtWork_WaitsForItsQuestion) {
@@ -177,8 +224,10 @@ TEST_F(DriverTest, Message_HandlerStillAtWork_WaitsForItsQuestion) {
         progress.hide();
         Ask();
     });
-    const auto answers = Do({"press frmTest.cmdWork", "get frmProgress", "message", "answer No", "get frmTest.lblResult"});
-    EXPECT_TRUE(answers[1].toObject()["visible"].toBool()) << "the first answer comes when the window appears";
+    const auto answers =
+        Do({"press frmTest.cmdWork", "get frmProgress", "message", "answer No", "get frmTest.lblResult"});
+    EXPECT_TRUE(answers[1].toObject()["visible"].toBool())
+        << "the first answer comes when the window appears";
     EXPECT_EQ(answers[2].toObject()["text"], "Go on?");
     EXPECT_EQ(answers[4].toObject()["text"], "No");
 }
@@ -192,6 +241,33 @@ TEST_F(DriverTest, Get_WindowDisabledByTheProgram_WaitsUntilItIsEnabled) {
         });
     });
     EXPECT_EQ(ResultAfter({"press frmTest.cmdLater"}), "done");
+}
+
+TEST_F(DriverTest, Drag_FromAnEdgeToOutside_IsSeenByTheControlWhereItBegan) {
+    Do({"drag frmTest.imgMain 10 20 50 -40"});
+    const Surface& seen = *window.surface;
+    ASSERT_EQ(seen.presses, std::vector{QPoint(10, 20)});
+    EXPECT_EQ(seen.hovers, std::vector{QPoint(10, 20)}) << "the pointer is there before the button goes down";
+    EXPECT_GE(seen.moves.size(), 4u);
+    EXPECT_EQ(seen.moves.back(), QPoint(50, -40));
+    EXPECT_EQ(seen.releases, std::vector{QPoint(50, -40)});
+}
+
+TEST_F(DriverTest, Drop_Files_ArriveUnlessTheControlRefuses) {
+    const auto answers =
+        Do({"drop frmTest.imgMain \"/tmp/a b.jpg\" /tmp/c.png", "drop frmTest.imgMain /1 /2 /3"});
+    EXPECT_EQ(window.surface->dropped, QStringList({"/tmp/a b.jpg", "/tmp/c.png"}));
+    EXPECT_EQ(answers[1].toObject()["error"], "Control \"imgMain\" refuses these files");
+}
+
+TEST_F(DriverTest, ShotAndClipboard_OfAPicture_HoldIt) {
+    QTemporaryDir folder;
+    const QString file = folder.filePath("new folder/shot.png");
+    Do({"shot frmTest " + file, "clipboard " + file});
+    EXPECT_EQ(QApplication::clipboard()->image().size(), window.size());
+    Do({"clipboard clear"});
+    EXPECT_TRUE(QApplication::clipboard()->image().isNull());
+    EXPECT_FALSE(driver.HadErrors());
 }
 
 TEST_F(DriverTest, Menu_RightClick_NamesToolsAndClosesIt) {
@@ -215,7 +291,8 @@ TEST_F(DriverTest, Choose_FileDialogWaits_ChoosesOrCancels) {
             for (const QString& path : dialog.selectedFiles()) names += QFileInfo(path).fileName();
         window.Result(names.isEmpty() ? "none" : names.join('|'));
     });
-    const QString both = QString("choose \"%1\" %2").arg(folder.filePath("a b.jpg"), folder.filePath("c.jpg"));
+    const QString both =
+        QString("choose \"%1\" %2").arg(folder.filePath("a b.jpg"), folder.filePath("c.jpg"));
     EXPECT_EQ(ResultAfter({"press frmTest.cmdOpen", both}), "a b.jpg|c.jpg");
     EXPECT_EQ(ResultAfter({"press frmTest.cmdOpen", "choose " + folder.filePath("c.jpg")}), "c.jpg");
     EXPECT_EQ(ResultAfter({"press frmTest.cmdOpen", "choose"}), "none");
@@ -257,7 +334,8 @@ TEST_F(DriverTest, Quit_QuestionsWait_AreDismissedBeforeTheEnd) {
         Ask();
         Ask();
     });
-    driver.Submit("press frmTest.cmdAsk", [this](const QJsonValue&) { driver.Quit([this] { loop.quit(); }); });
+    driver.Submit("press frmTest.cmdAsk",
+                  [this](const QJsonValue&) { driver.Quit([this] { loop.quit(); }); });
     loop.exec();
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(window.findChild<QLabel*>("lblResult")->text(), "No");

@@ -7,8 +7,9 @@ namespace host {
 using Arguments = std::vector<std::string>;
 
 TEST(ProgramOptions_Parse, AllTogether_AreTaken) {
-    const ProgramOptions options = ParseOptions({"--photos", "--data", "/tmp/x", "--drive", "-", "--level=100",
-                                                 "--agent", "A202", "--office=OF2", "--board", "2"});
+    const ProgramOptions options =
+        ParseOptions({"--photos", "--data", "/tmp/x", "--drive", "-", "--level=100", "--agent", "A202",
+                      "--office=OF2", "--board", "2"});
     EXPECT_TRUE(options.photos);
     EXPECT_EQ(options.dataFolder, "/tmp/x");
     EXPECT_EQ(options.drive, "-");

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonDocument>
 #include <QLockFile>
 #include <QTemporaryDir>
 
@@ -75,8 +76,8 @@ TEST_F(ProgramTest, PhotosRoad_FromTheFileToTheServer_EndsInANewWindow) {
 }
 
 TEST_F(ProgramTest, UnknownListing_ShowsTheMessage_AndBlocksItsWindow) {
-    const ProgramRun run = Drive({"wait frmLumarin", "set frmLumarin.txtID 999", "key frmLumarin.txtID Enter", "message",
-                                  "press frmLumarin.cmdAdd", "answer OK", "message"},
+    const ProgramRun run = Drive({"wait frmLumarin", "set frmLumarin.txtID 999", "key frmLumarin.txtID Enter",
+                                  "message", "press frmLumarin.cmdAdd", "answer OK", "message"},
                                  {"--photos"});
     ASSERT_EQ(run.answers.size(), 7u) << run.errors.toStdString();
     EXPECT_EQ(run.answers[3].toObject()["text"], "999 Is not a valid listing number");
@@ -87,13 +88,38 @@ TEST_F(ProgramTest, UnknownListing_ShowsTheMessage_AndBlocksItsWindow) {
 }
 
 TEST_F(ProgramTest, PhotoWindow_OpenAndClosed_DisablesAndEnablesItsTool) {
-    const ProgramRun run = Drive({"tool frmMain.Photos", "get frmMain.Photos", "get frmMain.Documents", "close frmLumarin",
-                                  "get frmMain.Photos", "close frmMain"});
+    const ProgramRun run = Drive({"tool frmMain.Photos", "get frmMain.Photos", "get frmMain.Documents",
+                                  "close frmLumarin", "get frmMain.Photos", "close frmMain"});
     ASSERT_EQ(run.answers.size(), 6u) << run.errors.toStdString();
     EXPECT_FALSE(run.answers[1].toObject()["enabled"].toBool());
     EXPECT_FALSE(run.answers[2].toObject()["enabled"].toBool());
     EXPECT_TRUE(run.answers[4].toObject()["enabled"].toBool());
     EXPECT_EQ(run.exitCode, 0);
+}
+
+TEST_F(ProgramTest, StartPage_ByTheUsersLevel_ShowsTheListingsInReach) {
+    const struct {
+        const char* level;
+        std::vector<std::string> shown, hidden;
+    } cases[] = {
+        {"59", {"100123", "500010"}, {"100500"}},
+        {"60", {"100123"}, {"100500"}},
+        {"90", {"100123"}, {}},
+        {"100", {"100123", "100500", "500010"}, {}},
+    };
+    std::size_t before = 0;
+    for (const auto& given : cases) {
+        const ProgramRun run = Drive({"get frmMain.Listings"}, {"--level", given.level});
+        ASSERT_EQ(run.answers.size(), 1u) << run.errors.toStdString();
+        const QJsonArray rows = run.answers[0].toObject()["rows"].toArray();
+        EXPECT_GT(rows.size(), static_cast<qsizetype>(before)) << "a higher level sees more: " << given.level;
+        before = static_cast<std::size_t>(rows.size());
+        const QString all = QString(QJsonDocument(rows).toJson());
+        for (const std::string& number : given.shown)
+            EXPECT_TRUE(all.contains(number.c_str())) << given.level << number;
+        for (const std::string& number : given.hidden)
+            EXPECT_FALSE(all.contains(number.c_str())) << given.level << number;
+    }
 }
 
 TEST_F(ProgramTest, UnsentListing_ProgramEnds_IsThereAtTheNextStart) {

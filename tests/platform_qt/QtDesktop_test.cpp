@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QTest>
 #include <QTimer>
 #include <QWindow>
 
@@ -172,6 +173,19 @@ TEST_F(QtDesktopTest, Clipboard_HoldsPicturesOnly) {
 
 TEST_F(QtDesktopTest, Help_MissingFile_IsSaid) {
     EXPECT_THROW(desktop.OpenHelp("/no/such/help.html", 15), Error);
+}
+
+TEST_F(QtDesktopTest, HelpKey_InAnyWindow_AsksForTheHelpFile) {
+    desktop.SetHelpFile("/no/such/help.html");
+    Show();
+    QString said;
+    Meanwhile([&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        said = box->text();
+        box->close();
+    });
+    QTest::keyClick(&Widget("txtText"), Qt::Key_F1);
+    EXPECT_TRUE(said.contains("/no/such/help.html")) << said.toStdString();
 }
 
 TEST_F(QtDesktopTest, ScreenSize_IsInTwips) {

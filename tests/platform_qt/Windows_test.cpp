@@ -6,55 +6,14 @@
 #include <QLabel>
 #include <QMap>
 
-#include <memory>
-
-#include "imaging/FakeImaging.h"
-#include "imaging/frmPhotoCrop.h"
-#include "imaging/frmPhotoViewer.h"
-#include "imaging/frmSelectSource.h"
-#include "lookup/frmFindProperty.h"
-#include "lookup/frmListnumPrompt.h"
-#include "photo_window/frmLumarin.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/WindowLoader.h"
-#include "util/frmBusy.h"
-#include "util/frmProgress.h"
-#include "verify/frmVerifyPhotos.h"
+#include "support/EveryWindow.h"
 
 namespace lumarin::testing {
 
 namespace {
-
-struct NoArchiver final : ZipArchiver {
-    void Create(const std::string&, const std::vector<std::string>&) override {}
-};
-
-/// A form of each window, with ports that nobody asks anything.
-class EveryWindow {
-public:
-    std::vector<std::unique_ptr<Form>> Make() {
-        std::vector<std::unique_ptr<Form>> forms;
-        forms.push_back(std::make_unique<frmLumarin>(PhotoWindowPorts{desktop_, imaging_, archiver_, clock_, host_, engine_}));
-        forms.push_back(std::make_unique<frmPhotoCrop>(desktop_, imaging_));
-        forms.push_back(std::make_unique<frmProgress>(desktop_, clock_, host_));
-        forms.push_back(std::make_unique<frmBusy>(desktop_));
-        forms.push_back(std::make_unique<frmFindProperty>(LookupPorts{desktop_, host_, engine_}));
-        forms.push_back(std::make_unique<frmListnumPrompt>(LookupPorts{desktop_, host_, engine_}));
-        forms.push_back(std::make_unique<frmVerifyPhotos>(desktop_, host_));
-        forms.push_back(std::make_unique<frmPhotoViewer>(desktop_));
-        forms.push_back(std::make_unique<frmSelectSource>(desktop_));
-        return forms;
-    }
-
-private:
-    qt::QtDesktop desktop_;
-    FakeImaging imaging_;
-    NoArchiver archiver_;
-    SystemClock clock_;
-    HostLink host_;
-    NoEngineVersion engine_;
-};
 
 QChar AccessKey(const QString& text) {
     const qsizetype at = QString(text).replace("&&", "  ").indexOf('&');
@@ -64,7 +23,8 @@ QChar AccessKey(const QString& text) {
 }  // namespace
 
 TEST(Windows, EveryWindow_FitsItsDesign) {
-    EveryWindow windows;
+    qt::QtDesktop desktop;
+    EveryWindow windows(desktop);
     QStringList designs = QDir(":/windows").entryList({"frm*.ui"});
     for (const char* ofTests : {"frmEveryKind.ui", "frmMismatched.ui"}) designs.removeAll(ofTests);
     for (const auto& form : windows.Make()) {
@@ -75,7 +35,8 @@ TEST(Windows, EveryWindow_FitsItsDesign) {
 }
 
 TEST(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
-    EveryWindow windows;
+    qt::QtDesktop desktop;
+    EveryWindow windows(desktop);
     for (const auto& form : windows.Make()) {
         form->Load();
         auto& window = *static_cast<QWidget*>(form->NativeWindow());
@@ -100,7 +61,8 @@ TEST(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
 }
 
 TEST(Windows, EveryTool_HasItsIcon) {
-    EveryWindow windows;
+    qt::QtDesktop desktop;
+    EveryWindow windows(desktop);
     for (const auto& form : windows.Make())
         for (Control* control : form->Controls()) {
             const auto* bar = dynamic_cast<ToolBar*>(control);

@@ -29,14 +29,22 @@ protected:
     vips::VipsImaging imaging;
 };
 
-TEST_F(Capture, Cut_OfLargeJpeg_LooksLikeFullResolution) {
+TEST_F(Capture, ReducedDecoding_OfAnyCut_LooksLikeFullResolution) {
     const VImage image = Detailed(2403, 1607);
-    const auto fromFile = Open(Encode(image, ".jpg[Q=95]"));
-    const auto fromMemory = imaging.FromMemory(InMemory(image));
-    for (const PixelRect& cut : {PixelRect{0, 51, 2403, 1502}, PixelRect{333, 205, 1601, 1001}, PixelRect{1717, 1201, 400, 250}}) {
-        SCOPED_TRACE(cut.left);
-        const CaptureOrder order = Order(cut, 480, 300);
-        EXPECT_LT(MeanDifference(Captured(*fromFile, order), Captured(*fromMemory, order)), 3.0);
+    const auto full = imaging.FromMemory(InMemory(image));
+    const PixelRect cuts[] = {{0, 51, 2403, 1502}, {333, 205, 1601, 1001}, {1717, 1201, 400, 250}};
+    // The second format also halves the resolution of colours.
+    for (const auto& [format, limit] : {std::pair{".jpg[Q=95]", 3.0}, std::pair{".webp[Q=95]", 4.0}}) {
+        SCOPED_TRACE(format);
+        const auto reduced = Open(Encode(image, format));
+        for (const PixelRect& cut : cuts) {
+            const CaptureOrder order = Order(cut, 480, 300);
+            EXPECT_LT(MeanDifference(Captured(*reduced, order), Captured(*full, order)), limit) << cut.left;
+        }
+        for (const int width : {75, 149, 300}) {  // decoded at an eighth, a quarter or half of the size
+            const int height = width * 2 / 3;
+            EXPECT_LT(MeanDifference(reduced->Preview(width, height), full->Preview(width, height)), limit);
+        }
     }
 }
 
@@ -116,7 +124,8 @@ TEST_F(Capture, File_FromCameraPicture_IsBaselineWithoutMetadata) {
     Open(camera)->Capture(Order({0, 0, 640, 400}, 480, 300), Destination());
 
     const std::string bytes = files::ReadAll(Destination());
-    for (const char* trace : {"Exif", "ICC_PROFILE", "http:", "Camera", "\xFF\xE1", "\xFF\xE2", "\xFF\xED", "\xFF\xFE"})
+    for (const char* trace :
+         {"Exif", "ICC_PROFILE", "http:", "Camera", "\xFF\xE1", "\xFF\xE2", "\xFF\xED", "\xFF\xFE"})
         EXPECT_EQ(bytes.substr(0, 620).find(trace), std::string::npos) << trace;
     EXPECT_NE(bytes.find("\xFF\xC0"), std::string::npos) << "not baseline";
 }
@@ -137,7 +146,8 @@ TEST_F(Capture, QualityFactor_ScalesTheQuantizationTables) {
 
 TEST_F(Capture, Failure_OfAnyStep_LeavesTheDestinationAlone) {
     const CaptureOrder order = Order({0, 0, 480, 300}, 480, 300);
-    const auto numberOf = [&](SourcePicture& source, const CaptureOrder& wanted, const std::string& destination) {
+    const auto numberOf = [&](SourcePicture& source, const CaptureOrder& wanted,
+                              const std::string& destination) {
         try {
             source.Capture(wanted, destination);
         } catch (const ImagingError& error) {
@@ -151,7 +161,8 @@ TEST_F(Capture, Failure_OfAnyStep_LeavesTheDestinationAlone) {
     EXPECT_EQ(numberOf(*cutShort, order, Destination()), InvalidPictureError);
     const auto whole = Open(jpeg);
     EXPECT_EQ(numberOf(*whole, order, folder / "missing/100123a.jpg"), PictureWriteError);
-    for (const PixelRect& outside : {PixelRect{-1, 0, 480, 300}, PixelRect{1, 0, 480, 300}, PixelRect{0, 0, 480, 301}, PixelRect{0, 0, 0, 0}})
+    for (const PixelRect& outside : {PixelRect{-1, 0, 480, 300}, PixelRect{1, 0, 480, 300},
+                                     PixelRect{0, 0, 480, 301}, PixelRect{0, 0, 0, 0}})
         EXPECT_NE(numberOf(*whole, Order(outside, 480, 300), Destination()), 0);
     EXPECT_EQ(files::ReadAll(Destination()), "older photo");
     EXPECT_FALSE(files::FileExists(files::UnfinishedName(Destination())));

@@ -19,17 +19,18 @@ Folder::~Folder() {
 }
 
 VImage Plain(int width, int height, const std::vector<double>& colour) {
-    return VImage::black(width, height).new_from_image(colour).copy(
-        VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    return VImage::black(width, height)
+        .new_from_image(colour)
+        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
 }
 
 VImage Quadrants(int width, int height, const std::string& letters) {
     std::vector<VImage> parts;
     for (const char letter : letters)
-        parts.push_back(Plain(width / 2, height / 2,
-                              {letter == 'R' || letter == 'W' ? 255.0 : 0.0,
-                               letter == 'G' || letter == 'W' ? 255.0 : 0.0,
-                               letter == 'B' || letter == 'W' ? 255.0 : 0.0}));
+        parts.push_back(
+            Plain(width / 2, height / 2,
+                  {letter == 'R' || letter == 'W' ? 255.0 : 0.0, letter == 'G' || letter == 'W' ? 255.0 : 0.0,
+                   letter == 'B' || letter == 'W' ? 255.0 : 0.0}));
     return VImage::arrayjoin(parts, VImage::option()->set("across", 2)).cast(VIPS_FORMAT_UCHAR);
 }
 
@@ -80,7 +81,8 @@ Colour At(const Picture& picture, int x, int y) {
 
 int Distance(const Colour& left, const Colour& right) {
     int largest = 0;
-    for (std::size_t band = 0; band < 3; ++band) largest = std::max(largest, std::abs(left[band] - right[band]));
+    for (std::size_t band = 0; band < 3; ++band)
+        largest = std::max(largest, std::abs(left[band] - right[band]));
     return largest;
 }
 

@@ -225,15 +225,7 @@ bool ListViewAdapter::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool ListViewAdapter::ViewportEvent(QEvent& event) {
-    std::vector<std::string> dropped;
-    if (HandleFileDrag(event, dropped)) {
-        if (!dropped.empty()) {
-            Bound()->DropFiles(dropped);
-        } else if (event.type() == QEvent::Drop) {
-            Bound()->DropOther();
-        }
-        return true;
-    }
+    if (HandleDrag(event, *Bound())) return true;
     switch (event.type()) {
         case QEvent::MouseButtonPress: selectedByPress_ = false; return false;
         // Moving on with the button held down does not choose row after row.

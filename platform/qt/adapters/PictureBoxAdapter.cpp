@@ -21,15 +21,7 @@ private:
     }
 
     bool WidgetEvent(QEvent& event) override {
-        std::vector<std::string> dropped;
-        if (HandleFileDrag(event, dropped)) {
-            if (!dropped.empty()) {
-                Bound()->DropFiles(dropped);
-            } else if (event.type() == QEvent::Drop) {
-                Bound()->DropOther();
-            }
-            return true;
-        }
+        if (HandleDrag(event, *Bound())) return true;
         switch (event.type()) {
             case QEvent::MouseButtonPress:
             case QEvent::MouseButtonDblClick: Bound()->MouseWentDown(PressedMouse(Accepted(event))); return true;

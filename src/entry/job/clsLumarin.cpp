@@ -34,7 +34,7 @@ void clsLumarin::Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& M
     ComponentHost().Set(pVelCommon);
     menuButton_ = &MenuButton;
     MenuButton.SetEnabled(false);
-    ComponentHost().SetHelpFile(pVelCommon.HelpFilePath());
+    ports_.desktop.SetHelpFile(pVelCommon.HelpFilePath());
     window_ = MakeWindow(pVelCommon.MainForm().Switch());
     window_->Init(JobIndex);
     window_->Show(&pVelCommon.MainForm());

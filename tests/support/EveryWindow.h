@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "imaging/FakeImaging.h"
+#include "imaging/frmAcquire.h"
+#include "imaging/frmPhotoCrop.h"
+#include "imaging/frmPhotoViewer.h"
+#include "imaging/frmSelectSource.h"
+#include "lookup/frmFindProperty.h"
+#include "lookup/frmListnumPrompt.h"
+#include "photo_window/frmLumarin.h"
+#include "util/frmBusy.h"
+#include "util/frmProgress.h"
+#include "verify/frmVerifyPhotos.h"
+
+namespace lumarin::testing {
+
+/// Packs nothing.
+struct NoArchiver final : ZipArchiver {
+    void Create(const std::string&, const std::vector<std::string>&) override {}
+};
+
+/// A form of each window, with ports that nobody asks anything.
+class EveryWindow {
+public:
+    explicit EveryWindow(Desktop& desktop) : desktop_(desktop) {}
+
+    std::vector<std::unique_ptr<Form>> Make() {
+        std::vector<std::unique_ptr<Form>> forms;
+        forms.push_back(std::make_unique<frmLumarin>(PhotoWindowPorts{desktop_, imaging_, archiver_, clock_, host_, engine_}));
+        forms.push_back(std::make_unique<frmPhotoCrop>(desktop_, imaging_));
+        forms.push_back(std::make_unique<frmProgress>(desktop_, clock_, host_));
+        forms.push_back(std::make_unique<frmBusy>(desktop_));
+        forms.push_back(std::make_unique<frmFindProperty>(LookupPorts{desktop_, host_, engine_}));
+        forms.push_back(std::make_unique<frmListnumPrompt>(LookupPorts{desktop_, host_, engine_}));
+        forms.push_back(std::make_unique<frmVerifyPhotos>(desktop_, host_));
+        forms.push_back(std::make_unique<frmPhotoViewer>(desktop_));
+        forms.push_back(std::make_unique<frmSelectSource>(desktop_));
+        forms.push_back(std::make_unique<frmAcquire>(desktop_));
+        return forms;
+    }
+
+private:
+    Desktop& desktop_;
+    FakeImaging imaging_;
+    NoArchiver archiver_;
+    SystemClock clock_;
+    HostLink host_;
+    NoEngineVersion engine_;
+};
+
+}  // namespace lumarin::testing
