@@ -63,6 +63,9 @@ bool Demo::Tell() {
         SendPhotos();
         CheckServer();
         LookWithNewWindow();
+        FindAndView();
+        Verify();
+        Scan();
         ShowBusyWindow();
     } catch (const std::exception& error) {
         Say(QString("FAILED: ") + error.what());
@@ -170,7 +173,38 @@ void Demo::LookWithNewWindow() {
     ExpectRows("frmLumarin.PhotoList", 4);
     client_.Do("select frmLumarin.PhotoList 3");
     client_.Do("shot frmLumarin " + Quoted(QString::fromStdString(folders_.shots) + "frmLumarin-sent.png"));
-    client_.Do("close frmLumarin");
+}
+
+void Demo::FindAndView() {
+    Step("Browse finds a listing by the name of its owner; Enter shows its photo in the viewer");
+    client_.DoAll({"press frmLumarin.cmdBrowse", "wait frmFindProperty", "set frmFindProperty.txtOwnerName O'Br",
+                   "press frmFindProperty.cmdShowMatches"});
+    ExpectRows("frmFindProperty.List", 1);
+    client_.Do("select frmFindProperty.List 0");
+    Shot("frmFindProperty");
+    client_.DoAll({"press frmFindProperty.cmdOK", "key frmLumarin.PhotoList Enter", "wait frmPhotoViewer"});
+    Shot("frmPhotoViewer");
+    client_.Do("close frmPhotoViewer");
+}
+
+void Demo::Verify() {
+    Step("Verify Photos: the photos on this computer are those that the server lists");
+    client_.DoAll({"tool frmLumarin.VerifyPhotos", "wait frmVerifyPhotos", "press frmVerifyPhotos.cmdStart"});
+    const QString status = client_.Get("frmVerifyPhotos.lblStatus")["text"].toString();
+    if (status != "Verify completed successfully") throw DemoFailure("The verification ended with: " + status);
+    Shot("frmVerifyPhotos");
+    client_.Do("press frmVerifyPhotos.cmdExit");
+}
+
+void Demo::Scan() {
+    Step("A picture from the scanner library's test device goes through the crop window");
+    client_.DoAll({"tool frmLumarin.SelectSource", "wait frmSelectSource 20000"});
+    Shot("frmSelectSource");
+    client_.DoAll({"press frmSelectSource.cmdOK", "tool frmLumarin.AcquireSingle", "wait frmAcquire"});
+    Shot("frmAcquire");
+    client_.Do("wait frmPhotoCrop 60000");
+    client_.Do("shot frmPhotoCrop " + Quoted(QString::fromStdString(folders_.shots) + "frmPhotoCrop-scan.png"));
+    client_.DoAll({"press frmPhotoCrop.cmdCancel", "close frmLumarin"});
 }
 
 void Demo::ShowBusyWindow() {

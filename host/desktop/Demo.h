@@ -44,6 +44,9 @@ private:
     void SendPhotos();
     void CheckServer();
     void LookWithNewWindow();
+    void FindAndView();
+    void Verify();
+    void Scan();
     void ShowBusyWindow();
 
     void Step(const QString& what);

@@ -14,6 +14,7 @@
 #include "host/desktop/Jobs.h"
 #include "host/desktop/MainWindow.h"
 #include "host/desktop/ProgramOptions.h"
+#include "host/desktop/ScannerFolder.h"
 #include "host/drive/DriveError.h"
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
@@ -68,6 +69,7 @@ class Program {
 public:
     Program(host::ProgramOptions options, const host::HostOptions& user)
         : options_(std::move(options)),
+          scanner_({.configurationFolder = host::ScannerConfiguration(user.dataFolder)}),
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
           jobs_({desktop_, imaging_, archiver_, clock_, engine_, &scanner_}, common_, mainWindow_) {
@@ -142,6 +144,7 @@ int Start(host::ProgramOptions options) {
                 "\" is in use by another run of this program. Close it, or name another folder with --data.",
             DataInUse);
     host::SeedData(folder);
+    if (options.demo) host::UseTestScanner(folder);
     Program program(options, {folder, options.level, options.agent, options.office, options.board});
     return program.Run(demoFolders);
 }

@@ -66,6 +66,7 @@ void ChooseFiles(const QStringList& paths) {
 
 void FillClipboard(const QString& path) {
     if (path == "clear") return QApplication::clipboard()->clear();
+    QImageReader::setAllocationLimit(0);  // the limit is lower than what large cameras deliver
     QImageReader reader(path);
     reader.setAutoTransform(true);
     const QImage image = reader.read();

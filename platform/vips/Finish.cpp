@@ -52,13 +52,11 @@ int QualityOf(int factor) {
     return std::clamp(static_cast<int>(std::lround(quality)), 1, 100);
 }
 
-/// What stands between the start of the file (two bytes) and its tables: the JFIF header, which the library
-/// leaves out together with the metadata. With a caption a short comment follows, so that byte 25 of the file
-/// is free for a mark: without it that byte belongs to a table and a mark would make the file unreadable.
-std::string Header(bool withRoomForMark) {
+/// The JFIF header, which the library leaves out together with the metadata. It stands behind the two bytes
+/// that start the file.
+std::string JfifHeader() {
     using namespace std::string_literals;
-    const std::string jfif = "\xFF\xE0\0\x10JFIF\0\1\1\0\0\1\0\1\0\0"s;
-    return withRoomForMark ? jfif + "\xFF\xFE\0\3 "s : jfif;
+    return "\xFF\xE0\0\x10JFIF\0\1\1\0\0\1\0\1\0\0"s;
 }
 
 }  // namespace
@@ -98,7 +96,7 @@ std::string EncodeJpeg(const Picture& picture, const CaptureOrder& order) {
         throw VError();
     const std::unique_ptr<void, decltype(&g_free)> owner(bytes, &g_free);
     std::string jpeg(static_cast<const char*>(bytes), size);
-    return jpeg.insert(2, Header(!order.caption.empty()));
+    return jpeg.insert(2, JfifHeader());
 }
 
 }  // namespace lumarin::vips

@@ -24,6 +24,8 @@ public:
     virtual void StateChanged() = 0;
     virtual void TakeFocus() {}
     virtual void SelectAllText() {}
+    /// The control is being destroyed: the view must not read it any more.
+    virtual void ControlGoes() {}
 };
 
 /// A named control: plain state with events. It is owned by its form as a member, is never copied, and
@@ -34,7 +36,7 @@ public:
     static constexpr int NoIndex = -1;
 
     Control(Form& form, ControlKind kind, std::string name, int index = NoIndex);
-    virtual ~Control() = default;
+    virtual ~Control();
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 

@@ -9,6 +9,10 @@ Control::Control(Form& form, ControlKind kind, std::string name, int index)
     form_.Enter(*this);
 }
 
+Control::~Control() {
+    if (view_ != nullptr) view_->ControlGoes();
+}
+
 std::string Control::ObjectName() const { return index_ == NoIndex ? name_ : name_ + "_" + std::to_string(index_); }
 
 void Control::Placed(const Rect& bounds) {

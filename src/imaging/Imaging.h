@@ -52,8 +52,7 @@ struct CaptureOrder {
     int canvasHeight = 0;
     int left = 0;
     int top = 0;
-    /// Drawn in Arial, grey (200,200,200) over (100,100,100), in the lower right corner; "" for none. With a
-    /// caption, byte 25 of the file (counted from 1) lies in a comment and may be overwritten by a mark.
+    /// Drawn in Arial, grey (200,200,200) over (100,100,100), in the lower right corner; "" for none.
     std::string caption;
     int jpegQualityFactor = 35;  ///< scales the quantization tables; lower is better, 35 is about quality 75
 };

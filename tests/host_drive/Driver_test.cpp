@@ -262,7 +262,7 @@ TEST_F(DriverTest, Drop_Files_ArriveUnlessTheControlRefuses) {
 
 TEST_F(DriverTest, ShotAndClipboard_OfAPicture_HoldIt) {
     QTemporaryDir folder;
-    const QString file = folder.filePath("new folder/shot.png");
+    const QString file = '"' + folder.filePath("new folder/shot.png") + '"';
     Do({"shot frmTest " + file, "clipboard " + file});
     EXPECT_EQ(QApplication::clipboard()->image().size(), window.size());
     Do({"clipboard clear"});

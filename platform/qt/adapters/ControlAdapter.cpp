@@ -49,8 +49,12 @@ void ControlAdapter::Attach() {
 void ControlAdapter::Detach() {
     if (control_ == nullptr) return;
     control_->Attach(nullptr);
-    Release();
+    Forget();
+}
+
+void ControlAdapter::Forget() {
     control_ = nullptr;
+    Release();
 }
 
 std::unique_ptr<ControlView> ControlAdapter::MakeView() { return std::make_unique<ForwardingView<ControlView>>(*this); }

@@ -15,14 +15,14 @@ namespace lumarin::qt {
 enum class PlacedBy { Layout, Code };
 
 /// Connects one control with one widget: shows the control's state in the widget and tells the control
-/// what the user does. After `Detach` the control may be gone while the widget still lives, so an
-/// adapter looks at `Target` anew after everything that can run a handler.
+/// what the user does. The control may go while the widget still lives, so an adapter looks at `Target`
+/// anew after everything that can run a handler.
 class ControlAdapter : public QObject {
 public:
     ControlAdapter(Control& control, QWidget& widget);
     /// Attaches to the control and shows its state.
     void Attach();
-    /// Must come before the control goes; the adapter does nothing from then on.
+    /// The adapter does nothing from then on.
     void Detach();
 
     void Refresh();
@@ -38,7 +38,7 @@ protected:
     virtual std::unique_ptr<ControlView> MakeView();
     /// Shows what this kind of control has beyond the common state.
     virtual void ShowState() = 0;
-    /// The control is about to go: keep nothing of it.
+    /// The control is about to go, or has half gone: read nothing of it, and keep nothing.
     virtual void Release() {}
     /// An event of the widget; true when it has been used.
     virtual bool WidgetEvent(QEvent&) { return false; }
@@ -56,12 +56,14 @@ protected:
         void StateChanged() override { adapter_.Refresh(); }
         void TakeFocus() override { adapter_.TakeFocus(); }
         void SelectAllText() override { adapter_.SelectAllText(); }
+        void ControlGoes() override { adapter_.Forget(); }
 
     private:
         ControlAdapter& adapter_;
     };
 
 private:
+    void Forget();
     void ShowLabelsOf(const QWidget& widget, bool visible) const;
 
     Control* control_;

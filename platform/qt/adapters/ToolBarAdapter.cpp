@@ -83,6 +83,8 @@ private:
     std::vector<ToolBar::Band> bands_;
     std::map<std::string, QAction*> actions_;
     std::map<std::string, QMenu*> groups_;
+    /// The menus' own actions: once a stand-in has a menu too, the menu names that one as its action.
+    std::map<const QMenu*, QAction*> groupActions_;
     std::map<std::string, QToolBar*> bars_;
     std::map<std::string, QMenu*> contextMenus_;
 };
@@ -128,8 +130,11 @@ void ToolBarAdapter::Build() {
 QAction* ToolBarAdapter::ActionOf(const ToolBar::Tool& tool) {
     if (!tool.tools.empty()) {
         QMenu*& menu = groups_[tool.name];
-        if (menu == nullptr) menu = new QMenu(&window_);
-        return menu->menuAction();
+        if (menu == nullptr) {
+            menu = new QMenu(&window_);
+            groupActions_[menu] = menu->menuAction();
+        }
+        return groupActions_.at(menu);
     }
     QAction*& action = actions_[tool.name];
     if (action == nullptr) {
