@@ -177,7 +177,7 @@ void Demo::LookWithNewWindow() {
 
 void Demo::FindAndView() {
     Step("Browse finds a listing by the name of its owner; Enter shows its photo in the viewer");
-    client_.DoAll({"press frmLumarin.cmdBrowse", "wait frmFindProperty", "set frmFindProperty.txtOwnerName O'Br",
+    client_.DoAll({"press frmLumarin.cmdBrowse", "wait frmFindProperty", "set frmFindProperty.txtOwnerName \"Patrick O'Br\"",
                    "press frmFindProperty.cmdShowMatches"});
     ExpectRows("frmFindProperty.List", 1);
     client_.Do("select frmFindProperty.List 0");

@@ -69,7 +69,7 @@ class Program {
 public:
     Program(host::ProgramOptions options, const host::HostOptions& user)
         : options_(std::move(options)),
-          scanner_({.configurationFolder = host::ScannerConfiguration(user.dataFolder)}),
+          scanner_({host::ScannerConfiguration(user.dataFolder), {}}),
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
           jobs_({desktop_, imaging_, archiver_, clock_, engine_, &scanner_}, common_, mainWindow_) {

@@ -22,29 +22,48 @@ Mouse MouseAt(const QMouseEvent& event, bool left, bool right) {
 
 Key ToKey(int key) {
     // Letters and digits have the numbers of their characters.
-    if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) return static_cast<Key>(key);
+    if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
+        return static_cast<Key>(key);
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
         return static_cast<Key>(static_cast<int>(Key::F1) + key - Qt::Key_F1);
     switch (key) {
-        case Qt::Key_Backspace: return Key::Back;
-        case Qt::Key_Tab: return Key::Tab;
+        case Qt::Key_Backspace:
+            return Key::Back;
+        case Qt::Key_Tab:
+            return Key::Tab;
         case Qt::Key_Return:
-        case Qt::Key_Enter: return Key::Enter;
-        case Qt::Key_Escape: return Key::Escape;
-        case Qt::Key_Space: return Key::Space;
-        case Qt::Key_PageUp: return Key::PageUp;
-        case Qt::Key_PageDown: return Key::PageDown;
-        case Qt::Key_End: return Key::End;
-        case Qt::Key_Home: return Key::Home;
-        case Qt::Key_Left: return Key::Left;
-        case Qt::Key_Up: return Key::Up;
-        case Qt::Key_Right: return Key::Right;
-        case Qt::Key_Down: return Key::Down;
-        case Qt::Key_Insert: return Key::Insert;
-        case Qt::Key_Delete: return Key::Delete;
-        case Qt::Key_Plus: return Key::Plus;
-        case Qt::Key_Minus: return Key::Minus;
-        default: return Key::None;
+        case Qt::Key_Enter:
+            return Key::Enter;
+        case Qt::Key_Escape:
+            return Key::Escape;
+        case Qt::Key_Space:
+            return Key::Space;
+        case Qt::Key_PageUp:
+            return Key::PageUp;
+        case Qt::Key_PageDown:
+            return Key::PageDown;
+        case Qt::Key_End:
+            return Key::End;
+        case Qt::Key_Home:
+            return Key::Home;
+        case Qt::Key_Left:
+            return Key::Left;
+        case Qt::Key_Up:
+            return Key::Up;
+        case Qt::Key_Right:
+            return Key::Right;
+        case Qt::Key_Down:
+            return Key::Down;
+        case Qt::Key_Insert:
+            return Key::Insert;
+        case Qt::Key_Delete:
+            return Key::Delete;
+        case Qt::Key_Plus:
+            return Key::Plus;
+        case Qt::Key_Minus:
+            return Key::Minus;
+        default:
+            return Key::None;
     }
 }
 
@@ -70,7 +89,8 @@ Mouse PressedMouse(const QMouseEvent& event) {
 }
 
 Mouse MovedMouse(const QMouseEvent& event) {
-    return MouseAt(event, event.buttons().testFlag(Qt::LeftButton), event.buttons().testFlag(Qt::RightButton));
+    return MouseAt(event, event.buttons().testFlag(Qt::LeftButton),
+                   event.buttons().testFlag(Qt::RightButton));
 }
 
 KeyDown ToKeyDown(const QKeyEvent& event) {
@@ -83,8 +103,9 @@ QImage ToImage(const PicturePtr& picture) {
     const qsizetype rowBytes = qsizetype{3} * picture->width;
     if (static_cast<qsizetype>(picture->pixels.size()) < rowBytes * picture->height) return {};
     auto* owner = new PicturePtr(picture);
-    return QImage(picture->pixels.data(), picture->width, picture->height, rowBytes, QImage::Format_RGB888,
-                  [](void* kept) { delete static_cast<PicturePtr*>(kept); }, owner);
+    return QImage(
+        picture->pixels.data(), picture->width, picture->height, rowBytes, QImage::Format_RGB888,
+        [](void* kept) { delete static_cast<PicturePtr*>(kept); }, owner);
 }
 
 Picture ToPicture(const QImage& image) {
@@ -101,7 +122,8 @@ Picture ToPicture(const QImage& image) {
     const auto rowBytes = static_cast<std::size_t>(picture.width) * 3;
     picture.pixels.resize(rowBytes * static_cast<std::size_t>(picture.height));
     for (int y = 0; y < picture.height; ++y)
-        std::memcpy(picture.pixels.data() + rowBytes * static_cast<std::size_t>(y), opaque.constScanLine(y), rowBytes);
+        std::memcpy(picture.pixels.data() + rowBytes * static_cast<std::size_t>(y), opaque.constScanLine(y),
+                    rowBytes);
     return picture;
 }
 

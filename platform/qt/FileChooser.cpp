@@ -35,7 +35,8 @@ void AddPreview(QFileDialog& dialog) {
     if (layout == nullptr) return;
     auto* pane = new PreviewPane(&dialog);
     layout->addWidget(pane, 0, layout->columnCount(), layout->rowCount(), 1);
-    QObject::connect(&dialog, &QFileDialog::currentChanged, pane, [pane](const QString& path) { pane->ShowFile(path); });
+    QObject::connect(&dialog, &QFileDialog::currentChanged, pane,
+                     [pane](const QString& path) { pane->ShowFile(path); });
     dialog.resize(DialogSize);
 }
 

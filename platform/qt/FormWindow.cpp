@@ -36,7 +36,9 @@ void FormWindow::Bind() {
     placedByCode_ = form_->Bounds().left != 0 || form_->Bounds().top != 0;
     if (form_->Caption().empty()) form_->SetCaption(FromQt(window_->windowTitle()));
     for (Control* control : form_->Controls()) {
-        auto* widget = NeedsWidget(control->Kind()) ? window_->findChild<QWidget*>(ToQt(control->ObjectName())) : window_.get();
+        auto* widget = NeedsWidget(control->Kind())
+                           ? window_->findChild<QWidget*>(ToQt(control->ObjectName()))
+                           : window_.get();
         adapters_.push_back(MakeAdapter(*control, *widget));
         adapters_.back()->Attach();
     }
@@ -48,9 +50,11 @@ void FormWindow::Bind() {
 /// The code may place controls before the window is ever seen, so the layouts must have worked by then.
 void FormWindow::LayOut() {
     const bool designedSize = window_->testAttribute(Qt::WA_Resized);
-    QSize size = (designedSize ? window_->size() : window_->sizeHint()).expandedTo(window_->minimumSizeHint());
+    QSize size =
+        (designedSize ? window_->size() : window_->sizeHint()).expandedTo(window_->minimumSizeHint());
     // A screen that nobody looks at sets no limit.
-    if (QGuiApplication::platformName() != "offscreen") size = size.boundedTo(window_->screen()->availableSize());
+    if (QGuiApplication::platformName() != "offscreen")
+        size = size.boundedTo(window_->screen()->availableSize());
     window_->resize(size);
     window_->grab(QRect(0, 0, 1, 1));  // makes the layouts of a hidden window work, as nothing else does
     laidOut_ = true;
@@ -115,8 +119,10 @@ void FormWindow::PlaceOver(const QWidget& owner) {
 /// A window that is seen for the first time can be worked by the keyboard at once.
 void FormWindow::FocusFirst() {
     if (window_->focusWidget() != nullptr) return;
-    for (QWidget* next = window_->nextInFocusChain(); next != window_.get(); next = next->nextInFocusChain()) {
-        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isEnabledTo(window_.get()) || !next->isVisibleTo(window_.get()))
+    for (QWidget* next = window_->nextInFocusChain(); next != window_.get();
+         next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isEnabledTo(window_.get()) ||
+            !next->isVisibleTo(window_.get()))
             continue;
         return next->setFocus(Qt::TabFocusReason);
     }
@@ -175,10 +181,15 @@ void FormWindow::ReportInnerSize() {
 bool FormWindow::eventFilter(QObject*, QEvent* event) {
     if (form_ == nullptr) return false;
     switch (event->type()) {
-        case QEvent::Close: return Close(*event);
-        case QEvent::WindowActivate: form_->Activated(); return false;
+        case QEvent::Close:
+            return Close(*event);
+        case QEvent::WindowActivate:
+            form_->Activated();
+            return false;
         case QEvent::Move:
-        case QEvent::Resize: ReportPlace(); return false;
+        case QEvent::Resize:
+            ReportPlace();
+            return false;
         case QEvent::KeyPress:
             if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::HelpContents)) {
                 form_->HelpPressed();
@@ -188,7 +199,8 @@ bool FormWindow::eventFilter(QObject*, QEvent* event) {
             if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel)) return false;
             window_->close();  // as the frame's close command: the form is asked
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 

@@ -27,8 +27,10 @@ public:
         const QPalette palette = QGuiApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
         const bool onHighlight = mode == QIcon::Selected;
-        const QColor line = palette.color(group, onHighlight ? QPalette::HighlightedText : QPalette::ButtonText);
-        const QColor accent = mode == QIcon::Normal || mode == QIcon::Active ? palette.color(QPalette::Link) : line;
+        const QColor line =
+            palette.color(group, onHighlight ? QPalette::HighlightedText : QPalette::ButtonText);
+        const QColor accent =
+            mode == QIcon::Normal || mode == QIcon::Active ? palette.color(QPalette::Link) : line;
         QByteArray coloured = svg_;
         coloured.replace(LineColour, line.name().toLatin1()).replace(AccentColour, accent.name().toLatin1());
         QSvgRenderer renderer(coloured);
@@ -65,8 +67,9 @@ void ApplyIconNames(QWidget& window) {
         if (name.isEmpty()) continue;
         if (auto* button = qobject_cast<QAbstractButton*>(widget)) button->setIcon(ToolIcon(name));
         if (auto* picture = dynamic_cast<PictureWidget*>(widget))
-            picture->SetIcon(ToolIcon(name), widget->property("iconIsPicture").toBool() ? PictureWidget::IconUse::Picture
-                                                                                         : PictureWidget::IconUse::PlaceHolder);
+            picture->SetIcon(ToolIcon(name), widget->property("iconIsPicture").toBool()
+                                                 ? PictureWidget::IconUse::Picture
+                                                 : PictureWidget::IconUse::PlaceHolder);
     }
 }
 

@@ -14,33 +14,48 @@ namespace {
 
 QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
     switch (buttons) {
-        case Buttons::Ok: return QMessageBox::Ok;
-        case Buttons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
-        case Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
-        case Buttons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-        case Buttons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
+        case Buttons::Ok:
+            return QMessageBox::Ok;
+        case Buttons::OkCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::YesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case Buttons::RetryCancel:
+            return QMessageBox::Retry | QMessageBox::Cancel;
     }
     return QMessageBox::Ok;
 }
 
 QMessageBox::Icon IconOf(Icon icon) {
     switch (icon) {
-        case Icon::Critical: return QMessageBox::Critical;
-        case Icon::Question: return QMessageBox::Question;
-        case Icon::Exclamation: return QMessageBox::Warning;
-        case Icon::Information: return QMessageBox::Information;
-        case Icon::None: break;
+        case Icon::Critical:
+            return QMessageBox::Critical;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::None:
+            break;
     }
     return QMessageBox::NoIcon;
 }
 
 const char* DrawingOf(Icon icon) {
     switch (icon) {
-        case Icon::Critical: return "dialog-error";
-        case Icon::Question: return "dialog-question";
-        case Icon::Exclamation: return "dialog-warning";
-        case Icon::Information: return "dialog-information";
-        case Icon::None: break;
+        case Icon::Critical:
+            return "dialog-error";
+        case Icon::Question:
+            return "dialog-question";
+        case Icon::Exclamation:
+            return "dialog-warning";
+        case Icon::Information:
+            return "dialog-information";
+        case Icon::None:
+            break;
     }
     return "";
 }
@@ -68,11 +83,16 @@ QMessageBox::StandardButton FirstOf(QMessageBox::StandardButtons buttons) {
 
 Answer AnswerOf(int button) {
     switch (button) {
-        case QMessageBox::Cancel: return Answer::Cancel;
-        case QMessageBox::Retry: return Answer::Retry;
-        case QMessageBox::Yes: return Answer::Yes;
-        case QMessageBox::No: return Answer::No;
-        default: return Answer::Ok;
+        case QMessageBox::Cancel:
+            return Answer::Cancel;
+        case QMessageBox::Retry:
+            return Answer::Retry;
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        default:
+            return Answer::Ok;
     }
 }
 

@@ -16,10 +16,13 @@ namespace lumarin::qt {
 namespace {
 constexpr int Side = 240;
 constexpr const char* NoPreview = "No preview";
-}
+}  // namespace
 
 PreviewPane::PreviewPane(QWidget* parent)
-    : QWidget(parent), picture_(new PictureWidget(this)), pixels_(new QLabel(this)), bytes_(new QLabel(this)) {
+    : QWidget(parent),
+      picture_(new PictureWidget(this)),
+      pixels_(new QLabel(this)),
+      bytes_(new QLabel(this)) {
     picture_->setMinimumSize(Side, Side);
     picture_->SetIcon(ToolIcon("image-x-generic"), PictureWidget::IconUse::PlaceHolder);
     pixels_->setObjectName("previewPixels");
@@ -41,13 +44,15 @@ void PreviewPane::ShowFile(const QString& path) {
     const QSize full = reader.size();
     const double ratio = devicePixelRatioF();
     if (full.width() > Side * ratio || full.height() > Side * ratio)
-        reader.setScaledSize(full.scaled((QSizeF(Side, Side) * ratio).toSize(), Qt::KeepAspectRatio).expandedTo({1, 1}));
+        reader.setScaledSize(
+            full.scaled((QSizeF(Side, Side) * ratio).toSize(), Qt::KeepAspectRatio).expandedTo({1, 1}));
     const QImage image = file.isFile() ? reader.read() : QImage();
     picture_->SetPicture(image.isNull() ? nullptr : std::make_shared<Picture>(ToPicture(image)));
     const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
     const QSize upright = turned ? full.transposed() : full;
-    pixels_->setText(image.isNull() ? QString(NoPreview)
-                                    : QStringLiteral("%1 × %2 pixels").arg(upright.width()).arg(upright.height()));
+    pixels_->setText(image.isNull()
+                         ? QString(NoPreview)
+                         : QStringLiteral("%1 × %2 pixels").arg(upright.width()).arg(upright.height()));
     bytes_->setText(file.isFile() ? locale().toString(file.size()) + " bytes" : QString());
 }
 

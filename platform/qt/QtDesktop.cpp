@@ -43,9 +43,11 @@ class QtDesktop::Nested {
 public:
     enum class Shows { Nothing, Dialog };
 
-    Nested(QtDesktop& desktop, Shows shows) : desktop_(desktop), hidesPointer_(shows == Shows::Dialog && desktop.busyPointer_) {
+    Nested(QtDesktop& desktop, Shows shows)
+        : desktop_(desktop), hidesPointer_(shows == Shows::Dialog && desktop.busyPointer_) {
         ++desktop_.nesting_;
-        if (hidesPointer_) desktop_.SetPointer(Pointer::Default);  // a person who is asked is not kept waiting
+        if (hidesPointer_)
+            desktop_.SetPointer(Pointer::Default);  // a person who is asked is not kept waiting
     }
     ~Nested() {
         if (hidesPointer_) desktop_.SetPointer(Pointer::Hourglass);
@@ -72,7 +74,8 @@ QtDesktop::~QtDesktop() {
 
 FormWindow& QtDesktop::WindowOf(const Form& form) const {
     const auto found = windows_.find(&form);
-    if (found == windows_.end()) throw ApplicationError(form.Name(), "The window " + form.Name() + " is not loaded");
+    if (found == windows_.end())
+        throw ApplicationError(form.Name(), "The window " + form.Name() + " is not loaded");
     return *found->second;
 }
 
@@ -80,7 +83,9 @@ void QtDesktop::Load(Form& form) {
     if (!windows_.contains(&form)) windows_.emplace(&form, std::make_unique<FormWindow>(form));
 }
 
-void QtDesktop::Show(Form& form, const OwnerWindow* owner) { WindowOf(form).Show(WidgetOf(owner), Qt::NonModal); }
+void QtDesktop::Show(Form& form, const OwnerWindow* owner) {
+    WindowOf(form).Show(WidgetOf(owner), Qt::NonModal);
+}
 
 void QtDesktop::ShowModal(Form& form, const OwnerWindow* owner) {
     FormWindow& window = WindowOf(form);
@@ -110,7 +115,8 @@ void QtDesktop::DestroyRetired() {
     if (nesting_ > 0) return;  // the end of the nesting starts it again
     const auto finished = std::partition(retiredForms_.begin(), retiredForms_.end(),
                                          [](const auto& form) { return form->IsRunningCommand(); });
-    const std::vector<std::unique_ptr<Form>> forms(std::make_move_iterator(finished), std::make_move_iterator(retiredForms_.end()));
+    const std::vector<std::unique_ptr<Form>> forms(std::make_move_iterator(finished),
+                                                   std::make_move_iterator(retiredForms_.end()));
     retiredForms_.erase(finished, retiredForms_.end());
     if (!retiredForms_.empty()) QTimer::singleShot(WaitForCommand, &destroy_, [this] { DestroyRetired(); });
     std::exchange(retiredWindows_, {}).clear();

@@ -21,10 +21,10 @@ struct Colours {
     QColor window, base, alternate, text, faint, button, line, dark, highlight, link;
 };
 
-const Colours Light{"#f3f4f6", "#ffffff", "#f6f8fb", "#1f2328", "#8b929c", "#fbfbfc",
-                    "#c4c9d1", "#dcdfe4", "#2f6fde", "#2461c8"};
-const Colours Dark{"#25282c", "#1b1d20", "#212429", "#e6e8eb", "#7d848d", "#33373c",
-                   "#4a5058", "#17191b", "#3f7fe8", "#79aaf7"};
+const Colours Light{"#f3f4f6", "#ffffff", "#f6f8fb", "#1f2328", "#8b929c",
+                    "#fbfbfc", "#c4c9d1", "#dcdfe4", "#2f6fde", "#2461c8"};
+const Colours Dark{"#25282c", "#1b1d20", "#212429", "#e6e8eb", "#7d848d",
+                   "#33373c", "#4a5058", "#17191b", "#3f7fe8", "#79aaf7"};
 
 QPalette PaletteOf(const Colours& colours) {
     QPalette palette;
@@ -32,7 +32,8 @@ QPalette PaletteOf(const Colours& colours) {
     palette.setColor(QPalette::Base, colours.base);
     palette.setColor(QPalette::AlternateBase, colours.alternate);
     palette.setColor(QPalette::Button, colours.button);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         palette.setColor(role, colours.text);
         palette.setColor(QPalette::Disabled, role, colours.faint);
     }
@@ -40,7 +41,8 @@ QPalette PaletteOf(const Colours& colours) {
     palette.setColor(QPalette::ToolTipBase, colours.base);
     palette.setColor(QPalette::BrightText, Qt::white);
     palette.setColor(QPalette::Light, colours.button.lighter(110));
-    palette.setColor(QPalette::Disabled, QPalette::Light, colours.base);  // no etched shadow behind faint text
+    palette.setColor(QPalette::Disabled, QPalette::Light,
+                     colours.base);  // no etched shadow behind faint text
     palette.setColor(QPalette::Midlight, colours.button.lighter(105));
     palette.setColor(QPalette::Mid, colours.line);
     palette.setColor(QPalette::Dark, colours.dark);

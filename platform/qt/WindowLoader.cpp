@@ -42,18 +42,21 @@ std::string MismatchOf(const Control& control, const QWidget& window) {
     if (widgets.isEmpty()) return control.ObjectName() + ": there is no such widget (" + needed + ")";
     if (widgets.size() > 1) return control.ObjectName() + ": several widgets have this name";
     if (Fits(control.Kind(), *widgets.front())) return {};
-    return control.ObjectName() + ": the widget is a " + widgets.front()->metaObject()->className() + ", not a " + needed;
+    return control.ObjectName() + ": the widget is a " + widgets.front()->metaObject()->className() +
+           ", not a " + needed;
 }
 
 }  // namespace
 
 std::unique_ptr<QWidget> BuildWindow(const std::string& formName) {
     QFile design(":/windows/" + ToQt(formName) + ".ui");
-    if (!design.open(QIODevice::ReadOnly)) throw ApplicationError(formName + "-Load", "The window " + formName + " has no design");
+    if (!design.open(QIODevice::ReadOnly))
+        throw ApplicationError(formName + "-Load", "The window " + formName + " has no design");
     Loader loader;
     std::unique_ptr<QWidget> window(loader.load(&design));
     if (window == nullptr)
-        throw ApplicationError(formName + "-Load", "The design of " + formName + " is damaged: " + FromQt(loader.errorString()));
+        throw ApplicationError(formName + "-Load",
+                               "The design of " + formName + " is damaged: " + FromQt(loader.errorString()));
     window->setObjectName(ToQt(formName));
     ApplyIconNames(*window);
     return window;
@@ -62,13 +65,15 @@ std::unique_ptr<QWidget> BuildWindow(const std::string& formName) {
 std::vector<std::string> Mismatches(const Form& form, const QWidget& window) {
     std::vector<std::string> found;
     for (const Control* control : form.Controls())
-        if (std::string mismatch = MismatchOf(*control, window); !mismatch.empty()) found.push_back(std::move(mismatch));
+        if (std::string mismatch = MismatchOf(*control, window); !mismatch.empty())
+            found.push_back(std::move(mismatch));
 
     static const QRegularExpression numbered("_\\d+$");
     for (const QObject* object : window.findChildren<QObject*>()) {
         const std::string name = FromQt(object->objectName());
         if (object->objectName().startsWith("qt_") || form.Find(name) != nullptr) continue;
-        if (numbered.match(object->objectName()).hasMatch()) found.push_back(name + ": a numbered name that no control has");
+        if (numbered.match(object->objectName()).hasMatch())
+            found.push_back(name + ": a numbered name that no control has");
     }
     return found;
 }

@@ -35,8 +35,11 @@ QByteArray Jpeg(QColor colour) {
 
 /// Sound before the picture, so that the film's frames are those of stream 1.
 QByteArray Film() {
-    const auto stream = [](const char* kind) { return Chunk("LIST", "strl" + Chunk("strh", kind + QByteArray(52, 0))); };
-    const QByteArray header = "hdrl" + Chunk("avih", Number(40000) + QByteArray(52, 0)) + stream("auds") + stream("vids");
+    const auto stream = [](const char* kind) {
+        return Chunk("LIST", "strl" + Chunk("strh", kind + QByteArray(52, 0)));
+    };
+    const QByteArray header =
+        "hdrl" + Chunk("avih", Number(40000) + QByteArray(52, 0)) + stream("auds") + stream("vids");
     const QByteArray movie = "movi" + Chunk("00wb", "sound") + Chunk("01dc", Jpeg(Qt::red)) +
                              Chunk("LIST", "rec " + Chunk("01dc", Jpeg(Qt::blue))) + Chunk("00dc", "other");
     return Chunk("RIFF", "AVI " + Chunk("LIST", header) + Chunk("LIST", movie));
@@ -65,7 +68,8 @@ TEST(AviFile, DamagedBytes_OnlyLoseFrames) {
     for (int round = 0; round < 2000; ++round) {
         QByteArray bytes = whole;
         for (int change = 0; change < 4; ++change)
-            bytes[static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size()))] = static_cast<char>(random());
+            bytes[static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size()))] =
+                static_cast<char>(random());
         const qt::AviFile film(bytes);
         for (int i = 0; i < film.FrameCount(); ++i) film.Frame(i);
         EXPECT_GE(film.FrameMilliseconds(), 10);

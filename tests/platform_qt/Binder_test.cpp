@@ -22,8 +22,8 @@ class BinderTest : public EveryKindTest {};
 
 TEST_F(BinderTest, State_SetBeforeAndAfterLoading_IsShownAndRaisesNothingAgain) {
     int changes = 0;
-    form->txtText.Change = form->hsbLevel.Change = form->cmbChoice.Click = form->sstPages.Click = form->numCount.Change =
-        [&] { ++changes; };
+    form->txtText.Change = form->hsbLevel.Change = form->cmbChoice.Click = form->sstPages.Click =
+        form->numCount.Change = [&] { ++changes; };
     form->txtText.SetText("before");
     form->hsbLevel.SetRange(-500, 500, 25, 100);
     Show();
@@ -105,11 +105,15 @@ TEST_F(BinderTest, TextBox_KeyFilter_SeesEachKeyBeforeItTakesEffect) {
         int code;
     };
     const Case cases[] = {
-        {"digit", Qt::Key_5, Qt::NoModifier, "5", '5'},   {"enter", Qt::Key_Return, Qt::NoModifier, "\r", 13},
+        {"digit", Qt::Key_5, Qt::NoModifier, "5", '5'},
+        {"enter", Qt::Key_Return, Qt::NoModifier, "\r", 13},
         {"keypad enter", Qt::Key_Enter, Qt::KeypadModifier, "\r", 13},
-        {"backspace", Qt::Key_Backspace, Qt::NoModifier, "\b", 8}, {"copy", Qt::Key_C, Qt::ControlModifier, "\x03", 3},
-        {"paste", Qt::Key_V, Qt::ControlModifier, "\x16", 22}, {"paste otherwise", Qt::Key_Insert, Qt::ShiftModifier, "", 22},
-        {"arrow", Qt::Key_Left, Qt::NoModifier, "", 0},   {"with alt", Qt::Key_X, Qt::AltModifier, "x", 'x'},
+        {"backspace", Qt::Key_Backspace, Qt::NoModifier, "\b", 8},
+        {"copy", Qt::Key_C, Qt::ControlModifier, "\x03", 3},
+        {"paste", Qt::Key_V, Qt::ControlModifier, "\x16", 22},
+        {"paste otherwise", Qt::Key_Insert, Qt::ShiftModifier, "", 22},
+        {"arrow", Qt::Key_Left, Qt::NoModifier, "", 0},
+        {"with alt", Qt::Key_X, Qt::AltModifier, "x", 'x'},
     };
     int code = 0;
     std::string textThen;
@@ -152,7 +156,8 @@ TEST_F(BinderTest, HiddenControl_TakesItsLabelAlong) {
 
 TEST_F(BinderTest, Layout_TellsPlacesInTwips) {
     form->Load();
-    EXPECT_EQ(form->fraStage.Bounds(), qt::ToTwips(Widget("fraStage").geometry())) << "known before the window is shown";
+    EXPECT_EQ(form->fraStage.Bounds(), qt::ToTwips(Widget("fraStage").geometry()))
+        << "known before the window is shown";
     EXPECT_GE(form->fraStage.Width(), 200 * TwipsPerPixel);
     EXPECT_EQ(form->InnerSize().width, 700 * TwipsPerPixel);
     int resized = 0;
@@ -201,7 +206,8 @@ TEST(Mismatches, DesignThatDoesNotFit_AllAreNamedAtOnce) {
         form.Load();
         FAIL() << "a window that does not fit was loaded";
     } catch (const Error& error) {
-        for (const std::string& mismatch : mismatches) EXPECT_NE(error.Description().find(mismatch), std::string::npos);
+        for (const std::string& mismatch : mismatches)
+            EXPECT_NE(error.Description().find(mismatch), std::string::npos);
     }
 }
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QtTest/QTest>
 #include <QWidget>
+#include <QtTest/QTest>
 
 #include "forms/Controls.h"
 #include "forms/ListView.h"

@@ -16,8 +16,9 @@
 namespace lumarin::testing {
 
 TEST(NameFilters, PairsOfCaptionAndPatterns_MatchBothCases) {
-    EXPECT_EQ(qt::NameFilters("JPEG - JFIF Compliant (*.jpg,*.jif)|*.jpg;*.JIF|All (*.*)|*.*"),
-              (QStringList{"JPEG - JFIF Compliant (*.jpg,*.jif) (*.jpg *.JPG *.jif *.JIF)", "All (*.*) (*)"}));
+    EXPECT_EQ(
+        qt::NameFilters("JPEG - JFIF Compliant (*.jpg,*.jif)|*.jpg;*.JIF|All (*.*)|*.*"),
+        (QStringList{"JPEG - JFIF Compliant (*.jpg,*.jif) (*.jpg *.JPG *.jif *.JIF)", "All (*.*) (*)"}));
     EXPECT_EQ(qt::NameFilters("caption without patterns"), QStringList());
 }
 
@@ -60,7 +61,8 @@ TEST_P(FileDialogTest, User_ChoosesOneSeveralOrNone_GetsTheText) {
     EXPECT_EQ(Choose([](QFileDialog& open) { Accept(open, "b.jpg"); }), folder.Path() + "b.jpg");
     std::string both = folder.Path();
     both.back() = '\0';  // the separator after the folder
-    EXPECT_EQ(Choose([](QFileDialog& open) { Accept(open, "\"a.JPG\" \"b.jpg\""); }), both + std::string("a.JPG\0b.jpg", 11));
+    EXPECT_EQ(Choose([](QFileDialog& open) { Accept(open, "\"a.JPG\" \"b.jpg\""); }),
+              both + std::string("a.JPG\0b.jpg", 11));
     EXPECT_EQ(Choose([](QFileDialog& open) {
                   EXPECT_EQ(open.windowTitle(), "Import Photo");
                   EXPECT_EQ(open.findChild<QWidget*>("previewPixels") != nullptr, GetParam());

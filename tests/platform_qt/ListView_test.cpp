@@ -26,7 +26,8 @@ protected:
     }
     int Current() { return Tree().selectionModel()->hasSelection() ? Tree().currentIndex().row() : -1; }
     void Click(int row, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(Tree().viewport(), button, {}, Tree().visualRect(Tree().model()->index(row, 0)).center());
+        QTest::mouseClick(Tree().viewport(), button, {},
+                          Tree().visualRect(Tree().model()->index(row, 0)).center());
     }
 
     std::vector<int> clicked;
@@ -79,7 +80,9 @@ TEST_F(ListViewTest, User_KeysHeaderAndButtons_RaiseTheirEvents) {
         events += "key " + std::to_string(static_cast<int>(key.key)) + " ";
         used = key.key == Key::Delete;
     };
-    form->lisRows.MouseUp = [&](const Mouse& mouse) { events += mouse.button == MouseButton::Right ? "right " : "left "; };
+    form->lisRows.MouseUp = [&](const Mouse& mouse) {
+        events += mouse.button == MouseButton::Right ? "right " : "left ";
+    };
     form->lisRows.DoubleClick = [&] { events += "double "; };
     form->lisRows.ColumnClick = [&](int column) {
         events += "column " + std::to_string(column) + " ";
@@ -92,7 +95,8 @@ TEST_F(ListViewTest, User_KeysHeaderAndButtons_RaiseTheirEvents) {
     QTest::mouseDClick(Tree().viewport(), Qt::LeftButton, {}, first);
     QHeaderView& header = *Tree().header();
     for (int i = 0; i < 2; ++i)
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, {header.sectionViewportPosition(1) + 20, header.height() / 2});
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                          {header.sectionViewportPosition(1) + 20, header.height() / 2});
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(&Tree(), &menuKey);
     EXPECT_EQ(events, "key 46 right double column 1 column 1 right ");

@@ -125,7 +125,9 @@ TEST_F(QtDesktopTest, DestroyLater_FromTheFormsOwnEvent_DestroysFormAndWindow) {
 
 TEST_F(QtDesktopTest, Message_ButtonsAndClosing_GiveTheirAnswers) {
     using Press = std::function<void(QMessageBox&)>;
-    const auto button = [](QMessageBox::StandardButton which) -> Press { return [which](QMessageBox& box) { box.button(which)->click(); }; };
+    const auto button = [](QMessageBox::StandardButton which) -> Press {
+        return [which](QMessageBox& box) { box.button(which)->click(); };
+    };
     const Press close = [](QMessageBox& box) { box.close(); };
     const struct {
         const char* name;
@@ -153,7 +155,9 @@ TEST_F(QtDesktopTest, Message_ButtonsAndClosing_GiveTheirAnswers) {
             EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "no hourglass over a question";
             one.press(*box);
         });
-        EXPECT_EQ(desktop.ShowMessage({"50 < 60 & more", "Title", one.buttons, Icon::Critical, Modality::System}, nullptr), one.answer);
+        EXPECT_EQ(desktop.ShowMessage(
+                      {"50 < 60 & more", "Title", one.buttons, Icon::Critical, Modality::System}, nullptr),
+                  one.answer);
     }
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
     desktop.SetPointer(Pointer::Default);

@@ -46,8 +46,9 @@ TEST_F(StageTest, Mouse_OverPictureAndFrame_CarriesTwipsOfEach) {
     std::string events;
     const auto note = [&](const std::string& what) {
         return [&events, what](const Mouse& mouse) {
-            events += what + std::to_string(static_cast<int>(mouse.button)) + "@" + std::to_string(static_cast<int>(mouse.x)) +
-                      "," + std::to_string(static_cast<int>(mouse.y)) + " ";
+            events += what + std::to_string(static_cast<int>(mouse.button)) + "@" +
+                      std::to_string(static_cast<int>(mouse.x)) + "," +
+                      std::to_string(static_cast<int>(mouse.y)) + " ";
         };
     };
     form->picOnStage.MouseDown = note("picture down ");
@@ -68,11 +69,15 @@ TEST_F(StageTest, Mouse_OverPictureAndFrame_CarriesTwipsOfEach) {
     };
     QWindow* window = Window().windowHandle();
     EXPECT_EQ(eventsOf([&] { QTest::mouseMove(window, onPicture); }), "picture move 0@30,45 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::LeftButton, {}, onPicture); }), "picture down 1@30,45 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::LeftButton, {}, onPicture); }),
+              "picture down 1@30,45 ");
     EXPECT_EQ(eventsOf([&] { QTest::mouseMove(window, besides); }), "picture move 1@-600,-150 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::LeftButton, {}, besides); }), "picture up 1@-600,-150 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::RightButton, {}, besides); }), "frame down 2@150,300 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::RightButton, {}, besides); }), "frame up 2@150,300 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::LeftButton, {}, besides); }),
+              "picture up 1@-600,-150 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::RightButton, {}, besides); }),
+              "frame down 2@150,300 ");
+    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::RightButton, {}, besides); }),
+              "frame up 2@150,300 ");
     EXPECT_TRUE(stage.hasFocus());
 }
 
@@ -135,7 +140,8 @@ TEST_F(StageTest, Drop_WhereFilesAreAccepted_FilesAndOtherThingsAreToldApart) {
     std::vector<std::vector<std::string>> drops;
     int others = 0;
     form->picPhoto.OtherDropped = [&] { ++others; };
-    form->picPhoto.FilesDropped = form->lisRows.FilesDropped = [&](const std::vector<std::string>& paths) { drops.push_back(paths); };
+    form->picPhoto.FilesDropped =
+        form->lisRows.FilesDropped = [&](const std::vector<std::string>& paths) { drops.push_back(paths); };
     Show();
     QWidget& list = *Widget<QAbstractScrollArea>("lisRows").viewport();
     EXPECT_FALSE(Widget("picPhoto").acceptDrops());
@@ -146,7 +152,8 @@ TEST_F(StageTest, Drop_WhereFilesAreAccepted_FilesAndOtherThingsAreToldApart) {
     EXPECT_EQ(others, 1);
     EXPECT_TRUE(Drop(Widget("picPhoto"), {file, page}));
     EXPECT_TRUE(Drop(list, {file, file}));
-    EXPECT_EQ(drops, (std::vector<std::vector<std::string>>{{"/photos/a b.jpg"}, {"/photos/a b.jpg", "/photos/a b.jpg"}}));
+    EXPECT_EQ(drops, (std::vector<std::vector<std::string>>{{"/photos/a b.jpg"},
+                                                            {"/photos/a b.jpg", "/photos/a b.jpg"}}));
 }
 
 TEST(Conversions, Picture_ThereAndBack_KeepsPixelsWithoutPadding) {

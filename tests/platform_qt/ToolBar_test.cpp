@@ -12,9 +12,13 @@ namespace lumarin::testing {
 class ToolBarTest : public EveryKindTest {
 protected:
     ToolBarTest() {
-        form->Menu.AddTool({.name = "Open", .caption = "&Open", .description = "Opens or finds a file",
-                            .icon = "document-open", .shortcut = "Ctrl+O"});
-        form->Menu.AddTool({.name = "Preview", .caption = "File Preview", .checkable = true, .checked = true});
+        form->Menu.AddTool({.name = "Open",
+                            .caption = "&Open",
+                            .description = "Opens or finds a file",
+                            .icon = "document-open",
+                            .shortcut = "Ctrl+O"});
+        form->Menu.AddTool(
+            {.name = "Preview", .caption = "File Preview", .checkable = true, .checked = true});
         form->Menu.AddTool({.name = "Help", .caption = "&Help", .icon = "help-contents"});
         form->Menu.AddTool({.name = "File", .caption = "&File", .tools = {"Open", "-", "Preview"}});
         form->Menu.AddBand({"Main", ToolBar::BandKind::MenuBar, {"File", "Help"}});

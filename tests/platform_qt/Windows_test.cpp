@@ -44,16 +44,23 @@ TEST(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
         for (QWidget* widget : window.findChildren<QWidget*>()) {
             const auto* button = qobject_cast<QAbstractButton*>(widget);
             const auto* label = qobject_cast<QLabel*>(widget);
-            const QString text = button != nullptr ? button->text() : label != nullptr && label->buddy() ? label->text() : "";
+            const QString text = button != nullptr                    ? button->text()
+                                 : label != nullptr && label->buddy() ? label->text()
+                                                                      : "";
             if (!AccessKey(text).isNull()) accessKeys[AccessKey(text)] << widget->objectName();
             if (button == nullptr || form->Find(widget->objectName().toStdString()) == nullptr) continue;
-            EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus) << form->Name() << "." << widget->objectName().toStdString();
+            EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus)
+                << form->Name() << "." << widget->objectName().toStdString();
             if (!button->text().isEmpty()) continue;
-            EXPECT_FALSE(button->icon().isNull()) << form->Name() << "." << widget->objectName().toStdString();
-            EXPECT_FALSE(button->accessibleName().isEmpty()) << form->Name() << "." << widget->objectName().toStdString();
-            EXPECT_FALSE(button->toolTip().isEmpty()) << form->Name() << "." << widget->objectName().toStdString();
+            EXPECT_FALSE(button->icon().isNull())
+                << form->Name() << "." << widget->objectName().toStdString();
+            EXPECT_FALSE(button->accessibleName().isEmpty())
+                << form->Name() << "." << widget->objectName().toStdString();
+            EXPECT_FALSE(button->toolTip().isEmpty())
+                << form->Name() << "." << widget->objectName().toStdString();
         }
-        // The captions of these two are the system's own; cmdAbort is seen only while several photos are imported.
+        // The captions of these two are the system's own; cmdAbort is seen only while several photos are
+        // imported.
         accessKeys['A'].removeAll("cmdAbort");
         for (auto key = accessKeys.cbegin(); key != accessKeys.cend(); ++key)
             EXPECT_LE(key->size(), 1) << form->Name() << ": " << key->join(' ').toStdString();
@@ -68,7 +75,8 @@ TEST(Windows, EveryTool_HasItsIcon) {
             const auto* bar = dynamic_cast<ToolBar*>(control);
             if (bar == nullptr) continue;
             for (const ToolBar::Tool& tool : bar->Tools())
-                EXPECT_EQ(qt::ToolIcon(QString::fromStdString(tool.icon)).isNull(), tool.icon.empty()) << tool.name;
+                EXPECT_EQ(qt::ToolIcon(QString::fromStdString(tool.icon)).isNull(), tool.icon.empty())
+                    << tool.name;
         }
 }
 

@@ -73,6 +73,8 @@ QString WidgetNeededFor(ControlKind kind) { return QString::fromLatin1(Find(kind
 
 bool Fits(ControlKind kind, QWidget& widget) { return Find(kind).fits(widget); }
 
-AdapterPtr MakeAdapter(Control& control, QWidget& widget) { return Find(control.Kind()).make(control, widget); }
+AdapterPtr MakeAdapter(Control& control, QWidget& widget) {
+    return Find(control.Kind()).make(control, widget);
+}
 
 }  // namespace lumarin::qt

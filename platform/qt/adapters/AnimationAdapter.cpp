@@ -26,7 +26,8 @@ private:
 }  // namespace
 
 AdapterPtr MakeAnimationAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<AnimationAdapter>(static_cast<Animation&>(control), static_cast<AnimationWidget&>(widget));
+    return std::make_unique<AnimationAdapter>(static_cast<Animation&>(control),
+                                              static_cast<AnimationWidget&>(widget));
 }
 
 }  // namespace lumarin::qt

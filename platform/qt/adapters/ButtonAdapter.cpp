@@ -10,7 +10,8 @@ namespace {
 
 class ButtonAdapter final : public AdapterFor<Button, QAbstractButton> {
 public:
-    ButtonAdapter(Button& control, QAbstractButton& button) : AdapterFor(control, button), designed_(button.text()) {
+    ButtonAdapter(Button& control, QAbstractButton& button)
+        : AdapterFor(control, button), designed_(button.text()) {
         connect(&button, &QAbstractButton::pressed, this, [this] {
             if (Bound() != nullptr) Bound()->MouseWentDown();
         });
@@ -34,7 +35,8 @@ private:
 }  // namespace
 
 AdapterPtr MakeButtonAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<ButtonAdapter>(static_cast<Button&>(control), static_cast<QAbstractButton&>(widget));
+    return std::make_unique<ButtonAdapter>(static_cast<Button&>(control),
+                                           static_cast<QAbstractButton&>(widget));
 }
 
 }  // namespace lumarin::qt

@@ -34,7 +34,8 @@ private:
 }  // namespace
 
 AdapterPtr MakeComboBoxAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<ComboBoxAdapter>(static_cast<ComboBox&>(control), static_cast<QComboBox&>(widget));
+    return std::make_unique<ComboBoxAdapter>(static_cast<ComboBox&>(control),
+                                             static_cast<QComboBox&>(widget));
 }
 
 }  // namespace lumarin::qt

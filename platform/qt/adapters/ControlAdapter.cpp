@@ -22,12 +22,18 @@ bool WasHidden(const QWidget& widget) {
 
 Qt::CursorShape ShapeOf(Pointer pointer) {
     switch (pointer) {
-        case Pointer::Hourglass: return Qt::WaitCursor;
-        case Pointer::SizeWestEast: return Qt::SizeHorCursor;
-        case Pointer::SizeNorthSouth: return Qt::SizeVerCursor;
-        case Pointer::SizeAll: return Qt::SizeAllCursor;
-        case Pointer::Cross: return Qt::CrossCursor;
-        case Pointer::Default: break;
+        case Pointer::Hourglass:
+            return Qt::WaitCursor;
+        case Pointer::SizeWestEast:
+            return Qt::SizeHorCursor;
+        case Pointer::SizeNorthSouth:
+            return Qt::SizeVerCursor;
+        case Pointer::SizeAll:
+            return Qt::SizeAllCursor;
+        case Pointer::Cross:
+            return Qt::CrossCursor;
+        case Pointer::Default:
+            break;
     }
     return Qt::ArrowCursor;
 }
@@ -57,7 +63,9 @@ void ControlAdapter::Forget() {
     Release();
 }
 
-std::unique_ptr<ControlView> ControlAdapter::MakeView() { return std::make_unique<ForwardingView<ControlView>>(*this); }
+std::unique_ptr<ControlView> ControlAdapter::MakeView() {
+    return std::make_unique<ForwardingView<ControlView>>(*this);
+}
 
 void ControlAdapter::Refresh() {
     if (control_ == nullptr) return;

@@ -28,13 +28,16 @@ private:
                 event.accept();
                 Bound()->MouseWentDown(PressedMouse(static_cast<QMouseEvent&>(event)));
                 return true;
-            case QEvent::MouseMove: Bound()->MouseMoved(MovedMouse(static_cast<QMouseEvent&>(event))); return true;
+            case QEvent::MouseMove:
+                Bound()->MouseMoved(MovedMouse(static_cast<QMouseEvent&>(event)));
+                return true;
             case QEvent::MouseButtonRelease: {
                 const MenuPlace place(static_cast<QMouseEvent&>(event).globalPosition().toPoint());
                 Bound()->MouseWentUp(PressedMouse(static_cast<QMouseEvent&>(event)));
                 return true;
             }
-            default: return false;
+            default:
+                return false;
         }
     }
 };

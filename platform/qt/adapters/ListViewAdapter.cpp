@@ -203,7 +203,8 @@ void ListViewAdapter::FitColumns() {
             header.resizeSection(i, wanted);
         } else {
             View().resizeColumnToContents(i);
-            header.resizeSection(i, std::clamp(header.sectionSize(i), wanted, std::max(wanted, WidestFittedColumn)));
+            header.resizeSection(
+                i, std::clamp(header.sectionSize(i), wanted, std::max(wanted, WidestFittedColumn)));
         }
     }
 }
@@ -227,17 +228,22 @@ bool ListViewAdapter::eventFilter(QObject* watched, QEvent* event) {
 bool ListViewAdapter::ViewportEvent(QEvent& event) {
     if (HandleDrag(event, *Bound())) return true;
     switch (event.type()) {
-        case QEvent::MouseButtonPress: selectedByPress_ = false; return false;
+        case QEvent::MouseButtonPress:
+            selectedByPress_ = false;
+            return false;
         // Moving on with the button held down does not choose row after row.
-        case QEvent::MouseMove: return static_cast<QMouseEvent&>(event).buttons() != Qt::NoButton;
+        case QEvent::MouseMove:
+            return static_cast<QMouseEvent&>(event).buttons() != Qt::NoButton;
         case QEvent::MouseButtonRelease: {
             const auto& mouse = static_cast<QMouseEvent&>(event);
             const MenuPlace place(mouse.globalPosition().toPoint());
             Bound()->MouseWentUp(PressedMouse(mouse));
             return false;
         }
-        case QEvent::ContextMenu: return AskForMenu(static_cast<QContextMenuEvent&>(event));
-        default: return false;
+        case QEvent::ContextMenu:
+            return AskForMenu(static_cast<QContextMenuEvent&>(event));
+        default:
+            return false;
     }
 }
 
@@ -253,7 +259,8 @@ bool ListViewAdapter::AskForMenu(const QContextMenuEvent& event) {
 }  // namespace
 
 AdapterPtr MakeListViewAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<ListViewAdapter>(static_cast<ListView&>(control), static_cast<QTreeView&>(widget));
+    return std::make_unique<ListViewAdapter>(static_cast<ListView&>(control),
+                                             static_cast<QTreeView&>(widget));
 }
 
 }  // namespace lumarin::qt

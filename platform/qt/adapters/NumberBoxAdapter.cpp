@@ -36,7 +36,8 @@ private:
     /// A number that was kept within the range, or half a number, is put right when the user is done.
     bool WidgetEvent(QEvent& event) override {
         if (event.type() == QEvent::FocusOut) ShowValue();
-        if (event.type() == QEvent::KeyPress && ToKeyDown(static_cast<QKeyEvent&>(event)).key == Key::Enter) ShowValue();
+        if (event.type() == QEvent::KeyPress && ToKeyDown(static_cast<QKeyEvent&>(event)).key == Key::Enter)
+            ShowValue();
         return false;
     }
 
@@ -61,7 +62,8 @@ private:
 }  // namespace
 
 AdapterPtr MakeNumberBoxAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<NumberBoxAdapter>(static_cast<NumberBox&>(control), static_cast<QLineEdit&>(widget));
+    return std::make_unique<NumberBoxAdapter>(static_cast<NumberBox&>(control),
+                                              static_cast<QLineEdit&>(widget));
 }
 
 }  // namespace lumarin::qt

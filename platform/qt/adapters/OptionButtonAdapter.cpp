@@ -42,7 +42,8 @@ private:
 }  // namespace
 
 AdapterPtr MakeOptionButtonAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<OptionButtonAdapter>(static_cast<OptionButton&>(control), static_cast<QRadioButton&>(widget));
+    return std::make_unique<OptionButtonAdapter>(static_cast<OptionButton&>(control),
+                                                 static_cast<QRadioButton&>(widget));
 }
 
 }  // namespace lumarin::qt

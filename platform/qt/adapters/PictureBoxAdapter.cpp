@@ -24,14 +24,19 @@ private:
         if (HandleDrag(event, *Bound())) return true;
         switch (event.type()) {
             case QEvent::MouseButtonPress:
-            case QEvent::MouseButtonDblClick: Bound()->MouseWentDown(PressedMouse(Accepted(event))); return true;
-            case QEvent::MouseMove: Bound()->MouseMoved(MovedMouse(Accepted(event))); return true;
+            case QEvent::MouseButtonDblClick:
+                Bound()->MouseWentDown(PressedMouse(Accepted(event)));
+                return true;
+            case QEvent::MouseMove:
+                Bound()->MouseMoved(MovedMouse(Accepted(event)));
+                return true;
             case QEvent::MouseButtonRelease: {
                 const MenuPlace place(Accepted(event).globalPosition().toPoint());
                 Bound()->MouseWentUp(PressedMouse(Accepted(event)));
                 return true;
             }
-            default: return false;
+            default:
+                return false;
         }
     }
 
@@ -45,7 +50,8 @@ private:
 }  // namespace
 
 AdapterPtr MakePictureBoxAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<PictureBoxAdapter>(static_cast<PictureBox&>(control), static_cast<PictureWidget&>(widget));
+    return std::make_unique<PictureBoxAdapter>(static_cast<PictureBox&>(control),
+                                               static_cast<PictureWidget&>(widget));
 }
 
 }  // namespace lumarin::qt

@@ -22,7 +22,8 @@ private:
 }  // namespace
 
 AdapterPtr MakeProgressBarAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<ProgressBarAdapter>(static_cast<ProgressBar&>(control), static_cast<QProgressBar&>(widget));
+    return std::make_unique<ProgressBarAdapter>(static_cast<ProgressBar&>(control),
+                                                static_cast<QProgressBar&>(widget));
 }
 
 }  // namespace lumarin::qt

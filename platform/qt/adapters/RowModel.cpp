@@ -7,7 +7,10 @@
 namespace lumarin::qt {
 
 RowModel::RowModel(const ListView& list, QObject* parent)
-    : QAbstractTableModel(parent), list_(&list), rows_(list.Count()), columns_(static_cast<int>(list.Columns().size())) {}
+    : QAbstractTableModel(parent),
+      list_(&list),
+      rows_(list.Count()),
+      columns_(static_cast<int>(list.Columns().size())) {}
 
 void RowModel::Forget() {
     beginResetModel();

@@ -27,7 +27,8 @@ private:
 }  // namespace
 
 AdapterPtr MakeTabStripAdapter(Control& control, QWidget& widget) {
-    return std::make_unique<TabStripAdapter>(static_cast<TabStrip&>(control), static_cast<QTabWidget&>(widget));
+    return std::make_unique<TabStripAdapter>(static_cast<TabStrip&>(control),
+                                             static_cast<QTabWidget&>(widget));
 }
 
 }  // namespace lumarin::qt

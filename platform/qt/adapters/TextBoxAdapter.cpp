@@ -50,7 +50,8 @@ private:
             const int code = CodeOf(static_cast<QKeyEvent&>(event));
             return code != NoCode && !Bound()->PressKey(code);
         }
-        if (event.type() == QEvent::InputMethod) return !PassesFilter(static_cast<QInputMethodEvent&>(event).commitString());
+        if (event.type() == QEvent::InputMethod)
+            return !PassesFilter(static_cast<QInputMethodEvent&>(event).commitString());
         return false;
     }
 

@@ -49,7 +49,8 @@ QPixmap Thumbnails::Make(const QString& file, QSize size, double pixelRatio) {
         ToolIcon("image-x-generic").paint(&painter, canvas.rect().adjusted(4, 4, -4, -4));
     } else {
         const QImage small = picture.scaled(physical, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        painter.drawImage((physical.width() - small.width()) / 2, (physical.height() - small.height()) / 2, small);
+        painter.drawImage((physical.width() - small.width()) / 2, (physical.height() - small.height()) / 2,
+                          small);
     }
     painter.end();
     canvas.setDevicePixelRatio(pixelRatio);

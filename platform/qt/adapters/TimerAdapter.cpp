@@ -11,7 +11,8 @@ namespace {
 /// A timer has no widget: it lives in the window as an object of its name.
 class TimerAdapter final : public ControlAdapter {
 public:
-    TimerAdapter(Timer& control, QWidget& window) : ControlAdapter(control, window), timer_(new QTimer(&window)) {
+    TimerAdapter(Timer& control, QWidget& window)
+        : ControlAdapter(control, window), timer_(new QTimer(&window)) {
         timer_->setObjectName(ToQt(control.ObjectName()));
         timer_->setTimerType(Qt::PreciseTimer);
         connect(timer_, &QTimer::timeout, this, [this] {

@@ -19,9 +19,9 @@ namespace {
 
 /// Everything about a tool but its state.
 bool SameDesign(const ToolBar::Tool& left, const ToolBar::Tool& right) {
-    return left.name == right.name && left.caption == right.caption && left.description == right.description &&
-           left.icon == right.icon && left.shortcut == right.shortcut && left.checkable == right.checkable &&
-           left.tools == right.tools;
+    return left.name == right.name && left.caption == right.caption &&
+           left.description == right.description && left.icon == right.icon &&
+           left.shortcut == right.shortcut && left.checkable == right.checkable && left.tools == right.tools;
 }
 
 bool SameBand(const ToolBar::Band& left, const ToolBar::Band& right) {
@@ -109,11 +109,14 @@ void ToolBarAdapter::Build() {
     tools_ = Bound()->Tools();
     bands_ = Bound()->Bands();
     const auto isTool = [this](const std::string& name) { return Bound()->Has(name); };
-    const auto isGroup = [&](const std::string& name) { return isTool(name) && !Bound()->At(name).tools.empty(); };
+    const auto isGroup = [&](const std::string& name) {
+        return isTool(name) && !Bound()->At(name).tools.empty();
+    };
     const auto isBand = [this](ToolBar::BandKind kind) {
         return [this, kind](const std::string& name) {
-            return std::any_of(bands_.begin(), bands_.end(),
-                               [&](const ToolBar::Band& band) { return band.name == name && band.kind == kind; });
+            return std::any_of(bands_.begin(), bands_.end(), [&](const ToolBar::Band& band) {
+                return band.name == name && band.kind == kind;
+            });
         };
     };
     Prune(actions_, [&](const std::string& name) { return isTool(name) && !isGroup(name); });
@@ -160,9 +163,12 @@ void ToolBarAdapter::ShowDesign(const ToolBar::Tool& tool, QAction& action) {
 
 void ToolBarAdapter::BuildBand(const ToolBar::Band& band) {
     switch (band.kind) {
-        case ToolBar::BandKind::MenuBar: return Fill(View(), band.tools);
-        case ToolBar::BandKind::ToolBar: return Fill(*BarOf(band), band.tools);
-        case ToolBar::BandKind::ContextMenu: return Fill(*ContextMenuOf(band), band.tools);
+        case ToolBar::BandKind::MenuBar:
+            return Fill(View(), band.tools);
+        case ToolBar::BandKind::ToolBar:
+            return Fill(*BarOf(band), band.tools);
+        case ToolBar::BandKind::ContextMenu:
+            return Fill(*ContextMenuOf(band), band.tools);
     }
 }
 
@@ -179,7 +185,8 @@ void ToolBarAdapter::Fill(QWidget& container, const std::vector<std::string>& to
             container.addAction(separator);
         } else if (Bound()->Has(name)) {  // a band may name a tool that is added later
             QAction* action = ActionOf(Bound()->At(name));
-            container.addAction(isMenuBar && !action->icon().isNull() ? StandInFor(*action, container) : action);
+            container.addAction(isMenuBar && !action->icon().isNull() ? StandInFor(*action, container)
+                                                                      : action);
         }
     }
     auto* bar = qobject_cast<QToolBar*>(&container);

@@ -30,7 +30,8 @@ void PictureWidget::SetIcon(const QIcon& icon, IconUse use) {
 
 QRect PictureWidget::PictureRect() const {
     if (picture_ == nullptr || picture_->IsEmpty()) return {};
-    QRect seen({}, QSize(picture_->width, picture_->height).scaled(size(), Qt::KeepAspectRatio).expandedTo({1, 1}));
+    QRect seen(
+        {}, QSize(picture_->width, picture_->height).scaled(size(), Qt::KeepAspectRatio).expandedTo({1, 1}));
     seen.moveCenter(rect().center());
     // The middle of an even and an odd length lies between two pixels; the picture then keeps to the left.
     seen.moveTopLeft({std::max(0, seen.left()), std::max(0, seen.top())});
@@ -45,8 +46,9 @@ void PictureWidget::paintEvent(QPaintEvent*) {
     const QSize physical = (QSizeF(place.size()) * devicePixelRatioF()).toSize();
     if (scaled_.size() != physical) {
         const QImage image = ToImage(picture_);
-        scaled_ = QPixmap::fromImage(
-            image.size() == physical ? image : image.scaled(physical, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        scaled_ = QPixmap::fromImage(image.size() == physical ? image
+                                                              : image.scaled(physical, Qt::IgnoreAspectRatio,
+                                                                             Qt::SmoothTransformation));
     }
     QPainter(this).drawPixmap(place, scaled_);
 }

@@ -20,7 +20,9 @@ constexpr int HandleWidth = 4;
 
 /// A light line with a dark edge is seen over any picture.
 void DrawLine(QPainter& painter, const QLine& line) {
-    painter.fillRect(QRect(line.p1(), line.p2()).adjusted(0, 0, line.dy() != 0 ? 1 : 0, line.dx() != 0 ? 1 : 0), GuideEdge);
+    painter.fillRect(
+        QRect(line.p1(), line.p2()).adjusted(0, 0, line.dy() != 0 ? 1 : 0, line.dx() != 0 ? 1 : 0),
+        GuideEdge);
     painter.fillRect(QRect(line.p1(), line.p2()), Guide);
 }
 }  // namespace
@@ -59,7 +61,8 @@ QRegion ShapeWidget::DimmedRegion() const {
     QRegion pictures;
     for (QObject* sibling : parentWidget()->children()) {
         const auto* picture = dynamic_cast<PictureWidget*>(sibling);
-        if (picture != nullptr && picture->isVisible()) pictures += picture->PictureRect().translated(picture->pos());
+        if (picture != nullptr && picture->isVisible())
+            pictures += picture->PictureRect().translated(picture->pos());
     }
     return pictures - QRegion(box_);
 }
