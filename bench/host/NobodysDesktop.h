@@ -1,13 +1,20 @@
 #pragma once
 
+#include <functional>
+
 #include "forms/Desktop.h"
 
-/// A screen with nobody in front of it, and nothing on it.
+/// A screen with nothing on it. What a person would do in a modal window, which then closes, is done by code.
 class NobodysDesktop final : public lumarin::Desktop {
 public:
+    std::function<void()> whileModal;
+
     void Load(lumarin::Form&) override {}
     void Show(lumarin::Form&, const lumarin::OwnerWindow*) override {}
-    void ShowModal(lumarin::Form&, const lumarin::OwnerWindow*) override {}
+    void ShowModal(lumarin::Form& form, const lumarin::OwnerWindow*) override {
+        if (whileModal) whileModal();
+        form.Hide();
+    }
     void Hide(lumarin::Form&) override {}
     void Unload(lumarin::Form&) override {}
     void DestroyLater(std::unique_ptr<lumarin::Form>) override {}

@@ -1,58 +1,40 @@
-// A search for all listings in the property search window, on the toolkit's offscreen platform.
-//   bench_search first DATA_FOLDER ROWS      until the first rows are painted
-//   bench_search all DATA_FOLDER ROWS        until all rows are in the list, painted; fails unless there are ROWS
+// A search for all listings in the property search window, which nobody sees.
+//   bench_search first DATA_FOLDER ROWS      until the first rows are in the list
+//   bench_search all DATA_FOLDER ROWS        until all rows are in the list; fails unless there are ROWS
 //   bench_search statement                   prints the statement that the search runs
-
-#include <QApplication>
-#include <QTimer>
-#include <QWidget>
 
 #include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <vector>
 
-#include "bench/host/BenchHost.h"
+#include "bench/host/NobodysDesktop.h"
+#include "bench/host/SearchJob.h"
 #include "host/database/SqlTranslator.h"
 #include "lookup/clsAllowedStatuses.h"
-#include "lookup/frmFindProperty.h"
-#include "platform/qt/QtDesktop.h"
 
 namespace {
 
 using namespace lumarin;
 
-const NoEngineVersion Engine;
-
 std::string Statement() {
-    const clsSQLQuote quote(Engine);
+    const NoEngineVersion engine;
+    const clsSQLQuote quote(engine);
     const PropertyCriteria criteria{.listingOwner = show::AllListings};
     return host::TranslateSelect(PropertyQuery(ListingSearch(), quote)
                                      .Statement(criteria, {}, clsAllowedStatuses().SQLAllowedStatuses("")));
 }
 
-/// Returns the number of rows in the list when it has come as far as wanted.
+/// The number of rows in the list when it has come as far as wanted.
 int Search(bool toTheEnd, const std::string& dataFolder) {
-    qt::QtDesktop desktop;
-    BenchHost host(dataFolder);
-    frmFindProperty window({desktop, host.link, Engine});
+    NobodysDesktop desktop;
+    SearchJob job(desktop, dataFolder);
     int rows = 0;
-    const auto leave = [&] {
-        static_cast<QWidget*>(window.NativeWindow())->repaint();
-        rows = window.List.Count();
-        window.cmdCancel.Press();
+    desktop.whileModal = [&] {
+        job.window.cmdShowMatches.Press();
+        while (toTheEnd && job.window.tmrRows.Enabled()) job.window.tmrRows.Tick();
+        rows = job.window.List.Count();
     };
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        if (!window.tmrRows.Enabled()) leave();
-    });
-    QTimer::singleShot(0, [&] {
-        window.cmdShowMatches.Press();
-        if (toTheEnd) poll.start(1);
-        else leave();
-    });
-    std::vector<std::string> selected;
-    window.FindProperty(ListingSearch(), frmFindProperty::SetUpList, 0, 0, selected);
+    job.Open();
     return rows;
 }
 
@@ -62,8 +44,6 @@ int main(int count, char** arguments) {
     const std::string job = count > 1 ? arguments[1] : "";
     if (job == "statement") return std::puts(Statement().c_str()) < 0;
     if (count != 4 || (job != "first" && job != "all")) return 2;
-    QApplication application(count, arguments);
-    qt::SetUpApplication(application);
     const int rows = Search(job == "all", arguments[2]);
     const bool complete = rows == std::atoi(arguments[3]);
     std::printf("%d\n", rows);

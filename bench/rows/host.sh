@@ -1,21 +1,28 @@
 # A search and a verification over the reference host's database and photo store.
 
-# The peers do not show anything: sqlite3 runs the statement of the search, find lists the photo store.
+# shown JOB SEARCH: the times of the same search in the front end, for information.
+shown_search() {
+    ours "$1" 1024 env QT_QPA_PLATFORM=offscreen "$bin/host/bench_shown_search" "$2" "$inputs/search"
+    line "$1" "$our_best" "$our_peak" - - - - "-" 1
+}
+
+# The peers do not show anything either: sqlite3 runs the statement of the search, find lists the photo store.
 row_search() {
-    local data=$inputs/search rows=1000000 statement
+    local data=$inputs/search rows=1000000 statement first_ms first_peak
     "$bin/host/bench_data" "$inputs"
-    export QT_QPA_PLATFORM=offscreen
     statement=$("$bin/host/bench_search" statement)
     ours "search, first rows" 512 "$bin/host/bench_search" first "$data" "$rows"
-    local first_ms=$our_best first_peak=$our_peak
+    first_ms=$our_best first_peak=$our_peak
     ours "search, 1M rows" 512 "$bin/host/bench_search" all "$data" "$rows"
     peer "sqlite3" 0.67 sqlite3 -readonly "$data/host.db" "$statement"
     line "search, first rows" "$first_ms" "$first_peak" "to the end" "$our_best" "$our_peak" \
-        "$(awk "BEGIN { printf \"%.2f\", $our_best / $first_ms }")" ">= 3" "$(calculate "$our_best >= 3 * $first_ms")"
+        "$(awk "BEGIN { printf \"%.2f\", $our_best / $first_ms }")" ">= 5" "$(calculate "$our_best >= 5 * $first_ms")"
+    shown_search "painted, first" first
+    shown_search "painted, 1M rows" all
 }
 
 row_verify() {
     "$bin/host/bench_data" "$inputs"
     ours "verify, 100k" 64 "$bin/host/bench_verify" "$inputs/verify"
-    peer "find -type f" 0.33 find "$inputs/verify/photos" -type f
+    peer "find -type f" 0.34 find "$inputs/verify/photos" -type f
 }

@@ -32,6 +32,15 @@ private:
     sqlite3* handle_ = nullptr;
 };
 
+/// A value of a statement's current row; a text is good until the next step.
+struct ColumnValue {
+    enum class Kind { Null, Integer, Text };
+
+    Kind kind = Kind::Null;
+    std::int64_t integer = 0;
+    std::string_view text{};
+};
+
 /// One prepared statement; must not outlive its database. Parameters count from 1, columns from 0.
 class Statement {
 public:
@@ -51,11 +60,9 @@ public:
     int ColumnCount() const;
     std::string ColumnName(int column) const;
     std::int64_t Integer(int column) const;
-    std::string Text(int column) const { return std::string(TextView(column)); }
-    /// Good until the next step; "" for null.
-    std::string_view TextView(int column) const;
-    bool IsNull(int column) const;
-    bool IsInteger(int column) const;
+    std::string Text(int column) const;
+    /// What stands in the column, at the least cost.
+    ColumnValue Value(int column) const;
     bool ChangesNothing() const;
 
 private:

@@ -32,15 +32,13 @@ void RowStore::ReadRow() {
     if (count_ % RowsInBlock == 0) blocks_.emplace_back().cells.reserve(RowsInBlock * columns_.size());
     Block& block = blocks_.back();
     for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
-        if (statement_->IsNull(column)) {
-            block.cells.push_back({0, Null});
-        } else if (statement_->IsInteger(column)) {
-            block.cells.push_back({statement_->Integer(column), Number});
+        const ColumnValue value = statement_->Value(column);
+        if (value.kind == ColumnValue::Kind::Text) {
+            block.cells.push_back({static_cast<std::int64_t>(block.texts.size()),
+                                   static_cast<std::int32_t>(value.text.size())});
+            block.texts += value.text;
         } else {
-            const std::string_view text = statement_->TextView(column);
-            block.cells.push_back(
-                {static_cast<std::int64_t>(block.texts.size()), static_cast<std::int32_t>(text.size())});
-            block.texts += text;
+            block.cells.push_back({value.integer, value.kind == ColumnValue::Kind::Null ? Null : Number});
         }
     }
     ++count_;

@@ -95,8 +95,12 @@ void SqliteRecordset::Close() {
 
 std::size_t SqliteRecordset::ColumnIndex(std::string_view column) const {
     const std::vector<std::string>& columns = rows_.Columns();
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        if (lumarin::text::EqualsIgnoringCase(columns[i], column)) return i;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const std::size_t at = (nextColumn_ + i) % columns.size();
+        if (!lumarin::text::EqualsIgnoringCase(columns[at], column)) continue;
+        nextColumn_ = at + 1;
+        return at;
+    }
     Fail(UnknownColumn, "The query has no column " + std::string(column));
 }
 

@@ -36,6 +36,7 @@ private:
 
     mutable RowStore rows_;
     std::size_t row_ = 0;
+    mutable std::size_t nextColumn_ = 0;  ///< likely to be asked for now: columns are mostly read in order
     bool open_ = true;
 };
 

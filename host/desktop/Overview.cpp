@@ -1,5 +1,7 @@
 #include "host/desktop/Overview.h"
 
+#include "host/services/ListingStatuses.h"
+
 namespace host {
 
 namespace {
@@ -51,7 +53,7 @@ Overview ReadOverview(Database& database, const HostOptions& user) {
     statement.Bind(1, ScopeValue(user));
     while (statement.Step())
         overview.listings.push_back({statement.Text(0), statement.Text(1), statement.Text(2),
-                                     statement.Text(3), statement.Text(4),
+                                     statement.Text(3), ListingStatusText(statement.Text(4)),
                                      static_cast<int>(statement.Integer(5))});
     return overview;
 }

@@ -92,9 +92,9 @@ void SetControl(QWidget& control, const QString& text) {
 /// A point in the row that is on the screen, relative to the list's viewport.
 QPoint RowPoint(QAbstractItemView& list, const QString& rowText) {
     const int row = DriveNumber(rowText, "row");
-    if (row < 0 || row >= list.model()->rowCount())
+    if (row < 0 || row >= list.model()->rowCount(list.rootIndex()))
         throw DriveError("Control \"" + list.objectName() + "\" has no row " + rowText);
-    const QModelIndex cell = list.model()->index(row, 0);
+    const QModelIndex cell = list.model()->index(row, 0, list.rootIndex());
     list.scrollTo(cell);
     const QRect place = list.visualRect(cell) & list.viewport()->rect();
     if (place.isEmpty())

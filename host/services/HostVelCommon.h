@@ -3,6 +3,7 @@
 #include "entry/VelCommon.h"
 #include "host/database/Database.h"
 #include "host/server/Server.h"
+#include "host/services/ListingStatuses.h"
 
 #include <functional>
 #include <string>
@@ -53,6 +54,7 @@ public:
     bool ShowsStreetDirection() const override { return true; }
     bool ReportsPhotoUpdates() const override { return true; }
     std::vector<lumarin::PhotoDescription> PhotoDescriptions() const override;
+    std::vector<lumarin::ListingStatus> ListingStatuses() const override { return ListingStatusTable(); }
 
     /// Why the server refused the last package; "" when it took it.
     const std::string& LastRefusal() const { return lastRefusal_; }

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QGuiApplication>
+#include <QHeaderView>
+#include <QTreeView>
 
 #include "base/Text.h"
 #include "platform/qt/Conversions.h"
@@ -13,7 +15,7 @@ namespace lumarin::qt {
 
 namespace {
 
-constexpr QSize DialogSize(960, 480);
+constexpr QSize DialogSize(1080, 520);
 
 /// A driver and a screen that nobody looks at need a dialog that lies in this program.
 bool NeedsOwnDialog() {
@@ -37,6 +39,7 @@ void AddPreview(QFileDialog& dialog) {
     layout->addWidget(pane, 0, layout->columnCount(), layout->rowCount(), 1);
     QObject::connect(&dialog, &QFileDialog::currentChanged, pane,
                      [pane](const QString& path) { pane->ShowFile(path); });
+    if (auto* list = dialog.findChild<QTreeView*>()) list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     dialog.resize(DialogSize);
 }
 

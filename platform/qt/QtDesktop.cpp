@@ -4,9 +4,11 @@
 #include <QClipboard>
 #include <QCursor>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
+#include <QSaveFile>
 #include <QScreen>
 #include <QUrl>
 
@@ -185,7 +187,12 @@ void QtDesktop::OpenHelp(const std::string& helpFile, int context) {
     if (!file.isFile()) throw FileError("open the help file", helpFile, "there is no such file");
     QUrl page = QUrl::fromLocalFile(file.absoluteFilePath());
     page.setFragment(QString::number(context));
-    if (!QDesktopServices::openUrl(page))
+    // Some desktops drop the page's number from the address of a file: a page of one line leads there.
+    const QString jump = QDir::temp().filePath(QStringLiteral("lumarin-help-%1.html").arg(context));
+    const QString line = QStringLiteral("<meta http-equiv=\"refresh\" content=\"0; url=%1\">").arg(page.toString(QUrl::FullyEncoded));
+    QSaveFile leading(jump);
+    const bool written = leading.open(QIODevice::WriteOnly) && leading.write(line.toUtf8()) > 0 && leading.commit();
+    if (!QDesktopServices::openUrl(written ? QUrl::fromLocalFile(jump) : page))
         throw FileError("open the help file", helpFile, "no program of this computer shows it");
 }
 

@@ -71,6 +71,8 @@ std::u16string Folded(std::string_view utf8) {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
+char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+
 }  // namespace
 
 std::vector<std::string> Split(std::string_view text, char separator) {
@@ -104,13 +106,13 @@ std::string_view Trim(std::string_view text) {
 
 std::string LowerAscii(std::string_view text) {
     std::string lower(text);
-    for (char& c : lower)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    for (char& c : lower) c = LowerAscii(c);
     return lower;
 }
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
-    return left.size() == right.size() && LowerAscii(left) == LowerAscii(right);
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char one, char other) { return LowerAscii(one) == LowerAscii(other); });
 }
 
 bool EndsWithIgnoringCase(std::string_view text, std::string_view ending) {

@@ -86,10 +86,7 @@ public:
     /// The table of photo descriptions, in the order in which they are offered.
     virtual std::vector<PhotoDescription> PhotoDescriptions() const = 0;
     /// The listing statuses by which a search can be narrowed, in the order in which they are offered.
-    virtual std::vector<ListingStatus> ListingStatuses() const {
-        return {{2001, "Active"},  {2002, "Pending"},   {2003, "Sold"},  {2004, "Withdrawn"},
-                {2005, "Expired"}, {2006, "Cancelled"}, {2007, "Leased"}};
-    }
+    virtual std::vector<ListingStatus> ListingStatuses() const = 0;
 };
 
 /// A new service object for one operation; throws Error when the host has none of that kind.

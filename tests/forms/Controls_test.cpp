@@ -39,6 +39,7 @@ TEST_F(ControlsTest, State_SetToWhatItIs_TellsNobody) {
     form.slider.SetValue(500);
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(view.changes, 2);
+    form.slider.Attach(nullptr);
 }
 
 TEST_F(ControlsTest, TextBox_KeyDiscarded_IsReported) {

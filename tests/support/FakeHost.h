@@ -43,6 +43,8 @@ public:
     int level = 10;
     std::string agent = "A101", office = "OF1", board = "1", managedOffices = ",OF1,", connection = "VEL";
     bool severalOffices = false, showsDirection = true, reportsUpdates = false;
+    std::vector<ListingStatus> statuses = {{2001, "Active"},  {2002, "Pending"},   {2003, "Sold"},  {2004, "Withdrawn"},
+                                           {2005, "Expired"}, {2006, "Cancelled"}, {2007, "Leased"}};
     std::vector<PhotoDescription> descriptions = {{2110, "Front"}, {2111, "Rear"}, {2112, "Kitchen"}};
 
     HostMainForm& MainForm() override { return *this; }
@@ -74,6 +76,7 @@ public:
     bool ShowsStreetDirection() const override { return showsDirection; }
     bool ReportsPhotoUpdates() const override { return reportsUpdates; }
     std::vector<PhotoDescription> PhotoDescriptions() const override { return descriptions; }
+    std::vector<ListingStatus> ListingStatuses() const override { return statuses; }
 
 private:
     void* NativeWindow() const override { return nullptr; }
