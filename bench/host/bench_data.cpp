@@ -51,7 +51,8 @@ void AddVerified(host::Database& database, const std::string& photos) {
     host::Statement listing(database, "INSERT INTO Listings (ListNum) VALUES (?)");
     host::Statement photo(database, "INSERT INTO Photo VALUES (?, ?, ?, '')");
     for (int number = FirstVerified; number < FirstVerified + VerifiedListings; ++number) {
-        const std::string folder = photos + std::to_string(number / 10 % 10) + "/" + std::to_string(number % 10) + "/";
+        const std::string folder =
+            photos + std::to_string(number / 10 % 10) + "/" + std::to_string(number % 10) + "/";
         fs::create_directories(folder);
         std::string version;
         for (int i = 0; i < PhotosPerListing; ++i) {
@@ -73,7 +74,8 @@ int main(int count, char** arguments) {
     const std::string folder = std::string(arguments[1]) + "/";
     try {
         fs::create_directories(folder);
-        Make(folder + "search", [](host::Database& database, const std::string&) { database.Run(MillionListings); });
+        Make(folder + "search",
+             [](host::Database& database, const std::string&) { database.Run(MillionListings); });
         Make(folder + "verify", AddVerified);
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

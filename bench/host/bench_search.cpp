@@ -24,18 +24,24 @@ std::string Statement() {
                                      .Statement(criteria, {}, clsAllowedStatuses().SQLAllowedStatuses("")));
 }
 
-/// The number of rows in the list when it has come as far as wanted.
-int Search(bool toTheEnd, const std::string& dataFolder) {
+/// Ends the program with the outcome when the list has come as far as wanted: taking the window down again is
+/// no part of a search.
+[[noreturn]] void Leave(bool good, int rows) {
+    std::printf("%d\n", rows);
+    std::fflush(stdout);
+    std::_Exit(good ? 0 : 1);
+}
+
+void Search(bool toTheEnd, const std::string& dataFolder, int wanted) {
     NobodysDesktop desktop;
     SearchJob job(desktop, dataFolder);
-    int rows = 0;
     desktop.whileModal = [&] {
         job.window.cmdShowMatches.Press();
         while (toTheEnd && job.window.tmrRows.Enabled()) job.window.tmrRows.Tick();
-        rows = job.window.List.Count();
+        const int rows = job.window.List.Count();
+        Leave(toTheEnd ? rows == wanted : rows > 0 && rows < wanted, rows);
     };
     job.Open();
-    return rows;
 }
 
 }  // namespace
@@ -44,8 +50,6 @@ int main(int count, char** arguments) {
     const std::string job = count > 1 ? arguments[1] : "";
     if (job == "statement") return std::puts(Statement().c_str()) < 0;
     if (count != 4 || (job != "first" && job != "all")) return 2;
-    const int rows = Search(job == "all", arguments[2]);
-    const bool complete = rows == std::atoi(arguments[3]);
-    std::printf("%d\n", rows);
-    return job == "all" ? !complete : rows == 0 || complete;
+    Search(job == "all", arguments[2], std::atoi(arguments[3]));
+    return 1;
 }

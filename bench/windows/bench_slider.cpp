@@ -28,7 +28,8 @@ std::vector<double> StepTimes(const lumarin::frmPhotoCrop& crop) {
         const auto start = std::chrono::steady_clock::now();
         slider->setValue((step * StepSize) % 1000 - 500);
         preview->parentWidget()->repaint();
-        times.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
     }
     std::sort(times.begin(), times.end());
     return times;

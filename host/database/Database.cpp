@@ -16,7 +16,8 @@ constexpr std::size_t LongestQuotedStatement = 2'000;
 
 Database::Database(const std::string& path, DatabaseUse use) {
     // Also for queries: a connection that may not write could not undo what a killed process left halfway.
-    // Without the engine's locks, which cost more than reading a short value: one thread at a time is the rule.
+    // Without the engine's locks, which cost more than reading a short value: one thread at a time is the
+    // rule.
     const int code = sqlite3_open_v2(
         path.c_str(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     try {

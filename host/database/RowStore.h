@@ -36,7 +36,7 @@ private:
     static constexpr std::int32_t Number = -2;
 
     struct Cell {
-        std::int64_t value;    ///< the number, or where the text starts in its block
+        std::int64_t value;   ///< the number, or where the text starts in its block
         std::int32_t length;  ///< of the text, or one of the marks above
     };
     struct Block {

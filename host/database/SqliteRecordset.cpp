@@ -97,7 +97,7 @@ std::size_t SqliteRecordset::ColumnIndex(std::string_view column) const {
     const std::vector<std::string>& columns = rows_.Columns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const std::size_t at = (nextColumn_ + i) % columns.size();
-        if (!lumarin::text::EqualsIgnoringCase(columns[at], column)) continue;
+        if (columns[at] != column && !lumarin::text::EqualsIgnoringCase(columns[at], column)) continue;
         nextColumn_ = at + 1;
         return at;
     }

@@ -9,10 +9,10 @@
 
 namespace host {
 
-/// The rows of a query. Up to ten thousand are read at once, and a query that has no more is finished then and
-/// independent of the connection. The rest of a longer one is read as far as somebody asks for it, and what
-/// was read is kept: such a recordset must not outlive its database, sees the tables as they were when it
-/// began, and until its end is reached or it is closed, others can read but not commit changes. Reading
+/// The rows of a query. Up to ten thousand are read at once, and a query that has no more is finished then
+/// and independent of the connection. The rest of a longer one is read as far as somebody asks for it, and
+/// what was read is kept: such a recordset must not outlive its database, sees the tables as they were when
+/// it began, and until its end is reached or it is closed, others can read but not commit changes. Reading
 /// without a current row, an unknown column and any use after `Close` throw lumarin::Error; what moves, and
 /// `RecordCount`, also when a row cannot be read.
 class SqliteRecordset final : public lumarin::Recordset {

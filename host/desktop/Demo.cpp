@@ -177,7 +177,8 @@ void Demo::LookWithNewWindow() {
 
 void Demo::FindAndView() {
     Step("Browse finds a listing by the name of its owner; Enter shows its photo in the viewer");
-    client_.DoAll({"press frmLumarin.cmdBrowse", "wait frmFindProperty", "set frmFindProperty.txtOwnerName \"Patrick O'Br\"",
+    client_.DoAll({"press frmLumarin.cmdBrowse", "wait frmFindProperty",
+                   "set frmFindProperty.txtOwnerName \"Patrick O'Br\"",
                    "press frmFindProperty.cmdShowMatches"});
     ExpectRows("frmFindProperty.List", 1);
     client_.Do("select frmFindProperty.List 0");
@@ -191,7 +192,8 @@ void Demo::Verify() {
     Step("Verify Photos: the photos on this computer are those that the server lists");
     client_.DoAll({"tool frmLumarin.VerifyPhotos", "wait frmVerifyPhotos", "press frmVerifyPhotos.cmdStart"});
     const QString status = client_.Get("frmVerifyPhotos.lblStatus")["text"].toString();
-    if (status != "Verify completed successfully") throw DemoFailure("The verification ended with: " + status);
+    if (status != "Verify completed successfully")
+        throw DemoFailure("The verification ended with: " + status);
     Shot("frmVerifyPhotos");
     client_.Do("press frmVerifyPhotos.cmdExit");
 }
@@ -203,7 +205,8 @@ void Demo::Scan() {
     client_.DoAll({"press frmSelectSource.cmdOK", "tool frmLumarin.AcquireSingle", "wait frmAcquire"});
     Shot("frmAcquire");
     client_.Do("wait frmPhotoCrop 60000");
-    client_.Do("shot frmPhotoCrop " + Quoted(QString::fromStdString(folders_.shots) + "frmPhotoCrop-scan.png"));
+    client_.Do("shot frmPhotoCrop " +
+               Quoted(QString::fromStdString(folders_.shots) + "frmPhotoCrop-scan.png"));
     client_.DoAll({"press frmPhotoCrop.cmdCancel", "close frmLumarin"});
 }
 

@@ -19,7 +19,8 @@ void UseTestScanner(const std::string& dataFolder) {
     const std::string folder = FolderIn(dataFolder);
     lumarin::files::EnsureFolder(folder);
     lumarin::files::WriteWhole(folder + "dll.conf", "test\n");
-    lumarin::files::WriteWhole(folder + "test.conf", "number_of_devices 1\ntest-picture \"Color pattern\"\nmode Color\n");
+    lumarin::files::WriteWhole(folder + "test.conf",
+                               "number_of_devices 1\ntest-picture \"Color pattern\"\nmode Color\n");
 }
 
 }  // namespace host

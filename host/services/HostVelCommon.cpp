@@ -84,7 +84,8 @@ std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, co
     for (int attempt = 1;; ++attempt) {
         const std::string published = server_.PhotoFile(listingNumber, number);
         if (published.empty())
-            throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "The server has no " + name());
+            throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto",
+                                 "The server has no " + name());
         try {
             files::Copy(published, local);
             return local;

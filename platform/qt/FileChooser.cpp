@@ -39,7 +39,8 @@ void AddPreview(QFileDialog& dialog) {
     layout->addWidget(pane, 0, layout->columnCount(), layout->rowCount(), 1);
     QObject::connect(&dialog, &QFileDialog::currentChanged, pane,
                      [pane](const QString& path) { pane->ShowFile(path); });
-    if (auto* list = dialog.findChild<QTreeView*>()) list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    if (auto* list = dialog.findChild<QTreeView*>())
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     dialog.resize(DialogSize);
 }
 

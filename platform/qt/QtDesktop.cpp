@@ -189,9 +189,11 @@ void QtDesktop::OpenHelp(const std::string& helpFile, int context) {
     page.setFragment(QString::number(context));
     // Some desktops drop the page's number from the address of a file: a page of one line leads there.
     const QString jump = QDir::temp().filePath(QStringLiteral("lumarin-help-%1.html").arg(context));
-    const QString line = QStringLiteral("<meta http-equiv=\"refresh\" content=\"0; url=%1\">").arg(page.toString(QUrl::FullyEncoded));
+    const QString line = QStringLiteral("<meta http-equiv=\"refresh\" content=\"0; url=%1\">")
+                             .arg(page.toString(QUrl::FullyEncoded));
     QSaveFile leading(jump);
-    const bool written = leading.open(QIODevice::WriteOnly) && leading.write(line.toUtf8()) > 0 && leading.commit();
+    const bool written =
+        leading.open(QIODevice::WriteOnly) && leading.write(line.toUtf8()) > 0 && leading.commit();
     if (!QDesktopServices::openUrl(written ? QUrl::fromLocalFile(jump) : page))
         throw FileError("open the help file", helpFile, "no program of this computer shows it");
 }

@@ -7,8 +7,10 @@ namespace lumarin {
 
 std::int64_t WallClockMilliseconds(const LocalTime& time) {
     using namespace std::chrono;
-    const sys_days day = year(time.year) / month(static_cast<unsigned>(time.month)) / std::chrono::day(static_cast<unsigned>(time.day));
-    const auto instant = day.time_since_epoch() + hours(time.hour) + minutes(time.minute) + seconds(time.second);
+    const sys_days day = year(time.year) / month(static_cast<unsigned>(time.month)) /
+                         std::chrono::day(static_cast<unsigned>(time.day));
+    const auto instant =
+        day.time_since_epoch() + hours(time.hour) + minutes(time.minute) + seconds(time.second);
     return duration_cast<milliseconds>(instant).count() + time.millisecond;
 }
 

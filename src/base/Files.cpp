@@ -86,7 +86,8 @@ bool FolderExists(const std::string& path) {
 void EnsureFolder(const std::string& path) {
     std::error_code problem;
     fs::create_directories(ToPath(path), problem);
-    if (!FolderExists(path)) throw FileError("create the folder", path, problem ? problem.message() : "a file has that name");
+    if (!FolderExists(path))
+        throw FileError("create the folder", path, problem ? problem.message() : "a file has that name");
 }
 
 std::uint64_t FileLength(const std::string& path) {
@@ -127,11 +128,13 @@ bool TryDelete(const std::string& path) noexcept {
     }
 }
 
-std::vector<std::string> List(const std::string& folder, const std::function<bool(const std::string&)>& wanted) {
+std::vector<std::string> List(const std::string& folder,
+                              const std::function<bool(const std::string&)>& wanted) {
     std::vector<std::string> names;
     std::error_code problem;
     if (!FolderExists(folder)) return names;
-    for (fs::directory_iterator entry(ToPath(folder), problem), end; !problem && entry != end; entry.increment(problem)) {
+    for (fs::directory_iterator entry(ToPath(folder), problem), end; !problem && entry != end;
+         entry.increment(problem)) {
         std::error_code ignored;
         if (!entry->is_regular_file(ignored)) continue;
         std::string name = ToUtf8(entry->path().filename());
@@ -142,10 +145,12 @@ std::vector<std::string> List(const std::string& folder, const std::function<boo
     return names;
 }
 
-void ForEachEntry(const std::string& folder, const std::function<void(std::string_view name, EntryKind kind)>& visit) {
+void ForEachEntry(const std::string& folder,
+                  const std::function<void(std::string_view name, EntryKind kind)>& visit) {
     std::error_code problem;
     if (!FolderExists(folder)) return;
-    for (fs::directory_iterator entry(ToPath(folder), problem), end; !problem && entry != end; entry.increment(problem)) {
+    for (fs::directory_iterator entry(ToPath(folder), problem), end; !problem && entry != end;
+         entry.increment(problem)) {
         // The kind comes with the listing: asking the file itself would cost more than all the rest.
         std::error_code ignored;
         const EntryKind kind = entry->is_symlink(ignored)     ? EntryKind::Link
@@ -168,7 +173,8 @@ std::string ReadAll(const std::string& path) {
     if (!in) throw FileError("open", path, LastReason());
     std::string bytes;
     char block[65536];
-    while (in.read(block, sizeof block) || in.gcount() > 0) bytes.append(block, static_cast<std::size_t>(in.gcount()));
+    while (in.read(block, sizeof block) || in.gcount() > 0)
+        bytes.append(block, static_cast<std::size_t>(in.gcount()));
     if (in.bad()) throw FileError("read", path, LastReason());
     return bytes;
 }

@@ -42,7 +42,8 @@ bool TryDelete(const std::string& path) noexcept;
 
 /// Names (not paths) of the plain files in a folder for which `wanted` is true, sorted. A missing
 /// folder has none.
-std::vector<std::string> List(const std::string& folder, const std::function<bool(const std::string&)>& wanted);
+std::vector<std::string> List(const std::string& folder,
+                              const std::function<bool(const std::string&)>& wanted);
 
 enum class EntryKind { File, Folder, Link };
 
@@ -50,7 +51,8 @@ enum class EntryKind { File, Folder, Link };
 /// order, while the system lists them. A link is a link wherever it leads. The name is good for the call
 /// only; entries must not be added or removed meanwhile; what `visit` throws ends the listing. A missing
 /// folder has no entries.
-void ForEachEntry(const std::string& folder, const std::function<void(std::string_view name, EntryKind kind)>& visit);
+void ForEachEntry(const std::string& folder,
+                  const std::function<void(std::string_view name, EntryKind kind)>& visit);
 
 /// Whether a folder exists and holds any entry at all.
 bool HasEntries(const std::string& folder);

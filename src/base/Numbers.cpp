@@ -49,13 +49,15 @@ std::optional<double> ParseNumber(std::string_view text) {
     double value = 0;
     const auto [end, problem] =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    if (problem != std::errc{} || end != text.data() + text.size() || !std::isfinite(value)) return std::nullopt;
+    if (problem != std::errc{} || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
     return value;
 }
 
 std::string SingleText(float value) {
     char buffer[64];
-    const auto [end, problem] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+    const auto [end, problem] =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
     return problem == std::errc{} ? std::string(buffer, end) : std::string("0");
 }
 

@@ -43,7 +43,10 @@ void AppendUtf8(std::string& out, char32_t code) {
 char32_t NextCodePoint(std::string_view utf8, std::size_t& at) {
     const auto lead = static_cast<std::uint8_t>(utf8[at++]);
     if (lead < 0x80) return lead;
-    const int more = lead >= 0xF0 && lead < 0xF5 ? 3 : lead >= 0xE0 && lead < 0xF0 ? 2 : lead >= 0xC2 && lead < 0xE0 ? 1 : 0;
+    const int more = lead >= 0xF0 && lead < 0xF5   ? 3
+                     : lead >= 0xE0 && lead < 0xF0 ? 2
+                     : lead >= 0xC2 && lead < 0xE0 ? 1
+                                                   : 0;
     if (more == 0 || at + static_cast<std::size_t>(more) > utf8.size()) return Replacement;
     char32_t code = lead & (0x3FU >> more);
     for (int i = 0; i < more; ++i) {
@@ -78,7 +81,8 @@ char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('
 std::vector<std::string> Split(std::string_view text, char separator) {
     std::vector<std::string> parts;
     std::size_t start = 0;
-    for (std::size_t at = text.find(separator); at != std::string_view::npos; at = text.find(separator, start)) {
+    for (std::size_t at = text.find(separator); at != std::string_view::npos;
+         at = text.find(separator, start)) {
         parts.emplace_back(text.substr(start, at - start));
         start = at + 1;
     }
@@ -116,7 +120,8 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
 }
 
 bool EndsWithIgnoringCase(std::string_view text, std::string_view ending) {
-    return text.size() >= ending.size() && EqualsIgnoringCase(text.substr(text.size() - ending.size()), ending);
+    return text.size() >= ending.size() &&
+           EqualsIgnoringCase(text.substr(text.size() - ending.size()), ending);
 }
 
 bool ContainsIgnoringCase(std::string_view text, std::string_view part) {
@@ -165,7 +170,8 @@ std::string ToCodePage(std::string_view utf8) {
             continue;
         }
         const auto found = std::find(UpperControls.begin(), UpperControls.end(), code);
-        bytes += found == UpperControls.end() ? '?' : static_cast<char>(0x80 + (found - UpperControls.begin()));
+        bytes +=
+            found == UpperControls.end() ? '?' : static_cast<char>(0x80 + (found - UpperControls.begin()));
     }
     return bytes;
 }

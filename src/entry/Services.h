@@ -66,7 +66,8 @@ public:
     virtual void UploadPhotoFile(std::span<const std::byte> chunk) = 0;
     /// Asks the server to apply an uploaded package. 0 is success; any other number a refusal, with
     /// nothing changed on the server.
-    virtual int BatchUpdate(const std::string& connectionName, const std::string& packageName, BatchKind kind) = 0;
+    virtual int BatchUpdate(const std::string& connectionName, const std::string& packageName,
+                            BatchKind kind) = 0;
 };
 
 /// The host's named services.

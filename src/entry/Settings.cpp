@@ -36,7 +36,9 @@ std::string_view EndOf(std::string_view line) {
 
 /// How new lines are ended: as the file does, and as the platform does where there is no telling.
 std::string_view LineEnd(std::string_view bytes) {
-    return bytes.find('\n') != std::string_view::npos && bytes.find("\r\n") == std::string_view::npos ? "\n" : "\r\n";
+    return bytes.find('\n') != std::string_view::npos && bytes.find("\r\n") == std::string_view::npos
+               ? "\n"
+               : "\r\n";
 }
 
 std::optional<std::string_view> SectionName(std::string_view line) {
@@ -55,7 +57,8 @@ std::optional<std::string_view> ValueOf(std::string_view line, std::string_view 
 }
 
 std::string_view WithoutQuotes(std::string_view value) {
-    const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.front() == value.back();
+    const bool quoted =
+        value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.front() == value.back();
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
@@ -94,7 +97,8 @@ std::optional<std::string> FileBytes(const std::string& file) {
     }
 }
 
-std::optional<std::string> Value(const std::string& file, const std::string& section, const std::string& key) {
+std::optional<std::string> Value(const std::string& file, const std::string& section,
+                                 const std::string& key) {
     const auto bytes = FileBytes(file);
     std::string value;
     if (!bytes || !FindValue(*bytes, section, key, value)) return std::nullopt;
@@ -103,7 +107,8 @@ std::optional<std::string> Value(const std::string& file, const std::string& sec
 
 }  // namespace
 
-bool FindValue(const std::string& bytes, const std::string& section, const std::string& key, std::string& value) {
+bool FindValue(const std::string& bytes, const std::string& section, const std::string& key,
+               std::string& value) {
     const std::vector<std::string_view> lines = SplitLines(bytes);
     const Place place = FindPlace(lines, text::ToCodePage(section), text::ToCodePage(key));
     if (!place.line) return false;
@@ -111,14 +116,17 @@ bool FindValue(const std::string& bytes, const std::string& section, const std::
     return true;
 }
 
-std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key, const std::string& value) {
+std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key,
+                      const std::string& value) {
     const std::vector<std::string_view> lines = SplitLines(bytes);
     const Place place = FindPlace(lines, text::ToCodePage(section), text::ToCodePage(key));
     const std::string end(LineEnd(bytes));
     // A line break inside a value would make lines of its own.
-    const std::string oneLine = text::ReplaceAll(text::ReplaceAll(text::ToCodePage(value), "\r", ""), "\n", " ");
+    const std::string oneLine =
+        text::ReplaceAll(text::ReplaceAll(text::ToCodePage(value), "\r", ""), "\n", " ");
     const bool endKept = place.line && !EndOf(lines[*place.line]).empty();
-    const std::string setting = text::ToCodePage(key) + "=" + oneLine + (endKept ? std::string(EndOf(lines[*place.line])) : end);
+    const std::string setting =
+        text::ToCodePage(key) + "=" + oneLine + (endKept ? std::string(EndOf(lines[*place.line])) : end);
     const std::size_t at = place.line ? *place.line : place.hasSection ? place.insertAt : lines.size();
 
     std::string result;
@@ -130,17 +138,20 @@ std::string WithValue(const std::string& bytes, const std::string& section, cons
     return result;
 }
 
-std::string ReadText(const std::string& file, const std::string& section, const std::string& key, const std::string& fallback) {
+std::string ReadText(const std::string& file, const std::string& section, const std::string& key,
+                     const std::string& fallback) {
     const auto value = Value(file, section, key);
     return value ? text::FromCodePage(*value) : fallback;
 }
 
-std::int32_t ReadInteger(const std::string& file, const std::string& section, const std::string& key, std::int32_t fallback) {
+std::int32_t ReadInteger(const std::string& file, const std::string& section, const std::string& key,
+                         std::int32_t fallback) {
     const auto value = Value(file, section, key);
     return value ? LeadingInteger(*value) : fallback;
 }
 
-bool WriteText(const std::string& file, const std::string& section, const std::string& key, const std::string& value) noexcept {
+bool WriteText(const std::string& file, const std::string& section, const std::string& key,
+               const std::string& value) noexcept {
     try {
         // A file that is there but cannot be read must not be replaced by one with a single setting.
         const std::string bytes = files::FileExists(file) ? files::ReadAll(file) : std::string();

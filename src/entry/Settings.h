@@ -9,19 +9,24 @@
 namespace lumarin::settings {
 
 /// The first 249 characters of the value, or `fallback` when file, section or key is missing.
-std::string ReadText(const std::string& file, const std::string& section, const std::string& key, const std::string& fallback);
+std::string ReadText(const std::string& file, const std::string& section, const std::string& key,
+                     const std::string& fallback);
 
 /// The value's leading whole number (0 when it does not start with one), or `fallback` when it is missing.
-std::int32_t ReadInteger(const std::string& file, const std::string& section, const std::string& key, std::int32_t fallback);
+std::int32_t ReadInteger(const std::string& file, const std::string& section, const std::string& key,
+                         std::int32_t fallback);
 
 /// Sets one value and leaves every other line as it is. False when the file could not be written.
-bool WriteText(const std::string& file, const std::string& section, const std::string& key, const std::string& value) noexcept;
+bool WriteText(const std::string& file, const std::string& section, const std::string& key,
+               const std::string& value) noexcept;
 
 /// `ReadText` on the bytes of a settings file, without the cut at 249 characters; for tests and tools.
 /// Returns false when section or key is missing.
-bool FindValue(const std::string& bytes, const std::string& section, const std::string& key, std::string& value);
+bool FindValue(const std::string& bytes, const std::string& section, const std::string& key,
+               std::string& value);
 
 /// The settings file's bytes with one value set.
-std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key, const std::string& value);
+std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key,
+                      const std::string& value);
 
 }  // namespace lumarin::settings

@@ -97,7 +97,8 @@ std::unique_ptr<Service> RequestService(VelCommon& host) {
         service.release();
         return std::unique_ptr<Service>(wanted);
     }
-    throw Error(13, "ServiceBroker", std::string("The host gave no service \"") + Service::ServiceName + "\"");
+    throw Error(13, "ServiceBroker",
+                std::string("The host gave no service \"") + Service::ServiceName + "\"");
 }
 
 }  // namespace lumarin

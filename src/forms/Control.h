@@ -12,8 +12,22 @@ class Form;
 class Control;
 
 enum class ControlKind {
-    TextBox, Button, Label, ComboBox, Slider, ListView, PictureBox, Frame, Shape, Timer, Animation, ToolBar,
-    OptionButton, TabStrip, NumberBox, ProgressBar
+    TextBox,
+    Button,
+    Label,
+    ComboBox,
+    Slider,
+    ListView,
+    PictureBox,
+    Frame,
+    Shape,
+    Timer,
+    Animation,
+    ToolBar,
+    OptionButton,
+    TabStrip,
+    NumberBox,
+    ProgressBar
 };
 
 /// The front end's side of one control. A control calls it whenever its state changes, by code or by

@@ -13,7 +13,9 @@ Control::~Control() {
     if (view_ != nullptr) view_->ControlGoes();
 }
 
-std::string Control::ObjectName() const { return index_ == NoIndex ? name_ : name_ + "_" + std::to_string(index_); }
+std::string Control::ObjectName() const {
+    return index_ == NoIndex ? name_ : name_ + "_" + std::to_string(index_);
+}
 
 void Control::Placed(const Rect& bounds) {
     const bool resized = bounds.width != bounds_.width || bounds.height != bounds_.height;
@@ -69,9 +71,13 @@ void ComboBox::SetListIndex(int index) {
     Raise("Click", Click);
 }
 
-std::string ComboBox::Text() const { return listIndex_ < 0 ? "" : items_[static_cast<std::size_t>(listIndex_)].text; }
+std::string ComboBox::Text() const {
+    return listIndex_ < 0 ? "" : items_[static_cast<std::size_t>(listIndex_)].text;
+}
 
-std::int32_t ComboBox::ItemData() const { return listIndex_ < 0 ? 0 : items_[static_cast<std::size_t>(listIndex_)].data; }
+std::int32_t ComboBox::ItemData() const {
+    return listIndex_ < 0 ? 0 : items_[static_cast<std::size_t>(listIndex_)].data;
+}
 
 void Slider::SetRange(int min, int max, int smallChange, int largeChange) {
     min_ = min;
@@ -91,7 +97,8 @@ void Slider::SetValue(int value) {
 
 void OptionButton::Choose() {
     for (Control* control : Owner().Controls()) {
-        if (control == this || control->Kind() != ControlKind::OptionButton || control->Name() != Name()) continue;
+        if (control == this || control->Kind() != ControlKind::OptionButton || control->Name() != Name())
+            continue;
         auto& other = static_cast<OptionButton&>(*control);
         other.Set(other.value_, false);
     }
@@ -109,8 +116,10 @@ void TabStrip::SetTab(int tab) {
 }
 
 void TabStrip::SetTabVisible(int tab, bool visible) {
-    if (visible) hidden_.erase(tab);
-    else hidden_.insert(tab);
+    if (visible)
+        hidden_.erase(tab);
+    else
+        hidden_.insert(tab);
     Changed();
 }
 
@@ -134,7 +143,8 @@ void PictureBox::SetImage(PicturePtr image) {
 }
 
 void PictureBox::DropFiles(const std::vector<std::string>& paths) {
-    if (Enabled() && acceptsFiles_) Raise<const std::vector<std::string>&>("OLEDragDrop", FilesDropped, paths);
+    if (Enabled() && acceptsFiles_)
+        Raise<const std::vector<std::string>&>("OLEDragDrop", FilesDropped, paths);
 }
 
 bool Frame::PressKey(const KeyDown& key) {

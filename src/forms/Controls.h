@@ -30,7 +30,8 @@ private:
 
 class TextBox : public Control {
 public:
-    TextBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::TextBox, std::move(name), index) {}
+    TextBox(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::TextBox, std::move(name), index) {}
 
     const std::string& Text() const { return text_; }
     /// Set by code and by the user alike; raises `Change` when the text differs.
@@ -49,7 +50,8 @@ private:
 
 class Button : public Control {
 public:
-    Button(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Button, std::move(name), index) {}
+    Button(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::Button, std::move(name), index) {}
 
     /// "" leaves the caption of the front end's design.
     const std::string& Caption() const { return caption_; }
@@ -67,7 +69,8 @@ private:
 
 class Label : public Control {
 public:
-    Label(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Label, std::move(name), index) {}
+    Label(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::Label, std::move(name), index) {}
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(const std::string& caption) { Set(caption_, caption); }
@@ -85,7 +88,8 @@ public:
         bool operator==(const Item&) const = default;
     };
 
-    ComboBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ComboBox, std::move(name), index) {}
+    ComboBox(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::ComboBox, std::move(name), index) {}
 
     const std::vector<Item>& Items() const { return items_; }
     void Clear();
@@ -107,7 +111,8 @@ private:
 
 class Slider : public Control {
 public:
-    Slider(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Slider, std::move(name), index) {}
+    Slider(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::Slider, std::move(name), index) {}
 
     int Min() const { return min_; }
     int Max() const { return max_; }
@@ -127,7 +132,8 @@ private:
 /// One of a group of choices (a control array): choosing one gives up the others of its name.
 class OptionButton : public Control {
 public:
-    OptionButton(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::OptionButton, std::move(name), index) {}
+    OptionButton(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::OptionButton, std::move(name), index) {}
 
     bool Value() const { return value_; }
     /// Choosing raises `Click`. A choice is given up only by choosing another of the group.
@@ -142,7 +148,8 @@ private:
 /// Pages of a window, one of which is in front; the front end's design says what stands on each.
 class TabStrip : public Control {
 public:
-    TabStrip(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::TabStrip, std::move(name), index) {}
+    TabStrip(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::TabStrip, std::move(name), index) {}
 
     int Tab() const { return tab_; }
     /// Raises `Click` when another page comes to the front. A hidden page stays where it is.
@@ -161,7 +168,8 @@ private:
 /// A box for a whole number, which may be left empty.
 class NumberBox : public Control {
 public:
-    NumberBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::NumberBox, std::move(name), index) {}
+    NumberBox(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::NumberBox, std::move(name), index) {}
 
     std::int32_t Min() const { return min_; }
     std::int32_t Max() const { return max_; }
@@ -179,7 +187,8 @@ private:
 
 class ProgressBar : public Control {
 public:
-    ProgressBar(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ProgressBar, std::move(name), index) {}
+    ProgressBar(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::ProgressBar, std::move(name), index) {}
 
     int Max() const { return max_; }
     void SetMax(int max) { Set(max_, max); }
@@ -194,7 +203,8 @@ private:
 /// relative to the control.
 class PictureBox : public Control {
 public:
-    PictureBox(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::PictureBox, std::move(name), index) {}
+    PictureBox(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::PictureBox, std::move(name), index) {}
 
     const PicturePtr& Image() const { return image_; }
     /// Null clears the box.
@@ -222,7 +232,8 @@ private:
 /// A visible area that holds other controls; it can take the keyboard and the mouse itself.
 class Frame : public Control {
 public:
-    Frame(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Frame, std::move(name), index) {}
+    Frame(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::Frame, std::move(name), index) {}
 
     void MouseWentDown(const Mouse& mouse) { Raise("MouseDown", MouseDown, mouse); }
     void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
@@ -238,12 +249,14 @@ public:
 /// what lies outside of it within the container's picture is dimmed.
 class Shape : public Control {
 public:
-    Shape(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Shape, std::move(name), index) {}
+    Shape(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::Shape, std::move(name), index) {}
 };
 
 class Timer : public Control {
 public:
-    Timer(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Timer, std::move(name), index) {
+    Timer(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::Timer, std::move(name), index) {
         SetEnabled(false);
     }
 
@@ -262,7 +275,8 @@ private:
 /// Plays a film file over and over. A file that cannot be played shows nothing.
 class Animation : public Control {
 public:
-    Animation(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::Animation, std::move(name), index) {}
+    Animation(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::Animation, std::move(name), index) {}
 
     const std::string& File() const { return file_; }
     void Open(const std::string& file) { Set(file_, file); }

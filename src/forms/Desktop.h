@@ -84,7 +84,8 @@ public:
     /// Opens a page of a help file by its context number. Throws Error when it cannot be shown.
     virtual void OpenHelp(const std::string& helpFile, int context) = 0;
 
-    /// The help file that the help key opens in every window. Set by every start of a job; the last one counts.
+    /// The help file that the help key opens in every window. Set by every start of a job; the last one
+    /// counts.
     void SetHelpFile(std::string path) { helpFile_ = std::move(path); }
     const std::string& HelpFile() const { return helpFile_; }
 
@@ -95,7 +96,9 @@ private:
 /// Shows the hourglass and restores the default pointer at the end, also on failure.
 class HourglassPointer {
 public:
-    explicit HourglassPointer(Desktop& desktop) : desktop_(desktop) { desktop_.SetPointer(Pointer::Hourglass); }
+    explicit HourglassPointer(Desktop& desktop) : desktop_(desktop) {
+        desktop_.SetPointer(Pointer::Hourglass);
+    }
     ~HourglassPointer() { desktop_.SetPointer(Pointer::Default); }
     HourglassPointer(const HourglassPointer&) = delete;
     HourglassPointer& operator=(const HourglassPointer&) = delete;

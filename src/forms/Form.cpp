@@ -16,8 +16,9 @@ Form::~Form() {
 }
 
 Control* Form::Find(std::string_view objectName) const {
-    const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                    [&](const Control* control) { return control->ObjectName() == objectName; });
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control* control) {
+        return control->ObjectName() == objectName;
+    });
     return found == controls_.end() ? nullptr : *found;
 }
 

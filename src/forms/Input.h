@@ -4,8 +4,25 @@ namespace lumarin {
 
 /// Key codes of key-down events, with the platform's numbers.
 enum class Key : int {
-    None = 0, Back = 8, Tab = 9, Enter = 13, Escape = 27, Space = 32, PageUp = 33, PageDown = 34, End = 35,
-    Home = 36, Left = 37, Up = 38, Right = 39, Down = 40, Insert = 45, Delete = 46, Plus = 107, Minus = 109, F1 = 112
+    None = 0,
+    Back = 8,
+    Tab = 9,
+    Enter = 13,
+    Escape = 27,
+    Space = 32,
+    PageUp = 33,
+    PageDown = 34,
+    End = 35,
+    Home = 36,
+    Left = 37,
+    Up = 38,
+    Right = 39,
+    Down = 40,
+    Insert = 45,
+    Delete = 46,
+    Plus = 107,
+    Minus = 109,
+    F1 = 112
 };
 
 struct KeyDown {

@@ -27,7 +27,8 @@ struct SortKey {
 };
 
 SortKey KeyOf(const std::string& cell) {
-    if (const auto number = ParseInteger(cell)) return {static_cast<std::uint64_t>(*number + (std::int64_t{1} << 31)), {}};
+    if (const auto number = ParseInteger(cell))
+        return {static_cast<std::uint64_t>(*number + (std::int64_t{1} << 31)), {}};
     SortKey key{1, text::LowerAscii(cell)};
     for (std::size_t i = 0; i < 7; ++i)
         key.prefix = key.prefix << 8 | (i < key.text.size() ? static_cast<std::uint8_t>(key.text[i]) : 0U);
@@ -62,7 +63,8 @@ const ListView::Row& ListView::At(int row) const {
 std::string ListView::Cell(int row, int column) const { return CellOf(At(row), column); }
 
 int ListView::FindText(const std::string& text) const {
-    const auto found = std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.text == text; });
+    const auto found =
+        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.text == text; });
     return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
 }
 
@@ -88,18 +90,23 @@ void ListView::AddRows(std::vector<Row> rows) {
     if (rows.empty()) return;
     const int first = Count();
     const int count = static_cast<int>(rows.size());
-    if (IsSorted()) MergeRows({std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end())});
-    else rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
+    if (IsSorted())
+        MergeRows({std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end())});
+    else
+        rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
     if (View() == nullptr) return;
-    if (IsSorted()) ListView_()->ListReset();
-    else ListView_()->RowsInserted(first, count);
+    if (IsSorted())
+        ListView_()->ListReset();
+    else
+        ListView_()->RowsInserted(first, count);
 }
 
 void ListView::MergeRows(std::deque<Row> rows) {
     const auto before = [this](const Row& left, const Row& right) { return Before(left, right); };
     Sort(rows, nullptr);
     if (selected_ >= 0)
-        selected_ += static_cast<int>(std::lower_bound(rows.begin(), rows.end(), At(selected_), before) - rows.begin());
+        selected_ += static_cast<int>(std::lower_bound(rows.begin(), rows.end(), At(selected_), before) -
+                                      rows.begin());
     // From the back, so that each row of the list moves once; searching spares the comparison with most.
     const auto oldCount = static_cast<std::ptrdiff_t>(rows_.size());
     rows_.resize(rows_.size() + rows.size());
@@ -195,7 +202,8 @@ void ListView::Sort(std::deque<Row>& rows, int* tracked) const {
     std::deque<Row> sorted;
     int trackedTo = -1;
     for (const auto& [prefix, from] : order) {
-        if (tracked != nullptr && static_cast<int>(from) == *tracked) trackedTo = static_cast<int>(sorted.size());
+        if (tracked != nullptr && static_cast<int>(from) == *tracked)
+            trackedTo = static_cast<int>(sorted.size());
         sorted.push_back(std::move(rows[from]));
     }
     rows = std::move(sorted);
@@ -209,7 +217,8 @@ bool ListView::PressKey(const KeyDown& key) {
 }
 
 void ListView::DropFiles(const std::vector<std::string>& paths) {
-    if (Enabled() && acceptsFiles_) Raise<const std::vector<std::string>&>("OLEDragDrop", FilesDropped, paths);
+    if (Enabled() && acceptsFiles_)
+        Raise<const std::vector<std::string>&>("OLEDragDrop", FilesDropped, paths);
 }
 
 }  // namespace lumarin

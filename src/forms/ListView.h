@@ -28,7 +28,7 @@ public:
     enum class Sizing { Fixed, GrowsWithTexts };
     struct Column {
         std::string caption;
-        double width = 0;  ///< twips; 0 leaves it to the front end
+        double width = 0;               ///< twips; 0 leaves it to the front end
         Sizing sizing = Sizing::Fixed;  ///< a column that grows has `width` as its least width
     };
     struct Row {
@@ -40,7 +40,8 @@ public:
         std::string picture{};
     };
 
-    ListView(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ListView, std::move(name), index) {}
+    ListView(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::ListView, std::move(name), index) {}
 
     const std::vector<Column>& Columns() const { return columns_; }
     void AddColumn(const std::string& caption, double width = 0, Sizing sizing = Sizing::Fixed);

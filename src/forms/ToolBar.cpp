@@ -26,10 +26,13 @@ bool ToolBar::Has(const std::string& name) const {
     return std::any_of(tools_.begin(), tools_.end(), [&](const Tool& tool) { return tool.name == name; });
 }
 
-const ToolBar::Tool& ToolBar::At(const std::string& name) const { return const_cast<ToolBar*>(this)->Find(name); }
+const ToolBar::Tool& ToolBar::At(const std::string& name) const {
+    return const_cast<ToolBar*>(this)->Find(name);
+}
 
 ToolBar::Tool& ToolBar::Find(const std::string& name) {
-    const auto found = std::find_if(tools_.begin(), tools_.end(), [&](const Tool& tool) { return tool.name == name; });
+    const auto found =
+        std::find_if(tools_.begin(), tools_.end(), [&](const Tool& tool) { return tool.name == name; });
     if (found == tools_.end()) throw Error(5, Name(), "There is no tool \"" + name + "\"");
     return *found;
 }

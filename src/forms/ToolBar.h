@@ -32,7 +32,8 @@ public:
         std::vector<std::string> tools;  ///< in order; "-" is a separator
     };
 
-    ToolBar(Form& form, std::string name, int index = NoIndex) : Control(form, ControlKind::ToolBar, std::move(name), index) {}
+    ToolBar(Form& form, std::string name, int index = NoIndex)
+        : Control(form, ControlKind::ToolBar, std::move(name), index) {}
 
     void AddTool(Tool tool);
     void AddBand(Band band);

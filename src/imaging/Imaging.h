@@ -22,7 +22,8 @@ inline constexpr std::int32_t PictureWriteError = 20014;
 
 class ImagingError : public Error {
 public:
-    ImagingError(std::int32_t number, const std::string& description) : Error(number, "imaging", description) {}
+    ImagingError(std::int32_t number, const std::string& description)
+        : Error(number, "imaging", description) {}
 };
 
 /// A picture with more pixels than this is refused before it is decoded.

@@ -15,7 +15,8 @@ bool MayOpenListing(const VelCommon& host, const Recordset& listing) {
     if (level >= OfficeLevel) {
         const std::string office = listing.Field("ListOfficeId").Text();
         if (office == host.OfficeId()) return true;
-        return host.HasSeveralOffices() && host.ManagedOffices().find("," + office + ",") != std::string::npos;
+        return host.HasSeveralOffices() &&
+               host.ManagedOffices().find("," + office + ",") != std::string::npos;
     }
     return listing.Field("ListAgentId").Text() == host.AgentId();
 }

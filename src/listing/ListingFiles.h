@@ -18,7 +18,8 @@ std::string JournalName(std::int32_t listNum);
 bool IsFileOf(const std::string& name, std::int32_t listNum);
 
 /// Names in the folder that belong to the listing; with an extension (".jpg") only those.
-std::vector<std::string> List(const std::string& folder, std::int32_t listNum, const std::string& extension = {});
+std::vector<std::string> List(const std::string& folder, std::int32_t listNum,
+                              const std::string& extension = {});
 
 /// Deletes all files of the listing, its state and journal first: a listing of which only photos are left
 /// is not taken for unsent work.

@@ -11,10 +11,14 @@ namespace lumarin {
 namespace {
 
 constexpr const char* SelectList =
-    "SELECT ListNum,PhotoCount,PhotoVersion,PhotoDesc,StreetNumber,StreetName,StreetDirection,ListOfficeId,ListAgentId,"
+    "SELECT "
+    "ListNum,PhotoCount,PhotoVersion,PhotoDesc,StreetNumber,StreetName,StreetDirection,ListOfficeId,"
+    "ListAgentId,"
     "RevisionNumber,BoardId";
-constexpr const char* FromListings = " From Listings Left join photo on Listings.ListNum = Photo.PhoListNum WHERE Listings.ListNum = ";
-constexpr const char* FromRentals = " From Rentals Left join photo on Rentals.ListNum = Photo.PhoListNum WHERE Rentals.ListNum = ";
+constexpr const char* FromListings =
+    " From Listings Left join photo on Listings.ListNum = Photo.PhoListNum WHERE Listings.ListNum = ";
+constexpr const char* FromRentals =
+    " From Rentals Left join photo on Rentals.ListNum = Photo.PhoListNum WHERE Rentals.ListNum = ";
 
 /// Thrown inside a load only: the query itself failed, which counts as "no such listing".
 struct DatabaseFailed {};
@@ -54,7 +58,8 @@ void clsPMListingRec::FillFrom(const Recordset& listing, const std::string& phot
     state_ = ListingState{};
     state_.ListNum = listing.Field("ListNum").Integer();
     state_.PhotoCount = listing.Field("PhotoCount").Integer();
-    if (state_.PhotoCount < 0 || state_.PhotoCount > MaximumPhotoSlots) throw IndexError("clsPMListingRec", state_.PhotoCount);
+    if (state_.PhotoCount < 0 || state_.PhotoCount > MaximumPhotoSlots)
+        throw IndexError("clsPMListingRec", state_.PhotoCount);
     state_.StreetNumber = listing.Field("StreetNumber").Text();
     state_.StreetDirection = listing.Field("StreetDirection").Text();
     state_.StreetName = listing.Field("StreetName").Text();
@@ -73,8 +78,9 @@ void clsPMListingRec::FetchPhotos(const std::string& version) {
         files::Copy(owner_->Host().Common().FetchPhoto(state_.ListNum, index + 1, version), PhotoPath(index));
 }
 
-LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const std::string& folder, ListingOwner& owner,
-                                        const DescriptionTable& descriptions, frmPhotoCrop& cropWindow) {
+LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const std::string& folder,
+                                        ListingOwner& owner, const DescriptionTable& descriptions,
+                                        frmPhotoCrop& cropWindow) {
     const auto number = ParseListingNumber(listingNumber);
     if (!number) return LoadResult::Failed;
     Connect(owner, descriptions, cropWindow, folder);
@@ -86,13 +92,15 @@ LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const 
         if (!MayOpenListing(host, *listing)) return LoadResult::Failed;
         FillFrom(*listing, listing->Field("PhotoDesc").Text());
         // Unreadable work of this listing may lie in the folder: it is kept, out of the way.
-        if (files::FileExists(folder_ + listing_files::StateName(*number))) listing_files::SetAside(folder_, *number);
+        if (files::FileExists(folder_ + listing_files::StateName(*number)))
+            listing_files::SetAside(folder_, *number);
         listing_files::DeleteAll(folder_, *number);
         FetchPhotos(listing->Field("PhotoVersion").Text());
     } catch (const DatabaseFailed&) {
         return LoadResult::Failed;
     } catch (...) {
-        for (int index = 0; index < state_.PhotoCount && index < MaximumPhotoSlots; ++index) files::TryDelete(PhotoPath(index));
+        for (int index = 0; index < state_.PhotoCount && index < MaximumPhotoSlots; ++index)
+            files::TryDelete(PhotoPath(index));
         throw;
     }
     SaveState();

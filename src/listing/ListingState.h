@@ -14,8 +14,9 @@ inline constexpr const char* DefaultDescriptionCode = "2110";
 
 struct PhotoEntry {
     std::string DescCode;
-    std::string DescText;    ///< display text of the code
-    std::string SentLetter;  ///< in a manifest: letter of the published photo that this one is; "" when it is sent
+    std::string DescText;  ///< display text of the code
+    std::string
+        SentLetter;  ///< in a manifest: letter of the published photo that this one is; "" when it is sent
     bool operator==(const PhotoEntry&) const = default;
 };
 

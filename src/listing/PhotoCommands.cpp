@@ -9,7 +9,8 @@
 namespace lumarin {
 
 void clsPMListingRec::RefreshPictures(int from) {
-    for (int row = from; row < owner_->Photos().Count(); ++row) owner_->Photos().SetPicture(row, PhotoPath(row));
+    for (int row = from; row < owner_->Photos().Count(); ++row)
+        owner_->Photos().SetPicture(row, PhotoPath(row));
 }
 
 bool clsPMListingRec::IsDuplicate(const std::string& path) const {
@@ -82,7 +83,9 @@ void clsPMListingRec::MovePhoto(std::int16_t& direction) {
     try {
         files::Rename(PhotoPath(to), PhotoPath(from));
         std::swap(EntryAt(from), EntryAt(to));
-        photo_journal::Write(folder_, {.operation = photo_journal::Operation::Move, .first = from, .second = to, .state = state_});
+        photo_journal::Write(
+            folder_,
+            {.operation = photo_journal::Operation::Move, .first = from, .second = to, .state = state_});
     } catch (...) {
         if (!files::FileExists(PhotoPath(to)) && files::FileExists(PhotoPath(from))) {
             std::swap(EntryAt(from), EntryAt(to));
@@ -113,14 +116,17 @@ void clsPMListingRec::RemovePhoto() {
     for (int index = removed; index < state_.PhotoCount; ++index) EntryAt(index) = EntryAt(index + 1);
     EntryAt(state_.PhotoCount) = {};
     try {
-        photo_journal::Write(folder_, {.operation = photo_journal::Operation::Remove, .first = removed, .second = 0, .state = state_});
+        photo_journal::Write(
+            folder_,
+            {.operation = photo_journal::Operation::Remove, .first = removed, .second = 0, .state = state_});
         if (files::FileExists(PhotoPath(removed))) files::Delete(PhotoPath(removed));
     } catch (...) {
         state_ = before;
         photo_journal::Write(folder_, {.state = state_});
         throw;
     }
-    for (int index = removed; index < state_.PhotoCount; ++index) files::Rename(PhotoPath(index + 1), PhotoPath(index));
+    for (int index = removed; index < state_.PhotoCount; ++index)
+        files::Rename(PhotoPath(index + 1), PhotoPath(index));
     RecordChange();
 
     ListView& photos = owner_->Photos();

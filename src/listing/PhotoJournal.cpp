@@ -34,7 +34,8 @@ private:
         for (int index = 0; index < MaximumPhotoSlots; ++index) {
             const std::string waiting = text::ReplaceAll(Photo(index), ".jpg", ".tmp");
             if (!files::FileExists(waiting)) continue;
-            const bool toSecond = journal && journal->operation == Operation::Move && journal->first == index && !Has(journal->second);
+            const bool toSecond = journal && journal->operation == Operation::Move &&
+                                  journal->first == index && !Has(journal->second);
             if (!toSecond && Has(index)) files::Rename(Photo(index), Photo(FirstMissing()));
             files::Rename(waiting, Photo(toSecond ? journal->second : index));
         }
@@ -77,10 +78,13 @@ std::optional<Entry> Read(const std::string& folder, std::int32_t listNum) {
     try {
         const std::string bytes = files::ReadAll(path);
         if (bytes.size() < HeaderSize || bytes.compare(0, Magic.size(), Magic) != 0) return std::nullopt;
-        Entry entry{.operation = static_cast<Operation>(bytes[3]), .first = bytes[4], .second = bytes[5],
+        Entry entry{.operation = static_cast<Operation>(bytes[3]),
+                    .first = bytes[4],
+                    .second = bytes[5],
                     .state = state_file::Decode(std::string_view(bytes).substr(HeaderSize))};
         const auto isIndex = [](int index) { return index >= 0 && index < MaximumPhotoSlots; };
-        if (entry.state.ListNum != listNum || !isIndex(entry.first) || !isIndex(entry.second)) return std::nullopt;
+        if (entry.state.ListNum != listNum || !isIndex(entry.first) || !isIndex(entry.second))
+            return std::nullopt;
         return entry;
     } catch (const Error&) {
         return std::nullopt;
@@ -94,7 +98,8 @@ void Write(const std::string& folder, const Entry& entry) {
     bytes += static_cast<char>(entry.operation);
     bytes += static_cast<char>(entry.first);
     bytes += static_cast<char>(entry.second);
-    files::WriteWhole(folder + listing_files::JournalName(entry.state.ListNum), bytes + state_file::Encode(entry.state));
+    files::WriteWhole(folder + listing_files::JournalName(entry.state.ListNum),
+                      bytes + state_file::Encode(entry.state));
 }
 
 void Remove(const std::string& folder, std::int32_t listNum) {
@@ -104,10 +109,12 @@ void Remove(const std::string& folder, std::int32_t listNum) {
 
 ListingState Recover(const std::string& folder, std::int32_t listNum) {
     const std::optional<Entry> journal = Read(folder, listNum);
-    ListingState state = journal ? journal->state : state_file::Read(folder + listing_files::StateName(listNum));
+    ListingState state =
+        journal ? journal->state : state_file::Read(folder + listing_files::StateName(listNum));
     if (state.ListNum != listNum)
         throw Error(ApplicationErrorNumber, "state file",
-                    "The saved state of a listing cannot be read: it belongs to listing " + std::to_string(state.ListNum));
+                    "The saved state of a listing cannot be read: it belongs to listing " +
+                        std::to_string(state.ListNum));
     return Recovery(folder, std::move(state)).Finish(journal);
 }
 

@@ -14,7 +14,8 @@ namespace {
 constexpr std::size_t LongestText = 0xFFFF;
 
 [[noreturn]] void Damaged(const std::string& reason) {
-    throw Error(ApplicationErrorNumber, "state file", "The saved state of a listing cannot be read: " + reason);
+    throw Error(ApplicationErrorNumber, "state file",
+                "The saved state of a listing cannot be read: " + reason);
 }
 
 class Writer {

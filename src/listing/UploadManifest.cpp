@@ -23,7 +23,8 @@ int clsPMListingRec::PrepareUpload(std::string& fileList, const std::string& pub
     savedState_ = state_;
     // The manifest takes the state file's place for a while: the editing form waits in the journal.
     photo_journal::Write(folder_, {.state = state_});
-    const std::vector<std::string> sizes = publishedSizes.empty() ? std::vector<std::string>() : text::Split(publishedSizes, ',');
+    const std::vector<std::string> sizes =
+        publishedSizes.empty() ? std::vector<std::string>() : text::Split(publishedSizes, ',');
     const std::string statePath = folder_ + listing_files::StateName(state_.ListNum);
     std::string list;
     AppendFile(list, statePath);

@@ -8,8 +8,8 @@
 
 namespace lumarin {
 
-void clsPMListingRec::Connect(ListingOwner& owner, const DescriptionTable& descriptions, frmPhotoCrop& cropWindow,
-                              const std::string& folder) {
+void clsPMListingRec::Connect(ListingOwner& owner, const DescriptionTable& descriptions,
+                              frmPhotoCrop& cropWindow, const std::string& folder) {
     owner_ = &owner;
     descriptions_ = &descriptions;
     cropWindow_ = &cropWindow;
@@ -21,11 +21,14 @@ PhotoEntry& clsPMListingRec::EntryAt(int index) {
     return state_.Photos[static_cast<std::size_t>(index)];
 }
 
-std::string clsPMListingRec::PhotoPath(int index) const { return folder_ + listing_files::PhotoName(state_.ListNum, index); }
+std::string clsPMListingRec::PhotoPath(int index) const {
+    return folder_ + listing_files::PhotoName(state_.ListNum, index);
+}
 
 ListView::Row clsPMListingRec::PhotoRow(int index) const {
-    return {.text = state_.Photos[static_cast<std::size_t>(index)].DescText, 
-            .tag = std::to_string(index), .picture = PhotoPath(index)};
+    return {.text = state_.Photos[static_cast<std::size_t>(index)].DescText,
+            .tag = std::to_string(index),
+            .picture = PhotoPath(index)};
 }
 
 void clsPMListingRec::ShowPhotos() {
@@ -62,7 +65,8 @@ void clsPMListingRec::UpdateAddState(bool enabled) {
 }
 
 void clsPMListingRec::UpdatePhotoCommands() {
-    for (const char* tool : {"Copy", "View", "DeletePhoto"}) owner_->Tools().EnableTool(tool, state_.PhotoCount > 0);
+    for (const char* tool : {"Copy", "View", "DeletePhoto"})
+        owner_->Tools().EnableTool(tool, state_.PhotoCount > 0);
     owner_->PhotoCountChanges();
 }
 
@@ -86,15 +90,17 @@ void clsPMListingRec::RecordChange() {
 
 void clsPMListingRec::AddRow() {
     const bool showsDirection = owner_->Host().Common().ShowsStreetDirection();
-    owner_->Listings().AddRow({.text = RowText(),
-                               .subItems = {state_.StreetNumber, showsDirection ? state_.StreetDirection : "", state_.StreetName},
-                               .key = RowText()});
+    owner_->Listings().AddRow(
+        {.text = RowText(),
+         .subItems = {state_.StreetNumber, showsDirection ? state_.StreetDirection : "", state_.StreetName},
+         .key = RowText()});
 }
 
-void clsPMListingRec::OpenSaved(const std::string& listingNumber, const DescriptionTable& descriptions, ListingOwner& owner,
-                                const std::string& folder, frmPhotoCrop& cropWindow) {
+void clsPMListingRec::OpenSaved(const std::string& listingNumber, const DescriptionTable& descriptions,
+                                ListingOwner& owner, const std::string& folder, frmPhotoCrop& cropWindow) {
     const auto number = ParseListingNumber(listingNumber);
-    if (!number) throw Error(ApplicationErrorNumber, "state file", "\"" + listingNumber + "\" is no listing number");
+    if (!number)
+        throw Error(ApplicationErrorNumber, "state file", "\"" + listingNumber + "\" is no listing number");
     const ListingState recovered = photo_journal::Recover(folder, *number);
     Connect(owner, descriptions, cropWindow, folder);
     state_ = recovered;
@@ -127,7 +133,8 @@ void clsPMListingRec::PublishFiles() {
     files::EnsureFolder(folder);
     folder += files::Separator;
     for (const std::string& name : listing_files::List(folder, state_.ListNum)) files::Delete(folder + name);
-    for (const std::string& name : listing_files::List(folder_, state_.ListNum, ".jpg")) files::Copy(folder_ + name, folder + name);
+    for (const std::string& name : listing_files::List(folder_, state_.ListNum, ".jpg"))
+        files::Copy(folder_ + name, folder + name);
 }
 
 void clsPMListingRec::LeaveOwnersList() {
@@ -139,7 +146,8 @@ void clsPMListingRec::LeaveOwnersList() {
         return;
     }
     owner_->SendButton().SetEnabled(false);
-    for (const char* tool : {"SendPhotos", "DeletePhoto", "View", "Copy"}) owner_->Tools().EnableTool(tool, false);
+    for (const char* tool : {"SendPhotos", "DeletePhoto", "View", "Copy"})
+        owner_->Tools().EnableTool(tool, false);
     owner_->PhotoPreview().SetTag("");
     owner_->PhotoPreview().SetImage(nullptr);
     owner_->Photos().Clear();

@@ -62,8 +62,8 @@ public:
 
     /// Takes up a listing that an earlier run left in the folder. Throws Error, and adds nothing, when its
     /// saved state cannot be read.
-    void OpenSaved(const std::string& listingNumber, const DescriptionTable& descriptions, ListingOwner& owner,
-                   const std::string& folder, frmPhotoCrop& cropWindow);
+    void OpenSaved(const std::string& listingNumber, const DescriptionTable& descriptions,
+                   ListingOwner& owner, const std::string& folder, frmPhotoCrop& cropWindow);
 
     std::string PhotoPath(int index) const;
 
@@ -85,7 +85,8 @@ public:
     bool HasUnsentChanges() const { return changed_; }
 
 private:
-    void Connect(ListingOwner& owner, const DescriptionTable& descriptions, frmPhotoCrop& cropWindow, const std::string& folder);
+    void Connect(ListingOwner& owner, const DescriptionTable& descriptions, frmPhotoCrop& cropWindow,
+                 const std::string& folder);
     void FillFrom(const Recordset& listing, const std::string& photoDescriptions);
     void FetchPhotos(const std::string& version);
     void AddRow();

@@ -21,7 +21,7 @@ constexpr int UnrestrictedLevel = 100;
 // The first rows appear at once. After that portions grow with the list, because showing a portion costs the
 // more the longer the list is, up to what still feels fluent.
 constexpr int FirstPortion = 1000;
-constexpr int LargestPortion = 64000;
+constexpr int LargestPortion = 1000;
 
 template <class Group>
 int Chosen(Group& options) {

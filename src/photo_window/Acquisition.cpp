@@ -36,14 +36,15 @@ void frmLumarin::Acquire(bool several) {
         Guarded(several ? "AcquireMultiple" : "AcquireSingle", [&] {
             frmAcquire progress(desktop());
             const ShownProgress shown(progress, this);
-            ports_.scanner->Acquire({.source = scannerSource_, .several = several},
-                                    {.whileWaiting =
-                                         [&] {
-                                             desktop().ProcessPendingEvents();
-                                             return !progress.Cancelled();
-                                         },
-                                     .progress = [&](int page, int percent) { progress.ShowProgress(page, percent); },
-                                     .pageArrived = [&](const ScannedPage& page) { return TakePage(page, several); }});
+            ports_.scanner->Acquire(
+                {.source = scannerSource_, .several = several},
+                {.whileWaiting =
+                     [&] {
+                         desktop().ProcessPendingEvents();
+                         return !progress.Cancelled();
+                     },
+                 .progress = [&](int page, int percent) { progress.ShowProgress(page, percent); },
+                 .pageArrived = [&](const ScannedPage& page) { return TakePage(page, several); }});
         });
         SetEnabled(true);
         acquiring_ = false;
@@ -59,11 +60,12 @@ AfterPage frmLumarin::TakePage(const ScannedPage& page, bool several) {
     if (!several || result == PhotoResult::Cancel) return AfterPage::Stop;
     if (page.fromFeeder) return AfterPage::Continue;
     if (!canAdd_) return AfterPage::Stop;
-    const Answer next = desktop().ShowMessage({.text = "Do you want to acquire another picture? Change the original first.",
-                                               .title = "Acquire Multiple",
-                                               .buttons = Buttons::YesNo,
-                                               .icon = Icon::Question},
-                                              this);
+    const Answer next =
+        desktop().ShowMessage({.text = "Do you want to acquire another picture? Change the original first.",
+                               .title = "Acquire Multiple",
+                               .buttons = Buttons::YesNo,
+                               .icon = Icon::Question},
+                              this);
     return next == Answer::Yes ? AfterPage::Continue : AfterPage::Stop;
 }
 

@@ -8,8 +8,8 @@ const std::string DescriptionPrefix = "View_";
 
 void BuildPhotoTools(ToolBar& menu) {
     using Tool = ToolBar::Tool;
-    const auto add = [&](const char* name, const char* caption, const char* description, const char* icon, const char* shortcut,
-                         bool enabled) {
+    const auto add = [&](const char* name, const char* caption, const char* description, const char* icon,
+                         const char* shortcut, bool enabled) {
         Tool tool;
         tool.name = name;
         tool.caption = caption;
@@ -19,8 +19,8 @@ void BuildPhotoTools(ToolBar& menu) {
         tool.enabled = enabled;
         menu.AddTool(tool);
     };
-    const auto addGroup = [&](const char* name, const char* caption, const char* description, const char* icon,
-                              std::vector<std::string> tools) {
+    const auto addGroup = [&](const char* name, const char* caption, const char* description,
+                              const char* icon, std::vector<std::string> tools) {
         Tool group;
         group.name = name;
         group.caption = caption;
@@ -58,13 +58,17 @@ void BuildPhotoTools(ToolBar& menu) {
     addGroup("View", "&View", "Photo View", "image-x-generic", {});
     menu.EnableTool("View", false);
     addGroup("Twain", "Twain", "", "", {"AcquireSingle", "AcquireMultiple", "-", "SelectSource"});
-    addGroup("PhotoPopup", "", "", "", {"View", "-", "Copy", "Paste", "-", "Open", "AcquireSingle", "-", "DeletePhoto"});
-    addGroup("ListingPopup", "", "", "", {"Open", "SmartLoad", "Browse", "-", "RemoveEntry", "-", "SendPhotos"});
+    addGroup("PhotoPopup", "", "", "",
+             {"View", "-", "Copy", "Paste", "-", "Open", "AcquireSingle", "-", "DeletePhoto"});
+    addGroup("ListingPopup", "", "", "",
+             {"Open", "SmartLoad", "Browse", "-", "RemoveEntry", "-", "SendPhotos"});
 
     using Kind = ToolBar::BandKind;
     menu.AddBand({"MainMenu", Kind::MenuBar, {"File", "Edit", "View", "Twain", "miHelp"}});
-    menu.AddBand({"Standard", Kind::ToolBar,
-                  {"Open", "SmartLoad", "AcquireSingle", "AcquireMultiple", "-", "Copy", "Paste", "DeletePhoto", "-", "SendPhotos"}});
+    menu.AddBand({"Standard",
+                  Kind::ToolBar,
+                  {"Open", "SmartLoad", "AcquireSingle", "AcquireMultiple", "-", "Copy", "Paste",
+                   "DeletePhoto", "-", "SendPhotos"}});
     menu.AddBand({"Photo", Kind::ToolBar, {"View", "-", "Browse", "RemoveEntry", "VerifyPhotos"}});
     menu.AddBand({"PhotoPopup", Kind::ContextMenu, menu.At("PhotoPopup").tools});
     menu.AddBand({"ListingPopup", Kind::ContextMenu, menu.At("ListingPopup").tools});

@@ -31,7 +31,9 @@ private:
 
 class ShownProgress {
 public:
-    ShownProgress(frmProgress& window, const OwnerWindow* owner) : window_(window) { window_.Display(ShowMode::Modeless, owner); }
+    ShownProgress(frmProgress& window, const OwnerWindow* owner) : window_(window) {
+        window_.Display(ShowMode::Modeless, owner);
+    }
     ~ShownProgress() { window_.Unload(); }
     ShownProgress(const ShownProgress&) = delete;
     ShownProgress& operator=(const ShownProgress&) = delete;
@@ -46,7 +48,8 @@ bool PhotoUpload::SendChunks(PhotoInterface& service, const std::string& package
     files::Reader package(packagePath);
     std::uint64_t remaining = package.Length();
     while (remaining > 0) {
-        const std::string chunk = package.Read(static_cast<std::size_t>(std::min<std::uint64_t>(remaining, ChunkSize)));
+        const std::string chunk =
+            package.Read(static_cast<std::size_t>(std::min<std::uint64_t>(remaining, ChunkSize)));
         if (chunk.empty()) throw FileError("read", packagePath, "it has become shorter");
         desktop_.ProcessPendingEvents();
         if (stopped_ || progress_.Cancel()) return false;
@@ -56,7 +59,8 @@ bool PhotoUpload::SendChunks(PhotoInterface& service, const std::string& package
     return true;
 }
 
-UploadOutcome PhotoUpload::Send(const std::string& packagePath, const std::string& packageName, const OwnerWindow* owner) {
+UploadOutcome PhotoUpload::Send(const std::string& packagePath, const std::string& packageName,
+                                const OwnerWindow* owner) {
     VelCommon& host = host_.Common();
     const auto service = AtServer([&] { return RequestService<PhotoInterface>(host); });
     AtServer([&] { service->UploadPhotoFile(packageName, UploadMode::Begin); });
@@ -67,7 +71,8 @@ UploadOutcome PhotoUpload::Send(const std::string& packagePath, const std::strin
         AtServer([&] { service->UploadPhotoFile("", UploadMode::End); });
         if (!whole) return UploadOutcome::Canceled;
     }
-    const int result = AtServer([&] { return service->BatchUpdate(host.ConnectionName(), packageName, BatchKind::PhotoPackage); });
+    const int result = AtServer(
+        [&] { return service->BatchUpdate(host.ConnectionName(), packageName, BatchKind::PhotoPackage); });
     begun.Keep();  // applied or refused: the server has dealt with the package
     if (result != 0) throw UpdateRefused(result);
     return UploadOutcome::Applied;

@@ -19,7 +19,8 @@ public:
 class UpdateRefused : public Error {
 public:
     explicit UpdateRefused(int result)
-        : Error(ApplicationErrorNumber, "server", "The server refused the update (result " + std::to_string(result) + ")") {}
+        : Error(ApplicationErrorNumber, "server",
+                "The server refused the update (result " + std::to_string(result) + ")") {}
 };
 
 enum class UploadOutcome { Applied, Canceled };
@@ -39,11 +40,13 @@ class PhotoUpload {
 public:
     static constexpr std::size_t ChunkSize = 5120;  ///< bytes
 
-    PhotoUpload(Desktop& desktop, HostLink& host, const Clock& clock) : desktop_(desktop), host_(host), progress_(desktop, clock, host) {}
+    PhotoUpload(Desktop& desktop, HostLink& host, const Clock& clock)
+        : desktop_(desktop), host_(host), progress_(desktop, clock, host) {}
 
     /// Throws ServerUnreachable or UpdateRefused; FileError when the package cannot be read. However it
     /// ends but applied, the server keeps nothing of it.
-    UploadOutcome Send(const std::string& packagePath, const std::string& packageName, const OwnerWindow* owner);
+    UploadOutcome Send(const std::string& packagePath, const std::string& packageName,
+                       const OwnerWindow* owner);
 
     /// Ends the sending as the progress window's Cancel does.
     void Stop() { stopped_ = true; }

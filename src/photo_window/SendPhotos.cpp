@@ -67,12 +67,13 @@ void frmLumarin::SendPhotos() {
             try {
                 if (TrySend(removalsConfirmed)) EmptyWindow();
             } catch (const ServerUnreachable&) {
-                retry = desktop().ShowMessage({.text = "Unavailable to connect to server, do you want to retry",
-                                               .title = "Unavailable to connect to server",
-                                               .buttons = Buttons::YesNo,
-                                               .icon = Icon::Critical,
-                                               .modality = Modality::System},
-                                              this) == Answer::Yes;
+                retry =
+                    desktop().ShowMessage({.text = "Unavailable to connect to server, do you want to retry",
+                                           .title = "Unavailable to connect to server",
+                                           .buttons = Buttons::YesNo,
+                                           .icon = Icon::Critical,
+                                           .modality = Modality::System},
+                                          this) == Answer::Yes;
             } catch (const UpdateRefused&) {
                 desktop().ShowMessage({.text = "Unable to update photo on server, please call Tech support.",
                                        .title = "Unable to update",
@@ -90,10 +91,12 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
     VelCommon& host = ports_.host.Common();
     BusyWindow busy(*this, desktop());
     std::string listingList;
-    for (int row = 0; row < RecList.Count(); ++row) listingList += (row > 0 ? "," : "") + RecList.At(row).text;
+    for (int row = 0; row < RecList.Count(); ++row)
+        listingList += (row > 0 ? "," : "") + RecList.At(row).text;
     const auto versions = AtServer([&] {
         return RequestService<DbInterface>(host)->Execute(
-            host.ConnectionName(), "SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (" + listingList + ");");
+            host.ConnectionName(),
+            "SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (" + listingList + ");");
     });
 
     // Asked before anything is written, so that the state files are manifests only as long as it takes.
@@ -130,7 +133,8 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
 }
 
 bool frmLumarin::AskRemoval(std::int32_t listNum) {
-    return desktop().ShowMessage({.text = "Do you really want to remove all the photos from listing - " + std::to_string(listNum),
+    return desktop().ShowMessage({.text = "Do you really want to remove all the photos from listing - " +
+                                          std::to_string(listNum),
                                   .title = "Send Photos",
                                   .buttons = Buttons::YesNo,
                                   .icon = Icon::Exclamation},
@@ -138,7 +142,8 @@ bool frmLumarin::AskRemoval(std::int32_t listNum) {
 }
 
 /// Has every listing that takes part write its manifest and name its files, in the order of the list.
-std::string frmLumarin::BuildFileList(Recordset& versions, const std::map<std::string, bool>& removalsConfirmed) {
+std::string frmLumarin::BuildFileList(Recordset& versions,
+                                      const std::map<std::string, bool>& removalsConfirmed) {
     std::string fileList;
     for (int row = 0; row < RecList.Count(); ++row) {
         const std::string& number = RecList.At(row).text;
@@ -172,7 +177,8 @@ void frmLumarin::EmptyWindow() {
     cmdSend.SetEnabled(false);
     for (Button& button : cmdMove) button.SetEnabled(false);
     imgMain.SetAcceptsFiles(false);
-    for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "DeletePhoto", "View"}) Menu.EnableTool(tool, false);
+    for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "DeletePhoto", "View"})
+        Menu.EnableTool(tool, false);
     UpdateListingCommands();
 
     std::string unpublished;
@@ -188,7 +194,9 @@ void frmLumarin::EmptyWindow() {
     if (host.ReportsPhotoUpdates()) host.MainForm().Prog(0, 9);
     DeleteWorkingFiles();
     if (!unpublished.empty())
-        throw ApplicationError("frmLumarin-SendPhotos", "The photos were sent, but not all of them could be copied to the photo folder:" + unpublished);
+        throw ApplicationError(
+            "frmLumarin-SendPhotos",
+            "The photos were sent, but not all of them could be copied to the photo folder:" + unpublished);
 }
 
 /// Deletes every file of the working folder but those of listings whose saved work could not be read.

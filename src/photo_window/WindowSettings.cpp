@@ -27,8 +27,10 @@ WindowSettings ReadWindowSettings(const VelCommon& host) {
     WindowSettings read;
     read.photoSize = settings::ReadText(CityInfo(host), OwnSection, "Photo Size", "480,300,35,35000,4");
     // Kept for the whole installation although each user switches it for himself: that is deliberate.
-    read.filePreview = text::EqualsIgnoringCase(settings::ReadText(CityInfo(host), OwnSection, "FilePreview", "True"), "True");
-    read.photoMaximum = std::min(settings::ReadInteger(CityInfo(host), OwnSection, "Photo Maximum", 4), MaximumPhotoSlots);
+    read.filePreview = text::EqualsIgnoringCase(
+        settings::ReadText(CityInfo(host), OwnSection, "FilePreview", "True"), "True");
+    read.photoMaximum =
+        std::min(settings::ReadInteger(CityInfo(host), OwnSection, "Photo Maximum", 4), MaximumPhotoSlots);
     read.sortNames = settings::ReadInteger(CityInfo(host), OwnSection, "SortNames", 0) != 0;
     read.importFolder = settings::ReadText(UserIni(host), PhotosSection, ImportKey, "");
     read.startUpPosition = settings::ReadText(UserIni(host), PhotosSection, PositionKey, DefaultPosition);
@@ -41,7 +43,8 @@ void WriteFilePreview(const VelCommon& host, bool filePreview) {
 
 Rect PositionOnScreen(const std::string& position, const Rect& window, Size screen) {
     std::vector<std::string> parts = text::Split(position, ',');
-    if (parts.size() < 2 || !ParseNumber(parts[0]) || !ParseNumber(parts[1])) parts = text::Split(DefaultPosition, ',');
+    if (parts.size() < 2 || !ParseNumber(parts[0]) || !ParseNumber(parts[1]))
+        parts = text::Split(DefaultPosition, ',');
     return {.left = std::min(*ParseNumber(parts[0]), screen.width - window.width),
             .top = std::min(*ParseNumber(parts[1]), screen.height - window.height),
             .width = window.width,

@@ -22,7 +22,8 @@ constexpr int StreetNameColumn = 3;
 
 }  // namespace
 
-frmLumarin::frmLumarin(const PhotoWindowPorts& ports) : JobWindow(ports.desktop, "frmLumarin"), ports_(ports) {
+frmLumarin::frmLumarin(const PhotoWindowPorts& ports)
+    : JobWindow(ports.desktop, "frmLumarin"), ports_(ports) {
     SetCaption("Listing Photos");
     SetInitialSize(InitialWidth, InitialHeight);
     SetHelpContext(HelpPage);
@@ -45,7 +46,8 @@ void frmLumarin::WireEvents() {
     cmdRemove.Click = [this] { RemoveCurrentListing(); };
     cmdSend.Click = [this] { SendPhotos(); };
     cmdBrowse.Click = [this] { Browse(); };
-    for (int button = 0; button < cmdMove.Size(); ++button) cmdMove(button).Click = [this, button] { MoveSelectedPhoto(button); };
+    for (int button = 0; button < cmdMove.Size(); ++button)
+        cmdMove(button).Click = [this, button] { MoveSelectedPhoto(button); };
 
     RecList.ItemClick = [this](int row) { ListingClicked(row); };
     RecList.ColumnClick = [this](int column) { SortListings(column); };
@@ -119,7 +121,8 @@ void frmLumarin::RestoreUnsentWork() {
     const auto isLeftOver = [](const std::string& name) {
         return text::EndsWithIgnoringCase(name, ".part") || text::EndsWithIgnoringCase(name, ".zip");
     };
-    for (const std::string& name : files::List(workingFolder_, isLeftOver)) files::TryDelete(workingFolder_ + name);
+    for (const std::string& name : files::List(workingFolder_, isLeftOver))
+        files::TryDelete(workingFolder_ + name);
     const auto isState = [](const std::string& name) { return text::EndsWithIgnoringCase(name, ".dat"); };
     for (const std::string& name : files::List(workingFolder_, isState)) {
         const std::string number = name.substr(0, name.size() - 4);
@@ -147,12 +150,13 @@ void frmLumarin::ReportUnreadableStates() {
     if (unreadableStates_.empty()) return;
     std::string list;
     for (const auto& [name, reason] : unreadableStates_) list += "\n\n" + name + "\n" + reason;
-    desktop().ShowMessage({.text = "The work on some listings could not be taken up. Its files were left in the folder " +
-                                   workingFolder_ + list,
-                           .title = "Unsent photos",
-                           .buttons = Buttons::Ok,
-                           .icon = Icon::Exclamation},
-                          this);
+    desktop().ShowMessage(
+        {.text = "The work on some listings could not be taken up. Its files were left in the folder " +
+                 workingFolder_ + list,
+         .title = "Unsent photos",
+         .buttons = Buttons::Ok,
+         .icon = Icon::Exclamation},
+        this);
 }
 
 LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const std::string& searchText) {
@@ -167,8 +171,11 @@ LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const s
         result = record->LoadListing(listingNumber, workingFolder_, *this, descriptions_, *cropWindow_);
     }
     if (result == LoadResult::Failed) {
-        const std::string text = searchText.empty() ? listingNumber + " Is not a valid listing number" : "No listings Found for " + searchText;
-        desktop().ShowMessage({.text = text, .title = "Listing not found", .buttons = Buttons::Ok, .icon = Icon::Exclamation}, this);
+        const std::string text = searchText.empty() ? listingNumber + " Is not a valid listing number"
+                                                    : "No listings Found for " + searchText;
+        desktop().ShowMessage(
+            {.text = text, .title = "Listing not found", .buttons = Buttons::Ok, .icon = Icon::Exclamation},
+            this);
         return LookupResult::NotFound;
     }
     clsPMListingRec* added = record.get();
@@ -266,14 +273,16 @@ void frmLumarin::OnUnload() {
 
 void frmLumarin::AskAboutClipboard() {
     if (!clipboardUsed_ || !desktop().ClipboardHasPicture()) return;
-    const Answer answer = desktop().ShowMessage(
-        {.text = "You have placed a large amount of data in the clipboard. This data may take up quite a bit of memory and could "
-                 "degrade system performance if left on the clipboard. Would you like to leave this data on the clipboard so that "
-                 "it will be available to other applications?",
-         .title = "Data in the clipboard",
-         .buttons = Buttons::YesNo,
-         .icon = Icon::Question},
-        this);
+    const Answer answer =
+        desktop().ShowMessage({.text = "You have placed a large amount of data in the clipboard. This data "
+                                       "may take up quite a bit of memory and could "
+                                       "degrade system performance if left on the clipboard. Would you like "
+                                       "to leave this data on the clipboard so that "
+                                       "it will be available to other applications?",
+                               .title = "Data in the clipboard",
+                               .buttons = Buttons::YesNo,
+                               .icon = Icon::Question},
+                              this);
     if (answer == Answer::No) desktop().ClearClipboard();
 }
 

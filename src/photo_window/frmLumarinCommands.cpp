@@ -37,13 +37,13 @@ void frmLumarin::EnterListing() {
 void frmLumarin::OpenFiles(ImportKind kind) {
     RunCommand(kind == ImportKind::Open ? "Open" : "SmartLoad", [&] {
         const std::string lastFolder = FolderOfSelection(lastChosen_);
-        const std::string selection =
-            desktop().ChooseFiles({.title = "Import Photo",
-                                   .filter = "JPEG - JFIF Compliant (*.jpg,*.jif,*.jpeg)|*.jpg;*.jif;*.jpeg|All (*.*)|*.*",
-                                   .folder = lastFolder.empty() ? settings_.importFolder : lastFolder,
-                                   .several = true,
-                                   .preview = Menu.IsChecked("FilePreview")},
-                                  this);
+        const std::string selection = desktop().ChooseFiles(
+            {.title = "Import Photo",
+             .filter = "JPEG - JFIF Compliant (*.jpg,*.jif,*.jpeg)|*.jpg;*.jif;*.jpeg|All (*.*)|*.*",
+             .folder = lastFolder.empty() ? settings_.importFolder : lastFolder,
+             .several = true,
+             .preview = Menu.IsChecked("FilePreview")},
+            this);
         if (selection.empty()) return;
         lastChosen_ = Menu.IsChecked("FilePreview") ? clsLTDlg().NormalizeSelection(selection) : selection;
         ImportPhotos(lastChosen_, kind);
@@ -55,7 +55,8 @@ void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
     const bool several = paths.size() > 1;
     std::string refused;
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        cropWindow_->SetProgress(several ? "Picture " + std::to_string(i + 1) + " of " + std::to_string(paths.size()) : "");
+        cropWindow_->SetProgress(
+            several ? "Picture " + std::to_string(i + 1) + " of " + std::to_string(paths.size()) : "");
         try {
             if (ImportFile(paths[i], kind, several) == PhotoResult::Cancel) break;
         } catch (const ApplicationError& error) {
@@ -70,10 +71,13 @@ PhotoResult frmLumarin::ImportFile(const std::string& path, ImportKind kind, boo
     if (kind == ImportKind::SmartLoad) {
         const std::string number = ListingNumberOfFile(path);
         if (number.empty())
-            throw ApplicationError("frmLumarin-SmartLoad", path + " was not imported: its name does not start with a listing number "
-                                                                  "(4 to 6 digits, and something behind them).");
+            throw ApplicationError("frmLumarin-SmartLoad",
+                                   path +
+                                       " was not imported: its name does not start with a listing number "
+                                       "(4 to 6 digits, and something behind them).");
         if (LookUpListing(number, "") == LookupResult::NotFound)
-            throw ApplicationError("frmLumarin-SmartLoad", path + " was not imported: there is no listing " + number + " to put it in.");
+            throw ApplicationError("frmLumarin-SmartLoad", path + " was not imported: there is no listing " +
+                                                               number + " to put it in.");
     }
     return current_ == nullptr ? PhotoResult::Cancel : current_->AddPhoto(path, CropMode::File, showAbort);
 }
@@ -87,7 +91,8 @@ void frmLumarin::DroppedOnList(const std::vector<std::string>& paths) {
 void frmLumarin::DroppedOnPicture(const std::vector<std::string>& paths) { DroppedOnList(paths); }
 
 void frmLumarin::DroppedSomethingElse() {
-    desktop().ShowMessage({.text = "Only picture files of this computer can be dropped here. Save the picture as a file first, then drop "
+    desktop().ShowMessage({.text = "Only picture files of this computer can be dropped here. Save the "
+                                   "picture as a file first, then drop "
                                    "or open that file.",
                            .title = "Import Photo",
                            .buttons = Buttons::Ok,
@@ -99,8 +104,8 @@ void frmLumarin::Browse() {
     RunCommand("Browse", [this] {
         std::vector<std::string> found;
         frmFindProperty search({desktop(), ports_.host, ports_.engine});
-        if (!search.FindProperty(ListingSearch(), frmFindProperty::SetUpList | frmFindProperty::SearchAtOnce, frmFindProperty::ByUserLevel,
-                                 frmFindProperty::ActiveStatus, found, this))
+        if (!search.FindProperty(ListingSearch(), frmFindProperty::SetUpList | frmFindProperty::SearchAtOnce,
+                                 frmFindProperty::ByUserLevel, frmFindProperty::ActiveStatus, found, this))
             return;
         for (const std::string& number : found) LookUpListing(number, "");
     });
@@ -113,7 +118,8 @@ void frmLumarin::ViewPhoto() {
         auto picture = std::make_shared<const Picture>(photo->Preview(photo->Width(), photo->Height()));
         const int percent = frmPhotoViewer::FittingPercent(*picture, desktop().ScreenSize());
         viewer_ = std::make_unique<frmPhotoViewer>(desktop());
-        viewer_->Init(picture, percent, PhotoList.At(PhotoList.Selected()).text + " - " + std::to_string(current_->ListNum()));
+        viewer_->Init(picture, percent,
+                      PhotoList.At(PhotoList.Selected()).text + " - " + std::to_string(current_->ListNum()));
         viewer_->Show(this);
     });
 }
@@ -167,7 +173,8 @@ void frmLumarin::RemoveCurrentListing() {
         const std::string number = std::to_string(current_->ListNum());
         if (current_->HasUnsentChanges()) {
             const Answer answer = desktop().ShowMessage(
-                {.text = "The changes to the photos of listing " + number + " were not sent. Do you want to remove the listing and lose them?",
+                {.text = "The changes to the photos of listing " + number +
+                         " were not sent. Do you want to remove the listing and lose them?",
                  .title = "Remove listing",
                  .buttons = Buttons::YesNo,
                  .icon = Icon::Exclamation},

@@ -7,7 +7,7 @@ namespace lumarin {
 namespace {
 constexpr int HelpPage = 9;
 constexpr int TickInterval = 250;  // milliseconds: no second is skipped
-}
+}  // namespace
 
 frmProgress::frmProgress(Desktop& desktop, const Clock& clock, HostLink& host)
     : Form(desktop, "frmProgress"), clock_(clock), host_(host) {

@@ -36,7 +36,8 @@ TEST(Files, NamesOutsideAscii_GoThereAndBack) {
     const std::string name = "Häuser [1] \"ß\".jpg";
     files::WriteWhole(folder.Path() + name, "abc");
     files::Copy(folder.Path() + name, folder.Path() + "copy");
-    EXPECT_EQ(files::List(folder.Path(), [](const std::string&) { return true; }), (std::vector<std::string>{name, "copy"}));
+    EXPECT_EQ(files::List(folder.Path(), [](const std::string&) { return true; }),
+              (std::vector<std::string>{name, "copy"}));
     EXPECT_EQ(files::FileLength(folder.Path() + name), 3U);
     EXPECT_EQ(files::ReadAll(folder.Path() + "copy"), "abc");
 }
@@ -53,7 +54,8 @@ TEST(Files, Reader_ReadsInPieces_LastIsTheRest) {
 }
 
 TEST(Files, FixedPath_Backslashes_BecomeThePlatformsSeparator) {
-    EXPECT_EQ(files::FixedPath("Users\\Default\\Rental\\"), "Users" + files::Separator + "Default" + files::Separator + "Rental" + files::Separator);
+    EXPECT_EQ(files::FixedPath("Users\\Default\\Rental\\"),
+              "Users" + files::Separator + "Default" + files::Separator + "Rental" + files::Separator);
 }
 
 }  // namespace lumarin

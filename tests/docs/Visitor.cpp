@@ -26,13 +26,15 @@ void Visit() {
     }
     auto* number = window->findChild<QLineEdit*>("txtID");
     for (const char digit : {'1', '0', '0', '1'}) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_0 + (digit - '0'), Qt::NoModifier, QString(QLatin1Char(digit)));
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_0 + (digit - '0'), Qt::NoModifier,
+                        QString(QLatin1Char(digit)));
         QApplication::sendEvent(number, &press);
     }
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
     QApplication::sendEvent(number, &enter);
     const auto* model = window->findChild<QTreeView*>("RecList")->model();
-    if (model->rowCount() == 1) std::printf("listing %s shown\n", qPrintable(model->index(0, 0).data().toString()));
+    if (model->rowCount() == 1)
+        std::printf("listing %s shown\n", qPrintable(model->index(0, 0).data().toString()));
     window->close();
     QTimer::singleShot(0, [] { QApplication::exit(0); });
 }

@@ -13,7 +13,9 @@ namespace lumarin {
 namespace {
 
 struct NoArchiver : ZipArchiver {
-    void Create(const std::string&, const std::vector<std::string>&) override { FAIL() << "nothing is to be packaged"; }
+    void Create(const std::string&, const std::vector<std::string>&) override {
+        FAIL() << "nothing is to be packaged";
+    }
 };
 
 struct Tool : HostTool {

@@ -46,20 +46,29 @@ private:
                 if (at < bytes.size()) bytes[at] ^= static_cast<std::uint8_t>(1U << Below(8));
                 break;
             case 1:
-                if (at < bytes.size()) bytes[at] = static_cast<std::uint8_t>(Below(2) == 0 ? 0xFF : Below(256));
+                if (at < bytes.size())
+                    bytes[at] = static_cast<std::uint8_t>(Below(2) == 0 ? 0xFF : Below(256));
                 break;
-            case 2: bytes.resize(at); break;
-            case 3: bytes.insert(bytes.begin() + static_cast<std::ptrdiff_t>(at), 1 + Below(40), static_cast<std::uint8_t>(Below(256))); break;
+            case 2:
+                bytes.resize(at);
+                break;
+            case 3:
+                bytes.insert(bytes.begin() + static_cast<std::ptrdiff_t>(at), 1 + Below(40),
+                             static_cast<std::uint8_t>(Below(256)));
+                break;
             case 4: {  // a piece of another seed
                 const Bytes& other = seeds_[Below(seeds_.size())];
                 const std::size_t from = Below(other.size() + 1);
-                bytes.insert(bytes.begin() + static_cast<std::ptrdiff_t>(at), other.begin() + static_cast<std::ptrdiff_t>(from),
-                             other.begin() + static_cast<std::ptrdiff_t>(from + Below(other.size() - from + 1)));
+                bytes.insert(
+                    bytes.begin() + static_cast<std::ptrdiff_t>(at),
+                    other.begin() + static_cast<std::ptrdiff_t>(from),
+                    other.begin() + static_cast<std::ptrdiff_t>(from + Below(other.size() - from + 1)));
                 break;
             }
             default: {
                 const std::size_t end = at + Below(bytes.size() - at + 1);
-                bytes.erase(bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.begin() + static_cast<std::ptrdiff_t>(end));
+                bytes.erase(bytes.begin() + static_cast<std::ptrdiff_t>(at),
+                            bytes.begin() + static_cast<std::ptrdiff_t>(end));
             }
         }
     }

@@ -21,8 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (isText) dropped.setText(QString::fromUtf8(bytes));
 
         const std::vector<std::string> files = lumarin::qt::FilesOf(dropped);
-        for (const std::string& path : files)
-            PROMISE(!path.empty() && path.find('\0') == std::string::npos);
+        for (const std::string& path : files) PROMISE(!path.empty() && path.find('\0') == std::string::npos);
         PROMISE(lumarin::SelectedPaths(lumarin::AsSelection(files)) == files);
     }
     return 0;

@@ -21,7 +21,8 @@ constexpr const char* FolderInSeeds = "PHOTOS";
 const std::string& PhotoFolder() {
     static const testing::TemporaryFolder folder;
     static const std::string photos = [] {
-        for (const char* name : {"front.jpg", "a.jpg b.jpg", "b.jpg", "rear view.JPG", "plan.tiff", "my plan.bmp"})
+        for (const char* name :
+             {"front.jpg", "a.jpg b.jpg", "b.jpg", "rear view.JPG", "plan.tiff", "my plan.bmp"})
             files::WriteWhole(folder.Path() + name, "x");
         return folder.Path().substr(0, folder.Path().size() - 1);
     }();

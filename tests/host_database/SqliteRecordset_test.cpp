@@ -61,8 +61,9 @@ TEST_F(SqliteRecordsetTest, Find_GoesForwardToTheNumberOrToTheEnd) {
 
 TEST_F(SqliteRecordsetTest, LongResult_IsReadAsAskedAndThenLeavesTheDatabaseFree) {
     constexpr int Count = 30'000;
-    changes_.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " + std::to_string(Count) +
-                 ") INSERT INTO Listings (ListNum, OwnerName) SELECT i, nullif('Owner ' || i, 'Owner 2') FROM n");
+    changes_.Run(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " + std::to_string(Count) +
+        ") INSERT INTO Listings (ListNum, OwnerName) SELECT i, nullif('Owner ' || i, 'Owner 2') FROM n");
     const auto rows = Ask("SELECT ListNum,OwnerName FROM Listings ORDER BY ListNum");
     rows->Find("ListNum = 25000");
     EXPECT_EQ(rows->Field("OwnerName").Text(), "Owner 25000");

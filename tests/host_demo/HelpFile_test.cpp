@@ -35,7 +35,8 @@ TEST(HelpFile, EveryWindow_OpensAPageOfItsOwn) {
         const auto [file, context] = desktop.helpPages.back();
         EXPECT_EQ(file, "help.html");
         EXPECT_EQ(pages.count(std::to_string(context)), 1U) << form->Name() << " has no page " << context;
-        EXPECT_TRUE(opened.insert(std::to_string(context)).second) << form->Name() << " shares page " << context;
+        EXPECT_TRUE(opened.insert(std::to_string(context)).second)
+            << form->Name() << " shares page " << context;
     }
     EXPECT_EQ(opened.size(), pages.size()) << "a page is of no window";
 }

@@ -27,7 +27,9 @@ protected:
         for (std::size_t i = 0; i < codes.size(); ++i) state.Photos[i].DescCode = codes[i];
         return state;
     }
-    void GivenState(const std::vector<std::string>& codes) { state_file::Write(folder.Path() + "5.dat", StateOf(codes)); }
+    void GivenState(const std::vector<std::string>& codes) {
+        state_file::Write(folder.Path() + "5.dat", StateOf(codes));
+    }
     void GivenJournal(Operation operation, int first, int second, const std::vector<std::string>& codes) {
         photo_journal::Write(folder.Path(), {operation, first, second, StateOf(codes)});
     }
@@ -36,7 +38,8 @@ protected:
         const ListingState state = photo_journal::Recover(folder.Path(), 5);
         std::vector<std::string> photos;
         for (int i = 0; i < state.PhotoCount; ++i)
-            photos.push_back(state.Photos[static_cast<std::size_t>(i)].DescCode + ":" + files::ReadAll(folder.Path() + listing_files::PhotoName(5, i)));
+            photos.push_back(state.Photos[static_cast<std::size_t>(i)].DescCode + ":" +
+                             files::ReadAll(folder.Path() + listing_files::PhotoName(5, i)));
         EXPECT_EQ(listing_files::List(folder.Path(), 5, ".jpg").size(), photos.size());
         EXPECT_TRUE(listing_files::List(folder.Path(), 5, ".tmp").empty());
         return photos;
@@ -92,7 +95,8 @@ TEST_F(JournalTest, Remove_OfAFullListing_KilledAtOnce_IsFinished) {
     std::vector<std::string> codes;
     for (int i = 0; i < MaximumPhotoSlots; ++i) {
         codes.push_back(std::to_string(i));
-        files::WriteWhole(folder.Path() + listing_files::PhotoName(5, i), std::string(static_cast<std::size_t>(i) + 1, 'x'));
+        files::WriteWhole(folder.Path() + listing_files::PhotoName(5, i),
+                          std::string(static_cast<std::size_t>(i) + 1, 'x'));
     }
     codes.erase(codes.begin());
     GivenJournal(Operation::Remove, 0, 0, codes);
@@ -116,7 +120,8 @@ TEST_F(JournalTest, Add_KilledBeforeADuplicateWasDeleted_DropsIt) {
 
 TEST_F(JournalTest, Journal_Damaged_FallsBackOnTheStateFile) {
     GivenState({"a"});
-    GivenFiles({{"a.jpg", "A"}, {".jnl", std::string("LJ1\x01\x7F\x7F", 6) + state_file::Encode(StateOf({"z"}))}});
+    GivenFiles(
+        {{"a.jpg", "A"}, {".jnl", std::string("LJ1\x01\x7F\x7F", 6) + state_file::Encode(StateOf({"z"}))}});
     EXPECT_EQ(Recovered(), Photos{"a:A"});
     GivenFiles({{".jnl", "LJ"}});
     EXPECT_EQ(Recovered(), Photos{"a:A"});

@@ -22,7 +22,12 @@ ListingState SomeState() {
 
 TEST(StateFile, Encode_Layout_IsTheOneOnTheWire) {
     const std::string bytes = state_file::Encode(SomeState());
-    const std::string start("\x1B\x87\x01\x00\x02\x00\x00\x00\x02\x00" "12\x00\x00\x0A\x00\xC9lys\xE9" "e Ave\x04\x00" "2110", 32);
+    const std::string start(
+        "\x1B\x87\x01\x00\x02\x00\x00\x00\x02\x00"
+        "12\x00\x00\x0A\x00\xC9lys\xE9"
+        "e Ave\x04\x00"
+        "2110",
+        32);
     EXPECT_EQ(bytes.substr(0, start.size()), start);
     // All 26 entries always, empty texts as a length of 0.
     const std::size_t texts = std::string("12Elysee Ave2110Frontb2111").size();
@@ -45,7 +50,8 @@ TEST(StateFile, Write_ShorterState_LeavesTheOldEndAndReadsBack) {
 
 TEST(StateFile, Decode_CutOrImpossible_IsRefused) {
     const std::string whole = state_file::Encode(SomeState());
-    for (std::size_t size = 0; size < whole.size(); ++size) EXPECT_THROW(state_file::Decode(whole.substr(0, size)), Error) << size;
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_THROW(state_file::Decode(whole.substr(0, size)), Error) << size;
     std::string many = whole;
     many[4] = 27;
     EXPECT_THROW(state_file::Decode(many), Error);

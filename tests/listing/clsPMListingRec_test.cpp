@@ -17,7 +17,8 @@ namespace {
 class OwnerForm : public Form, public ListingOwner {
 public:
     OwnerForm(Desktop& desktop, HostLink& link) : Form(desktop, "frmOwner"), host(link) {
-        for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "View", "DeletePhoto"}) menu.AddTool({.name = tool, .enabled = false});
+        for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "View", "DeletePhoto"})
+            menu.AddTool({.name = tool, .enabled = false});
     }
     ListView listings{*this, "listings"}, photos{*this, "photos"};
     PictureBox preview{*this, "preview"};
@@ -54,17 +55,20 @@ protected:
 
     /// Answers every listing query with this row.
     void GivenRow(FieldValue count, FieldValue version, FieldValue codes, const std::string& agent = "A101") {
-        host.onQuery = [=](const std::string&) {
-            return FakeRow(count, version, codes, agent);
-        };
+        host.onQuery = [=](const std::string&) { return FakeRow(count, version, codes, agent); };
     }
-    static testing::FakeTable FakeRow(FieldValue count, FieldValue version, FieldValue codes, const std::string& agent) {
-        return {{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName", "StreetDirection", "ListOfficeId", "ListAgentId", "RevisionNumber", "BoardId"},
-                {{FieldValue(100123), count, version, codes, FieldValue(std::string("12")), FieldValue(std::string("Elm St")), FieldValue(), FieldValue(std::string("OF1")), FieldValue(agent), FieldValue(1), FieldValue(std::string("1"))}}};
+    static testing::FakeTable FakeRow(FieldValue count, FieldValue version, FieldValue codes,
+                                      const std::string& agent) {
+        return {{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName",
+                 "StreetDirection", "ListOfficeId", "ListAgentId", "RevisionNumber", "BoardId"},
+                {{FieldValue(100123), count, version, codes, FieldValue(std::string("12")),
+                  FieldValue(std::string("Elm St")), FieldValue(), FieldValue(std::string("OF1")),
+                  FieldValue(agent), FieldValue(1), FieldValue(std::string("1"))}}};
     }
     /// A loaded listing with photos of these lengths.
     void GivenListing(const std::vector<std::size_t>& lengths) {
-        for (std::size_t i = 0; i < lengths.size(); ++i) host.Publish(100123, static_cast<int>(i) + 1, lengths[i]);
+        for (std::size_t i = 0; i < lengths.size(); ++i)
+            host.Publish(100123, static_cast<int>(i) + 1, lengths[i]);
         GivenRow(FieldValue(static_cast<std::int64_t>(lengths.size())), FieldValue(), FieldValue());
         ASSERT_EQ(Load(), LoadResult::Loaded);
         record.ShowPhotos();
@@ -82,7 +86,8 @@ protected:
     }
     std::vector<std::uint64_t> Lengths() {
         std::vector<std::uint64_t> lengths;
-        for (const std::string& name : listing_files::List(host.WorkingFolder(), 100123, ".jpg")) lengths.push_back(files::FileLength(host.WorkingFolder() + name));
+        for (const std::string& name : listing_files::List(host.WorkingFolder(), 100123, ".jpg"))
+            lengths.push_back(files::FileLength(host.WorkingFolder() + name));
         return lengths;
     }
     ListingState Recovered() { return photo_journal::Recover(host.WorkingFolder(), 100123); }
@@ -116,7 +121,8 @@ TEST_F(ListingTest, Load_Descriptions_FirstEntryOfTheColumnIsNoCode) {
         GivenRow(test.count, FieldValue(std::string("100,200")), test.codes);
         ASSERT_EQ(Load(), LoadResult::Loaded) << test.name;
         std::vector<std::string> codes;
-        for (int i = 0; i < record.GetPhotoCount(); ++i) codes.push_back(record.State().Photos[static_cast<std::size_t>(i)].DescCode);
+        for (int i = 0; i < record.GetPhotoCount(); ++i)
+            codes.push_back(record.State().Photos[static_cast<std::size_t>(i)].DescCode);
         EXPECT_EQ(codes, test.expected) << test.name;
         EXPECT_EQ(state_file::Read(host.WorkingFolder() + "100123.dat"), record.State()) << test.name;
     }
@@ -161,8 +167,11 @@ TEST_F(ListingTest, Load_NoListing_AsksForRentalsOnlyWhenTheyAreInUse) {
     EXPECT_EQ(Load(), LoadResult::Failed);
     ASSERT_EQ(host.queries.size(), 3U);
     EXPECT_EQ(host.queries[2],
-              "SELECT ListNum,PhotoCount,PhotoVersion,PhotoDesc,StreetNumber,StreetName,StreetDirection,ListOfficeId,ListAgentId,"
-              "RevisionNumber,BoardId From Rentals Left join photo on Rentals.ListNum = Photo.PhoListNum WHERE Rentals.ListNum = 100123;");
+              "SELECT "
+              "ListNum,PhotoCount,PhotoVersion,PhotoDesc,StreetNumber,StreetName,StreetDirection,"
+              "ListOfficeId,ListAgentId,"
+              "RevisionNumber,BoardId From Rentals Left join photo on Rentals.ListNum = Photo.PhoListNum "
+              "WHERE Rentals.ListNum = 100123;");
     EXPECT_EQ(Load("100123 or 1=1"), LoadResult::Failed);
     EXPECT_EQ(host.queries.size(), 3U);
 }

@@ -20,19 +20,24 @@ protected:
             const std::string key = "'" + std::to_string(number) + "', ";
             const std::string quoted = "'" + quote.QuoteLiteral(name) + "'";
             for (const char* table : {"Listings", "Rentals"})
-                Insert(std::string(table) + " (ListNum, OwnerName, StreetName, LstStatus)", key + quoted + ", " + quoted + ", '2001'");
+                Insert(std::string(table) + " (ListNum, OwnerName, StreetName, LstStatus)",
+                       key + quoted + ", " + quoted + ", '2001'");
             Insert("Tax (TaxId, TaxOwnerName, TaxStreetName)", key + quoted + ", " + quoted);
             Insert("Office (OffOfficeId, OffName1)", key + quoted);
             Insert("Member (MemMemberId, MemLastName, MemFirstName)", key + quoted + ", ''");
             ++number;
         }
     }
-    void Insert(const std::string& into, const std::string& values) { database.Run("INSERT INTO " + into + " VALUES (" + values + ")"); }
+    void Insert(const std::string& into, const std::string& values) {
+        database.Run("INSERT INTO " + into + " VALUES (" + values + ")");
+    }
 
     /// The keys that a search finds, joined.
     std::string Find(const SearchContext& context, const PropertyCriteria& criteria) {
         const SearchUser user{"A101", "1", "1", {"1", "2"}};
-        const std::string statement = PropertyQuery(context, quote).Statement(criteria, user, clsAllowedStatuses().SQLAllowedStatuses(""));
+        const std::string statement =
+            PropertyQuery(context, quote)
+                .Statement(criteria, user, clsAllowedStatuses().SQLAllowedStatuses(""));
         std::string keys;
         for (const auto rows = host::Query(database, statement); !rows->Eof(); rows->MoveNext()) {
             keys += rows->Field("SelectedId").Text();
@@ -44,8 +49,11 @@ protected:
     testing::TemporaryFolder folder;
     host::Database database;
     clsSQLQuote quote{NoEngineVersion()};
-    const SearchContext contexts[5] = {ListingSearch(), {SearchMode::TaxRecord, "Tax", "TaxId"}, {SearchMode::Office, "Office", "OffOfficeId"},
-                                       {SearchMode::Agent, "Member", "MemMemberId"}, {SearchMode::Rental, "Rentals", "ListNum"}};
+    const SearchContext contexts[5] = {ListingSearch(),
+                                       {SearchMode::TaxRecord, "Tax", "TaxId"},
+                                       {SearchMode::Office, "Office", "OffOfficeId"},
+                                       {SearchMode::Agent, "Member", "MemMemberId"},
+                                       {SearchMode::Rental, "Rentals", "ListNum"}};
 };
 
 TEST_F(SearchOnHost, AwkwardNames_EveryModeAndMethod_AreFoundLiterally) {
@@ -55,21 +63,29 @@ TEST_F(SearchOnHost, AwkwardNames_EveryModeAndMethod_AreFoundLiterally) {
                 // An agent's name goes on after the last name.
                 const bool agent = context.mode == SearchMode::Agent;
                 const std::string name = Names[i] + std::string(agent && method >= match::Exact ? ",  " : "");
-                const PropertyCriteria criteria = context.mode == SearchMode::Rental
-                                                      ? PropertyCriteria{.streetName = name, .streetMatch = method}
-                                                      : PropertyCriteria{.ownerName = name, .ownerMatch = method};
-                EXPECT_EQ(Find(context, criteria), std::to_string(i + 1)) << context.tableName << " " << name << " " << method;
+                const PropertyCriteria criteria =
+                    context.mode == SearchMode::Rental
+                        ? PropertyCriteria{.streetName = name, .streetMatch = method}
+                        : PropertyCriteria{.ownerName = name, .ownerMatch = method};
+                EXPECT_EQ(Find(context, criteria), std::to_string(i + 1))
+                    << context.tableName << " " << name << " " << method;
             }
 }
 
 TEST_F(SearchOnHost, EveryFilter_EveryMode_IsAStatementThatTheDatabaseTakes) {
     for (const SearchContext& context : contexts) {
         EXPECT_EQ(Find(context, {}), "1234567") << context.tableName;
-        std::vector<const char*> entries{show::AllListings, show::MyListings, show::OfficeListings, show::CompanyListings};
+        std::vector<const char*> entries{show::AllListings, show::MyListings, show::OfficeListings,
+                                         show::CompanyListings};
         if (context.mode == SearchMode::Agent) entries = {show::All, show::OfficeAgents};
         for (const char* entry : entries) {
-            const PropertyCriteria all{.ownerName = "x", .streetName = "y", .streetDirection = "N", .addressMin = 1,
-                                       .addressMax = 9, .status = 2001, .listingOwner = entry};
+            const PropertyCriteria all{.ownerName = "x",
+                                       .streetName = "y",
+                                       .streetDirection = "N",
+                                       .addressMin = 1,
+                                       .addressMax = 9,
+                                       .status = 2001,
+                                       .listingOwner = entry};
             EXPECT_NO_THROW(Find(context, all)) << context.tableName << " " << entry;
         }
     }

@@ -19,10 +19,15 @@ const SearchContext Agents{SearchMode::Agent, "Members", "MemAgentId"};
 const SearchContext Rentals{SearchMode::Rental, "Rentals", "ListNum"};
 
 FakeTable SomeListings(int count) {
-    FakeTable table{{"SelectedId", "OwnerName", "StreetNumber", "StreetDirection", "StreetName", "AgentName"}, {}};
+    FakeTable table{{"SelectedId", "OwnerName", "StreetNumber", "StreetDirection", "StreetName", "AgentName"},
+                    {}};
     for (int i = 1; i <= count; ++i)
-        table.rows.push_back({FieldValue(std::int64_t{i}), FieldValue("Owner " + std::to_string(i % 7)),
-                              FieldValue(std::int64_t{count - i}), {}, FieldValue(std::string("Elm")), {}});
+        table.rows.push_back({FieldValue(std::int64_t{i}),
+                              FieldValue("Owner " + std::to_string(i % 7)),
+                              FieldValue(std::int64_t{count - i}),
+                              {},
+                              FieldValue(std::string("Elm")),
+                              {}});
     return table;
 }
 
@@ -32,7 +37,8 @@ protected:
     void TearDown() override { desktop.VerifyAllUsed(); }
 
     /// Opens the window and lets `play` act in it.
-    bool Open(const SearchContext& context, int flags, int ownerFilter, int statusDefault, std::function<void()> play) {
+    bool Open(const SearchContext& context, int flags, int ownerFilter, int statusDefault,
+              std::function<void()> play) {
         desktop.Play("frmFindProperty", [play = std::move(play)](Form&) { play(); });
         return window.FindProperty(context, flags, ownerFilter, statusDefault, selected);
     }
@@ -60,11 +66,14 @@ TEST_F(FindProperty, Mode_Opened_PresentsItself) {
         std::size_t showEntries;
         const char *headings, *addressHeadings;
     } cases[] = {
-        {Listings, "Find Property", "Owner Name:", true, true, 0, 4, "List #|Owner|Number| |Street Name|", "List #|Number| |Street Name|Owner|"},
-        {Tax, "Find Property", "Owner Name:", false, false, 0, 4, "Tax Id|Owner|Number| |Street Name|", "Tax Id|Number| |Street Name|Owner|"},
+        {Listings, "Find Property", "Owner Name:", true, true, 0, 4, "List #|Owner|Number| |Street Name|",
+         "List #|Number| |Street Name|Owner|"},
+        {Tax, "Find Property", "Owner Name:", false, false, 0, 4, "Tax Id|Owner|Number| |Street Name|",
+         "Tax Id|Number| |Street Name|Owner|"},
         {Offices, "Find Office", "Office Name", false, true, 0, 4, "Office Code|Name|", "Office Code|Name|"},
         {Agents, "Find Agent", "Agent Name", false, true, 0, 2, "Agent Code|Name|", "Agent Code|Name|"},
-        {Rentals, "Find Rental", "", false, true, 1, 4, "Rental #|Number| |Street Name|", "Rental #|Number| |Street Name|"},
+        {Rentals, "Find Rental", "", false, true, 1, 4, "Rental #|Number| |Street Name|",
+         "Rental #|Number| |Street Name|"},
     };
     for (const auto& test : cases) {
         const bool opened = Open(test.context, frmFindProperty::SetUpList, 0, 0, [&] {
@@ -92,8 +101,10 @@ TEST_F(FindProperty, UserAndArguments_Opened_ChooseFiltersAndWhetherToSearch) {
         int level, flags, ownerFilter, statusDefault;
         const char *show, *status, *where;  // no condition: no search at once
     } cases[] = {
-        {Listings, 10, 3, 2, 0, "My listings", "All Statuses", " Where (ListAgentID = 'A101') AND lstStatus IN ("},
-        {Listings, 59, 3, 5, 2, "My listings", "Active", " Where (LstStatus = '2001' And ListAgentID = 'A101') AND lstStatus IN ("},
+        {Listings, 10, 3, 2, 0, "My listings", "All Statuses",
+         " Where (ListAgentID = 'A101') AND lstStatus IN ("},
+        {Listings, 59, 3, 5, 2, "My listings", "Active",
+         " Where (LstStatus = '2001' And ListAgentID = 'A101') AND lstStatus IN ("},
         {Listings, 60, 3, 5, 0, "Listings from my company", "All Statuses", " WHERE lstStatus IN ('2001'"},
         {Listings, 89, 1, 5, 0, "Listings from my company", "All Statuses", nullptr},
         {Listings, 90, 3, 5, 0, "All listings", "All Statuses", nullptr},
@@ -111,7 +122,8 @@ TEST_F(FindProperty, UserAndArguments_Opened_ChooseFiltersAndWhetherToSearch) {
             Close();
         });
         const std::string& query = host.queries.back();
-        EXPECT_TRUE(test.where == nullptr ? query.empty() : query.find(test.where) != std::string::npos) << test.show << ": " << query;
+        EXPECT_TRUE(test.where == nullptr ? query.empty() : query.find(test.where) != std::string::npos)
+            << test.show << ": " << query;
     }
 }
 
@@ -119,7 +131,8 @@ TEST_F(FindProperty, BoardAndCompany_Searched_ComeFromHostAndDatabase) {
     host.level = 95;
     host.onQuery = [](const std::string& sql) {
         if (!sql.starts_with("Select OffOfficeId")) return SomeListings(3);
-        return FakeTable{{"OffOfficeId"}, {{FieldValue(std::string("OF1"))}, {FieldValue(std::string("OF9"))}}};
+        return FakeTable{{"OffOfficeId"},
+                         {{FieldValue(std::string("OF1"))}, {FieldValue(std::string("OF9"))}}};
     };
     Open(Tax, 3, 5, 0, [&] { Close(); });
     EXPECT_TRUE(host.queries.empty());
@@ -135,16 +148,24 @@ TEST_F(FindProperty, BoardAndCompany_Searched_ComeFromHostAndDatabase) {
         Close();
     });
     ASSERT_EQ(host.queries.size(), 3U);
-    EXPECT_NE(host.queries[0].find(" Where (AddressNumber Between 0 And 100 And BoardId = 1) AND"), std::string::npos) << host.queries[0];
-    EXPECT_NE(host.queries[2].find(" Where (OwnerName Like '%Lee' And StreetDirection = 'N' And AddressNumber Between 0 And 100 And "
-                                   "(ListOfficeID = 'OF1' Or ListOfficeID = 'OF9')) AND"), std::string::npos) << host.queries[2];
+    EXPECT_NE(host.queries[0].find(" Where (AddressNumber Between 0 And 100 And BoardId = 1) AND"),
+              std::string::npos)
+        << host.queries[0];
+    EXPECT_NE(
+        host.queries[2].find(
+            " Where (OwnerName Like '%Lee' And StreetDirection = 'N' And AddressNumber Between 0 And 100 And "
+            "(ListOfficeID = 'OF1' Or ListOfficeID = 'OF9')) AND"),
+        std::string::npos)
+        << host.queries[2];
 }
 
 TEST_F(FindProperty, Rows_SortedAndConfirmed_GiveTheKey) {
     host.onQuery = [](const std::string&) { return SomeListings(20); };
     const auto confirmBy = [&](std::function<void()> act) {
         return Open(Listings, 3, 2, 0, [&, act] {
-            EXPECT_EQ(window.List.Cell(0, 1) + window.List.Cell(0, 2) + window.List.Cell(0, 3) + window.List.Cell(0, 4), "Owner 119Elm");
+            EXPECT_EQ(window.List.Cell(0, 1) + window.List.Cell(0, 2) + window.List.Cell(0, 3) +
+                          window.List.Cell(0, 4),
+                      "Owner 119Elm");
             window.List.ClickColumn(2);
             EXPECT_EQ(window.List.At(0).key, "20");
             window.List.ClickColumn(2);
@@ -152,14 +173,33 @@ TEST_F(FindProperty, Rows_SortedAndConfirmed_GiveTheKey) {
             act();
         });
     };
-    EXPECT_TRUE(confirmBy([&] { window.List.Select(4); window.cmdOK.Press(); }));
+    EXPECT_TRUE(confirmBy([&] {
+        window.List.Select(4);
+        window.cmdOK.Press();
+    }));
     EXPECT_EQ(selected, std::vector<std::string>{"5"});
-    EXPECT_TRUE(confirmBy([&] { window.List.Select(1); window.List.DoubleClicked(); }));
-    EXPECT_TRUE(confirmBy([&] { window.List.Select(2); EXPECT_TRUE(window.List.PressKey({Key::Enter})); }));
+    EXPECT_TRUE(confirmBy([&] {
+        window.List.Select(1);
+        window.List.DoubleClicked();
+    }));
+    EXPECT_TRUE(confirmBy([&] {
+        window.List.Select(2);
+        EXPECT_TRUE(window.List.PressKey({Key::Enter}));
+    }));
     EXPECT_EQ(selected, std::vector<std::string>{"3"});
-    EXPECT_FALSE(confirmBy([&] { EXPECT_FALSE(window.List.PressKey({Key::Enter})); window.List.DoubleClicked(); window.cmdOK.Press(); }));
-    EXPECT_FALSE(confirmBy([&] { window.List.Select(4); window.cmdCancel.Press(); }));
-    EXPECT_FALSE(confirmBy([&] { window.List.Select(4); window.Unload(CloseReason::Frame); }));
+    EXPECT_FALSE(confirmBy([&] {
+        EXPECT_FALSE(window.List.PressKey({Key::Enter}));
+        window.List.DoubleClicked();
+        window.cmdOK.Press();
+    }));
+    EXPECT_FALSE(confirmBy([&] {
+        window.List.Select(4);
+        window.cmdCancel.Press();
+    }));
+    EXPECT_FALSE(confirmBy([&] {
+        window.List.Select(4);
+        window.Unload(CloseReason::Frame);
+    }));
     EXPECT_TRUE(selected.empty());
 }
 

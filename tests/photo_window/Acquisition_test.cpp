@@ -78,7 +78,8 @@ TEST_F(AcquisitionTest, Acquire_CancelledWhileTheDeviceWorks_HandsNothingOver) {
 
 TEST_F(AcquisitionTest, SelectSource_Chosen_IsTheOneThatIsAcquiredFrom) {
     GivenOpenListing();
-    scanner.sources = {{"dev:0", "Maker", "Flat", "flatbed scanner"}, {"dev:1", "Maker", "Feed", "sheetfed scanner"}};
+    scanner.sources = {{"dev:0", "Maker", "Flat", "flatbed scanner"},
+                       {"dev:1", "Maker", "Feed", "sheetfed scanner"}};
     desktop.Play("frmSelectSource", [](Form& form) {
         auto& choice = static_cast<frmSelectSource&>(form);
         choice.lisSources.Select(1);

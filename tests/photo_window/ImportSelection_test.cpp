@@ -24,9 +24,13 @@ TEST(ImportSelection, SelectedPaths_DialogAndDropTexts_AreRead) {
 }
 
 TEST(ImportSelection, ListingNumberOfFile_DigitsAtTheStart_FourToSixWithMoreBehind) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"/p/12345-front.jpg", "12345"}, {"C:\\p\\1234.jpg", "1234"}, {"123456a", "123456"}, {"123.jpg", ""},
-        {"1234567a.jpg", ""},            {"123456", ""},              {"/12345/a.jpg", ""}};
+    const std::pair<const char*, const char*> cases[] = {{"/p/12345-front.jpg", "12345"},
+                                                         {"C:\\p\\1234.jpg", "1234"},
+                                                         {"123456a", "123456"},
+                                                         {"123.jpg", ""},
+                                                         {"1234567a.jpg", ""},
+                                                         {"123456", ""},
+                                                         {"/12345/a.jpg", ""}};
     for (const auto& [path, number] : cases) EXPECT_EQ(ListingNumberOfFile(path), number) << path;
 }
 

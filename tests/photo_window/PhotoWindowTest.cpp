@@ -21,7 +21,8 @@ ScanOutcome FakeScanner::Acquire(const ScanOrder& wanted, const ScanEvents& even
         events.progress(page, 50);
         if (!events.whileWaiting()) return ScanOutcome::Cancelled;
         ++handedOver;
-        const auto picture = std::make_shared<Picture>(Picture{160, 100, std::vector<std::uint8_t>(160 * 100 * 3)});
+        const auto picture =
+            std::make_shared<Picture>(Picture{160, 100, std::vector<std::uint8_t>(160 * 100 * 3)});
         if (events.pageArrived({picture, page, feeder}) == AfterPage::Stop) break;
     }
     if (failsAfterwards) throw ScannerError("The paper is jammed.");
@@ -35,12 +36,14 @@ PhotoWindowTest::PhotoWindowTest() {
 }
 
 void PhotoWindowTest::GivenListing(std::int32_t number, const std::vector<std::size_t>& lengths) {
-    for (std::size_t i = 0; i < lengths.size(); ++i) host.Publish(number, static_cast<int>(i) + 1, lengths[i]);
+    for (std::size_t i = 0; i < lengths.size(); ++i)
+        host.Publish(number, static_cast<int>(i) + 1, lengths[i]);
     listings_[number] = lengths;
 }
 
 void PhotoWindowTest::Open() {
-    window = std::make_unique<frmLumarin>(PhotoWindowPorts{desktop, imaging, archiver, clock, link, engine, &scanner});
+    window = std::make_unique<frmLumarin>(
+        PhotoWindowPorts{desktop, imaging, archiver, clock, link, engine, &scanner});
     window->Init(7);
     window->Show(nullptr);
 }
@@ -83,10 +86,14 @@ FakeTable PhotoWindowTest::Answer(const std::string& sql) const {
     if (sql.find(" As SelectedId") != std::string::npos) return {};
     const std::int32_t number = std::stoi(sql.substr(sql.rfind(" = ") + 3));
     const auto found = listings_.find(number);
-    FakeTable table{{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName", "StreetDirection", "ListAgentId"}, {}};
+    FakeTable table{{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName",
+                     "StreetDirection", "ListAgentId"},
+                    {}};
     if (found == listings_.end() || sql.find("From Listings") == std::string::npos) return table;
-    table.rows.push_back({FieldValue(number), FieldValue(static_cast<std::int64_t>(found->second.size())), sizes(found->second), FieldValue(),
-                          FieldValue(number % 100), FieldValue(std::string("Elm St")), FieldValue(std::string("N")), FieldValue(std::string("A101"))});
+    table.rows.push_back({FieldValue(number), FieldValue(static_cast<std::int64_t>(found->second.size())),
+                          sizes(found->second), FieldValue(), FieldValue(number % 100),
+                          FieldValue(std::string("Elm St")), FieldValue(std::string("N")),
+                          FieldValue(std::string("A101"))});
     return table;
 }
 

@@ -26,8 +26,10 @@ protected:
         for (const std::string& name : WorkingFiles())
             if (name != "100123.jnl") all[name] = files::ReadAll(host.WorkingFolder() + name);
         const std::string path = host.WorkingFolder() + "100123.dat";
-        if (files::FileExists(path)) all["100123.dat"] = state_file::Encode(photo_journal::Recover(host.WorkingFolder(), 100123));
-        all["list"] = std::to_string(window->RecList.Count()) + "/" + std::to_string(window->PhotoList.Count());
+        if (files::FileExists(path))
+            all["100123.dat"] = state_file::Encode(photo_journal::Recover(host.WorkingFolder(), 100123));
+        all["list"] =
+            std::to_string(window->RecList.Count()) + "/" + std::to_string(window->PhotoList.Count());
         return all;
     }
 };
@@ -39,7 +41,8 @@ TEST_F(SendPhotosTest, Send_ChangedPhotos_GoesInOnePackageAndEmptiesTheWindow) {
     window->cmdSend.Press();
     EXPECT_EQ(host.queries.back(), "SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (100123);");
     EXPECT_EQ(archiver.packaged, (Texts{"100123.dat", "100123b.jpg"}));
-    EXPECT_EQ(host.uploads, (Texts{"begin VEL42A101.zip", "chunk 5120", "chunk 1", "end", "apply VEL42A101.zip"}));
+    EXPECT_EQ(host.uploads,
+              (Texts{"begin VEL42A101.zip", "chunk 5120", "chunk 1", "end", "apply VEL42A101.zip"}));
     const ListingState manifest = state_file::Decode(archiver.contents["100123.dat"]);
     EXPECT_EQ(manifest.PhotoCount, 2);
     EXPECT_EQ(manifest.Photos[0].SentLetter, "a");
@@ -48,7 +51,8 @@ TEST_F(SendPhotosTest, Send_ChangedPhotos_GoesInOnePackageAndEmptiesTheWindow) {
     EXPECT_EQ(files::FileLength(host.ListingPhotoFolder(100123) + "100123b.jpg"), 300U);
     EXPECT_EQ(host.progCalls, (std::vector<std::pair<int, int>>{{0, 9}}));
     EXPECT_EQ(window->RecList.Count() + window->PhotoList.Count(), 0);
-    for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "DeletePhoto", "View"}) EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
+    for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "DeletePhoto", "View"})
+        EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
     EXPECT_TRUE(window->Enabled());
     EXPECT_EQ(desktop.pointer, Pointer::Default);
 }
@@ -109,7 +113,8 @@ TEST_F(SendPhotosTest, Send_CancelledInTheProgressWindow_AbortsAndKeepsEverythin
     archiver.length = 5120 * 4;
     int chunks = 0;
     host.onUpload = [&](const std::string& step) {
-        if (step.rfind("chunk", 0) == 0 && ++chunks == 2) static_cast<frmProgress*>(desktop.shown["frmProgress"])->cmdCancel.Press();
+        if (step.rfind("chunk", 0) == 0 && ++chunks == 2)
+            static_cast<frmProgress*>(desktop.shown["frmProgress"])->cmdCancel.Press();
     };
     window->cmdSend.Press();
     EXPECT_EQ(host.uploads, (Texts{"begin VEL42A101.zip", "chunk 5120", "chunk 5120", "end", "abort"}));
@@ -176,7 +181,8 @@ TEST_F(SendPhotosTest, Send_UnreadableWorkInTheFolder_IsSpared) {
     files::EnsureFolder(host.WorkingFolder());
     files::WriteWhole(host.WorkingFolder() + "100200.dat", "garbage");
     files::WriteWhole(host.WorkingFolder() + "100200a.jpg", "precious");
-    desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " + host.WorkingFolder() +
+    desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " +
+                   host.WorkingFolder() +
                    "\n\n100200.dat\nThe saved state of a listing cannot be read: it is cut short at byte 7");
     Open();
     Enter("100124");

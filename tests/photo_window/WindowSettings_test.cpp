@@ -32,7 +32,11 @@ TEST(WindowSettings, PositionOnScreen_OnlyTheFarEdges_PullTheWindowBack) {
         const char* position;
         double left, top;
     };
-    const Case cases[] = {{"99999,99999", 9000, 8000}, {"-500,-500", -500, -500}, {"2415.5,1830", 2415.5, 1830}, {"here", 1, 100}, {"7", 1, 100}};
+    const Case cases[] = {{"99999,99999", 9000, 8000},
+                          {"-500,-500", -500, -500},
+                          {"2415.5,1830", 2415.5, 1830},
+                          {"here", 1, 100},
+                          {"7", 1, 100}};
     for (const Case& test : cases) {
         const Rect place = PositionOnScreen(test.position, window, screen);
         EXPECT_EQ(place.left, test.left) << test.position;

@@ -62,10 +62,17 @@ TEST_F(frmLumarinTest, SmartLoad_FileNames_ChooseTheListing) {
     Open();
     imaging.pictures["/in/12345-front.jpg"] = {800, 500, false};
     WillCapture({300});
-    desktop.Choose(std::string("/in\0" "12345-front.jpg\0" "123.jpg\0" "99999x.jpg", 38));
+    desktop.Choose(
+        std::string("/in\0"
+                    "12345-front.jpg\0"
+                    "123.jpg\0"
+                    "99999x.jpg",
+                    38));
     desktop.Expect("99999 Is not a valid listing number");
-    desktop.Expect("/in/123.jpg was not imported: its name does not start with a listing number (4 to 6 digits, and something behind them).\n"
-                   "/in/99999x.jpg was not imported: there is no listing 99999 to put it in.");
+    desktop.Expect(
+        "/in/123.jpg was not imported: its name does not start with a listing number (4 to 6 digits, and "
+        "something behind them).\n"
+        "/in/99999x.jpg was not imported: there is no listing 99999 to put it in.");
     window->Menu.ClickTool("SmartLoad");
     EXPECT_EQ(ListTexts(window->RecList), Texts{"12345"});
     EXPECT_EQ(window->PhotoList.Count(), 1);
@@ -94,9 +101,13 @@ TEST_F(frmLumarinTest, Clipboard_CopyThenPaste_AsksAtTheEnd) {
     WillCapture({300});
     window->Menu.ClickTool("Paste");
     EXPECT_EQ(window->PhotoList.Count(), 2);
-    desktop.Expect("You have placed a large amount of data in the clipboard. This data may take up quite a bit of memory and could "
-                   "degrade system performance if left on the clipboard. Would you like to leave this data on the clipboard so that "
-                   "it will be available to other applications?", Answer::No);
+    desktop.Expect(
+        "You have placed a large amount of data in the clipboard. This data may take up quite a bit of "
+        "memory and could "
+        "degrade system performance if left on the clipboard. Would you like to leave this data on the "
+        "clipboard so that "
+        "it will be available to other applications?",
+        Answer::No);
     window->Unload();
     EXPECT_EQ(desktop.clipboard, nullptr);
     EXPECT_EQ(desktop.messages[0].title, "Data in the clipboard");
@@ -128,7 +139,9 @@ TEST_F(frmLumarinTest, RemoveListing_WithUnsentChanges_Asks) {
     bool used = false;
     window->PhotoList.Select(0);
     window->PhotoList.KeyPressed.Raise({Key::Delete}, used);
-    const std::string question = "The changes to the photos of listing 100123 were not sent. Do you want to remove the listing and lose them?";
+    const std::string question =
+        "The changes to the photos of listing 100123 were not sent. Do you want to remove the listing and "
+        "lose them?";
     desktop.Expect(question, Answer::No);
     window->cmdRemove.Press();
     EXPECT_EQ(window->RecList.Count(), 2);
@@ -139,7 +152,8 @@ TEST_F(frmLumarinTest, RemoveListing_WithUnsentChanges_Asks) {
     window->RecList.PressKey({Key::Delete});  // unchanged: no question
     EXPECT_EQ(window->RecList.Count(), 0);
     EXPECT_TRUE(WorkingFiles().empty());
-    for (const char* tool : {"Open", "SendPhotos", "DeletePhoto", "View", "Copy", "RemoveEntry"}) EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
+    for (const char* tool : {"Open", "SendPhotos", "DeletePhoto", "View", "Copy", "RemoveEntry"})
+        EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
     EXPECT_FALSE(window->cmdRemove.Enabled() || window->cmdSend.Enabled() || window->imgMain.AcceptsFiles());
 }
 
@@ -156,7 +170,8 @@ TEST_F(frmLumarinTest, Reopen_AfterAKill_ShowsTheListingsAgain) {
     files::WriteWhole(host.WorkingFolder() + "100123c.jpg.part", "half");
     files::WriteWhole(host.WorkingFolder() + "VEL42A101.zip", "not sent");
     window.release();  // killed: nothing is unloaded; what it held is leaked like a dead process's
-    desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " + host.WorkingFolder() +
+    desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " +
+                   host.WorkingFolder() +
                    "\n\n100200.dat\nThe saved state of a listing cannot be read: it is cut short at byte 7");
     Open();
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100123", "100124"}));
@@ -177,7 +192,8 @@ TEST_F(frmLumarinTest, Unload_MovedAndImported_WritesOnlyWhatChanged) {
     window->Menu.ClickTool("Open");
     window->MoveTo(2415.5, 1830);
     window->Unload();
-    EXPECT_EQ(files::ReadAll(host.UserFolder() + "User.ini"), "[Photos]\r\nDefault Import Dir=/in/\r\nStart Up Position=2415.5,1830\r\n");
+    EXPECT_EQ(files::ReadAll(host.UserFolder() + "User.ini"),
+              "[Photos]\r\nDefault Import Dir=/in/\r\nStart Up Position=2415.5,1830\r\n");
 }
 
 TEST_F(frmLumarinTest, FilePreview_Toggled_IsStoredForTheInstallation) {
@@ -206,7 +222,8 @@ TEST_F(frmLumarinTest, SortNames_Set_KeepsTheListSorted) {
     for (const int number : {100150, 100109, 100120}) GivenListing(number);
     Open();
     for (const char* number : {"100150", "100109", "100120"}) Enter(number);
-    EXPECT_EQ(ListTexts(window->RecList), (Texts{"100109", "100120", "100150"}));  // one street: by house number
+    EXPECT_EQ(ListTexts(window->RecList),
+              (Texts{"100109", "100120", "100150"}));  // one street: by house number
     window->RecList.ClickColumn(0);
     window->RecList.ClickColumn(0);
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100150", "100120", "100109"}));
@@ -224,7 +241,9 @@ TEST_F(frmLumarinTest, Paste_CopiedPictureFiles_AreImportedAsFiles) {
 
 TEST_F(frmLumarinTest, Drop_SomethingElse_IsNeverSilent) {
     Open();
-    desktop.Expect("Only picture files of this computer can be dropped here. Save the picture as a file first, then drop or open that file.");
+    desktop.Expect(
+        "Only picture files of this computer can be dropped here. Save the picture as a file first, then "
+        "drop or open that file.");
     window->imgMain.DropOther();
 }
 
@@ -256,7 +275,8 @@ TEST_F(frmLumarinTest, Browse_ChosenListing_IsEnteredAsIfTyped) {
     });
     window->cmdBrowse.Press();
     EXPECT_EQ(ListTexts(window->RecList), Texts{"100124"});
-    EXPECT_NE(host.queries[0].find("(LstStatus = '2001' And ListAgentID = 'A101')"), std::string::npos) << host.queries[0];
+    EXPECT_NE(host.queries[0].find("(LstStatus = '2001' And ListAgentID = 'A101')"), std::string::npos)
+        << host.queries[0];
 }
 
 TEST_F(frmLumarinTest, PhotoClicked_ViewerAndHelp_Open) {

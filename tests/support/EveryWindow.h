@@ -29,7 +29,8 @@ public:
 
     std::vector<std::unique_ptr<Form>> Make() {
         std::vector<std::unique_ptr<Form>> forms;
-        forms.push_back(std::make_unique<frmLumarin>(PhotoWindowPorts{desktop_, imaging_, archiver_, clock_, host_, engine_}));
+        forms.push_back(std::make_unique<frmLumarin>(
+            PhotoWindowPorts{desktop_, imaging_, archiver_, clock_, host_, engine_}));
         forms.push_back(std::make_unique<frmPhotoCrop>(desktop_, imaging_));
         forms.push_back(std::make_unique<frmProgress>(desktop_, clock_, host_));
         forms.push_back(std::make_unique<frmBusy>(desktop_));

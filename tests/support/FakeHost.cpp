@@ -74,13 +74,15 @@ private:
 }  // namespace
 
 FakeHost::FakeHost() {
-    for (const std::string& folder : {ProgramFolder(), CityFolder(), UserFolder(), PhotoFolder()}) files::EnsureFolder(folder);
+    for (const std::string& folder : {ProgramFolder(), CityFolder(), UserFolder(), PhotoFolder()})
+        files::EnsureFolder(folder);
 }
 
 void FakeHost::Publish(std::int32_t listNum, int number, std::size_t bytes) {
     const std::string folder = ListingPhotoFolder(listNum);
     files::EnsureFolder(folder);
-    files::WriteWhole(folder + std::to_string(listNum) + static_cast<char>('a' + number - 1) + ".jpg", std::string(bytes, 'p'));
+    files::WriteWhole(folder + std::to_string(listNum) + static_cast<char>('a' + number - 1) + ".jpg",
+                      std::string(bytes, 'p'));
 }
 
 std::string FakeHost::ListingPhotoFolder(std::int32_t listingNumber) const {
@@ -89,7 +91,8 @@ std::string FakeHost::ListingPhotoFolder(std::int32_t listingNumber) const {
 
 std::string FakeHost::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
     fetched.push_back(std::to_string(listingNumber) + " " + std::to_string(number) + " " + version);
-    const std::string path = ListingPhotoFolder(listingNumber) + std::to_string(listingNumber) + static_cast<char>('a' + number - 1) + ".jpg";
+    const std::string path = ListingPhotoFolder(listingNumber) + std::to_string(listingNumber) +
+                             static_cast<char>('a' + number - 1) + ".jpg";
     if (!files::FileExists(path)) throw Error(ObjectErrorBase + 2, "FakeHost", "no photo " + path);
     return path;
 }

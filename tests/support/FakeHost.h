@@ -43,8 +43,9 @@ public:
     int level = 10;
     std::string agent = "A101", office = "OF1", board = "1", managedOffices = ",OF1,", connection = "VEL";
     bool severalOffices = false, showsDirection = true, reportsUpdates = false;
-    std::vector<ListingStatus> statuses = {{2001, "Active"},  {2002, "Pending"},   {2003, "Sold"},  {2004, "Withdrawn"},
-                                           {2005, "Expired"}, {2006, "Cancelled"}, {2007, "Leased"}};
+    std::vector<ListingStatus> statuses = {{2001, "Active"},    {2002, "Pending"}, {2003, "Sold"},
+                                           {2004, "Withdrawn"}, {2005, "Expired"}, {2006, "Cancelled"},
+                                           {2007, "Leased"}};
     std::vector<PhotoDescription> descriptions = {{2110, "Front"}, {2111, "Rear"}, {2112, "Kitchen"}};
 
     HostMainForm& MainForm() override { return *this; }

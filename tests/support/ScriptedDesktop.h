@@ -20,9 +20,13 @@ public:
     /// The next file dialog gives this ("" is cancel).
     void Choose(const std::string& result) { choices_.push_back(result); }
     /// When this window is next shown modal, `play` acts in it; it must leave it hidden.
-    void Play(const std::string& window, std::function<void(Form&)> play) { plays_[window].push_back(std::move(play)); }
+    void Play(const std::string& window, std::function<void(Form&)> play) {
+        plays_[window].push_back(std::move(play));
+    }
     /// Runs at the n-th (from 1) call of ProcessPendingEvents from now.
-    void AtPendingEvents(int n, std::function<void()> action) { pending_[pendingCalls_ + n] = std::move(action); }
+    void AtPendingEvents(int n, std::function<void()> action) {
+        pending_[pendingCalls_ + n] = std::move(action);
+    }
     /// Fails the test when something in the script was not asked for.
     void VerifyAllUsed() const;
 
@@ -55,9 +59,13 @@ public:
     bool ClipboardHasPicture() const override { return clipboard != nullptr; }
     PicturePtr ClipboardPicture() const override { return clipboard; }
     std::vector<std::string> ClipboardFiles() const override { return clipboardFiles; }
-    void SetClipboardPicture(const Picture& picture) override { clipboard = std::make_shared<Picture>(picture); }
+    void SetClipboardPicture(const Picture& picture) override {
+        clipboard = std::make_shared<Picture>(picture);
+    }
     void ClearClipboard() override { clipboard.reset(); }
-    void OpenHelp(const std::string& helpFile, int context) override { helpPages.emplace_back(helpFile, context); }
+    void OpenHelp(const std::string& helpFile, int context) override {
+        helpPages.emplace_back(helpFile, context);
+    }
 
 private:
     std::deque<std::pair<std::string, Answer>> expected_;

@@ -59,17 +59,15 @@ protected:
 TEST_F(VerifyPhotos, Run_FilesOfEveryKind_OnlyThoseNobodyNeedsAreDeleted) {
     GivenListing(100123, 2);
     GivenListing(7, 1);
-    const char* stay[] = {
-        "3/100123a.jpg", "3/100123b.jpg", "3/4/100123a.jpg", "7/7a.jpg",  // photos
-        "7/12.jpg", "7/a.jpg", "7/.jpg",                                  // too short for number and letter
-        "3/100123.lck.txt", "3/notes.txt", "3/100123a.png",               // of no concern
-        "100999a.jpg", "100123.lck",                                      // in the root itself
-        "33/100999a.jpg", "x/100999a.jpg", "3/old/100999a.jpg"};          // in no digit folder
-    const char* go[] = {
-        "3/100123c.jpg", "7/7b.jpg",                         // the listings have fewer photos
-        "3/1001231.jpg", "3/100123A.jpg", "3/100123`.jpg",   // no letter of a photo
-        "3/4/5/100999a.jpg",                                 // no such listing
-        "3/100123.lck", "3/.lck"};                           // left by somebody who is gone
+    const char* stay[] = {"3/100123a.jpg",    "3/100123b.jpg", "3/4/100123a.jpg",  "7/7a.jpg",  // photos
+                          "7/12.jpg",         "7/a.jpg",       "7/.jpg",  // too short for number and letter
+                          "3/100123.lck.txt", "3/notes.txt",   "3/100123a.png",       // of no concern
+                          "100999a.jpg",      "100123.lck",                           // in the root itself
+                          "33/100999a.jpg",   "x/100999a.jpg", "3/old/100999a.jpg"};  // in no digit folder
+    const char* go[] = {"3/100123c.jpg",     "7/7b.jpg",  // the listings have fewer photos
+                        "3/1001231.jpg",     "3/100123A.jpg", "3/100123`.jpg",  // no letter of a photo
+                        "3/4/5/100999a.jpg",                                    // no such listing
+                        "3/100123.lck",      "3/.lck"};  // left by somebody who is gone
     for (const char* path : stay) GivenFile(path);
     for (const char* path : go) GivenFile(path);
     EXPECT_EQ(StatusAfterRun(), Completed);

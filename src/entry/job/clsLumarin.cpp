@@ -25,9 +25,11 @@ clsLumarin::~clsLumarin() {
 
 std::unique_ptr<JobWindow> clsLumarin::MakeWindow(int which) {
     if (which == DocumentManager)
-        throw Error(ApplicationErrorNumber, "clsLumarin", "The document manager is not part of this version.");
-    return std::make_unique<frmLumarin>(
-        PhotoWindowPorts{ports_.desktop, ports_.imaging, ports_.archiver, ports_.clock, ComponentHost(), ports_.engine, ports_.scanner});
+        throw Error(ApplicationErrorNumber, "clsLumarin",
+                    "The document manager is not part of this version.");
+    return std::make_unique<frmLumarin>(PhotoWindowPorts{ports_.desktop, ports_.imaging, ports_.archiver,
+                                                         ports_.clock, ComponentHost(), ports_.engine,
+                                                         ports_.scanner});
 }
 
 void clsLumarin::Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& MenuButton) {
