@@ -28,8 +28,15 @@ bool RowStore::HasAtLeast(std::size_t count) {
     return count_ >= count;
 }
 
+void RowStore::AddBlock() {
+    const std::size_t likelyBytes = blocks_.empty() ? 0 : blocks_.back().texts.size() / 16 * 17;
+    Block& block = blocks_.emplace_back();
+    block.cells.reserve(RowsInBlock * columns_.size());
+    block.texts.reserve(likelyBytes);
+}
+
 void RowStore::ReadRow() {
-    if (count_ % RowsInBlock == 0) blocks_.emplace_back().cells.reserve(RowsInBlock * columns_.size());
+    if (count_ % RowsInBlock == 0) AddBlock();
     Block& block = blocks_.back();
     for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
         const ColumnValue value = statement_->Value(column);

@@ -44,6 +44,7 @@ private:
         std::string texts;
     };
 
+    void AddBlock();
     void ReadRow();
 
     std::unique_ptr<Statement> statement_;

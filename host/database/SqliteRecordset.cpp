@@ -95,9 +95,12 @@ void SqliteRecordset::Close() {
 
 std::size_t SqliteRecordset::ColumnIndex(std::string_view column) const {
     const std::vector<std::string>& columns = rows_.Columns();
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        const std::size_t at = (nextColumn_ + i) % columns.size();
-        if (columns[at] != column && !lumarin::text::EqualsIgnoringCase(columns[at], column)) continue;
+    const auto is = [&](std::size_t at) {
+        return columns[at] == column || lumarin::text::EqualsIgnoringCase(columns[at], column);
+    };
+    if (nextColumn_ < columns.size() && is(nextColumn_)) return nextColumn_++;
+    for (std::size_t at = 0; at < columns.size(); ++at) {
+        if (!is(at)) continue;
         nextColumn_ = at + 1;
         return at;
     }

@@ -7,8 +7,6 @@
 #include "host/services/DbService.h"
 #include "host/services/PhotoService.h"
 
-#include <sys/stat.h>
-
 namespace host {
 
 namespace {
@@ -33,13 +31,6 @@ std::optional<std::uint64_t> PublishedLength(std::string_view version, int numbe
     return length && *length >= 0 ? std::optional<std::uint64_t>(*length) : std::nullopt;
 }
 
-/// Nothing when there is no such file. Asked for every photo of a verification: one look, not two.
-std::optional<std::uint64_t> LengthOnDisk(const std::string& path) {
-    struct stat found {};
-    if (stat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
-    return static_cast<std::uint64_t>(found.st_size);
-}
-
 }  // namespace
 
 HostVelCommon::HostVelCommon(HostOptions options, lumarin::HostMainForm& mainForm,
@@ -48,6 +39,7 @@ HostVelCommon::HostVelCommon(HostOptions options, lumarin::HostMainForm& mainFor
       mainForm_(mainForm),
       endJob_(std::move(endJob)),
       server_(options_.dataFolder),
+      photos_(options_.dataFolder + "photos" + files::Separator),
       queries_(DatabasePath(options_.dataFolder), DatabaseUse::Queries) {}
 
 void HostVelCommon::EndJob(int jobIndex) {
@@ -59,12 +51,11 @@ std::string HostVelCommon::ProgramFolder() const {
 }
 std::string HostVelCommon::CityFolder() const { return options_.dataFolder + "city" + files::Separator; }
 std::string HostVelCommon::UserFolder() const { return options_.dataFolder + "user" + files::Separator; }
-std::string HostVelCommon::PhotoFolder() const { return options_.dataFolder + "photos" + files::Separator; }
+std::string HostVelCommon::PhotoFolder() const { return photos_.Root(); }
 std::string HostVelCommon::HelpFilePath() const { return ProgramFolder() + "help.html"; }
 
 std::string HostVelCommon::ListingPhotoFolder(std::int32_t listingNumber) const {
-    const auto digit = [](std::int32_t value) { return std::to_string(value % 10) + files::Separator; };
-    return PhotoFolder() + digit(listingNumber / 10) + digit(listingNumber);
+    return photos_.Root() + PhotoTree::FolderOf(listingNumber);
 }
 
 std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
@@ -73,13 +64,12 @@ std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, co
     };
     if (listingNumber < 1 || number < 1 || number > static_cast<int>(MostPhotos))
         throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "There cannot be a " + name());
-    const std::string folder = ListingPhotoFolder(listingNumber);
-    const std::string local =
-        folder + std::to_string(listingNumber) + PhotoLetter(static_cast<std::size_t>(number) - 1) + ".jpg";
-    const std::optional<std::uint64_t> length = LengthOnDisk(local);
+    const std::string photo = PhotoTree::NameOf(listingNumber, number);
+    const std::string local = photos_.Root() + photo;
+    const std::optional<std::uint64_t> length = photos_.LengthOf(photo);
     if (length && *length == PublishedLength(version, number).value_or(*length)) return local;
 
-    files::EnsureFolder(folder);
+    files::EnsureFolder(ListingPhotoFolder(listingNumber));
     constexpr int Attempts = 3;  // A file goes when another program has a package applied just now.
     for (int attempt = 1;; ++attempt) {
         const std::string published = server_.PhotoFile(listingNumber, number);

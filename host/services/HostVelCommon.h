@@ -4,6 +4,7 @@
 #include "host/database/Database.h"
 #include "host/server/Server.h"
 #include "host/services/ListingStatuses.h"
+#include "host/services/PhotoTree.h"
 
 #include <functional>
 #include <string>
@@ -68,6 +69,7 @@ private:
     lumarin::HostMainForm& mainForm_;
     std::function<void(int)> endJob_;
     Server server_;
+    PhotoTree photos_;
     mutable Database queries_;
     std::string lastRefusal_;
 };

@@ -59,8 +59,8 @@ void Form::InnerPlaced(const Size& size) {
 
 void Form::Load() {
     if (loaded_) return;
+    desktop_.Load(*this);  // throws when the front end does not fit: the form is not loaded then
     loaded_ = true;
-    desktop_.Load(*this);
     Guarded("Load", [this] { OnLoad(); });
 }
 

@@ -68,6 +68,7 @@ private:
     void ShowMatches();
     void SetUpColumns();
     void AddPortion();
+    std::vector<ListView::Row> NextRows(int count);
     void StopSearch();
     PropertyCriteria Criteria();
     SearchUser User() const;

@@ -19,8 +19,10 @@ constexpr int HelpPage = 6;
 constexpr int BeforeFirstLetter = 96;
 constexpr std::size_t LetterAndEnding = 5;  // "a.jpg"
 
-/// Other events get a turn this often. A turn at every file would take longer than looking at the file.
+/// Other events get a turn this often. A turn at every file would take longer than looking at the file; so
+/// would a look at the clock at every file of a folder.
 constexpr auto TurnInterval = std::chrono::milliseconds(10);
+constexpr int EntriesBetweenTurns = 32;
 
 bool IsDigitFolder(std::string_view name) { return name.size() == 1 && name[0] >= '0' && name[0] <= '9'; }
 
@@ -120,8 +122,9 @@ frmVerifyPhotos::LastLetters frmVerifyPhotos::ReadLastLetters(Recordset& listing
 void frmVerifyPhotos::CleanFolder(const std::string& folder, const LastLetters& lastLetters,
                                   bool insideDigitFolder) {
     std::vector<std::string> unneeded, digitFolders;
+    int entries = 0;
     files::ForEachEntry(folder, [&](std::string_view name, files::EntryKind kind) {
-        GiveTurnWhenDue();
+        if (entries++ % EntriesBetweenTurns == 0) GiveTurnWhenDue();
         if (kind == files::EntryKind::Folder) {
             if (IsDigitFolder(name)) digitFolders.emplace_back(name);
         } else if (insideDigitFolder && MustGo(name, lastLetters)) {

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace host {
+
+/// The host's photo folder, a tree of digit folders. It is held open, so that a look at a photo does not take
+/// its way through all folders above.
+class PhotoTree {
+public:
+    /// `root` exists and ends in a separator. Throws lumarin::Error when it cannot be opened.
+    explicit PhotoTree(std::string root);
+    ~PhotoTree();
+    PhotoTree(const PhotoTree&) = delete;
+    PhotoTree& operator=(const PhotoTree&) = delete;
+
+    const std::string& Root() const { return root_; }
+    /// With a separator at its end; relative to the root.
+    static std::string FolderOf(std::int32_t listingNumber);
+    /// `photo` counts from 1; relative to the root.
+    static std::string NameOf(std::int32_t listingNumber, int photo);
+    /// Bytes of the file of that relative name; nothing when there is no such file.
+    std::optional<std::uint64_t> LengthOf(const std::string& name) const;
+
+private:
+    std::string root_;
+    int handle_;
+};
+
+}  // namespace host
