@@ -8,12 +8,12 @@ row_slider() {
 
 # The photo window is shown, then the program quits; the same with nothing in the working folder.
 row_start200() {
-    local host=$root/build/bench/host/desktop/lumarin-host empty=$out/start-empty full=$out/start-200
+    local host=(env "QT_LOGGING_RULES=*.warning=false" "$root/build/bench/host/desktop/lumarin-host") empty=$out/start-empty full=$out/start-200
     rm -rf "$empty" "$full"
     printf 'wait frmLumarin 20000\nquit\n' >"$out/start.drive"
-    "$host" --data "$empty" --photos --drive "$out/start.drive" >/dev/null 2>&1
+    "${host[@]}" --data "$empty" --photos --drive "$out/start.drive" >/dev/null 2>&1
     cp -r "$empty" "$full"
     "$bin/windows/bench_listings" "$full/user/Photo Import" 200
-    ours "start, 200 listings" 200 "$host" --data "$full" --photos --drive "$out/start.drive"
-    peer "empty start" 0.5 "$host" --data "$empty" --photos --drive "$out/start.drive"
+    ours "start, 200 listings" 200 "${host[@]}" --data "$full" --photos --drive "$out/start.drive"
+    peer "empty start" 0.5 "${host[@]}" --data "$empty" --photos --drive "$out/start.drive"
 }

@@ -66,7 +66,7 @@ std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, co
         throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "There cannot be a " + name());
     const std::string photo = PhotoTree::NameOf(listingNumber, number);
     const std::string local = photos_.Root() + photo;
-    const std::optional<std::uint64_t> length = photos_.LengthOf(photo);
+    const std::optional<std::uint64_t> length = photos_.LengthOf(listingNumber, number, photo);
     if (length && *length == PublishedLength(version, number).value_or(*length)) return local;
 
     files::EnsureFolder(ListingPhotoFolder(listingNumber));

@@ -49,6 +49,7 @@ public:
     std::string PdfInfoText() const override { return "Veltrane"; }
     std::string PhotoFolder() const override;
     std::string ListingPhotoFolder(std::int32_t listingNumber) const override;
+    void ExpectFetches() override { photos_.LookAhead(); }
     std::string FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) override;
 
     std::string StreetDirectionCaption() const override { return "Dir"; }

@@ -18,7 +18,10 @@ PhotoTree::PhotoTree(std::string root)
     if (handle_ < 0) throw lumarin::FileError("open the folder", root_, std::strerror(errno));
 }
 
-PhotoTree::~PhotoTree() { close(handle_); }
+PhotoTree::~PhotoTree() {
+    lookAhead_.reset();
+    close(handle_);
+}
 
 std::string PhotoTree::FolderOf(std::int32_t listingNumber) {
     std::string folder;
@@ -34,7 +37,16 @@ std::string PhotoTree::NameOf(std::int32_t listingNumber, int photo) {
     return name += ".jpg";
 }
 
-std::optional<std::uint64_t> PhotoTree::LengthOf(const std::string& name) const {
+void PhotoTree::LookAhead() {
+    lookAhead_.reset();
+    lookAhead_ = std::make_unique<PhotoLookAhead>(handle_);
+}
+
+std::optional<std::uint64_t> PhotoTree::LengthOf(std::int32_t listingNumber, int photo,
+                                                 const std::string& name) {
+    if (lookAhead_ != nullptr && lookAhead_->IsOver()) lookAhead_.reset();
+    if (lookAhead_ != nullptr)
+        if (const auto length = lookAhead_->TakeLength(listingNumber, photo)) return length;
     struct stat found {};
     if (fstatat(handle_, name.c_str(), &found, 0) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
     return static_cast<std::uint64_t>(found.st_size);

@@ -76,6 +76,9 @@ public:
     /// Makes sure that photo `number` (from 1) of a listing is in the photo folder in the revision that
     /// `version` names ("" is whatever there is) and returns its path. Throws Error when it cannot be had.
     virtual std::string FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) = 0;
+    /// `FetchPhoto` is about to be called for nearly every published photo, once each. A host may use it to
+    /// look at its photo folder ahead; it need not do anything.
+    virtual void ExpectFetches() {}
 
     /// Caption of the listing list's street direction column.
     virtual std::string StreetDirectionCaption() const = 0;

@@ -102,6 +102,7 @@ void frmVerifyPhotos::Run() {
     const LastLetters lastLetters = ReadLastLetters(*listings);
     pbBar.SetMax(
         std::max(1, static_cast<int>(lastLetters.size())));  // a maximum of 0 has no "nothing done yet"
+    if (!lastLetters.empty()) common.ExpectFetches();
     CleanFolder(common.PhotoFolder(), lastLetters, false);
 
     BeginPhase("Searching for missing photos");

@@ -8,6 +8,7 @@
 #include "host_server/PackageBuilder.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 
 namespace host {
@@ -90,6 +91,26 @@ TEST(HostVelCommon, FetchPhoto_CopiesWhatIsMissingOrOfAnotherLength) {
                 << error.what();
         }
     }
+}
+
+TEST(HostVelCommon, FetchPhoto_AfterLookingAhead_StillFetchesWhatIsMissingOrOfAnotherLength) {
+    TestHost host({.dataFolder = SeededFolder()});
+    const std::string version = host.Execute("SELECT PhotoVersion FROM Photo WHERE PhoListNum = 100123;")
+                                    ->Field("PhotoVersion")
+                                    .Text();
+    const auto fetched = [&](int number) {
+        return files::FileLength(host.common.FetchPhoto(100123, number, version));
+    };
+    const std::uint64_t first = fetched(1), second = fetched(2), third = fetched(3);
+    const std::string folder = host.common.ListingPhotoFolder(100123);
+    std::filesystem::resize_file(folder + "100123a.jpg", 5);
+    files::Delete(folder + "100123b.jpg");
+    host.common.ExpectFetches();
+    EXPECT_EQ(fetched(1), first);
+    EXPECT_EQ(fetched(2), second);
+    EXPECT_EQ(fetched(3), third);
+    files::Delete(folder + "100123c.jpg");
+    EXPECT_EQ(fetched(3), third) << "what was seen ahead answers once";
 }
 
 TEST(PhotoService, PackageSentThroughTheServices_IsPublishedOrRefusedWithItsReason) {
