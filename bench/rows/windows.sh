@@ -8,7 +8,8 @@ row_slider() {
 
 # The photo window is shown, then the program quits; the same with nothing in the working folder.
 row_start200() {
-    local host=(env "QT_LOGGING_RULES=*.warning=false" "$root/build/bench/host/desktop/lumarin-host") empty=$out/start-empty full=$out/start-200
+    local host=(env "QT_LOGGING_RULES=*.warning=false" "$root/build/bench/host/desktop/lumarin-host")
+    local empty=$out/start-empty full=$out/start-200
     rm -rf "$empty" "$full"
     printf 'wait frmLumarin 20000\nquit\n' >"$out/start.drive"
     "${host[@]}" --data "$empty" --photos --drive "$out/start.drive" >/dev/null 2>&1

@@ -4,9 +4,11 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 
 #include "base/Files.h"
 #include "host/demo/LargePhoto.h"
+#include "lookup/frmListnumPrompt.h"
 #include "util/frmBusy.h"
 
 namespace host {
@@ -66,6 +68,7 @@ bool Demo::Tell() {
         FindAndView();
         Verify();
         Scan();
+        ShowListingPrompt();
         ShowBusyWindow();
     } catch (const std::exception& error) {
         Say(QString("FAILED: ") + error.what());
@@ -208,6 +211,22 @@ void Demo::Scan() {
     client_.Do("shot frmPhotoCrop " +
                Quoted(QString::fromStdString(folders_.shots) + "frmPhotoCrop-scan.png"));
     client_.DoAll({"press frmPhotoCrop.cmdCancel", "close frmLumarin"});
+}
+
+void Demo::ShowListingPrompt() {
+    Step("The prompt for a listing number takes digits only");
+    lumarin::HostLink link;
+    lumarin::NoEngineVersion engine;
+    std::unique_ptr<lumarin::frmListnumPrompt> prompt;
+    client_.OnUserInterface([&] {
+        prompt = std::make_unique<lumarin::frmListnumPrompt>(lumarin::LookupPorts{desktop_, link, engine});
+        prompt->Show(nullptr);
+    });
+    client_.DoAll({"wait frmListnumPrompt", "set frmListnumPrompt.txtPropertyId 100a123"});
+    const QString text = client_.Get("frmListnumPrompt.txtPropertyId")["text"].toString();
+    if (text != "100123") throw DemoFailure("The prompt for a listing number took " + text);
+    Shot("frmListnumPrompt");
+    client_.OnUserInterface([&] { prompt.reset(); });
 }
 
 void Demo::ShowBusyWindow() {

@@ -47,6 +47,7 @@ private:
     void FindAndView();
     void Verify();
     void Scan();
+    void ShowListingPrompt();
     void ShowBusyWindow();
 
     void Step(const QString& what);
