@@ -22,6 +22,7 @@ public:
         return lumarin::Answer::Cancel;
     }
     std::string ChooseFiles(const lumarin::FileDialog&, const lumarin::Form*) override { return {}; }
+    std::string ChooseFileToSave(const lumarin::SaveDialog&, const lumarin::Form*) override { return {}; }
     void PopupMenu(lumarin::ToolBar&, const std::string&) override {}
     void SetPointer(lumarin::Pointer) override {}
     lumarin::Size ScreenSize() const override { return {}; }
@@ -32,4 +33,6 @@ public:
     void SetClipboardPicture(const lumarin::Picture&) override {}
     void ClearClipboard() override {}
     void OpenHelp(const std::string&, int) override {}
+    void OpenInBrowser(const std::string&) override {}
+    void OpenDocument(const std::string&) override {}
 };

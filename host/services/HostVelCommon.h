@@ -47,6 +47,7 @@ public:
     bool HasSeveralOffices() const override;
     std::string DocDomain() const override { return "localhost"; }
     std::string PdfInfoText() const override { return "Veltrane"; }
+    std::string HelpSite() const override { return "http://localhost"; }
     std::string PhotoFolder() const override;
     std::string ListingPhotoFolder(std::int32_t listingNumber) const override;
     void ExpectFetches() override { photos_.LookAhead(); }

@@ -32,6 +32,14 @@ QString Patterns(const std::string& patterns) {
     return both.join(' ');
 }
 
+/// "pdf" for "PDF|*.pdf"; empty where the filter's first patterns name no ending.
+QString DefaultSuffix(const std::string& filter) {
+    const auto parts = text::Split(filter, '|');
+    if (parts.size() < 2) return {};
+    const QString suffix = QFileInfo(ToQt(text::Split(parts[1], ';').front())).suffix();
+    return suffix == "*" ? QString() : suffix;
+}
+
 void AddPreview(QFileDialog& dialog) {
     auto* layout = qobject_cast<QGridLayout*>(dialog.layout());
     if (layout == nullptr) return;
@@ -70,6 +78,19 @@ std::string RunFileDialog(const FileDialog& dialog, QWidget* owner) {
     chooser.setOption(QFileDialog::HideNameFilterDetails);
     chooser.setNameFilters(NameFilters(dialog.filter));
     if (dialog.preview) AddPreview(chooser);
+    return chooser.exec() == QDialog::Accepted ? ChosenText(chooser.selectedFiles()) : std::string();
+}
+
+std::string RunSaveDialog(const SaveDialog& dialog, QWidget* owner) {
+    QFileDialog chooser(owner, ToQt(dialog.title), ToQt(dialog.folder));
+    chooser.setObjectName("fileDialog");
+    chooser.setAcceptMode(QFileDialog::AcceptSave);
+    chooser.setFileMode(QFileDialog::AnyFile);
+    chooser.setOption(QFileDialog::DontUseNativeDialog, NeedsOwnDialog());
+    chooser.setOption(QFileDialog::HideNameFilterDetails);
+    chooser.setNameFilters(NameFilters(dialog.filter));
+    chooser.setDefaultSuffix(DefaultSuffix(dialog.filter));
+    chooser.selectFile(ToQt(dialog.name));
     return chooser.exec() == QDialog::Accepted ? ChosenText(chooser.selectedFiles()) : std::string();
 }
 

@@ -21,4 +21,7 @@ std::string ChosenText(const QStringList& paths);
 /// Runs the dialog. `owner` may be null.
 std::string RunFileDialog(const FileDialog& dialog, QWidget* owner);
 
+/// The chosen file's path, with the filter's first ending where the user gave none; "" when cancelled.
+std::string RunSaveDialog(const SaveDialog& dialog, QWidget* owner);
+
 }  // namespace lumarin::qt

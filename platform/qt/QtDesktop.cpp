@@ -8,11 +8,13 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QScreen>
 #include <QUrl>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "base/Error.h"
@@ -36,6 +38,17 @@ QWidget* WidgetOf(const OwnerWindow* owner) {
 QWidget* OwnerOrActive(const Form* owner) {
     QWidget* widget = WidgetOf(owner);
     return widget != nullptr && widget->isVisible() ? widget : QApplication::activeWindow();
+}
+
+/// The web address that a browser's address line would make of this; nothing for other schemes.
+std::optional<QUrl> WebAddress(QString address) {
+    static const QRegularExpression scheme(
+        QStringLiteral("^[A-Za-z][A-Za-z0-9+.-]*:(?![0-9]+(?:[/\\\\?#]|$))"));
+    address = address.trimmed();
+    if (!scheme.match(address).hasMatch()) address = "http://" + address.replace('\\', '/');
+    const QUrl url(address, QUrl::TolerantMode);
+    const bool isWeb = url.scheme() == "http" || url.scheme() == "https";
+    return url.isValid() && isWeb && !url.host().isEmpty() ? std::optional(url) : std::nullopt;
 }
 
 }  // namespace
@@ -132,6 +145,25 @@ Answer QtDesktop::ShowMessage(const Message& message, const Form* owner) {
 std::string QtDesktop::ChooseFiles(const FileDialog& dialog, const Form* owner) {
     const Nested nested(*this, Nested::Shows::Dialog);
     return RunFileDialog(dialog, OwnerOrActive(owner));
+}
+
+std::string QtDesktop::ChooseFileToSave(const SaveDialog& dialog, const Form* owner) {
+    const Nested nested(*this, Nested::Shows::Dialog);
+    return RunSaveDialog(dialog, OwnerOrActive(owner));
+}
+
+void QtDesktop::OpenInBrowser(const std::string& address) {
+    const std::optional<QUrl> url = WebAddress(ToQt(address));
+    if (!url) throw ApplicationError("OpenInBrowser", "\"" + address + "\" is not the address of a web page");
+    if (!QDesktopServices::openUrl(*url))
+        throw ApplicationError("OpenInBrowser", "No browser of this computer opens \"" + address + "\"");
+}
+
+void QtDesktop::OpenDocument(const std::string& path) {
+    const QFileInfo file(ToQt(path));
+    if (!file.isFile()) throw FileError("open", path, "there is no such file");
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())))
+        throw FileError("open", path, "no program of this computer shows it");
 }
 
 void QtDesktop::PopupMenu(ToolBar& toolBar, const std::string& band) {

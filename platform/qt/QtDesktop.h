@@ -38,6 +38,9 @@ public:
 
     Answer ShowMessage(const Message& message, const Form* owner) override;
     std::string ChooseFiles(const FileDialog& dialog, const Form* owner) override;
+    std::string ChooseFileToSave(const SaveDialog& dialog, const Form* owner) override;
+    void OpenInBrowser(const std::string& address) override;
+    void OpenDocument(const std::string& path) override;
     void PopupMenu(ToolBar& toolBar, const std::string& band) override;
 
     void SetPointer(Pointer pointer) override;

@@ -44,6 +44,18 @@ public:
         }
     }
 
+    void WritePage(const PageOrder& order, const std::string& destination) override {
+        const Picture page = Guarded(InvalidPictureError, [&] {
+            return Render(*stored_, {0, 0, Width(), Height()}, order.width, order.height);
+        });
+        const std::string png = Guarded(PictureWriteError, [&] { return EncodePage(page, order.colors); });
+        try {
+            files::WriteWhole(destination, png);
+        } catch (const FileError& error) {
+            throw ImagingError(PictureWriteError, error.Description());
+        }
+    }
+
 private:
     std::unique_ptr<StoredPicture> stored_;
 };

@@ -70,6 +70,18 @@ public:
                             BatchKind kind) = 0;
 };
 
+/// The service "DocInterface": the records of listing documents. One object may be kept and used for many
+/// changes.
+class DocInterface : public HostService {
+public:
+    static constexpr const char* ServiceName = "DocInterface";
+
+    /// Makes one change, written as fields with "|" between them (see docs/formats.md). True when the
+    /// server refused it, with the reason in `ErrorText` and nothing changed. Throws Error when the server
+    /// cannot be reached.
+    virtual bool Update(std::string& Command, std::string& ErrorText) = 0;
+};
+
 /// The host's named services.
 class ServiceBroker {
 public:

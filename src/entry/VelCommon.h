@@ -64,11 +64,15 @@ public:
     /// Below 60 agent, 60 to 89 office, 90 to 99 board, 100 and over unrestricted.
     virtual int UserLevel() const = 0;
     virtual std::string UserBoardId() const = 0;
-    /// Office identifiers that the user may act for, with a comma before and after each: ",OF1,OF2,".
+    /// Office identifiers that the user may act for, in both forms in which they are looked for: with a
+    /// comma before and after each, and in single quotes: ",OF1,OF2,'OF1','OF2',". "" when there are none.
     virtual std::string ManagedOffices() const = 0;
     virtual bool HasSeveralOffices() const = 0;
     virtual std::string DocDomain() const = 0;
     virtual std::string PdfInfoText() const = 0;
+    /// Where the help pages of the document windows lie: an address without a slash at its end, before
+    /// paths such as "/Tutorials/DocManager/DocManager.htm".
+    virtual std::string HelpSite() const = 0;
     /// Root of the host's published photos, a tree of digit folders.
     virtual std::string PhotoFolder() const = 0;
     /// Folder within the tree in which this listing's published photos lie; it need not exist.

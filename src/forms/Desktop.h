@@ -41,6 +41,14 @@ struct FileDialog {
     bool preview = false;  ///< show a preview of the picture under the cursor
 };
 
+/// A dialog that chooses the name of a file to write; it asks before it lets an existing one be replaced.
+struct SaveDialog {
+    std::string title;
+    std::string filter;  ///< as in FileDialog
+    std::string folder;  ///< where it starts; "" is the toolkit's choice
+    std::string name;    ///< the name that is offered
+};
+
 /// Port: the only way to a person. Owns the front end of every loaded form, which it builds in `Load`
 /// and takes down in `Unload`; the forms belong to the caller. All calls on the user-interface thread.
 class Desktop {
@@ -64,6 +72,9 @@ public:
     /// NUL character; "" when the user cancelled.
     virtual std::string ChooseFiles(const FileDialog& dialog, const Form* owner) = 0;
 
+    /// The chosen file's full path; "" when the user cancelled.
+    virtual std::string ChooseFileToSave(const SaveDialog& dialog, const Form* owner) = 0;
+
     /// Opens the context menu of this name at the pointer and returns when it is closed.
     virtual void PopupMenu(ToolBar& toolBar, const std::string& band) = 0;
 
@@ -83,6 +94,14 @@ public:
 
     /// Opens a page of a help file by its context number. Throws Error when it cannot be shown.
     virtual void OpenHelp(const std::string& helpFile, int context) = 0;
+
+    /// Opens an address in a new window of the user's browser. An address without a scheme is taken as a
+    /// browser's address line takes it: http, with "\" as "/". Throws Error, and opens nothing, for any
+    /// scheme but http and https, and when there is no browser.
+    virtual void OpenInBrowser(const std::string& address) = 0;
+    /// Opens a document file of this machine where the user looks at such documents. Throws Error when it is
+    /// not there or nothing shows it.
+    virtual void OpenDocument(const std::string& path) = 0;
 
     /// The help file that the help key opens in every window. Set by every start of a job; the last one
     /// counts.

@@ -58,6 +58,16 @@ struct CaptureOrder {
     int jpegQualityFactor = 35;  ///< scales the quantization tables; lower is better, 35 is about quality 75
 };
 
+/// How many colours a page of a document keeps.
+enum class PageColors { Color, Gray, BlackAndWhite };
+
+/// One page of a document: the whole picture resampled to `width` x `height` pixels.
+struct PageOrder {
+    int width = 0;
+    int height = 0;
+    PageColors colors = PageColors::Color;
+};
+
 /// One opened picture. Its size, preview and captures are those of the upright picture in sRGB, 24 bits,
 /// alpha laid on white. The source must stay unchanged while it is open.
 class SourcePicture {
@@ -76,6 +86,10 @@ public:
     /// Writes the finished photo; the destination appears whole or not at all. Throws ImagingError when
     /// the picture cannot be read to its end or the file not written.
     virtual void Capture(const CaptureOrder& order, const std::string& destination) = 0;
+
+    /// Writes the page as a PNG file without metadata: 24 bits, 8 bits grey or 1 bit a pixel. Throws as
+    /// `Capture`.
+    virtual void WritePage(const PageOrder& order, const std::string& destination) = 0;
 };
 
 /// Port: the imaging library. All calls on the user-interface thread; an implementation may use threads

@@ -30,6 +30,9 @@ public:
     std::map<std::string, Source> pictures;
     std::optional<Error> openFailure, captureFailure;
     std::vector<CaptureOrder> orders;
+    std::vector<PageOrder> pages;
+    std::deque<std::size_t>
+        pageLengths;  ///< bytes of the next pages' files, in order; 100 where none is said
     std::deque<std::size_t> captureLengths;  ///< bytes of the next captured files, in order
     int opened = 0, previews = 0, openNow = 0;
 
@@ -68,6 +71,16 @@ private:
                 library_.captureLengths.pop_front();
             }
             files::WriteWhole(destination, bytes);
+        }
+        void WritePage(const PageOrder& order, const std::string& destination) override {
+            if (library_.captureFailure) throw *library_.captureFailure;
+            library_.pages.push_back(order);
+            std::size_t length = 100;
+            if (!library_.pageLengths.empty()) {
+                length = library_.pageLengths.front();
+                library_.pageLengths.pop_front();
+            }
+            files::WriteWhole(destination, std::string(length, 'i'));
         }
 
     private:

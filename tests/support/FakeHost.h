@@ -41,7 +41,8 @@ public:
     std::function<void(int)> onEndJob = [](int) {};
     std::vector<std::pair<int, int>> progCalls;
     int level = 10;
-    std::string agent = "A101", office = "OF1", board = "1", managedOffices = ",OF1,", connection = "VEL";
+    std::string agent = "A101", office = "OF1", board = "1", managedOffices = ",OF1,'OF1',",
+                connection = "VEL";
     bool severalOffices = false, showsDirection = true, reportsUpdates = false;
     std::vector<ListingStatus> statuses = {{2001, "Active"},    {2002, "Pending"}, {2003, "Sold"},
                                            {2004, "Withdrawn"}, {2005, "Expired"}, {2006, "Cancelled"},
@@ -68,8 +69,9 @@ public:
     std::string UserBoardId() const override { return board; }
     std::string ManagedOffices() const override { return managedOffices; }
     bool HasSeveralOffices() const override { return severalOffices; }
-    std::string DocDomain() const override { return {}; }
-    std::string PdfInfoText() const override { return {}; }
+    std::string DocDomain() const override { return "example.org"; }
+    std::string PdfInfoText() const override { return "Host text"; }
+    std::string HelpSite() const override { return "http://help.example"; }
     std::string PhotoFolder() const override { return folder_.Path() + "photos/"; }
     std::string ListingPhotoFolder(std::int32_t listingNumber) const override;
     std::string FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) override;

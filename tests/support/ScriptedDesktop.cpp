@@ -48,8 +48,17 @@ Answer ScriptedDesktop::ShowMessage(const Message& message, const Form*) {
 
 std::string ScriptedDesktop::ChooseFiles(const FileDialog& dialog, const Form*) {
     dialogs.push_back(dialog);
+    return NextChoice(dialog.title);
+}
+
+std::string ScriptedDesktop::ChooseFileToSave(const SaveDialog& dialog, const Form*) {
+    saveDialogs.push_back(dialog);
+    return NextChoice(dialog.title);
+}
+
+std::string ScriptedDesktop::NextChoice(const std::string& title) {
     if (choices_.empty()) {
-        ADD_FAILURE() << "unexpected file dialog: " << dialog.title;
+        ADD_FAILURE() << "unexpected file dialog: " << title;
         return {};
     }
     std::string choice = choices_.front();

@@ -32,6 +32,8 @@ public:
 
     std::vector<Message> messages;
     std::vector<FileDialog> dialogs;
+    std::vector<SaveDialog> saveDialogs;
+    std::vector<std::string> opened;    ///< addresses and document files
     std::vector<std::string> poppedUp;  ///< names of the context menus that were opened
     std::vector<std::pair<std::string, int>> helpPages;
     std::map<std::string, const OwnerWindow*> shownWith;  ///< modeless windows by name, with their owner
@@ -52,6 +54,9 @@ public:
     void DestroyLater(std::unique_ptr<Form> form) override { givenUp_.push_back(std::move(form)); }
     Answer ShowMessage(const Message& message, const Form* owner) override;
     std::string ChooseFiles(const FileDialog& dialog, const Form* owner) override;
+    std::string ChooseFileToSave(const SaveDialog& dialog, const Form* owner) override;
+    void OpenInBrowser(const std::string& address) override { opened.push_back(address); }
+    void OpenDocument(const std::string& path) override { opened.push_back(path); }
     void PopupMenu(ToolBar& toolBar, const std::string& band) override;
     void SetPointer(Pointer shape) override { pointer = shape; }
     Size ScreenSize() const override { return screen; }
@@ -69,6 +74,8 @@ public:
 
 private:
     std::deque<std::pair<std::string, Answer>> expected_;
+    std::string NextChoice(const std::string& title);
+
     std::deque<std::string> choices_;
     std::map<std::string, std::deque<std::function<void(Form&)>>> plays_;
     std::map<int, std::function<void()>> pending_;

@@ -1,0 +1,3 @@
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(VIPS_CPP REQUIRED IMPORTED_TARGET GLOBAL vips-cpp)
+pkg_check_modules(GMODULE REQUIRED IMPORTED_TARGET GLOBAL gmodule-2.0)
