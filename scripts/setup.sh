@@ -2,14 +2,15 @@
 # Installs the Debian packages that are missing; says nothing when none is.
 #   scripts/setup.sh          what building, running and testing takes
 #   scripts/setup.sh bench    also what the benchmarks compare with
+#   scripts/setup.sh lint     also what checks the code
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 lists=("$here/packages.txt")
 case "${1:-}" in
     "") ;;
-    bench) lists+=("$here/packages-bench.txt") ;;
-    *) echo "setup.sh: unknown argument \"$1\"; the only one is \"bench\"" >&2; exit 2 ;;
+    bench | lint) lists+=("$here/packages-$1.txt") ;;
+    *) echo "setup.sh: unknown argument \"$1\"; there are \"bench\" and \"lint\"" >&2; exit 2 ;;
 esac
 
 names=()

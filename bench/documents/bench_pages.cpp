@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <random>
 #include <string>
 
@@ -69,9 +70,9 @@ VImage TextMask(int words, int dotsPerInch, int width, int height, int seed) {
 }
 
 /// Black letters on paper, a little soft and grainy, as a scanner sees them.
-VImage Sheet(int seed) {
-    const VImage ink = TextMask(620, 300, SheetWidth, SheetHeight, seed).gaussblur(1.2);
-    const VImage luma = ink.linear(-0.82, 238) + Noise(SheetWidth, SheetHeight, 2.5, seed);
+VImage Sheet(int height) {
+    const VImage ink = TextMask(height / 5, 300, SheetWidth, height, 1).gaussblur(1.2);
+    const VImage luma = ink.linear(-0.82, 238) + Noise(SheetWidth, height, 2.5, 1);
     return AsColors(VImage::bandjoin({luma, luma, luma - 6}));
 }
 
@@ -86,29 +87,37 @@ VImage Screenshot() {
     return AsColors(screen * ink);
 }
 
+lumarin::PicturePtr InMemory(const VImage& image) {
+    std::size_t size = 0;
+    const std::unique_ptr<void, decltype(&g_free)> owner(image.write_to_memory(&size), &g_free);
+    const auto* bytes = static_cast<const std::uint8_t*>(owner.get());
+    return std::make_shared<lumarin::Picture>(
+        lumarin::Picture{image.width(), image.height(), {bytes, bytes + size}});
+}
+
 void WritePages(const std::string& folder, PageColors colors) {
     if (std::filesystem::exists(folder)) return;
     std::filesystem::create_directories(folder + ".part");
+    const VImage photo = Photo(2000 + 20 * PageCount, 1500 + 10 * PageCount, 1).copy_memory();
+    const VImage sheet = Sheet(SheetHeight + 60 * PageCount).copy_memory();
     VipsImaging imaging;
-    const std::string drawn = folder + ".drawn.png";
     for (int page = 0; page < PageCount; ++page) {
         const bool isPhoto = colors == PageColors::Color && page % 2 == 0;
-        const VImage image = isPhoto ? Photo(2000, 1500, page + 1) : Sheet(page + 1);
-        image.pngsave(drawn.c_str(), VImage::option()->set("compression", 1));
+        const VImage image = isPhoto ? photo.crop(20 * page, 10 * page, 2000, 1500)
+                                     : sheet.crop(0, 60 * page, SheetWidth, SheetHeight);
         PageOrder order{1275, isPhoto ? 956 : 1650, colors};
         if (colors == PageColors::BlackAndWhite) order = {SheetWidth, SheetHeight, colors};
         char name[16];
         std::snprintf(name, sizeof name, "/%03d.png", page + 1);
-        imaging.Open(drawn)->WritePage(order, folder + ".part" + name);
+        imaging.FromMemory(InMemory(image))->WritePage(order, folder + ".part" + name);
     }
-    std::filesystem::remove(drawn);
     std::filesystem::rename(folder + ".part", folder);
 }
 
 void WriteSources(const std::string& folder) {
     std::filesystem::create_directories(folder);
     Photo(4000, 3000, 1).jpegsave((folder + "/photo.jpg").c_str(), VImage::option()->set("Q", 92));
-    Sheet(1).pngsave((folder + "/sheet.png").c_str());
+    Sheet(SheetHeight).pngsave((folder + "/sheet.png").c_str());
     Screenshot().pngsave((folder + "/screenshot.png").c_str());
 }
 

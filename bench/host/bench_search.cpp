@@ -1,5 +1,4 @@
 // A search for all listings in the property search window, which nobody sees.
-//   bench_search first DATA_FOLDER ROWS      until the first rows are in the list
 //   bench_search all DATA_FOLDER ROWS        until all rows are in the list; fails unless there are ROWS
 //   bench_search statement                   prints the statement that the search runs
 
@@ -32,14 +31,14 @@ std::string Statement() {
     std::_Exit(good ? 0 : 1);
 }
 
-void Search(bool toTheEnd, const std::string& dataFolder, int wanted) {
+void Search(const std::string& dataFolder, int wanted) {
     NobodysDesktop desktop;
     SearchJob job(desktop, dataFolder);
     desktop.whileModal = [&] {
         job.window.cmdShowMatches.Press();
-        while (toTheEnd && job.window.tmrRows.Enabled()) job.window.tmrRows.Tick();
+        while (job.window.tmrRows.Enabled()) job.window.tmrRows.Tick();
         const int rows = job.window.List.Count();
-        Leave(toTheEnd ? rows == wanted : rows > 0 && rows < wanted, rows);
+        Leave(rows == wanted, rows);
     };
     job.Open();
 }
@@ -49,7 +48,7 @@ void Search(bool toTheEnd, const std::string& dataFolder, int wanted) {
 int main(int count, char** arguments) {
     const std::string job = count > 1 ? arguments[1] : "";
     if (job == "statement") return std::puts(Statement().c_str()) < 0;
-    if (count != 4 || (job != "first" && job != "all")) return 2;
-    Search(job == "all", arguments[2], std::atoi(arguments[3]));
+    if (count != 4 || job != "all") return 2;
+    Search(arguments[2], std::atoi(arguments[3]));
     return 1;
 }

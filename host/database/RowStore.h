@@ -19,7 +19,7 @@ public:
 
     /// Whether there are that many rows. Reads as far as it takes to know; the statement is given up at its
     /// end. Throws lumarin::Error when a row cannot be read, and ends there.
-    bool HasAtLeast(std::size_t count);
+    bool HasAtLeast(std::size_t count) { return count_ >= count || ReadUntil(count); }
     /// The rows that were read.
     std::size_t Count() const { return count_; }
     bool IsComplete() const { return statement_ == nullptr; }
@@ -32,18 +32,13 @@ public:
     void Clear();
 
 private:
-    static constexpr std::int32_t Null = -1;
-    static constexpr std::int32_t Number = -2;
-
-    struct Cell {
-        std::int64_t value;   ///< the number, or where the text starts in its block
-        std::int32_t length;  ///< of the text, or one of the marks above
-    };
+    /// A thousand rows, one behind the other: of each cell a mark, and then the bytes of its value.
     struct Block {
-        std::vector<Cell> cells;
-        std::string texts;
+        std::vector<std::size_t> rowStarts;
+        std::string bytes;
     };
 
+    bool ReadUntil(std::size_t count);
     void AddBlock();
     void ReadRow();
 

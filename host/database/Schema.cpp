@@ -4,7 +4,7 @@ namespace host {
 
 namespace {
 
-constexpr int SchemaVersion = 1;
+constexpr int SchemaVersion = 2;
 
 // Sale and rental listings have the same columns.
 constexpr const char* ListingColumns = R"((
@@ -70,14 +70,6 @@ CREATE TABLE AppliedPackages (
     Name TEXT NOT NULL,
     Digest TEXT NOT NULL
 );
-CREATE TABLE Documents (
-    DocListNum INTEGER NOT NULL,
-    DocID INTEGER NOT NULL,
-    DocDesc TEXT,
-    DocUrl TEXT,
-    DocFilesize INTEGER,
-    PRIMARY KEY (DocListNum, DocID)
-);
 
 CREATE TABLE PhotoDescriptions (
     Place INTEGER PRIMARY KEY,
@@ -93,6 +85,24 @@ INSERT INTO PhotoDescriptions (Code, Description) VALUES
 CREATE TABLE Markers (Name TEXT PRIMARY KEY);
 )";
 
+// A document is a file or, with a DocUrl, a link. Its id is unique over all listings and never used again, so
+// that an old address never shows another document.
+constexpr const char* DocumentTables = R"(
+CREATE TABLE Documents (
+    DocID INTEGER PRIMARY KEY AUTOINCREMENT,
+    DocListNum INTEGER NOT NULL,
+    DocDesc TEXT NOT NULL,
+    DocUrl TEXT NOT NULL DEFAULT '',
+    DocFilesize INTEGER NOT NULL DEFAULT 0
+);
+CREATE INDEX DocumentsOfListing ON Documents (DocListNum);
+CREATE TABLE AppliedCommands (
+    Serial INTEGER PRIMARY KEY,
+    Command TEXT NOT NULL,
+    Digest TEXT NOT NULL
+);
+)";
+
 int VersionOf(Database& database) {
     Statement version(database, "PRAGMA user_version");
     return version.Step() ? static_cast<int>(version.Integer(0)) : 0;
@@ -105,10 +115,16 @@ std::string DatabasePath(const std::string& dataFolder) { return dataFolder + "h
 void EnsureSchema(Database& database) {
     if (VersionOf(database) >= SchemaVersion) return;
     Transaction transaction(database);
-    if (VersionOf(database) >= SchemaVersion) return;  // Another process was first.
-    database.Run(std::string("CREATE TABLE Listings ") + ListingColumns);
-    database.Run(std::string("CREATE TABLE Rentals ") + ListingColumns);
-    database.Run(OtherTables);
+    const int version = VersionOf(database);
+    if (version >= SchemaVersion) return;  // Another process was first.
+    if (version == 0) {
+        database.Run(std::string("CREATE TABLE Listings ") + ListingColumns);
+        database.Run(std::string("CREATE TABLE Rentals ") + ListingColumns);
+        database.Run(OtherTables);
+    } else {
+        database.Run("DROP TABLE Documents");  // Version 1 had no way to fill it.
+    }
+    database.Run(DocumentTables);
     database.Run("PRAGMA user_version = " + std::to_string(SchemaVersion));
     transaction.Commit();
 }

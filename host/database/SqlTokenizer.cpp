@@ -91,7 +91,7 @@ private:
             if (two == pair) length = 2;
         if (length == 1 && std::string_view("(),.;=<>+-*/").find(sql_[at_]) == std::string_view::npos)
             RefuseSql("Unexpected character at position " + std::to_string(at_ + 1), sql_);
-        const SqlToken token{TokenKind::Symbol, std::string(two.substr(0, length)), at_};
+        SqlToken token{TokenKind::Symbol, std::string(two.substr(0, length)), at_};
         at_ += length;
         return token;
     }

@@ -143,7 +143,7 @@ private:
     }
 
     Expression Comparison() {
-        const Expression left = Sum();
+        Expression left = Sum();
         for (const char* symbol : {"=", "<>", "<", ">", "<=", ">="})
             if (TakeSymbol(symbol)) return Truth(AsOperand(left) + " " + symbol + " " + AsOperand(Sum()));
         if (TakeWord("is")) {

@@ -6,6 +6,8 @@
 #include "host/database/SqlTokenizer.h"
 #include "host/database/SqlTranslator.h"
 
+#include <algorithm>
+
 namespace host {
 
 namespace {
@@ -57,11 +59,13 @@ bool SqliteRecordset::Bof() const {
 void SqliteRecordset::MoveFirst() {
     RequireOpen();
     row_ = 0;
+    asked_ = 0;
 }
 
 void SqliteRecordset::MoveNext() {
     if (Eof()) Fail(NoCurrentRow, "There is no row after the last one");
     ++row_;
+    asked_ = 0;
 }
 
 int SqliteRecordset::RecordCount() const {
@@ -95,16 +99,19 @@ void SqliteRecordset::Close() {
 
 std::size_t SqliteRecordset::ColumnIndex(std::string_view column) const {
     const std::vector<std::string>& columns = rows_.Columns();
-    const auto is = [&](std::size_t at) {
-        return columns[at] == column || lumarin::text::EqualsIgnoringCase(columns[at], column);
-    };
-    if (nextColumn_ < columns.size() && is(nextColumn_)) return nextColumn_++;
-    for (std::size_t at = 0; at < columns.size(); ++at) {
-        if (!is(at)) continue;
-        nextColumn_ = at + 1;
-        return at;
+    if (asked_ < columnsAsked_.size() && columns[columnsAsked_[asked_]] == column)
+        return columnsAsked_[asked_++];
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const std::string& name) {
+        return lumarin::text::EqualsIgnoringCase(name, column);
+    });
+    if (found == columns.end()) Fail(UnknownColumn, "The query has no column " + std::string(column));
+    const auto at = static_cast<std::size_t>(found - columns.begin());
+    columnsAsked_.resize(asked_);
+    if (asked_ < columns.size()) {
+        columnsAsked_.push_back(at);
+        ++asked_;
     }
-    Fail(UnknownColumn, "The query has no column " + std::string(column));
+    return at;
 }
 
 std::unique_ptr<lumarin::Recordset> Query(Database& database, std::string_view sql) {

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace host {
 
@@ -36,7 +37,9 @@ private:
 
     mutable RowStore rows_;
     std::size_t row_ = 0;
-    mutable std::size_t nextColumn_ = 0;  ///< likely to be asked for now: columns are mostly read in order
+    // Most callers ask for the same columns in the same order in every row.
+    mutable std::vector<std::size_t> columnsAsked_;
+    mutable std::size_t asked_ = 0;  ///< so many of them in the current row
     bool open_ = true;
 };
 

@@ -67,7 +67,8 @@ void PaintOutside(QPainter& painter, double width, const Light& light, const Hou
               house);
     PaintHouse(painter, QRectF(center - breadth / 2, foot - height, breadth, height), look);
     for (int bush = 0; bush < 6; ++bush) {
-        const double offset = (bush % 2 == 0 ? -1 : 1) * (34 + 34 * (bush / 2));
+        const int fromHouse = 34 + 34 * (bush / 2);
+        const double offset = bush % 2 == 0 ? -fromHouse : fromHouse;
         PaintBush(painter, center + offset, foot + 3, house.Between(14, 22), house);
     }
     if (look.fromGarden)

@@ -3,6 +3,7 @@
 #include "base/Files.h"
 #include "base/Numbers.h"
 #include "host/database/Schema.h"
+#include "host/demo/DemoDocuments.h"
 #include "host/demo/DemoListings.h"
 #include "host/demo/FileMoveAnimation.h"
 #include "host/demo/HelpFile.h"
@@ -116,16 +117,8 @@ void WriteAnimation(const std::string& path) {
     if (!files::FileExists(path)) files::WriteWhole(path, AviBytes(DrawFileMove()));
 }
 
-}  // namespace
-
-void SeedData(const std::string& dataFolder) {
-    const std::string root = PrepareDataFolder(dataFolder);
-    WriteAnimation(root + files::FixedPath("program\\FileMove.avi"));
-    InstallHelpFile(root + files::FixedPath("program\\help.html"));
-    Database database(DatabasePath(root), DatabaseUse::Changes);
-    EnsureSchema(database);
+void SeedListings(Database& database, const std::string& root) {
     if (IsSeeded(database)) return;
-
     // Photos lie in the store before the rows name them; a seeding that is killed leaves only files that
     // the server deletes as leftovers.
     Transaction transaction(database);
@@ -139,6 +132,18 @@ void SeedData(const std::string& dataFolder) {
     for (const DemoListing& listing : DemoRentals()) PublishSamples(database, store, listing);
     Statement(database, "INSERT INTO Markers (Name) VALUES (?)").Bind(1, Marker).Finish();
     transaction.Commit();
+}
+
+}  // namespace
+
+void SeedData(const std::string& dataFolder) {
+    const std::string root = PrepareDataFolder(dataFolder);
+    WriteAnimation(root + files::FixedPath("program\\FileMove.avi"));
+    InstallHelpFile(root + files::FixedPath("program\\help.html"));
+    Database database(DatabasePath(root), DatabaseUse::Changes);
+    EnsureSchema(database);
+    SeedListings(database, root);
+    SeedDocuments(database, root);
 }
 
 }  // namespace host

@@ -8,7 +8,6 @@
 
 #include "base/Files.h"
 #include "host/demo/LargePhoto.h"
-#include "lookup/frmListnumPrompt.h"
 #include "util/frmBusy.h"
 
 namespace host {
@@ -33,7 +32,7 @@ QJsonArray Rows(const QJsonObject& list) { return list["rows"].toArray(); }
 
 DemoFolders PrepareDemoFolders(const std::string& folder) {
     const std::string root = std::filesystem::absolute(folder).lexically_normal().string() + '/';
-    const DemoFolders folders{root + "data/", root + "originals/", root};
+    DemoFolders folders{root + "data/", root + "originals/", root};
     for (const std::string& own : {folders.data, folders.originals}) {
         std::filesystem::remove_all(own);
         lumarin::files::EnsureFolder(own);
@@ -48,7 +47,7 @@ Demo::~Demo() {
     if (thread_.joinable()) thread_.join();
 }
 
-void Demo::Start(std::function<void(bool)> ended) {
+void Demo::Start(const std::function<void(bool)>& ended) {
     thread_ = std::thread([this, ended] {
         const bool succeeded = Tell();
         QMetaObject::invokeMethod(
@@ -68,7 +67,10 @@ bool Demo::Tell() {
         FindAndView();
         Verify();
         Scan();
-        ShowListingPrompt();
+        OpenDocumentManager();
+        AddDocuments();
+        BuildPdf();
+        LookAndDelete();
         ShowBusyWindow();
     } catch (const std::exception& error) {
         Say(QString("FAILED: ") + error.what());
@@ -139,7 +141,7 @@ void Demo::RecordWhatIsSent() {
         const QString number = listings[row].toArray()[0].toString();
         std::vector<PhotoContent>& photos = sent_[number.toInt()];
         char letter = 'a';
-        for (const QJsonValue& photo : Rows(client_.Get("frmLumarin.PhotoList")))
+        for (const auto& photo : Rows(client_.Get("frmLumarin.PhotoList")))
             photos.push_back({lumarin::files::ReadAll(working + number.toStdString() + letter++ + ".jpg"),
                               photo.toArray()[0].toString().toStdString()});
     }
@@ -213,22 +215,6 @@ void Demo::Scan() {
     client_.DoAll({"press frmPhotoCrop.cmdCancel", "close frmLumarin"});
 }
 
-void Demo::ShowListingPrompt() {
-    Step("The prompt for a listing number takes digits only");
-    lumarin::HostLink link;
-    lumarin::NoEngineVersion engine;
-    std::unique_ptr<lumarin::frmListnumPrompt> prompt;
-    client_.OnUserInterface([&] {
-        prompt = std::make_unique<lumarin::frmListnumPrompt>(lumarin::LookupPorts{desktop_, link, engine});
-        prompt->Show(nullptr);
-    });
-    client_.DoAll({"wait frmListnumPrompt", "set frmListnumPrompt.txtPropertyId 100a123"});
-    const QString text = client_.Get("frmListnumPrompt.txtPropertyId")["text"].toString();
-    if (text != "100123") throw DemoFailure("The prompt for a listing number took " + text);
-    Shot("frmListnumPrompt");
-    client_.OnUserInterface([&] { prompt.reset(); });
-}
-
 void Demo::ShowBusyWindow() {
     Step("The window that asks for patience");
     lumarin::frmBusy* busy = nullptr;
@@ -247,10 +233,15 @@ void Demo::Shot(const QString& window) {
     client_.Do("shot " + window + ' ' + Quoted(QString::fromStdString(folders_.shots) + window + ".png"));
 }
 
+void Demo::ExpectNoMessage(const QString& action) {
+    const QJsonValue message = client_.Do("message");
+    if (!message.isNull()) throw DemoFailure(action + " says: " + message.toObject()["text"].toString());
+}
+
 void Demo::EnterListing(const QString& number) {
     client_.Do("set frmLumarin.txtID " + number);
     client_.Do("key frmLumarin.txtID Enter");
-    if (!client_.Do("message").isNull()) throw DemoFailure("Listing " + number + " cannot be opened");
+    ExpectNoMessage("Opening listing " + number);
 }
 
 void Demo::ChooseForImport(const QStringList& names) {
@@ -264,8 +255,7 @@ void Demo::ChooseForImport(const QStringList& names) {
 void Demo::Capture(const QString& description) {
     client_.Do("set frmPhotoCrop.cmbView " + Quoted(description));
     client_.Do("press frmPhotoCrop.cmdCapture");
-    const QJsonValue message = client_.Do("message");
-    if (!message.isNull()) throw DemoFailure("Capturing says: " + message.toObject()["text"].toString());
+    ExpectNoMessage("Capturing");
 }
 
 void Demo::ExpectRows(const QString& list, int rows) {

@@ -23,9 +23,9 @@ struct DemoFolders {
 /// Makes the folders anew under `folder`. Throws lumarin::Error when they cannot be made.
 DemoFolders PrepareDemoFolders(const std::string& folder);
 
-/// The guided demo: works through the road of a photo with the real windows, says each step on standard
-/// output, and checks that the server then holds exactly what was sent. The story runs on a thread of its
-/// own; the windows stay with the user interface's.
+/// The guided demo: works through the road of a photo and of a document with the real windows, says each step
+/// on standard output, and checks that the server then holds exactly what was sent. The story runs on a
+/// thread of its own; the windows stay with the user interface's.
 class Demo {
 public:
     /// Everything outlives this.
@@ -33,7 +33,7 @@ public:
     ~Demo();
 
     /// `ended` is called on the user-interface thread with whether all was as it should be.
-    void Start(std::function<void(bool)> ended);
+    void Start(const std::function<void(bool)>& ended);
 
 private:
     bool Tell();
@@ -47,7 +47,10 @@ private:
     void FindAndView();
     void Verify();
     void Scan();
-    void ShowListingPrompt();
+    void OpenDocumentManager();
+    void AddDocuments();
+    void BuildPdf();
+    void LookAndDelete();
     void ShowBusyWindow();
 
     void Step(const QString& what);
@@ -56,6 +59,9 @@ private:
     void ChooseForImport(const QStringList& names);
     void Capture(const QString& description);
     void ExpectRows(const QString& list, int rows);
+    void ExpectNoMessage(const QString& action);
+    void ExpectStored(const QString& description, const std::string& bytes);
+    std::vector<std::string> DocumentsOf(std::int32_t listing, const QString& description) const;
     QString Draw(const QString& name, int width, int height, unsigned seed);
 
     Driver& driver_;

@@ -42,8 +42,7 @@ void MainWindow::AddTools() {
     photos_ = AddTool(JobKind::Photos, "Photos", "&Photos", "image-x-generic", "Ctrl+P");
     documents_ = AddTool(JobKind::Documents, "Documents", "&Documents", "document-open", "Ctrl+D");
     photos_->setToolTip("Gather listings and send their photos");
-    documents_->setToolTip("Documents are not part of this version");
-    documents_->setEnabled(false);
+    documents_->setToolTip("Attach documents to a listing");
     bar->addActions({photos_, documents_});
 }
 

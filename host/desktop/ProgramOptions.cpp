@@ -5,6 +5,8 @@
 #include <functional>
 #include <map>
 
+#include "base/Error.h"
+
 namespace host {
 
 namespace {
@@ -16,6 +18,14 @@ int Level(const std::string& text) {
     if (error != std::errc() || stop != end || level < 0)
         throw OptionError("--level needs a whole number of 0 or more, not \"" + text + "\"");
     return level;
+}
+
+FaultScript Faults(const std::string& text) {
+    try {
+        return FaultScript::Parse(text);
+    } catch (const lumarin::Error& error) {
+        throw OptionError(std::string("--faults: ") + error.what());
+    }
 }
 
 void CheckTogether(const ProgramOptions& options) {
@@ -34,15 +44,17 @@ const char* Environment(const char* name) {
 
 ProgramOptions ParseOptions(const std::vector<std::string>& arguments) {
     ProgramOptions options;
-    const std::map<std::string, bool*> switches = {{"--help", &options.help},
-                                                   {"-h", &options.help},
-                                                   {"--photos", &options.photos},
-                                                   {"--demo", &options.demo}};
+    const std::map<std::string, bool*> switches = {
+        {"--help", &options.help},       {"-h", &options.help},
+        {"--photos", &options.photos},   {"--documents", &options.documents},
+        {"--offline", &options.offline}, {"--no-internet", &options.noInternet},
+        {"--demo", &options.demo}};
     const std::map<std::string, std::function<void(const std::string&)>> values = {
         {"--data", [&](const std::string& text) { options.dataFolder = text; }},
         {"--demo-folder", [&](const std::string& text) { options.demoFolder = text; }},
         {"--drive", [&](const std::string& text) { options.drive = text; }},
         {"--level", [&](const std::string& text) { options.level = Level(text); }},
+        {"--faults", [&](const std::string& text) { options.faults = Faults(text); }},
         {"--agent", [&](const std::string& text) { options.agent = text; }},
         {"--office", [&](const std::string& text) { options.office = text; }},
         {"--board", [&](const std::string& text) { options.board = text; }},
@@ -69,15 +81,24 @@ ProgramOptions ParseOptions(const std::vector<std::string>& arguments) {
 }
 
 std::string OptionHelp() {
-    return R"(Starts the reference host: a small listing program in which the photo window runs.
+    return R"(Starts the reference host: a small listing program in which the photo window and the
+document manager run.
 
   --photos           open the photo window at once
+  --documents        open the document manager at once
   --data FOLDER      where the host keeps everything (default: lumarin-host in your data folder)
   --level N          who is signed in: the user's level (default 10; below 60 agent, 60 to 89
                      office, 90 to 99 board, 100 and over unrestricted)
   --agent ID         the agent (default A101)
   --office ID        the office (default OF1)
   --board ID         the board (default 1)
+  --offline          the user works offline
+  --no-internet      there is no connection
+  --faults SCRIPT    what goes wrong with the services, such as "chunk 3 lose; query 2+ fail": a call
+                     (query, begin, chunk, end, abort, apply, command, fetch, or any), which one
+                     of its kind ("+": that one and all later ones), and what happens to it:
+                     fail (the server is not reached), stall (no answer for some seconds) or
+                     lose (the server does it, but its answer is lost)
   --demo             the guided demo, without a display, on a data folder of its own
   --demo-folder DIR  where the demo keeps its data and screenshots (default build/demo)
   --drive FILE       do the commands in FILE, one a line, and print one line of JSON for each;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "host/services/Faults.h"
+
 namespace host {
 
 /// A command line that cannot be understood; the text says what is wrong.
@@ -15,10 +17,14 @@ public:
 /// What the program was asked to do.
 struct ProgramOptions {
     bool help = false;
-    bool photos = false;  ///< open the photo window at once
+    bool photos = false;     ///< open the photo window at once
+    bool documents = false;  ///< open the document manager at once
     bool demo = false;
-    std::string drive;       ///< file with commands, "-" for standard input; "" for none
-    std::string dataFolder;  ///< "" is the usual one
+    bool offline = false;     ///< as if the user worked offline
+    bool noInternet = false;  ///< as if there were no connection
+    FaultScript faults;       ///< what goes wrong with the host's services
+    std::string drive;        ///< file with commands, "-" for standard input; "" for none
+    std::string dataFolder;   ///< "" is the usual one
     std::string demoFolder = "build/demo";
     int level = 10;
     std::string agent = "A101";

@@ -6,11 +6,14 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace host {
 
 namespace {
 
 const QStringList Columns = {"List #", "Kind", "Address", "Agent", "Status", "Photos"};
+constexpr int AddressColumn = 2;
 
 QLabel* MakeLabel(const char* name, qreal sizeFactor, bool bold) {
     auto* label = new QLabel;
@@ -23,6 +26,12 @@ QLabel* MakeLabel(const char* name, qreal sizeFactor, bool bold) {
     return label;
 }
 
+/// All columns keep the width of their texts, the address takes the rest.
+void SizeColumns(QHeaderView& header, QHeaderView::ResizeMode mode) {
+    header.setSectionResizeMode(mode);
+    header.setSectionResizeMode(AddressColumn, QHeaderView::Stretch);
+}
+
 QString Named(const std::string& id, const std::string& name) {
     const QString text = QString::fromStdString(id);
     return name.empty() ? text : text + " – " + QString::fromStdString(name);
@@ -30,7 +39,7 @@ QString Named(const std::string& id, const std::string& name) {
 
 }  // namespace
 
-StartPage::StartPage(const HostOptions& user) : user_(user) {
+StartPage::StartPage(HostOptions user) : user_(std::move(user)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 8);
     layout->setSpacing(12);
@@ -73,8 +82,7 @@ QTableWidget* StartPage::MakeTable() {
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table->horizontalHeader()->setMinimumSectionSize(table->fontMetrics().horizontalAdvance("00000000000"));
-    table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
+    SizeColumns(*table->horizontalHeader(), QHeaderView::ResizeToContents);
     return table;
 }
 
@@ -87,6 +95,8 @@ void StartPage::ShowOverview(const Overview& overview) {
                                QString::number(user_.level), QString::fromStdString(LevelName(user_.level))));
     int photos = 0;
     const int rows = static_cast<int>(overview.listings.size());
+    // Widths that follow every new cell would measure all rows again for each.
+    SizeColumns(*listings_->horizontalHeader(), QHeaderView::Fixed);
     listings_->setRowCount(rows);
     for (int row = 0; row < rows; ++row) {
         const OverviewLine& line = overview.listings[static_cast<std::size_t>(row)];
@@ -96,6 +106,7 @@ void StartPage::ShowOverview(const Overview& overview) {
             listings_->setItem(row, column, new QTableWidgetItem(QString::fromStdString(cells[column])));
         photos += line.photos;
     }
+    SizeColumns(*listings_->horizontalHeader(), QHeaderView::ResizeToContents);
     lblListings_->setText(QString("Your listings: %1, with %2 published photos").arg(rows).arg(photos));
 }
 

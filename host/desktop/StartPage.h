@@ -13,7 +13,7 @@ namespace host {
 /// number of their published photos.
 class StartPage : public QWidget {
 public:
-    explicit StartPage(const HostOptions& user);
+    explicit StartPage(HostOptions user);
 
     void ShowOverview(const Overview& overview);
 

@@ -11,6 +11,7 @@
 #include "base/Clock.h"
 #include "host/demo/SeedData.h"
 #include "host/desktop/Demo.h"
+#include "host/desktop/FtpTool.h"
 #include "host/desktop/Jobs.h"
 #include "host/desktop/MainWindow.h"
 #include "host/desktop/ProgramOptions.h"
@@ -18,6 +19,8 @@
 #include "host/drive/DriveError.h"
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
+#include "host/web/WebServer.h"
+#include "platform/qpdf/QpdfLibrary.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/sane/SaneScanner.h"
 #include "platform/vips/VipsImaging.h"
@@ -72,7 +75,13 @@ public:
           scanner_({host::ScannerConfiguration(user.dataFolder), {}}),
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
-          jobs_({desktop_, imaging_, archiver_, clock_, engine_, &scanner_}, common_, mainWindow_) {
+          web_(common_.ListingServer(), user.connection),
+          jobs_({desktop_, imaging_, archiver_, clock_, engine_, pdf_, &scanner_}, common_, mainWindow_),
+          ftpTool_(desktop_, common_, mainWindow_, user.dataFolder + "ftp.pem") {
+        if (web_.Port() > 0)
+            common_.SetWebPort(web_.Port());
+        else
+            std::fputs("There is no free port; documents and their help cannot be shown.\n", stderr);
         mainWindow_.startJob = [this](host::JobKind kind, QAction& tool) { jobs_.Start(kind, tool); };
         mainWindow_.closing = [this] {
             jobs_.EndAll();
@@ -83,14 +92,17 @@ public:
 
     int Run(const host::DemoFolders& demoFolders) {
         mainWindow_.show();
-        if (options_.photos)
-            QTimer::singleShot(0, &mainWindow_,
-                               [this] { mainWindow_.JobTool(host::JobKind::Photos).trigger(); });
+        if (options_.photos) StartSoon(host::JobKind::Photos);
+        if (options_.documents) StartSoon(host::JobKind::Documents);
         if (options_.demo) return RunDemo(demoFolders);
         return options_.drive.empty() ? QApplication::exec() : RunDriven();
     }
 
 private:
+    void StartSoon(host::JobKind kind) {
+        QTimer::singleShot(0, &mainWindow_, [this, kind] { mainWindow_.JobTool(kind).trigger(); });
+    }
+
     int RunDriven() {
         host::Driver driver;
         host::LineInput input(driver, QString::fromStdString(options_.drive),
@@ -116,12 +128,15 @@ private:
     lumarin::zip::LibzipArchiver archiver_;
     lumarin::SystemClock clock_;
     lumarin::NoEngineVersion engine_;
+    lumarin::QpdfLibrary pdf_;
     lumarin::SaneScanner scanner_;
     // Destroys windows that were given up late, and these use what stands above.
     lumarin::qt::QtDesktop desktop_;
     host::MainWindow mainWindow_;
     host::HostVelCommon common_;
+    host::WebServer web_;
     host::Jobs jobs_;
+    host::FtpTool ftpTool_;
 };
 
 int Start(host::ProgramOptions options) {
@@ -145,7 +160,14 @@ int Start(host::ProgramOptions options) {
             DataInUse);
     host::SeedData(folder);
     if (options.demo) host::UseTestScanner(folder);
-    Program program(options, {folder, options.level, options.agent, options.office, options.board});
+    Program program(options, {.dataFolder = folder,
+                              .level = options.level,
+                              .agent = options.agent,
+                              .office = options.office,
+                              .board = options.board,
+                              .offline = options.offline,
+                              .noInternet = options.noInternet,
+                              .faults = options.faults});
     return program.Run(demoFolders);
 }
 

@@ -36,6 +36,7 @@ const std::map<QString, Command>& Table() {
         {"answer", {Answer, 1, 1, "answer BUTTON"}},
         {"choose", {Choose, 0, Any, "choose PATH..."}},
         {"clipboard", {Clipboard, 1, 1, "clipboard PATH or clipboard clear"}},
+        {"browser", {Browser, 0, 0, "browser"}},
         {"shot", {Shot, 2, 2, "shot W FILE.png"}},
         {"close", {Close, 1, 1, "close W"}},
         {"pause", {Pause, 1, 1, "pause MS"}},

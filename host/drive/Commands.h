@@ -33,10 +33,11 @@ Step Drag(const QStringList& words);
 Step Drop(const QStringList& words);
 Step Close(const QStringList& words);
 
-// What waits for the user, and the clipboard.
+// What waits for the user, the clipboard, and the browser.
 Step Answer(const QStringList& words);
 Step Choose(const QStringList& words);
 Step Clipboard(const QStringList& words);
+Step Browser(const QStringList& words);
 
 }  // namespace commands
 

@@ -5,10 +5,13 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "host/drive/BrowserRecord.h"
 #include "host/drive/Commands.h"
 #include "host/drive/DriveError.h"
 #include "host/drive/Hands.h"
@@ -34,13 +37,13 @@ void AnswerMessage(const QString& caption) {
 }
 
 /// What a person types into a file dialog's name box: one path, or several in quotes.
-QString TypedNames(const QStringList& paths) {
+QString TypedNames(const QStringList& paths, bool mustExist) {
     QStringList names;
     for (const QString& path : paths) {
         const QFileInfo file(path);
         if (file.absolutePath() != QFileInfo(paths.first()).absolutePath())
             throw DriveError("A file dialog chooses files of one folder");
-        if (!file.exists()) throw DriveError("There is no file \"" + path + "\"");
+        if (mustExist && !file.exists()) throw DriveError("There is no file \"" + path + "\"");
         if (path.contains('"')) throw DriveError("A file name with a quote cannot be typed");
         names += file.absoluteFilePath();
     }
@@ -57,11 +60,12 @@ void ChooseFiles(const QStringList& paths) {
     if (paths.size() > 1 && dialog->fileMode() != QFileDialog::ExistingFiles)
         throw DriveError("The file dialog takes one file");
 
-    nameBox->setText(TypedNames(paths));
-    QPushButton* open = buttons->button(QDialogButtonBox::Open);
-    if (open == nullptr || !open->isEnabled())
+    const bool opens = dialog->acceptMode() == QFileDialog::AcceptOpen;
+    nameBox->setText(TypedNames(paths, opens));
+    QPushButton* accept = buttons->button(opens ? QDialogButtonBox::Open : QDialogButtonBox::Save);
+    if (accept == nullptr || !accept->isEnabled())
         throw DriveError("The file dialog does not accept " + paths.join(", "));
-    ClickMiddle(*open);
+    ClickMiddle(*accept);
 }
 
 void FillClipboard(const QString& path) {
@@ -82,6 +86,12 @@ Step Answer(const QStringList& words) {
 
 Step Choose(const QStringList& words) {
     return {.untilIdle = true, .act = [words] { ChooseFiles(words); }};
+}
+
+Step Browser(const QStringList&) {
+    return {.untilIdle = true, .read = [] {
+                return QJsonObject{{"opened", QJsonArray::fromStringList(BrowserRecord::Opened())}};
+            }};
 }
 
 Step Clipboard(const QStringList& words) {

@@ -21,6 +21,9 @@ namespace {
 constexpr int ActionPatience = 30000;
 constexpr int QuitInterval = 10;
 
+/// How many handlers were at work when a window was shown. A modal one waits for the user when no more are.
+constexpr const char* HandlersBelow = "handlersBelow";
+
 bool IsWindowEvent(QEvent::Type type) {
     return type == QEvent::Show || type == QEvent::Hide || type == QEvent::EnabledChange;
 }
@@ -57,6 +60,7 @@ bool Driver::eventFilter(QObject* object, QEvent* event) {
     auto* widget = static_cast<QWidget*>(object);
     if (!widget->isWindow()) return false;
     if (event->type() == QEvent::Show && IsOrdinaryWindow(*widget)) {
+        widget->setProperty(HandlersBelow, handlersAtWork_);
         if (handlersAtWork_ > 0) appeared_ += widget;
         if (pending_ && pending_->acting) pending_->windowAppeared = true;
     }
@@ -92,12 +96,20 @@ void Driver::Check() {
 bool Driver::MayBegin() const {
     const Step& step = pending_->step;
     if (step.ready && !step.ready()) return false;
-    if (WaitingForUser() != nullptr) return true;
+    if (IsUserAwaited()) return true;
     if (step.untilIdle && handlersAtWork_ > 0) return false;
     if (step.window.isEmpty()) return true;
     QWidget* window = TopLevelWindow(step.window);
     if (window != nullptr && window->isVisible() && !window->isEnabled()) return false;
+    if (window != nullptr && window == WaitingForUser()) return false;
     return handlersAtWork_ == 0 || appeared_.contains(QPointer<QWidget>(window));
+}
+
+bool Driver::IsUserAwaited() const {
+    const QWidget* waiting = WaitingForUser();
+    if (waiting == nullptr) return false;
+    const QVariant below = waiting->property(HandlersBelow);
+    return !below.isValid() || handlersAtWork_ <= below.toInt();
 }
 
 void Driver::Begin() {
@@ -149,7 +161,7 @@ void Driver::Act(quint64 number) {
 bool Driver::IsAnswerable() const {
     const QWidget* waiting = WaitingForUser();
     if (pending_->returned)
-        return !pending_->error.isEmpty() || handlersAtWork_ == 0 || waiting != nullptr ||
+        return !pending_->error.isEmpty() || handlersAtWork_ == 0 || IsUserAwaited() ||
                pending_->windowAppeared;
     if (pending_->step.result) return false;
     return pending_->windowAppeared || (waiting != nullptr && waiting != pending_->waitingBefore);
@@ -187,9 +199,16 @@ void Driver::GoOnQuitting() {
     if (QWidget* popup = QApplication::activePopupWidget()) {
         popup->close();
     } else if (QMessageBox* box = WaitingMessage()) {
+        askedWhileQuitting_ = true;
         box->reject();
-    } else if (QWidget* modal = QApplication::activeModalWidget()) {
+    } else if (QWidget* modal = QApplication::activeModalWidget();
+               modal != nullptr && !(askedWhileQuitting_ && modal == closed_)) {
+        closed_ = modal;
+        askedWhileQuitting_ = false;
         modal->close();
+    } else if (modal != nullptr) {
+        // Its question whether it may close was dismissed, and so it stays: the program ends all the same.
+        if (const auto end = std::exchange(end_, [] {})) end();
     } else if (handlersAtWork_ == 0) {
         // Ending may ask once more; those questions are dismissed as well.
         if (const auto end = std::exchange(end_, [] {})) end();

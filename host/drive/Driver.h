@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 
+#include "host/drive/BrowserRecord.h"
 #include "host/drive/Step.h"
 
 class QWidget;
@@ -18,7 +19,8 @@ namespace host {
 /// Works the program's windows as a person would, one command at a time. An action runs as an event of its
 /// own, so that a modal window that it opens does not hold up the driver: the action is answered when its
 /// handler has returned, when something waits for the user, or when a new window has appeared, whichever
-/// is first. User-interface thread only; made after the application object.
+/// is first. While it lives, the program's web addresses and documents are not opened but written down.
+/// User-interface thread only; made after the application object.
 class Driver : public QObject {
 public:
     using Answered = std::function<void(const QJsonValue&)>;
@@ -53,6 +55,7 @@ private:
     void CheckSoon();
     void Check();
     bool MayBegin() const;
+    bool IsUserAwaited() const;
     void Begin();
     void BeginLate();
     void Act(quint64 number);
@@ -68,8 +71,11 @@ private:
     bool hadErrors_ = false;
     quint64 lastNumber_ = 0;
     int handlersAtWork_ = 0;
+    BrowserRecord browser_;
     QList<QPointer<QWidget>> appeared_;  ///< windows shown while handlers are at work
     std::function<void()> end_;
+    QPointer<QWidget> closed_;  ///< the modal window that was told to close last, to end the program
+    bool askedWhileQuitting_ = false;
 };
 
 }  // namespace host

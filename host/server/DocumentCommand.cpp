@@ -47,10 +47,10 @@ std::string Description(const std::string& field) {
 /// What stands before the first colon is a scheme unless a port follows it.
 std::string Address(const std::string& field) {
     std::string address(text::Trim(field));
-    static const std::regex otherScheme(
-        "^(?!https?://)[a-z][a-z0-9+.-]*:(?![0-9]+([/?#\\\\]|$)).*|^https?:/*$", std::regex::icase);
+    static const std::regex otherScheme("^(?!https?://.)[a-z][a-z0-9+.-]*:(?![0-9]+([/?#\\\\]|$))",
+                                        std::regex::icase);
     if (address.empty()) throw Refusal("The link has no address");
-    if (std::regex_match(address, otherScheme))
+    if (std::regex_search(address, otherScheme))
         throw Refusal("\"" + address + "\" is not the address of a web page (http or https)");
     return address;
 }
@@ -85,7 +85,8 @@ DocumentCommand ParseDocumentCommand(std::string_view line) {
     const Fields fields = text::Split(line, '|');
     const bool adds = fields[0] == "ADD" && (fields.size() == 6 || fields.size() == 7);
     const bool deletes = fields[0] == "DELETE" && fields.size() == 4;
-    if (!adds && !deletes) throw Refusal("The server does not know the command \"" + std::string(line) + "\"");
+    if (!adds && !deletes)
+        throw Refusal("The server does not know the command \"" + std::string(line) + "\"");
     DocumentCommand command = adds ? Addition(fields) : Deletion(fields);
     command.userCode = fields[1];
     command.agent = fields[2];

@@ -3,6 +3,7 @@
 #include "base/Clock.h"
 #include "base/Files.h"
 #include "host/database/Schema.h"
+#include "host/server/Digest.h"
 #include "host/server/Refusal.h"
 
 #include <cstdio>
@@ -20,22 +21,6 @@ std::string EnsuredFolder(const std::string& folder) {
     return folder;
 }
 
-/// Tells one package from another; no protection against somebody who means harm.
-std::string DigestOf(const std::string& path) {
-    constexpr std::uint64_t OffsetBasis = 14695981039346656037U;
-    constexpr std::uint64_t Prime = 1099511628211U;
-    std::uint64_t hash = OffsetBasis;
-    std::uint64_t length = 0;
-    std::ifstream in(path, std::ios::binary);
-    char block[65536];
-    while (in.read(block, sizeof block) || in.gcount() > 0) {
-        for (std::streamsize i = 0; i < in.gcount(); ++i)
-            hash = (hash ^ static_cast<unsigned char>(block[i])) * Prime;
-        length += static_cast<std::uint64_t>(in.gcount());
-    }
-    return std::to_string(length) + "-" + std::to_string(hash);
-}
-
 }  // namespace
 
 std::string Server::Folder(const std::string& dataFolder) { return dataFolder + "server" + files::Separator; }
@@ -44,16 +29,31 @@ std::string Server::PhotoFolder(const std::string& dataFolder) {
     return Folder(dataFolder) + "photos" + files::Separator;
 }
 
-Server::Server(const std::string& dataFolder, std::function<void(ApplyStep)> watcher)
+std::string Server::DocumentFolder(const std::string& dataFolder) {
+    return Folder(dataFolder) + "documents" + files::Separator;
+}
+
+Server::Server(const std::string& dataFolder, ApplyWatcher watcher, const std::string& userCode)
     : folder_(EnsuredFolder(Folder(dataFolder))),
       database_(DatabasePath(dataFolder), DatabaseUse::Changes),
       store_(EnsuredFolder(PhotoFolder(dataFolder))),
       spool_(folder_ + "spool" + files::Separator, folder_),
+      documents_(database_, spool_, DocumentStore(DocumentFolder(dataFolder), userCode), watcher),
       watcher_(std::move(watcher)) {
-    files::EnsureFolder(folder_ + "documents");
     EnsureSchema(database_);
     Transaction lock(database_);
     store_.Sweep(database_);
+    documents_.Sweep();
+}
+
+void Server::ApplyDocument(const std::string& command, const DocumentSender& sender) {
+    try {
+        documents_.Apply(command, sender);
+        Log("applied " + command);
+    } catch (const std::exception& error) {
+        Log("refused " + command + ": " + error.what());
+        throw;
+    }
 }
 
 void Server::ApplyPackage(const std::string& name) {

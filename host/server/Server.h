@@ -1,29 +1,31 @@
 #pragma once
 
 #include "host/database/Database.h"
+#include "host/server/ApplyStep.h"
+#include "host/server/Documents.h"
 #include "host/server/PackageReader.h"
 #include "host/server/PhotoStore.h"
 #include "host/server/Spool.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 
 namespace host {
 
-/// What `Server::ApplyPackage` has just done.
-enum class ApplyStep { PackageChecked, PhotoWritten, RowsWritten, Committed, OldPhotosDeleted };
-
-/// The listing service's server, in process: it takes uploads, applies photo packages and hands out
-/// published photos. It keeps everything in `server/` and `host.db` of the data folder, and holds what it
-/// has accepted even when the program is killed at any moment; another program may work on the same folder.
+/// The listing service's server, in process: it takes uploads, applies photo packages and document commands,
+/// and hands out published photos and documents. It keeps everything in `server/` and `host.db` of the data
+/// folder, and holds what it has accepted even when the program is killed at any moment; another program may
+/// work on the same folder.
 class Server {
 public:
+    static constexpr const char* UsualUserCode = "VELTRANE";
+
     /// Creates what is missing and deletes what an earlier run left unfinished. `dataFolder` ends in a
-    /// separator; `watcher` is told each step, so that a test can end the program right there.
-    explicit Server(const std::string& dataFolder, std::function<void(ApplyStep)> watcher = {});
+    /// separator; `userCode` is a part of the documents' addresses.
+    explicit Server(const std::string& dataFolder, ApplyWatcher watcher = {},
+                    const std::string& userCode = UsualUserCode);
 
     /// Where uploads go: begin, chunks, end; abort at any time.
     Spool& Uploads() { return spool_; }
@@ -37,11 +39,20 @@ public:
     /// after a package was applied by another program: ask again then.
     std::string PhotoFile(std::int32_t listing, int position);
 
+    /// Makes one change to a listing's documents, or throws as `ApplyPackage`; see `Documents::Apply`.
+    void ApplyDocument(const std::string& command, const DocumentSender& sender);
+
+    /// Path of a published document; "" when there is no such file document.
+    std::string DocumentFile(std::int32_t listing, std::int64_t document) {
+        return documents_.File(listing, document);
+    }
+
     /// Adds a line with the time to the server's log; never fails.
     void Log(const std::string& line) const noexcept;
 
     static std::string Folder(const std::string& dataFolder);
     static std::string PhotoFolder(const std::string& dataFolder);
+    static std::string DocumentFolder(const std::string& dataFolder);
 
 private:
     void Apply(const std::string& name, const std::string& path);
@@ -57,7 +68,8 @@ private:
     Database database_;
     PhotoStore store_;
     Spool spool_;
-    std::function<void(ApplyStep)> watcher_;
+    Documents documents_;
+    ApplyWatcher watcher_;
 };
 
 }  // namespace host

@@ -2,9 +2,11 @@
 
 #include "base/Files.h"
 #include "base/Numbers.h"
+#include "entry/Settings.h"
 #include "host/database/Schema.h"
 #include "host/services/DataFolder.h"
 #include "host/services/DbService.h"
+#include "host/services/DocService.h"
 #include "host/services/PhotoService.h"
 
 namespace host {
@@ -38,7 +40,7 @@ HostVelCommon::HostVelCommon(HostOptions options, lumarin::HostMainForm& mainFor
     : options_(Prepared(std::move(options))),
       mainForm_(mainForm),
       endJob_(std::move(endJob)),
-      server_(options_.dataFolder),
+      server_(options_.dataFolder, {}, options_.connection),
       photos_(options_.dataFolder + "photos" + files::Separator),
       queries_(DatabasePath(options_.dataFolder), DatabaseUse::Queries) {}
 
@@ -59,6 +61,10 @@ std::string HostVelCommon::ListingPhotoFolder(std::int32_t listingNumber) const 
 }
 
 std::string HostVelCommon::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
+    return options_.faults.Do(HostCall::Fetch, [&] { return Fetch(listingNumber, number, version); });
+}
+
+std::string HostVelCommon::Fetch(std::int32_t listingNumber, int number, const std::string& version) {
     const auto name = [&] {
         return "photo " + std::to_string(number) + " of listing " + std::to_string(listingNumber);
     };
@@ -94,13 +100,25 @@ std::vector<std::string> HostVelCommon::CompanyOffices() const {
     rows.Bind(1, options_.office);
     std::vector<std::string> offices;
     while (rows.Step()) offices.push_back(rows.Text(0));
+    if (offices.empty()) offices.push_back(options_.office);
     return offices;
 }
 
 std::string HostVelCommon::ManagedOffices() const {
-    std::string list = ",";
-    for (const std::string& office : CompanyOffices()) list += office + ",";
-    return list == "," ? "," + options_.office + "," : list;
+    std::string plain = ",", quoted;
+    for (const std::string& office : CompanyOffices()) {
+        plain += office + ",";
+        quoted += "'" + office + "',";
+    }
+    return plain + quoted;
+}
+
+DocumentSender HostVelCommon::Sender() const {
+    constexpr int UsualKilobytes = 1000;
+    const int kilobytes = lumarin::settings::ReadInteger(CityFolder() + "CityInfo.ini", "Lumarin",
+                                                         "DocMaxSize", UsualKilobytes);
+    return {options_.connection, options_.agent, options_.level,
+            CompanyOffices(),    options_.board, std::int64_t{kilobytes} * 1024};
 }
 
 bool HostVelCommon::HasSeveralOffices() const {
@@ -115,10 +133,15 @@ std::vector<lumarin::PhotoDescription> HostVelCommon::PhotoDescriptions() const 
 }
 
 std::unique_ptr<lumarin::HostService> HostVelCommon::GetClassInstance(const std::string& name) {
+    return WithFaults(MakeService(name), options_.faults);
+}
+
+std::unique_ptr<lumarin::HostService> HostVelCommon::MakeService(const std::string& name) {
     if (name == lumarin::DbInterface::ServiceName)
         return std::make_unique<DbService>(queries_, options_.connection);
     if (name == lumarin::PhotoInterface::ServiceName)
         return std::make_unique<PhotoService>(server_, options_.connection, lastRefusal_);
+    if (name == lumarin::DocInterface::ServiceName) return std::make_unique<DocService>(server_, Sender());
     constexpr std::int32_t CannotCreate = 429;
     throw lumarin::Error(CannotCreate, "ServiceBroker", "The host has no service \"" + name + "\"");
 }

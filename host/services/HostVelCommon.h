@@ -3,6 +3,7 @@
 #include "entry/VelCommon.h"
 #include "host/database/Database.h"
 #include "host/server/Server.h"
+#include "host/services/Faults.h"
 #include "host/services/ListingStatuses.h"
 #include "host/services/PhotoTree.h"
 
@@ -18,7 +19,10 @@ struct HostOptions {
     std::string agent = "A101";
     std::string office = "OF1";
     std::string board = "1";
-    std::string connection = "VELTRANE";
+    std::string connection = Server::UsualUserCode;
+    bool offline = false;     ///< the user chose to work offline
+    bool noInternet = false;  ///< there is no connection
+    FaultScript faults{};     ///< what goes wrong with the services
 };
 
 /// The host's services for the component: folders, database, listing server and identity.
@@ -37,17 +41,17 @@ public:
     std::string AgentId() const override { return options_.agent; }
     std::string OfficeId() const override { return options_.office; }
     std::string HelpFilePath() const override;
-    bool IsOnline() const override { return true; }
+    bool IsOnline() const override { return !options_.noInternet; }
     lumarin::ServiceBroker& ServiceBroker() override { return *this; }
 
-    bool IsOffline() const override { return false; }
+    bool IsOffline() const override { return options_.offline; }
     int UserLevel() const override { return options_.level; }
     std::string UserBoardId() const override { return options_.board; }
     std::string ManagedOffices() const override;
     bool HasSeveralOffices() const override;
-    std::string DocDomain() const override { return "localhost"; }
+    std::string DocDomain() const override { return webHost_; }
     std::string PdfInfoText() const override { return "Veltrane"; }
-    std::string HelpSite() const override { return "http://localhost"; }
+    std::string HelpSite() const override { return "http://" + webHost_; }
     std::string PhotoFolder() const override;
     std::string ListingPhotoFolder(std::int32_t listingNumber) const override;
     void ExpectFetches() override { photos_.LookAhead(); }
@@ -62,10 +66,18 @@ public:
     /// Why the server refused the last package; "" when it took it.
     const std::string& LastRefusal() const { return lastRefusal_; }
     Server& ListingServer() { return server_; }
+    /// What goes wrong from now on.
+    FaultScript& Faults() { return options_.faults; }
+
+    /// On which port of this machine documents and help pages can be read.
+    void SetWebPort(int port) { webHost_ = "localhost:" + std::to_string(port); }
 
 private:
     std::unique_ptr<lumarin::HostService> GetClassInstance(const std::string& name) override;
+    std::unique_ptr<lumarin::HostService> MakeService(const std::string& name);
+    std::string Fetch(std::int32_t listingNumber, int number, const std::string& version);
     std::vector<std::string> CompanyOffices() const;
+    DocumentSender Sender() const;
 
     HostOptions options_;
     lumarin::HostMainForm& mainForm_;
@@ -74,6 +86,7 @@ private:
     PhotoTree photos_;
     mutable Database queries_;
     std::string lastRefusal_;
+    std::string webHost_ = "localhost";
 };
 
 }  // namespace host

@@ -11,9 +11,9 @@
 
 namespace lumarin::qpdf {
 
-FilePipeline::FilePipeline(const std::string& path) : Pipeline("file", nullptr), path_(path) {
+FilePipeline::FilePipeline(const std::string& path, Start start) : Pipeline("file", nullptr), path_(path) {
     try {
-        file_ = QUtil::safe_fopen(path.c_str(), "wb");
+        file_ = QUtil::safe_fopen(path.c_str(), start == Start::Anew ? "wb" : "ab");
     } catch (const std::exception&) {
         Fail();
     }

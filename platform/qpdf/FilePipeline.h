@@ -7,12 +7,14 @@
 
 namespace lumarin::qpdf {
 
-/// The end of a pipeline: a new file. Every byte that could not be written is an error; the library's own
-/// writing to files does not notice when the last ones fail.
+/// The end of a pipeline: a new file, or more of one. Every byte that could not be written is an error; the
+/// library's own writing to files does not notice when the last ones fail.
 class FilePipeline final : public Pipeline {
 public:
+    enum class Start { Anew, AtEnd };
+
     /// Throws FileError, as the other functions.
-    explicit FilePipeline(const std::string& path);
+    explicit FilePipeline(const std::string& path, Start start = Start::Anew);
     ~FilePipeline() override;
     FilePipeline(const FilePipeline&) = delete;
     FilePipeline& operator=(const FilePipeline&) = delete;

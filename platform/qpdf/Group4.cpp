@@ -32,26 +32,37 @@ std::string Inflate(const PngFile& png) {
     return filtered;
 }
 
-int Paeth(int left, int above, int corner) {
+std::uint8_t Paeth(int left, int above, int corner) {
     const int byLeft = std::abs(above - corner);
     const int byAbove = std::abs(left - corner);
     const int byCorner = std::abs(left + above - 2 * corner);
-    if (byLeft <= byAbove && byLeft <= byCorner) return left;
-    return byAbove <= byCorner ? above : corner;
+    if (byLeft <= byAbove && byLeft <= byCorner) return static_cast<std::uint8_t>(left);
+    return static_cast<std::uint8_t>(byAbove <= byCorner ? above : corner);
 }
 
-int Predicted(int filter, int left, int above, int corner) {
+/// Adds to each byte of a row what `predict` makes of the bytes left of it, above, and above left.
+template <typename Predict>
+void AddPrediction(std::uint8_t* row, const std::uint8_t* above, std::size_t length, Predict predict) {
+    std::uint8_t left = 0, corner = 0;
+    for (std::size_t x = 0; x < length; ++x) {
+        left = row[x] = static_cast<std::uint8_t>(row[x] + predict(left, above[x], corner));
+        corner = above[x];
+    }
+}
+
+/// Takes a filter off a row; pixels of one bit are predicted byte by byte.
+void Unfilter(int filter, std::uint8_t* row, const std::uint8_t* above, std::size_t length) {
     switch (filter) {
         case 0:
-            return 0;
+            return;
         case 1:
-            return left;
+            return AddPrediction(row, above, length, [](int left, int, int) { return left; });
         case 2:
-            return above;
+            return AddPrediction(row, above, length, [](int, int up, int) { return up; });
         case 3:
-            return (left + above) / 2;
+            return AddPrediction(row, above, length, [](int left, int up, int) { return (left + up) / 2; });
         case 4:
-            return Paeth(left, above, corner);
+            return AddPrediction(row, above, length, Paeth);
         default:
             RefuseDamaged();
     }
@@ -94,19 +105,20 @@ toff_t Size(thandle_t handle) { return static_cast<MemoryFile*>(handle)->bytes.s
 }  // namespace
 
 std::string UnpackRows(const PngFile& png) {
-    const std::string filtered = Inflate(png);
+    std::string rows = Inflate(png);
     const std::size_t length = png.RowBytes();
-    std::string rows(length * png.height, '\0');
-    std::string nothing(length, '\0');
+    const std::string nothing(length, '\0');
     const auto* above = reinterpret_cast<const std::uint8_t*>(nothing.data());
+    auto* packed = reinterpret_cast<std::uint8_t*>(rows.data());
     for (std::size_t y = 0; y < png.height; ++y) {
-        const auto* from = reinterpret_cast<const std::uint8_t*>(filtered.data()) + y * (length + 1);
-        auto* row = reinterpret_cast<std::uint8_t*>(rows.data()) + y * length;
-        for (std::size_t x = 0; x < length; ++x)
-            row[x] = static_cast<std::uint8_t>(
-                from[x + 1] + Predicted(from[0], x > 0 ? row[x - 1] : 0, above[x], x > 0 ? above[x - 1] : 0));
+        std::uint8_t* row = packed + y * length;
+        const std::uint8_t* filtered = packed + y * (length + 1);
+        const int filter = *filtered;
+        std::memmove(row, filtered + 1, length);
+        Unfilter(filter, row, above, length);
         above = row;
     }
+    rows.resize(length * png.height);
     return rows;
 }
 

@@ -1,5 +1,8 @@
 #include "platform/qpdf/PagePicture.h"
 
+#include <bit>
+#include <cstdint>
+#include <exception>
 #include <memory>
 #include <utility>
 
@@ -9,10 +12,8 @@
 
 namespace lumarin::qpdf {
 
-namespace {
-
-/// Bytes that wait for the document to be written, packed already.
-class WaitingData final : public QPDFObjectHandle::StreamDataProvider {
+/// Packed bytes that wait for the document to be written.
+class PictureMaker::WaitingData final : public QPDFObjectHandle::StreamDataProvider {
 public:
     explicit WaitingData(std::string bytes) : bytes_(std::move(bytes)) {}
 
@@ -20,31 +21,32 @@ public:
         pipeline->write(reinterpret_cast<const unsigned char*>(bytes_.data()), bytes_.size());
         pipeline->finish();
     }
+    void Release() { std::string().swap(bytes_); }
 
 private:
     std::string bytes_;
 };
 
-struct PackedData {
-    std::string bytes;
-    std::string filter;
-    std::string parameters;  ///< as the document writes them
-};
+namespace {
 
-PackedData AsInFile(PngFile& png) {
-    return {std::move(png.data), "/FlateDecode",
-            "<< /Predictor 15 /Colors " + std::to_string(png.colors == PngColors::Rgb ? 3 : 1) +
-                " /BitsPerComponent " + std::to_string(png.bitDepth) + " /Columns " +
-                std::to_string(png.width) + " >>"};
+/// Whether packing for fax can be smaller at all: it spends a bit or more on each change between black and
+/// white. Photos made of dots have so many of them that packing would take long only to be given up.
+bool IsWorthPacking(const std::string& rows, std::size_t packedSize) {
+    std::size_t changes = 0;
+    for (const char byte : rows) {
+        const auto bits = static_cast<std::uint8_t>(byte);
+        changes +=
+            static_cast<std::size_t>(std::popcount(static_cast<std::uint8_t>((bits ^ bits >> 1) & 0x7F)));
+    }
+    return changes / 8 < packedSize;
 }
 
-PackedData Smallest(PngFile& png) {
-    if (png.bitDepth != 1) return AsInFile(png);
-    std::string fax = PackGroup4(UnpackRows(png), png.width, png.height);
-    if (fax.size() >= png.data.size()) return AsInFile(png);
-    return {
-        std::move(fax), "/CCITTFaxDecode",
-        "<< /K -1 /Columns " + std::to_string(png.width) + " /Rows " + std::to_string(png.height) + " >>"};
+std::string TryPacking(std::string rows, std::uint32_t width, std::uint32_t height) {
+    try {
+        return PackGroup4(std::move(rows), width, height);
+    } catch (const std::exception&) {
+        return "";  // the pixels of the file do as well
+    }
 }
 
 QPDFObjectHandle ColorSpace(const PngFile& png) {
@@ -69,9 +71,13 @@ PngFile ReadPngFile(const std::string& path) {
 
 }  // namespace
 
-QPDFObjectHandle MakePicture(QPDF& pdf, const std::string& pngPath) {
+QPDFObjectHandle PictureMaker::Make(QPDF& pdf, const std::string& pngPath) {
     PngFile png = ReadPngFile(pngPath);
-    PackedData packed = Smallest(png);
+    std::string rows;
+    if (png.bitDepth == 1) rows = UnpackRows(png);
+    const bool isPacked = !rows.empty() && IsWorthPacking(rows, png.data.size());
+    Finish();  // one at a time: waiting pixels take the place that the packing saves
+
     QPDFObjectHandle picture = QPDFObjectHandle::newStream(&pdf);
     QPDFObjectHandle properties = picture.getDict();
     properties.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
@@ -80,10 +86,45 @@ QPDFObjectHandle MakePicture(QPDF& pdf, const std::string& pngPath) {
     properties.replaceKey("/Height", QPDFObjectHandle::newInteger(png.height));
     properties.replaceKey("/ColorSpace", ColorSpace(png));
     properties.replaceKey("/BitsPerComponent", QPDFObjectHandle::newInteger(png.bitDepth));
-    picture.replaceStreamData(std::make_shared<WaitingData>(std::move(packed.bytes)),
-                              QPDFObjectHandle::newName(packed.filter),
-                              QPDFObjectHandle::parse(packed.parameters));
+    if (!isPacked) {
+        SetDataOfFile(picture, png);
+        return picture;
+    }
+    auto fax = std::async(std::launch::async, &TryPacking, std::move(rows), png.width, png.height);
+    packing_ = Packing{picture, std::move(png), std::move(fax)};
     return picture;
+}
+
+void PictureMaker::SetData(QPDFObjectHandle& picture, std::string bytes, const char* filter,
+                           const std::string& parameters) {
+    waiting_.push_back(std::make_shared<WaitingData>(std::move(bytes)));
+    picture.replaceStreamData(waiting_.back(), QPDFObjectHandle::newName(filter),
+                              QPDFObjectHandle::parse(parameters));
+}
+
+void PictureMaker::SetDataOfFile(QPDFObjectHandle& picture, PngFile& png) {
+    const int colors = png.colors == PngColors::Rgb ? 3 : 1;
+    SetData(picture, std::move(png.data), "/FlateDecode",
+            "<< /Predictor 15 /Colors " + std::to_string(colors) + " /BitsPerComponent " +
+                std::to_string(png.bitDepth) + " /Columns " + std::to_string(png.width) + " >>");
+}
+
+void PictureMaker::Forget() {
+    for (const auto& data : waiting_) data->Release();
+    waiting_.clear();
+}
+
+void PictureMaker::Finish() {
+    if (!packing_) return;
+    Packing packed = std::move(*packing_);
+    packing_.reset();
+    std::string fax = packed.fax.get();
+    if (fax.empty() || fax.size() >= packed.png.data.size())
+        SetDataOfFile(packed.picture, packed.png);
+    else
+        SetData(packed.picture, std::move(fax), "/CCITTFaxDecode",
+                "<< /K -1 /Columns " + std::to_string(packed.png.width) + " /Rows " +
+                    std::to_string(packed.png.height) + " >>");
 }
 
 }  // namespace lumarin::qpdf

@@ -1,9 +1,9 @@
 #include "platform/qpdf/PdfDocument.h"
 
-#include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
-#include <utility>
+#include <algorithm>
+#include <initializer_list>
 
 #include "base/Files.h"
 #include "platform/qpdf/FilePipeline.h"
@@ -33,22 +33,20 @@ Object NumberArray(std::initializer_list<int> numbers) {
     return array;
 }
 
-void WriteDocument(QPDF& pdf, const std::string& path) {
-    FilePipeline file(path);
+void WriteDocument(QPDF& pdf, FilePipeline& file) {
     QPDFWriter writer(pdf);
     writer.setOutputPipeline(&file);
     writer.setMinimumPDFVersion(PdfVersion);
     // Everything is packed already; the few bytes of a page's instructions would only grow.
     writer.setStreamDataMode(qpdf_s_preserve);
-    writer.setObjectStreamMode(qpdf_o_generate);
-    writer.setDeterministicID(true);
+    writer.setObjectStreamMode(qpdf_o_disable);     // an index that is not packed can be added to
+    writer.setDeterministicID(!pdf.isEncrypted());  // a protected one takes the time
     writer.write();
-    file.Close();
 }
 
 }  // namespace
 
-PdfDocument::PdfDocument(const std::string& path) : path_(path), pdf_(std::make_unique<QPDF>()) {
+PdfDocument::PdfDocument(const std::string& path) : file_(path), pdf_(std::make_unique<QPDF>()) {
     // Nobody reads standard error, and a document that has to be guessed at is not added to.
     pdf_->setSuppressWarnings(true);
     pdf_->setAttemptRecovery(false);
@@ -57,6 +55,8 @@ PdfDocument::PdfDocument(const std::string& path) : path_(path), pdf_(std::make_
 std::unique_ptr<PdfDocument> PdfDocument::Create(const std::string& path) {
     std::unique_ptr<PdfDocument> document(new PdfDocument(path));
     document->pdf_->emptyPDF();
+    document->end_ = FileEnd{};
+    document->Remember(document->pdf_->getRoot());
     TryWriting(files::UnfinishedName(path));
     return document;
 }
@@ -64,7 +64,13 @@ std::unique_ptr<PdfDocument> PdfDocument::Create(const std::string& path) {
 std::unique_ptr<PdfDocument> PdfDocument::Open(const std::string& path) {
     std::unique_ptr<PdfDocument> document(new PdfDocument(path));
     document->pdf_->processFile(path.c_str());
-    document->hasPages_ = !document->pdf_->getAllPages().empty();
+    Object pages = document->pdf_->getRoot().getKey("/Pages");
+    if (!pages.isIndirect() || !pages.isDictionary() || !pages.getKey("/Kids").isArray() ||
+        !pages.getKey("/Count").isInteger())
+        throw PdfError("The file \"" + path + "\" has no pages.");
+    document->end_ = FindFileEnd(*document->pdf_, path);
+    document->hasPages_ = true;
+    document->readsFile_ = true;
     TryWriting(files::UnfinishedName(path));
     return document;
 }
@@ -78,6 +84,7 @@ void PdfDocument::SetInfo(const std::string& key, const std::string& text) {
         info.removeKey(key);
     else
         info.replaceKey(key, Object::newUnicodeString(text));
+    Remember(info);
 }
 
 void PdfDocument::BeginPage(const PageSize& size) {
@@ -101,7 +108,7 @@ void PdfDocument::AddPicture(const std::string& pngPath) {
     Page& page = CurrentPage();
     if (!page.placement) throw PdfError("The picture has no place on its page.");
     if (page.picture.isInitialized()) throw PdfError("The page has its picture already.");
-    page.picture = MakePicture(*pdf_, pngPath);
+    page.picture = pictures_.Make(*pdf_, pngPath);
 }
 
 void PdfDocument::EndPage() {
@@ -117,23 +124,43 @@ void PdfDocument::EndPage() {
     page.replaceKey("/Type", Object::newName("/Page"));
     page.replaceKey("/MediaBox", NumberArray({0, 0, ended.size.width, ended.size.height}));
     page.replaceKey("/Resources", resources);
-    page.replaceKey("/Contents", PictureContent(*pdf_, ended.size, *ended.placement));
-    pdf_->addPage(pdf_->makeIndirectObject(page), false);
+    const Object content = PictureContent(*pdf_, ended.size, *ended.placement);
+    page.replaceKey("/Contents", content);
+    Remember(ended.picture);
+    Remember(content);
+    Append(pdf_->makeIndirectObject(page));
+}
+
+// The library's own function looks at every page that is there already.
+void PdfDocument::Append(QPDFObjectHandle page) {
+    Object pages = pdf_->getRoot().getKey("/Pages");
+    Object list = pages.getKey("/Kids");
+    page.replaceKey("/Parent", pages);
+    list.appendItem(page);
+    pages.replaceKey("/Count", Object::newInteger(pages.getKey("/Count").getIntValue() + 1));
+    for (const Object& object : {page, list, pages}) Remember(object);
     hasPages_ = true;
+}
+
+void PdfDocument::Remember(QPDFObjectHandle object) {
+    const auto isSame = [&](const Object& other) { return other.getObjGen() == object.getObjGen(); };
+    if (object.isIndirect() && std::none_of(changed_.begin(), changed_.end(), isSame))
+        changed_.push_back(object);
 }
 
 void PdfDocument::Write() {
     if (page_ && page_->picture.isInitialized()) throw PdfError("The last page has not been ended.");
     if (!hasPages_) throw PdfError("The document has no pages.");
-    const std::string unfinished = files::UnfinishedName(path_);
-    try {
-        WriteDocument(*pdf_, unfinished);
-        pdf_.reset();  // lets go of the file that is replaced now
-        files::Rename(unfinished, path_);
-    } catch (...) {
-        files::TryDelete(unfinished);
-        throw;
-    }
+    pictures_.Finish();
+    file_.Replace(end_ ? end_->length : 0, [this](FilePipeline& file) {
+        if (end_)
+            end_ = WriteUpdate(*pdf_, changed_, *end_, file);
+        else
+            WriteDocument(*pdf_, file);
+        if (readsFile_) pdf_.reset();  // lets go of the file that is replaced now
+    });
+    changed_.clear();
+    pictures_.Forget();
 }
 
 }  // namespace lumarin::qpdf

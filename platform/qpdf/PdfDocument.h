@@ -5,6 +5,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "platform/qpdf/FileUpdate.h"
+#include "platform/qpdf/GrowingFile.h"
+#include "platform/qpdf/PagePicture.h"
 
 namespace lumarin::qpdf {
 
@@ -24,6 +29,9 @@ struct Placement {
 
 /// One document under construction. Every function throws an exception with the reason; the file stays as
 /// it is until `Write` has come to its end.
+///
+/// A document that was created goes on after `Write`: it takes more pages and writes again, at the cost of
+/// the new ones.
 class PdfDocument {
 public:
     /// An empty one. Throws FileError where no file can be written.
@@ -31,7 +39,7 @@ public:
     /// One with the pages of a file, which is read bit by bit up to `Write`.
     static std::unique_ptr<PdfDocument> Open(const std::string& path);
 
-    const std::string& Path() const { return path_; }
+    const std::string& Path() const { return file_.Path(); }
 
     /// A property of the whole document, by its key; "" removes it.
     void SetInfo(const std::string& key, const std::string& text);
@@ -42,8 +50,10 @@ public:
     void AddPicture(const std::string& pngPath);
     void EndPage();
 
-    /// Writes the file. The document is of no use afterwards.
     void Write();
+
+    /// Whether the document can go on with the file as it lies there.
+    bool CanGoOn() const { return !readsFile_ && file_.IsAsLeft(); }
 
 private:
     struct Page {
@@ -54,9 +64,16 @@ private:
 
     explicit PdfDocument(const std::string& path);
     Page& CurrentPage();
+    /// Puts a page behind all others.
+    void Append(QPDFObjectHandle page);
+    void Remember(QPDFObjectHandle object);
 
-    std::string path_;
+    GrowingFile file_;
     std::unique_ptr<QPDF> pdf_;
+    bool readsFile_ = false;  ///< from the file that is replaced
+    PictureMaker pictures_;
+    std::optional<FileEnd> end_;             ///< of a file that can be added to
+    std::vector<QPDFObjectHandle> changed_;  ///< objects that the file lacks or has otherwise
     std::optional<Page> page_;
     bool hasPages_ = false;
 };

@@ -73,6 +73,7 @@ PdfHandle QpdfLibrary::AdultPdfCreate(const std::string& path) {
     PdfHandle handle = 0;
     Guarded([&] {
         RefuseOpenPath(path);
+        closed_.reset();
         handle = Begin(PdfDocument::Create(path));
     });
     return handle;
@@ -82,7 +83,9 @@ PdfHandle QpdfLibrary::AdultPdfOpen(const std::string& path) {
     PdfHandle handle = 0;
     Guarded([&] {
         RefuseOpenPath(path);
-        handle = Begin(PdfDocument::Open(path));
+        const bool goesOn = closed_ && closed_->Path() == path && closed_->CanGoOn();
+        if (!goesOn) closed_.reset();
+        handle = Begin(goesOn ? std::move(closed_) : PdfDocument::Open(path));
     });
     return handle;
 }
@@ -130,7 +133,9 @@ PdfStatus QpdfLibrary::AdultPdfClose(PdfHandle handle) {
     return Guarded([&] {
         DocumentOf(handle);
         // Taken out first: the handle is gone whatever happens.
-        documents_.extract(handle).mapped()->Write();
+        std::unique_ptr<PdfDocument> document = std::move(documents_.extract(handle).mapped());
+        document->Write();
+        if (document->CanGoOn()) closed_ = std::move(document);
     });
 }
 

@@ -15,6 +15,10 @@ class PdfDocument;
 /// The PDF library over QPDF. Pictures go into the document as they lie in their PNG file; only those of
 /// one bit a pixel are packed anew, for fax, where that is smaller. What is added is kept in memory until the
 /// document is closed, so a document holds about as much memory as its new pages have bytes.
+///
+/// The last closed document is remembered without its pictures, so that opening it again and adding a page
+/// costs the same however many pages it has. A second file ".part" lies beside it meanwhile, and goes with
+/// the library or the next document.
 class QpdfLibrary final : public PdfLibrary {
 public:
     QpdfLibrary();
@@ -43,6 +47,8 @@ private:
     void RefuseOpenPath(const std::string& path) const;
 
     std::map<PdfHandle, std::unique_ptr<qpdf::PdfDocument>> documents_;
+    std::unique_ptr<qpdf::PdfDocument>
+        closed_;  ///< the last one, which will likely be opened for the next page
     PdfHandle lastHandle_ = 0;
     std::string failure_;
 };

@@ -99,17 +99,4 @@ std::string EncodeJpeg(const Picture& picture, const CaptureOrder& order) {
     return jpeg.insert(2, JfifHeader());
 }
 
-std::string EncodePage(const Picture& picture, PageColors colors) {
-    VImage image = ImageOver(picture);
-    if (colors != PageColors::Color) image = image.colourspace(VIPS_INTERPRETATION_B_W);
-    void* bytes = nullptr;
-    std::size_t size = 0;
-    const int bitDepth = colors == PageColors::BlackAndWhite ? 1 : 8;
-    if (vips_pngsave_buffer(image.get_image(), &bytes, &size, "compression", 6, "bitdepth", bitDepth, "strip",
-                            TRUE, nullptr) != 0)
-        throw VError();
-    const std::unique_ptr<void, decltype(&g_free)> owner(bytes, &g_free);
-    return {static_cast<const char*>(bytes), size};
-}
-
 }  // namespace lumarin::vips

@@ -15,7 +15,4 @@ void DrawCaption(Picture& picture, const std::string& caption);
 /// The bytes of a baseline JPEG file. Throws VError.
 std::string EncodeJpeg(const Picture& picture, const CaptureOrder& order);
 
-/// The bytes of a page's PNG file. Throws VError.
-std::string EncodePage(const Picture& picture, PageColors colors);
-
 }  // namespace lumarin::vips

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Files.h"
+
 namespace lumarin::vips {
 
 namespace {
@@ -101,6 +103,8 @@ private:
 }  // namespace
 
 std::unique_ptr<StoredPicture> OpenFile(const std::string& path) {
+    // Reading a pipe or a device might never end.
+    if (!files::FileExists(path)) throw ImagingError(InvalidPictureError, InvalidPictureText);
     return std::make_unique<StoredFile>(path);
 }
 

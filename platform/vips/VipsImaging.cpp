@@ -7,6 +7,7 @@
 #include "base/Files.h"
 #include "platform/vips/Finish.h"
 #include "platform/vips/Library.h"
+#include "platform/vips/Page.h"
 #include "platform/vips/Render.h"
 #include "platform/vips/StoredPicture.h"
 

@@ -4,6 +4,7 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(LUMARIN_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/lumarin)
+set(LUMARIN_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/lumarin)
 set(LUMARIN_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Lumarin)
 
 # The headers lie as in the sources, so that an include reads the same on both sides of the installation.
@@ -35,6 +36,6 @@ function(lumarin_install_package)
   write_basic_package_version_file(${PROJECT_BINARY_DIR}/LumarinConfigVersion.cmake COMPATIBILITY SameMinorVersion)
   install(FILES ${PROJECT_BINARY_DIR}/LumarinConfig.cmake ${PROJECT_BINARY_DIR}/LumarinConfigVersion.cmake
           DESTINATION ${LUMARIN_PACKAGE_DIR})
-  install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-  install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+  install(FILES README.md CHANGELOG.md DESTINATION ${LUMARIN_DOC_DIR})
+  install(DIRECTORY docs/ DESTINATION ${LUMARIN_DOC_DIR}/docs)
 endfunction()

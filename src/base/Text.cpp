@@ -92,9 +92,13 @@ std::vector<std::string> Split(std::string_view text, char separator) {
 
 std::string ReplaceAll(std::string text, std::string_view what, std::string_view with) {
     if (what.empty()) return text;
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size()))
-        text.replace(at, what.size(), with);
-    return text;
+    std::string replaced;
+    std::size_t copied = 0;
+    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, copied)) {
+        replaced.append(text, copied, at - copied).append(with);
+        copied = at + what.size();
+    }
+    return replaced.append(text, copied);
 }
 
 std::string_view TrimLeft(std::string_view text) {

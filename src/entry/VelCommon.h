@@ -100,10 +100,8 @@ public:
 template <class Service>
 std::unique_ptr<Service> RequestService(VelCommon& host) {
     std::unique_ptr<HostService> service = host.ServiceBroker().GetClassInstance(Service::ServiceName);
-    if (auto* wanted = dynamic_cast<Service*>(service.get())) {
-        service.release();
-        return std::unique_ptr<Service>(wanted);
-    }
+    if (dynamic_cast<Service*>(service.get()) != nullptr)
+        return std::unique_ptr<Service>(static_cast<Service*>(service.release()));
     throw Error(13, "ServiceBroker",
                 std::string("The host gave no service \"") + Service::ServiceName + "\"");
 }

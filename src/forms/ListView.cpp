@@ -12,13 +12,6 @@ namespace lumarin {
 
 namespace {
 
-const std::string& CellOf(const ListView::Row& row, int column) {
-    static const std::string Empty;
-    if (column == 0) return row.text;
-    const auto at = static_cast<std::size_t>(column - 1);
-    return at < row.subItems.size() ? row.subItems[at] : Empty;
-}
-
 /// What a cell sorts by: whole numbers stand before texts and compare by value; texts compare regardless
 /// of case. The prefix decides nearly always.
 struct SortKey {
@@ -26,7 +19,7 @@ struct SortKey {
     std::string text;          ///< in lower case; "" for a number
 };
 
-SortKey KeyOf(const std::string& cell) {
+SortKey KeyOf(std::string_view cell) {
     if (const auto number = ParseInteger(cell))
         return {static_cast<std::uint64_t>(*number + (std::int64_t{1} << 31)), {}};
     SortKey key{1, text::LowerAscii(cell)};
@@ -41,8 +34,8 @@ bool operator<(const SortKey& left, const SortKey& right) {
 
 }  // namespace
 
-void ListView::AddColumn(const std::string& caption, double width, Sizing sizing) {
-    columns_.push_back({caption, width, sizing});
+void ListView::AddColumn(const std::string& caption, double width, Sizing sizing, Alignment alignment) {
+    columns_.push_back({caption, width, sizing, alignment});
     if (View() != nullptr) ListView_()->ListReset();
 }
 
@@ -55,58 +48,63 @@ void ListView::CheckRow(int row) const {
     if (row < 0 || row >= Count()) throw IndexError(Name(), row);
 }
 
-const ListView::Row& ListView::At(int row) const {
+ListView::Row ListView::At(int row) const {
     CheckRow(row);
-    return rows_[static_cast<std::size_t>(row)];
+    return rows_[static_cast<std::size_t>(row)].Unpacked();
 }
 
-std::string ListView::Cell(int row, int column) const { return CellOf(At(row), column); }
+std::string ListView::Cell(int row, int column) const {
+    CheckRow(row);
+    return std::string(rows_[static_cast<std::size_t>(row)].Cell(column));
+}
 
 int ListView::FindText(const std::string& text) const {
     const auto found =
-        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.text == text; });
+        std::find_if(rows_.begin(), rows_.end(), [&](const PackedRow& row) { return row.Cell(0) == text; });
     return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
 }
 
-bool ListView::Before(const Row& left, const Row& right) const {
+bool ListView::Before(const PackedRow& left, const PackedRow& right) const {
     for (const int column : sortColumns_) {
-        const SortKey leftKey = KeyOf(CellOf(left, column));
-        const SortKey rightKey = KeyOf(CellOf(right, column));
+        const SortKey leftKey = KeyOf(left.Cell(column));
+        const SortKey rightKey = KeyOf(right.Cell(column));
         if (leftKey < rightKey) return sortAscending_;
         if (rightKey < leftKey) return !sortAscending_;
     }
     return false;
 }
 
-int ListView::AddRow(Row row) {
-    const auto before = [this](const Row& left, const Row& right) { return Before(left, right); };
-    const auto place = IsSorted() ? std::upper_bound(rows_.begin(), rows_.end(), row, before) : rows_.end();
+int ListView::AddRow(const Row& row) {
+    PackedRow packed(row);
+    const auto before = [this](const PackedRow& left, const PackedRow& right) { return Before(left, right); };
+    const auto place =
+        IsSorted() ? std::upper_bound(rows_.begin(), rows_.end(), packed, before) : rows_.end();
     const int at = static_cast<int>(place - rows_.begin());
-    InsertRow(at, std::move(row));
+    Insert(at, std::move(packed));
     return at;
 }
 
-void ListView::AddRows(std::vector<Row> rows) {
-    if (rows.empty()) return;
+void ListView::AddRows(std::vector<PackedRow> rows, MoreRows more) {
     const int first = Count();
-    const int count = static_cast<int>(rows.size());
-    if (IsSorted())
-        MergeRows({std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end())});
+    const bool reordered = IsSorted() && !rows.empty();
+    if (reordered)
+        MergeRows(std::move(rows));
     else
         rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
     if (View() == nullptr) return;
-    if (IsSorted())
+    if (reordered)
         ListView_()->ListReset();
     else
-        ListView_()->RowsInserted(first, count);
+        ListView_()->RowsAdded(first, more);
 }
 
-void ListView::MergeRows(std::deque<Row> rows) {
-    const auto before = [this](const Row& left, const Row& right) { return Before(left, right); };
+void ListView::MergeRows(std::vector<PackedRow> rows) {
+    const auto before = [this](const PackedRow& left, const PackedRow& right) { return Before(left, right); };
     Sort(rows, nullptr);
     if (selected_ >= 0)
-        selected_ += static_cast<int>(std::lower_bound(rows.begin(), rows.end(), At(selected_), before) -
-                                      rows.begin());
+        selected_ += static_cast<int>(
+            std::lower_bound(rows.begin(), rows.end(), rows_[static_cast<std::size_t>(selected_)], before) -
+            rows.begin());
     // From the back, so that each row of the list moves once; searching spares the comparison with most.
     const auto oldCount = static_cast<std::ptrdiff_t>(rows_.size());
     rows_.resize(rows_.size() + rows.size());
@@ -120,8 +118,12 @@ void ListView::MergeRows(std::deque<Row> rows) {
     }
 }
 
-void ListView::InsertRow(int at, Row row) {
+void ListView::InsertRow(int at, const Row& row) {
     if (at < 0 || at > Count()) throw IndexError(Name(), at);
+    Insert(at, row);
+}
+
+void ListView::Insert(int at, PackedRow row) {
     rows_.insert(rows_.begin() + at, std::move(row));
     if (selected_ >= at) ++selected_;
     if (View() != nullptr) ListView_()->RowInserted(at);
@@ -135,22 +137,24 @@ void ListView::RemoveRow(int row) {
     if (View() != nullptr) ListView_()->RowRemoved(row);
 }
 
-void ListView::SetText(int row, const std::string& text) {
-    CheckRow(row);
-    rows_[static_cast<std::size_t>(row)].text = text;
+template <class Change>
+void ListView::ChangeRow(int row, Change change) {
+    Row changed = At(row);
+    change(changed);
+    rows_[static_cast<std::size_t>(row)] = changed;
     if (View() != nullptr) ListView_()->RowChanged(row);
+}
+
+void ListView::SetText(int row, const std::string& text) {
+    ChangeRow(row, [&](Row& changed) { changed.text = text; });
 }
 
 void ListView::SetSubItems(int row, std::vector<std::string> subItems) {
-    CheckRow(row);
-    rows_[static_cast<std::size_t>(row)].subItems = std::move(subItems);
-    if (View() != nullptr) ListView_()->RowChanged(row);
+    ChangeRow(row, [&](Row& changed) { changed.subItems = std::move(subItems); });
 }
 
 void ListView::SetPicture(int row, const std::string& picture) {
-    CheckRow(row);
-    rows_[static_cast<std::size_t>(row)].picture = picture;
-    if (View() != nullptr) ListView_()->RowChanged(row);
+    ChangeRow(row, [&](Row& changed) { changed.picture = picture; });
 }
 
 void ListView::Clear() {
@@ -174,13 +178,13 @@ void ListView::SortBy(std::vector<int> columns, bool ascending) {
     if (View() != nullptr) ListView_()->ListReset();
 }
 
-void ListView::Sort(std::deque<Row>& rows, int* tracked) const {
+void ListView::Sort(std::vector<PackedRow>& rows, int* tracked) const {
     // Reading a cell's sort key costs more than comparing two, so each is read once.
     const std::size_t width = sortColumns_.size();
     std::vector<SortKey> keys;
     keys.reserve(rows.size() * width);
-    for (const Row& row : rows)
-        for (const int column : sortColumns_) keys.push_back(KeyOf(CellOf(row, column)));
+    for (const PackedRow& row : rows)
+        for (const int column : sortColumns_) keys.push_back(KeyOf(row.Cell(column)));
 
     struct Place {
         std::uint64_t prefix;
@@ -199,7 +203,8 @@ void ListView::Sort(std::deque<Row>& rows, int* tracked) const {
         return left.row < right.row;
     });
 
-    std::deque<Row> sorted;
+    std::vector<PackedRow> sorted;
+    sorted.reserve(rows.size());
     int trackedTo = -1;
     for (const auto& [prefix, from] : order) {
         if (tracked != nullptr && static_cast<int>(from) == *tracked)

@@ -1,19 +1,24 @@
 #pragma once
 
-#include <deque>
 #include <string>
 #include <vector>
 
 #include "forms/Control.h"
+#include "forms/PackedRow.h"
 
 namespace lumarin {
+
+/// Whether a portion of rows is the last one for now. While more follow, the front end may show the new rows
+/// a moment later: laying out a long list for each portion would cost more than finding its rows.
+enum class MoreRows { No, Follow };
 
 /// The front end's side of a list view: it is told exactly what changed, so that a long list stays cheap.
 class ListViewView : public ControlView {
 public:
     virtual void RowInserted(int row) = 0;
-    /// Several rows at once, side by side from `first` on; they are in the list already.
-    virtual void RowsInserted(int /*first*/, int /*count*/) { ListReset(); }
+    /// Rows at the end of the list, from `first` on; they are in the list already. None when the list only
+    /// tells that no more follow.
+    virtual void RowsAdded(int first, MoreRows more) = 0;
     virtual void RowRemoved(int row) = 0;
     virtual void RowChanged(int row) = 0;
     /// Columns, order or all rows changed.
@@ -26,40 +31,37 @@ public:
 class ListView : public Control {
 public:
     enum class Sizing { Fixed, GrowsWithTexts };
+    enum class Alignment { Left, Right };
     struct Column {
         std::string caption;
         double width = 0;               ///< twips; 0 leaves it to the front end
         Sizing sizing = Sizing::Fixed;  ///< a column that grows has `width` as its least width
+        Alignment alignment = Alignment::Left;
     };
-    struct Row {
-        std::string text;
-        std::vector<std::string> subItems{};
-        std::string key{};
-        std::string tag{};
-        /// A picture file that the front end may show small beside the text; "" for none.
-        std::string picture{};
-    };
+    using Row = ListRow;
 
     ListView(Form& form, std::string name, int index = NoIndex)
         : Control(form, ControlKind::ListView, std::move(name), index) {}
 
     const std::vector<Column>& Columns() const { return columns_; }
-    void AddColumn(const std::string& caption, double width = 0, Sizing sizing = Sizing::Fixed);
+    void AddColumn(const std::string& caption, double width = 0, Sizing sizing = Sizing::Fixed,
+                   Alignment alignment = Alignment::Left);
     void ClearColumns();
 
     int Count() const { return static_cast<int>(rows_.size()); }
     /// Throws IndexError for a row that is not there; so do the others.
-    const Row& At(int row) const;
+    Row At(int row) const;
     /// Text of a cell; "" for a column that the row does not fill.
     std::string Cell(int row, int column) const;
     /// The row whose text is this; -1 when there is none.
     int FindText(const std::string& text) const;
 
     /// Inserts in order when the list is kept sorted, else at the end. Returns where it stands.
-    int AddRow(Row row);
-    /// Adds many rows as `AddRow` would add each, and tells the front end once.
-    void AddRows(std::vector<Row> rows);
-    void InsertRow(int at, Row row);
+    int AddRow(const Row& row);
+    /// Adds many rows as `AddRow` would add each, and tells the front end once. `Follow` is a promise of
+    /// another call, which may be one without rows.
+    void AddRows(std::vector<PackedRow> rows, MoreRows more = MoreRows::No);
+    void InsertRow(int at, const Row& row);
     void RemoveRow(int row);
     void SetText(int row, const std::string& text);
     void SetSubItems(int row, std::vector<std::string> subItems);
@@ -103,14 +105,17 @@ public:
 private:
     void CheckRow(int row) const;
     bool IsSorted() const { return !sortColumns_.empty(); }
-    bool Before(const Row& left, const Row& right) const;
-    void MergeRows(std::deque<Row> rows);
+    bool Before(const PackedRow& left, const PackedRow& right) const;
+    void MergeRows(std::vector<PackedRow> rows);
     /// Keeps the number of one row up to date on the way.
-    void Sort(std::deque<Row>& rows, int* tracked) const;
+    void Sort(std::vector<PackedRow>& rows, int* tracked) const;
+    void Insert(int at, PackedRow row);
+    template <class Change>
+    void ChangeRow(int row, Change change);
     ListViewView* ListView_() const { return static_cast<ListViewView*>(View()); }
 
     std::vector<Column> columns_;
-    std::deque<Row> rows_;  // a long list grows without moving what it has
+    std::vector<PackedRow> rows_;
     int selected_ = -1;
     std::vector<int> sortColumns_;
     bool sortAscending_ = true;

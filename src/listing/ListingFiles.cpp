@@ -35,6 +35,13 @@ void DeleteAll(const std::string& folder, std::int32_t listNum) {
     for (const std::string& name : List(folder, listNum)) files::Delete(folder + name);
 }
 
+void GiveUp(const std::string& folder, std::int32_t listNum) {
+    const std::string state = folder + StateName(listNum);
+    if (files::FileExists(state)) files::Delete(state);
+    // Without a state the rest is no unsent work any more; what is left of it goes at the next load or send.
+    for (const std::string& name : List(folder, listNum)) files::TryDelete(folder + name);
+}
+
 void SetAside(const std::string& folder, std::int32_t listNum) {
     const std::string aside = folder + "Set aside" + files::Separator;
     files::EnsureFolder(aside);

@@ -25,6 +25,9 @@ std::vector<std::string> List(const std::string& folder, std::int32_t listNum,
 /// is not taken for unsent work.
 void DeleteAll(const std::string& folder, std::int32_t listNum);
 
+/// Deletes the listing's state and what else can be deleted of it. When this throws, nothing was deleted.
+void GiveUp(const std::string& folder, std::int32_t listNum);
+
 /// Moves all files of the listing into the sub-folder "Set aside", out of the way of a fresh load.
 void SetAside(const std::string& folder, std::int32_t listNum);
 

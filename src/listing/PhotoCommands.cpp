@@ -61,7 +61,6 @@ PhotoResult clsPMListingRec::AddPhoto(const std::string& source, CropMode mode, 
 void clsPMListingRec::AppendPhoto() {
     ListView& photos = owner_->Photos();
     const int row = state_.PhotoCount++;
-    RecordChange();
     photos.InsertRow(row, PhotoRow(row));
     owner_->PhotoPreview().SetTag("");
     photos.Select(row);
@@ -69,6 +68,39 @@ void clsPMListingRec::AppendPhoto() {
     if (state_.PhotoCount >= owner_->PhotoMaximum()) UpdateAddState(false);
     UpdatePhotoCommands();
     UpdateMoveButtons();
+    // Last: the photo is there already and would be taken up, only without its description.
+    RecordChange();
+}
+
+bool clsPMListingRec::Settle() {
+    if (!interrupted_) return false;
+    ListingState recovered = photo_journal::Recover(folder_, state_.ListNum);
+    interrupted_ = false;
+    TakeUp(std::move(recovered));
+    const int selected = owner_->Photos().Selected();
+    ShowPhotos();
+    if (selected > 0 && selected < state_.PhotoCount) owner_->Photos().Select(selected);
+    return true;
+}
+
+/// What the journal tells of the interrupted change is finished or undone, now or as soon as it can be.
+void clsPMListingRec::Interrupted() noexcept {
+    interrupted_ = true;
+    try {
+        Settle();
+    } catch (...) {  // the disk still fails, and that is being reported
+    }
+}
+
+void clsPMListingRec::RenameForMove(int from, int to) {
+    // Every ".jpg" of the path is replaced, the folder's too.
+    const std::string waiting = text::ReplaceAll(PhotoPath(from), ".jpg", ".tmp");
+    files::Rename(PhotoPath(from), waiting);
+    files::Rename(PhotoPath(to), PhotoPath(from));
+    std::swap(EntryAt(from), EntryAt(to));
+    photo_journal::Write(
+        folder_, {.operation = photo_journal::Operation::Move, .first = from, .second = to, .state = state_});
+    files::Rename(waiting, PhotoPath(to));
 }
 
 void clsPMListingRec::MovePhoto(std::int16_t& direction) {
@@ -77,25 +109,14 @@ void clsPMListingRec::MovePhoto(std::int16_t& direction) {
     const int to = from - direction;
     if (from < 0 || to < 0 || to >= state_.PhotoCount) return;
 
-    // Every ".jpg" of the path is replaced, the folder's too.
-    const std::string waiting = text::ReplaceAll(PhotoPath(from), ".jpg", ".tmp");
-    files::Rename(PhotoPath(from), waiting);
+    if (Settle()) return;
     try {
-        files::Rename(PhotoPath(to), PhotoPath(from));
-        std::swap(EntryAt(from), EntryAt(to));
-        photo_journal::Write(
-            folder_,
-            {.operation = photo_journal::Operation::Move, .first = from, .second = to, .state = state_});
+        RenameForMove(from, to);
+        RecordChange();
     } catch (...) {
-        if (!files::FileExists(PhotoPath(to)) && files::FileExists(PhotoPath(from))) {
-            std::swap(EntryAt(from), EntryAt(to));
-            files::Rename(PhotoPath(from), PhotoPath(to));
-        }
-        files::Rename(waiting, PhotoPath(from));
+        Interrupted();
         throw;
     }
-    files::Rename(waiting, PhotoPath(to));
-    RecordChange();
 
     const std::string text = photos.At(from).text;
     photos.RemoveRow(from);
@@ -108,9 +129,7 @@ void clsPMListingRec::MovePhoto(std::int16_t& direction) {
     UpdateMoveButtons();
 }
 
-void clsPMListingRec::RemovePhoto() {
-    const int removed = owner_->Photos().Selected();
-    if (state_.PhotoCount == 0 || removed < 0 || removed >= state_.PhotoCount) return;
+void clsPMListingRec::DeleteAndCloseUp(int removed) {
     const ListingState before = state_;
     --state_.PhotoCount;
     for (int index = removed; index < state_.PhotoCount; ++index) EntryAt(index) = EntryAt(index + 1);
@@ -120,14 +139,26 @@ void clsPMListingRec::RemovePhoto() {
             folder_,
             {.operation = photo_journal::Operation::Remove, .first = removed, .second = 0, .state = state_});
         if (files::FileExists(PhotoPath(removed))) files::Delete(PhotoPath(removed));
-    } catch (...) {
+    } catch (...) {  // a file that cannot be deleted stays a photo
         state_ = before;
         photo_journal::Write(folder_, {.state = state_});
         throw;
     }
     for (int index = removed; index < state_.PhotoCount; ++index)
         files::Rename(PhotoPath(index + 1), PhotoPath(index));
-    RecordChange();
+}
+
+void clsPMListingRec::RemovePhoto() {
+    const int removed = owner_->Photos().Selected();
+    if (state_.PhotoCount == 0 || removed < 0 || removed >= state_.PhotoCount) return;
+    if (Settle()) return;
+    try {
+        DeleteAndCloseUp(removed);
+        RecordChange();
+    } catch (...) {
+        Interrupted();
+        throw;
+    }
 
     ListView& photos = owner_->Photos();
     owner_->PhotoPreview().SetTag("");

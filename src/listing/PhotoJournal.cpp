@@ -17,7 +17,7 @@ constexpr std::size_t HeaderSize = 6;  // magic, operation, first, second
 
 class Recovery {
 public:
-    Recovery(const std::string& folder, ListingState state) : folder_(folder), state_(std::move(state)) {}
+    Recovery(std::string folder, ListingState state) : folder_(std::move(folder)), state_(std::move(state)) {}
 
     ListingState Finish(const std::optional<Entry>& journal) {
         FinishMove(journal);

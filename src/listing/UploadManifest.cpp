@@ -20,6 +20,7 @@ void AppendFile(std::string& fileList, const std::string& path) { fileList += " 
 }  // namespace
 
 int clsPMListingRec::PrepareUpload(std::string& fileList, const std::string& publishedSizes) {
+    Settle();
     savedState_ = state_;
     // The manifest takes the state file's place for a while: the editing form waits in the journal.
     photo_journal::Write(folder_, {.state = state_});

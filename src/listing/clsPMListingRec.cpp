@@ -32,6 +32,7 @@ ListView::Row clsPMListingRec::PhotoRow(int index) const {
 }
 
 void clsPMListingRec::ShowPhotos() {
+    if (Settle()) return;
     ListView& photos = owner_->Photos();
     photos.Clear();
     for (int index = 0; index < state_.PhotoCount; ++index) photos.InsertRow(index, PhotoRow(index));
@@ -79,6 +80,7 @@ void clsPMListingRec::UpdateMoveButtons() {
 }
 
 void clsPMListingRec::SaveState() {
+    Settle();
     state_file::Write(folder_ + listing_files::StateName(state_.ListNum), state_);
     photo_journal::Remove(folder_, state_.ListNum);
 }
@@ -96,21 +98,29 @@ void clsPMListingRec::AddRow() {
          .key = RowText()});
 }
 
+void clsPMListingRec::TakeUp(ListingState recovered) {
+    state_ = std::move(recovered);
+    // A run that ended during an upload left the form without texts.
+    for (int index = 0; index < state_.PhotoCount; ++index) {
+        PhotoEntry& photo = EntryAt(index);
+        if (photo.DescText.empty()) photo.DescText = descriptions_->Text(photo.DescCode);
+        photo.SentLetter.clear();
+    }
+    if (!files::FileExists(folder_ + listing_files::JournalName(state_.ListNum))) return;
+    try {
+        SaveState();
+    } catch (const FileError&) {  // the journal, which stays, says the same
+    }
+}
+
 void clsPMListingRec::OpenSaved(const std::string& listingNumber, const DescriptionTable& descriptions,
                                 ListingOwner& owner, const std::string& folder, frmPhotoCrop& cropWindow) {
     const auto number = ParseListingNumber(listingNumber);
     if (!number)
         throw Error(ApplicationErrorNumber, "state file", "\"" + listingNumber + "\" is no listing number");
-    const ListingState recovered = photo_journal::Recover(folder, *number);
+    ListingState recovered = photo_journal::Recover(folder, *number);
     Connect(owner, descriptions, cropWindow, folder);
-    state_ = recovered;
-    // A run that ended during an upload left the form without texts.
-    for (int index = 0; index < state_.PhotoCount; ++index) {
-        PhotoEntry& photo = EntryAt(index);
-        if (photo.DescText.empty()) photo.DescText = descriptions.Text(photo.DescCode);
-        photo.SentLetter.clear();
-    }
-    if (files::FileExists(folder_ + listing_files::JournalName(*number))) SaveState();
+    TakeUp(std::move(recovered));
     changed_ = true;
     AddRow();
     owner_->Tools().EnableTool("SendPhotos", true);
@@ -120,11 +130,18 @@ void clsPMListingRec::OpenSaved(const std::string& listingNumber, const Descript
 void clsPMListingRec::SetDescription(const std::string& text, const std::string& code) {
     const int row = owner_->Photos().Selected();
     if (row < 0 || row >= MaximumPhotoSlots) return;
+    if (Settle()) return;
     PhotoEntry& photo = EntryAt(row);
+    const PhotoEntry before = photo;
     photo.DescCode = code;
     photo.DescText = text;
+    try {
+        RecordChange();
+    } catch (...) {
+        photo = before;
+        throw;
+    }
     owner_->Photos().SetText(row, text);
-    RecordChange();
 }
 
 void clsPMListingRec::PublishFiles() {
@@ -158,7 +175,7 @@ void clsPMListingRec::LeaveOwnersList() {
 void clsPMListingRec::CloseListing(LocalFiles localFiles, Publish publish) {
     if (publish == Publish::Yes) PublishFiles();
     if (localFiles == LocalFiles::Delete) {
-        listing_files::DeleteAll(folder_, state_.ListNum);
+        listing_files::GiveUp(folder_, state_.ListNum);
         LeaveOwnersList();
     }
     owner_ = nullptr;

@@ -36,11 +36,16 @@ public:
     LoadResult LoadListing(const std::string& listingNumber, const std::string& folder, ListingOwner& owner,
                            const DescriptionTable& descriptions, frmPhotoCrop& cropWindow);
 
-    /// Ends work on the listing; the record is not to be used afterwards.
+    /// Ends work on the listing; the record is not to be used afterwards, unless this throws: then the local
+    /// files are all there.
     void CloseListing(LocalFiles localFiles, Publish publish);
 
     /// Shows the photo of a row of the photo list in the owner's preview.
     void ShowPhoto(int row);
+
+    /// Brings files and state together again when a change was interrupted by a failing disk; throws when it
+    /// still fails. Every operation does so first. False when there was nothing to do.
+    bool Settle();
 
     /// Moves the selected photo one place: 1 up, -1 down. The caller sees to it that there is such a place.
     void MovePhoto(std::int16_t& direction);
@@ -87,6 +92,8 @@ public:
 private:
     void Connect(ListingOwner& owner, const DescriptionTable& descriptions, frmPhotoCrop& cropWindow,
                  const std::string& folder);
+    void TakeUp(ListingState recovered);
+    void Interrupted() noexcept;
     void FillFrom(const Recordset& listing, const std::string& photoDescriptions);
     void FetchPhotos(const std::string& version);
     void AddRow();
@@ -96,6 +103,8 @@ private:
     void RefreshPictures(int from);
     bool IsDuplicate(const std::string& path) const;
     void AppendPhoto();
+    void RenameForMove(int from, int to);
+    void DeleteAndCloseUp(int removed);
     void RecordChange();
     void PublishFiles();
     void LeaveOwnersList();
@@ -104,6 +113,7 @@ private:
     std::optional<ListingState> savedState_;
     std::string folder_;
     bool changed_ = false;
+    bool interrupted_ = false;  ///< the files are not as the state says
     ListingOwner* owner_ = nullptr;
     const DescriptionTable* descriptions_ = nullptr;
     frmPhotoCrop* cropWindow_ = nullptr;

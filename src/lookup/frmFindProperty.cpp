@@ -18,10 +18,11 @@ constexpr int OfficeLevel = 60;
 constexpr int BoardLevel = 90;
 constexpr int UnrestrictedLevel = 100;
 
-// The first rows appear at once. After that portions grow with the list, because showing a portion costs the
-// more the longer the list is, up to what still feels fluent.
+// The first rows appear at once, and the window answers between portions. A list that is kept sorted takes
+// fewer and larger ones the longer it gets, because each costs a merge.
 constexpr int FirstPortion = 1000;
-constexpr int LargestPortion = 64000;
+constexpr int LargestPortion = 16'000;
+constexpr int LargestSortedPortion = 64'000;
 
 template <class Group>
 int Chosen(Group& options) {
@@ -211,6 +212,7 @@ void frmFindProperty::ShowMatches() {
         query.Statement(Criteria(), User(), clsAllowedStatuses().SQLAllowedStatuses(""));
     SetUpColumns();
     records_ = Execute(statement);
+    tmrRows.SetEnabled(true);
     AddPortion();
 }
 
@@ -225,35 +227,38 @@ void frmFindProperty::SetUpColumns() {
 }
 
 void frmFindProperty::AddPortion() {
-    tmrRows.SetEnabled(false);  // a failure below is reported once and ends the search
     if (records_ == nullptr) return;
-    const int portion = std::clamp(List.Count() / 4, FirstPortion, LargestPortion);
-    // Few rows at a time are copied faster; a sorted list takes all at once, as each time costs a merge.
-    const int atOnce = List.SortColumn() < 0 ? FirstPortion : portion;
-    for (int added = 0; added < portion && !records_->Eof(); added += atOnce) List.AddRows(NextRows(atOnce));
-    lblMatchCount.SetCaption(std::to_string(List.Count()));
-    if (records_->Eof())
-        StopSearch();
-    else
-        tmrRows.SetEnabled(true);
+    const int largest = List.SortColumn() < 0 ? LargestPortion : LargestSortedPortion;
+    try {
+        std::vector<PackedRow> rows = NextRows(std::clamp(List.Count() / 4, FirstPortion, largest));
+        List.AddRows(std::move(rows), MoreRows::Follow);
+        lblMatchCount.SetCaption(std::to_string(List.Count()));
+        if (records_->Eof()) StopSearch();
+    } catch (...) {
+        StopSearch();  // the failure is reported once
+        throw;
+    }
 }
 
-std::vector<ListView::Row> frmFindProperty::NextRows(int count) {
-    std::vector<ListView::Row> rows;
+std::vector<PackedRow> frmFindProperty::NextRows(int count) {
+    std::vector<PackedRow> rows;
     rows.reserve(static_cast<std::size_t>(count));
+    ListView::Row row;
+    row.subItems.resize(columns_.size());
     for (; count > 0 && !records_->Eof(); --count, records_->MoveNext()) {
-        ListView::Row& row = rows.emplace_back();
         row.text = row.key = records_->Field("SelectedId").Text();
-        row.subItems.reserve(columns_.size());
-        for (const ResultColumn& column : columns_)
-            row.subItems.push_back(records_->Field(column.field).Text());
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            row.subItems[i] = records_->Field(columns_[i].field).Text();
+        rows.emplace_back(row);
     }
     return rows;
 }
 
 void frmFindProperty::StopSearch() {
     tmrRows.SetEnabled(false);
+    if (records_ == nullptr) return;
     records_.reset();
+    List.AddRows({}, MoreRows::No);
 }
 
 void frmFindProperty::SortByColumn(int column) {

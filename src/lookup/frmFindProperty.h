@@ -68,7 +68,7 @@ private:
     void ShowMatches();
     void SetUpColumns();
     void AddPortion();
-    std::vector<ListView::Row> NextRows(int count);
+    std::vector<PackedRow> NextRows(int count);
     void StopSearch();
     PropertyCriteria Criteria();
     SearchUser User() const;

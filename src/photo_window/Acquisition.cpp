@@ -1,25 +1,9 @@
-#include "imaging/frmAcquire.h"
-#include "imaging/frmSelectSource.h"
 #include "photo_window/frmLumarin.h"
+#include "util/PictureAcquisition.h"
 
 // Pictures from scanners and cameras: each page goes through the crop window as it comes in.
 
 namespace lumarin {
-
-namespace {
-
-class ShownProgress {
-public:
-    ShownProgress(frmAcquire& window, const OwnerWindow* owner) : window_(window) { window_.Display(owner); }
-    ~ShownProgress() { window_.Unload(); }
-    ShownProgress(const ShownProgress&) = delete;
-    ShownProgress& operator=(const ShownProgress&) = delete;
-
-private:
-    frmAcquire& window_;
-};
-
-}  // namespace
 
 void frmLumarin::UpdateAcquireTools() {
     const bool ready = sourceAvailable_ && !acquiring_;
@@ -32,21 +16,11 @@ void frmLumarin::Acquire(bool several) {
         if (current_ == nullptr || ports_.scanner == nullptr) return;
         acquiring_ = true;
         UpdateAcquireTools();
-        SetEnabled(false);  // the pages go to the listing that is current now
         Guarded(several ? "AcquireMultiple" : "AcquireSingle", [&] {
-            frmAcquire progress(desktop());
-            const ShownProgress shown(progress, this);
-            ports_.scanner->Acquire(
-                {.source = scannerSource_, .several = several},
-                {.whileWaiting =
-                     [&] {
-                         desktop().ProcessPendingEvents();
-                         return !progress.Cancelled();
-                     },
-                 .progress = [&](int page, int percent) { progress.ShowProgress(page, percent); },
-                 .pageArrived = [&](const ScannedPage& page) { return TakePage(page, several); }});
+            // The pages go to the listing that is current now.
+            AcquirePictures(desktop(), *this, *ports_.scanner, {.source = scannerSource_, .several = several},
+                            [&](const ScannedPage& page) { return TakePage(page, several); });
         });
-        SetEnabled(true);
         acquiring_ = false;
         UpdateAcquireTools();
     });
@@ -60,27 +34,13 @@ AfterPage frmLumarin::TakePage(const ScannedPage& page, bool several) {
     if (!several || result == PhotoResult::Cancel) return AfterPage::Stop;
     if (page.fromFeeder) return AfterPage::Continue;
     if (!canAdd_) return AfterPage::Stop;
-    const Answer next =
-        desktop().ShowMessage({.text = "Do you want to acquire another picture? Change the original first.",
-                               .title = "Acquire Multiple",
-                               .buttons = Buttons::YesNo,
-                               .icon = Icon::Question},
-                              this);
-    return next == Answer::Yes ? AfterPage::Continue : AfterPage::Stop;
+    return AskForNextPicture(desktop(), *this);
 }
 
 void frmLumarin::SelectSource() {
     RunCommand("SelectSource", [this] {
         if (ports_.scanner == nullptr) return;
-        std::vector<ScannerSource> sources;
-        {
-            const HourglassPointer hourglass(desktop());
-            sources = ports_.scanner->Sources([this] {
-                desktop().ProcessPendingEvents();
-                return true;
-            });
-        }
-        scannerSource_ = frmSelectSource(desktop()).Choose(sources, scannerSource_, this);
+        scannerSource_ = ChooseSource(desktop(), *this, *ports_.scanner, scannerSource_);
     });
 }
 

@@ -102,7 +102,7 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
     // Asked before anything is written, so that the state files are manifests only as long as it takes.
     for (int row = 0; row < RecList.Count(); ++row) {
         const clsPMListingRec& record = *records_.at(RecList.At(row).text);
-        if (record.GetPhotoCount() > 0 || removalsConfirmed.count(RecList.At(row).text) > 0) continue;
+        if (record.GetPhotoCount() > 0 || removalsConfirmed.contains(RecList.At(row).text)) continue;
         busy.Interrupt();
         removalsConfirmed[RecList.At(row).text] = AskRemoval(record.ListNum());
         busy.Begin();

@@ -59,10 +59,10 @@ void WriteStartUpPosition(const VelCommon& host, const Rect& window) {
     settings::WriteText(UserIni(host), PhotosSection, PositionKey, PositionText(window));
 }
 
-std::string FolderOfSelection(std::string selection) {
+std::string FolderOfSelection(const std::string& selection) {
     const std::size_t several = selection.find('\0');
     if (several != std::string::npos) {
-        const std::string folder = selection.substr(0, several);
+        std::string folder = selection.substr(0, several);
         if (folder.empty() || folder.back() == files::Separator.front()) return folder;
         return folder + files::Separator;
     }

@@ -165,7 +165,7 @@ LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const s
         return LookupResult::Found;
     }
     auto record = std::make_unique<clsPMListingRec>();
-    LoadResult result;
+    LoadResult result{};
     {
         const HourglassPointer hourglass(desktop());
         result = record->LoadListing(listingNumber, workingFolder_, *this, descriptions_, *cropWindow_);
@@ -196,7 +196,11 @@ void frmLumarin::MakeCurrent(clsPMListingRec* record) {
 
 void frmLumarin::ListingClicked(int row) {
     const auto clicked = records_.find(RecList.At(row).text);
-    if (clicked == records_.end() || clicked->second.get() == current_) return;
+    if (clicked == records_.end()) return;
+    if (clicked->second.get() == current_) {
+        current_->Settle();
+        return;
+    }
     if (current_ != nullptr) current_->SaveState();
     MakeCurrent(clicked->second.get());
 }

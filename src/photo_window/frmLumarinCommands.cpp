@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "base/Error.h"
 #include "imaging/clsLTDlg.h"
 #include "lookup/frmFindProperty.h"
@@ -182,9 +184,15 @@ void frmLumarin::RemoveCurrentListing() {
             if (answer != Answer::Yes) return;
         }
         // Taken out first: closing selects a neighbour, which becomes current without being saved over.
-        const auto entry = records_.extract(number);
-        current_ = nullptr;
-        entry.mapped()->CloseListing(LocalFiles::Delete, Publish::No);
+        auto entry = records_.extract(number);
+        clsPMListingRec* const closed = std::exchange(current_, nullptr);
+        try {
+            closed->CloseListing(LocalFiles::Delete, Publish::No);
+        } catch (...) {
+            records_.insert(std::move(entry));
+            current_ = closed;
+            throw;
+        }
         if (RecList.Count() == 0) MakeCurrent(nullptr);
     });
 }

@@ -4,6 +4,7 @@
 
 #include "base/Error.h"
 #include "base/Files.h"
+#include "documents/FakePdfLibrary.h"
 #include "imaging/FakeImaging.h"
 #include "photo_window/frmLumarin.h"
 #include "support/FakeHost.h"
@@ -30,9 +31,10 @@ protected:
     NoArchiver archiver;
     SystemClock clock;
     NoEngineVersion engine;
+    testing::FakePdfLibrary pdf;
     testing::FakeHost host;
     Tool tool;
-    ComponentPorts ports{desktop, imaging, archiver, clock, engine};
+    ComponentPorts ports{desktop, imaging, archiver, clock, engine, pdf};
     clsLumarin job{ports};
 };
 
@@ -75,6 +77,45 @@ TEST_F(clsLumarinTest, FrameClose_HostUnloadsAtOnce_WindowIsGoneAndToolIsBack) {
     job.Start(host, 7, tool);
     EXPECT_TRUE(desktop.shown["frmLumarin"]->Unload(CloseReason::Frame));
     EXPECT_EQ(host.endedJobs, std::vector<int>{7});
+    EXPECT_TRUE(tool.enabled);
+    EXPECT_TRUE(desktop.shown.empty());
+}
+
+TEST_F(clsLumarinTest, Start_SwitchOne_OpensTheDocumentManagerOnceAListingWasAskedFor) {
+    host.switchValue = 1;
+    desktop.Play("frmListnumPrompt", [&](Form& form) {
+        EXPECT_TRUE(desktop.shown.empty());
+        form.Hide();
+    });
+    job.Start(host, 7, tool);
+    EXPECT_EQ(desktop.shownWith["frmAddDocument"], static_cast<OwnerWindow*>(&host.MainForm()));
+    job.UnloadObj();
+    EXPECT_TRUE(desktop.shown.empty());
+}
+
+TEST_F(clsLumarinTest, Start_WindowClosesItself_HostMayDropTheJobFromWithin) {
+    host.switchValue = 1;
+    host.offline = true;
+    auto dropped = std::make_unique<clsLumarin>(ports);
+    host.onEndJob = [&](int) {
+        dropped->UnloadObj();
+        dropped.reset();
+    };
+    desktop.Expect("You are working offline! - This function requires an internet connection.");
+    dropped->Start(host, 9, tool);
+    EXPECT_EQ(host.endedJobs, std::vector<int>{9});
+    EXPECT_TRUE(tool.enabled);
+    EXPECT_TRUE(desktop.shown.empty());
+}
+
+TEST_F(clsLumarinTest, UnloadObj_WhileTheFirstListingIsAskedFor_ClosesThePromptAndShowsNothing) {
+    host.switchValue = 1;
+    auto dropped = std::make_unique<clsLumarin>(ports);
+    desktop.Play("frmListnumPrompt", [&](Form&) {
+        dropped->UnloadObj();
+        dropped.reset();
+    });
+    dropped->Start(host, 9, tool);
     EXPECT_TRUE(tool.enabled);
     EXPECT_TRUE(desktop.shown.empty());
 }

@@ -59,6 +59,30 @@ TEST_F(ListViewTest, RemoveAndInsert_AroundTheSelection_KeepItOnItsRow) {
     EXPECT_THROW(list.RemoveRow(-1), IndexError);
 }
 
+TEST_F(ListViewTest, Row_OfAnyLengthAndBytes_ComesBackWhole) {
+    const std::string nul("a\0b", 3), longText(70'000, 'x');
+    const struct {
+        const char* name;
+        ListView::Row row;
+    } cases[] = {
+        {"nothing", {}},
+        {"everything", {.text = "t", .subItems = {"s"}, .key = "k", .tag = "g", .picture = "p"}},
+        {"just below and at a longer length", {.text = std::string(254, 'x'), .key = std::string(255, 'y')}},
+        {"long", {.text = longText, .subItems = {"", longText, nul}, .tag = longText}},
+        {"many cells", {.text = "t", .subItems = std::vector<std::string>(300, "cell")}},
+    };
+    for (const auto& test : cases) {
+        const int at = list.AddRow(test.row);
+        const ListView::Row row = list.At(at);
+        EXPECT_TRUE(row.text == test.row.text && row.key == test.row.key && row.tag == test.row.tag &&
+                    row.picture == test.row.picture && row.subItems == test.row.subItems)
+            << test.name;
+        const int cells = static_cast<int>(row.subItems.size());
+        EXPECT_EQ(list.Cell(at, cells), cells > 0 ? row.subItems.back() : row.text) << test.name;
+        EXPECT_EQ(list.Cell(at, cells + 1), "") << test.name;
+    }
+}
+
 TEST_F(ListViewTest, Select_ByCode_RaisesItemClickAsAUserWould) {
     std::vector<int> clicked;
     list.ItemClick = [&](int row) { clicked.push_back(row); };

@@ -78,6 +78,19 @@ TEST_F(SqliteRecordsetTest, LongResult_IsReadAsAskedAndThenLeavesTheDatabaseFree
     EXPECT_TRUE(rows->Eof());
 }
 
+TEST_F(SqliteRecordsetTest, Values_OfEverySize_ComeBackWhole) {
+    const std::string values[] = {"0", "-1", "2147483647", "-2147483649", "9223372036854775807"};
+    const int lengths[] = {0, 1, 251, 252, 255, 256, 70'000};
+    for (const std::string& value : values)
+        EXPECT_EQ(Ask("SELECT NULL AS a, " + value + " AS b, 'x' AS c FROM Photo")->Field("b").Text(), value);
+    for (const int length : lengths) {
+        const std::string text(static_cast<std::size_t>(length), 'x');
+        const auto row = Ask("SELECT '" + text + "' AS a, " + std::to_string(length) + " AS b FROM Photo");
+        EXPECT_EQ(row->Field("b").Integer(), length);
+        EXPECT_EQ(row->Field("a").Text(), text) << length;
+    }
+}
+
 TEST_F(SqliteRecordsetTest, EmptyResult_IsAtItsEndAtOnce) {
     const auto rows = Ask("SELECT ListNum FROM Listings");
     EXPECT_TRUE(rows->Eof());

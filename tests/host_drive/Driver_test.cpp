@@ -29,6 +29,10 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "base/Error.h"
+#include "platform/qt/FileChooser.h"
+#include "platform/qt/QtDesktop.h"
+
 namespace host {
 
 namespace {
@@ -232,6 +236,26 @@ TEST_F(DriverTest, Message_HandlerStillAtWork_WaitsForItsQuestion) {
     EXPECT_EQ(answers[4].toObject()["text"], "No");
 }
 
+TEST_F(DriverTest, Press_InAModalWindow_IsAnsweredWhenItsHandlerHasEnded) {
+    window.Button("cmdOpen", [this] {
+        QDialog modal(&window);
+        modal.setObjectName("frmModal");
+        auto* work = new QPushButton("Work", &modal);
+        work->setObjectName("cmdWork");
+        QObject::connect(work, &QPushButton::clicked, &modal, [work] {
+            QElapsedTimer time;
+            time.start();
+            while (time.elapsed() < 100) QCoreApplication::processEvents();
+            work->setText("Done");
+        });
+        modal.exec();
+    });
+    const auto answers =
+        Do({"press frmTest.cmdOpen", "press frmModal.cmdWork", "get frmModal.cmdWork", "close frmModal"});
+    EXPECT_EQ(answers[2].toObject()["caption"], "Done");
+    EXPECT_FALSE(driver.HadErrors());
+}
+
 TEST_F(DriverTest, Get_WindowDisabledByTheProgram_WaitsUntilItIsEnabled) {
     window.Button("cmdLater", [this] {
         window.setEnabled(false);
@@ -298,6 +322,52 @@ TEST_F(DriverTest, Choose_FileDialogWaits_ChoosesOrCancels) {
     EXPECT_EQ(ResultAfter({"press frmTest.cmdOpen", "choose"}), "none");
     const auto answers = Do({"press frmTest.cmdOpen", "choose " + folder.filePath("missing.jpg"), "choose"});
     EXPECT_TRUE(answers[1].toObject().contains("error"));
+}
+
+TEST_F(DriverTest, Choose_SaveDialogWaits_NamesAFileAndAsksBeforeItIsReplaced) {
+    QTemporaryDir folder;
+    QFile(folder.filePath("there.pdf")).open(QIODevice::WriteOnly);
+    window.Button("cmdSave", [&] {
+        const lumarin::SaveDialog dialog{"Save", "PDF|*.pdf", folder.path().toStdString(), "100123.pdf"};
+        window.Result(
+            QFileInfo(QString::fromStdString(lumarin::qt::RunSaveDialog(dialog, &window))).fileName());
+    });
+    const QString path = "choose " + folder.path();
+    EXPECT_EQ(ResultAfter({"press frmTest.cmdSave", path + "/new"}), "new.pdf");
+    EXPECT_EQ(ResultAfter({"press frmTest.cmdSave", path + "/there.pdf", "answer No", "choose"}), "");
+    EXPECT_EQ(ResultAfter({"press frmTest.cmdSave", path + "/there.pdf", "answer Yes"}), "there.pdf");
+    EXPECT_FALSE(driver.HadErrors());
+}
+
+TEST_F(DriverTest, Browser_WebAddressesOfTheProgram_AreWrittenDownAndNothingElseIsOpened) {
+    lumarin::qt::QtDesktop desktop;
+    const struct {
+        const char* address;
+        const char* opened;  ///< "" for an address that is refused
+    } cases[] = {
+        {"http://example.org/a b?c=%20d", "http://example.org/a%20b?c=%20d"},
+        {" HTTPS://example.org ", "https://example.org"},
+        {"www.example.org", "http://www.example.org"},
+        {"www.example.org:8080/x", "http://www.example.org:8080/x"},
+        {"Docs.localhost:81\\VELTRANE\\Docs\\4\\5\\12345_17.pdf",
+         "http://docs.localhost:81/VELTRANE/Docs/4/5/12345_17.pdf"},
+        {"file:///etc/passwd", ""},
+        {"javascript:alert(1)", ""},
+        {"mailto:a@example.org", ""},
+        {"http://", ""},
+        {"", ""},
+    };
+    QStringList expected;
+    for (const auto& given : cases) {
+        if (*given.opened != '\0') {
+            desktop.OpenInBrowser(given.address);
+            expected += given.opened;
+        } else {
+            EXPECT_THROW(desktop.OpenInBrowser(given.address), lumarin::Error) << given.address;
+        }
+    }
+    EXPECT_THROW(desktop.OpenDocument("/no/such.pdf"), lumarin::Error);
+    EXPECT_EQ(Last({"browser"})["opened"], QJsonArray::fromStringList(expected));
 }
 
 TEST_F(DriverTest, Commands_ThatCannotBeDone_SayWhy) {

@@ -8,9 +8,9 @@ using Arguments = std::vector<std::string>;
 
 TEST(ProgramOptions_Parse, AllTogether_AreTaken) {
     const ProgramOptions options =
-        ParseOptions({"--photos", "--data", "/tmp/x", "--drive", "-", "--level=100", "--agent", "A202",
-                      "--office=OF2", "--board", "2"});
-    EXPECT_TRUE(options.photos);
+        ParseOptions({"--photos", "--documents", "--offline", "--no-internet", "--data", "/tmp/x", "--drive",
+                      "-", "--level=100", "--agent", "A202", "--office=OF2", "--board", "2"});
+    EXPECT_TRUE(options.photos && options.documents && options.offline && options.noInternet);
     EXPECT_EQ(options.dataFolder, "/tmp/x");
     EXPECT_EQ(options.drive, "-");
     EXPECT_EQ(options.level, 100);
@@ -21,7 +21,8 @@ TEST(ProgramOptions_Parse, Nothing_IsTheUsualAgent) {
     const ProgramOptions options = ParseOptions({});
     EXPECT_EQ(options.level, 10);
     EXPECT_EQ(options.agent + options.office + options.board, "A101OF11");
-    EXPECT_FALSE(options.demo || options.photos || options.help || !options.drive.empty());
+    EXPECT_FALSE(options.documents || options.offline || options.noInternet || options.demo ||
+                 options.photos || options.help || !options.drive.empty());
 }
 
 TEST(ProgramOptions_Parse, Mistakes_AreNamed) {
@@ -40,6 +41,9 @@ TEST(ProgramOptions_Parse, Mistakes_AreNamed) {
         {{"--level", "-1"}, "--level needs a whole number of 0 or more, not \"-1\""},
         {{"--level", "99999999999"}, "--level needs a whole number of 0 or more, not \"99999999999\""},
         {{"--demo", "--drive", "-"}, "--demo and --drive exclude each other"},
+        {{"--faults", "chunk lose"},
+         "--faults: \"chunk lose\" is no fault. A fault is a call (query, begin, chunk, end, abort, apply, "
+         "command, fetch, any), a number from 1 on and fail, stall or lose, such as \"chunk 3 lose\""},
         {{"--demo", "--data", "x"}, "--demo uses a data folder of its own; leave out --data"},
     };
     for (const auto& given : cases) {

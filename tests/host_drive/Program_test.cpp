@@ -92,7 +92,7 @@ TEST_F(ProgramTest, PhotoWindow_OpenAndClosed_DisablesAndEnablesItsTool) {
                                   "close frmLumarin", "get frmMain.Photos", "close frmMain"});
     ASSERT_EQ(run.answers.size(), 6u) << run.errors.toStdString();
     EXPECT_FALSE(run.answers[1].toObject()["enabled"].toBool());
-    EXPECT_FALSE(run.answers[2].toObject()["enabled"].toBool());
+    EXPECT_TRUE(run.answers[2].toObject()["enabled"].toBool());
     EXPECT_TRUE(run.answers[4].toObject()["enabled"].toBool());
     EXPECT_EQ(run.exitCode, 0);
 }

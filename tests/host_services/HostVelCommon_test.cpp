@@ -48,10 +48,10 @@ TEST(HostVelCommon, SignedInUser_ActsForTheCompanysOffices) {
         const char* managed;
         bool several;
     };
-    const Case cases[] = {{10, "OF1", ",OF1,OF3,", false},
-                          {60, "OF1", ",OF1,OF3,", true},
-                          {95, "OF4", ",OF2,OF4,", true},
-                          {60, "NONE", ",NONE,", false}};
+    const Case cases[] = {{10, "OF1", ",OF1,OF3,'OF1','OF3',", false},
+                          {60, "OF1", ",OF1,OF3,'OF1','OF3',", true},
+                          {95, "OF4", ",OF2,OF4,'OF2','OF4',", true},
+                          {60, "NONE", ",NONE,'NONE',", false}};
     for (const Case& row : cases) {
         TestHost host({.dataFolder = SeededFolder(), .level = row.level, .office = row.office});
         EXPECT_EQ(host.common.ManagedOffices(), row.managed);

@@ -1,5 +1,6 @@
 #include "host_services/HostFixture.h"
 
+#include "base/Files.h"
 #include "host/demo/SeedData.h"
 
 namespace host {
@@ -108,9 +109,14 @@ TEST(Statements, ListingAndPhotoQueries_GiveWhatTheDemoPublished) {
         "SELECT ListNum,PhotoCount,PhotoVersion From Listings Left join photo on Listings.ListNum = "
         "Photo.PhoListNum WHERE Photo.PhotoCount > 0;");
     EXPECT_GT(all->RecordCount(), 20);
-    EXPECT_TRUE(host.Execute("SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = "
-                             "100123 ORDER BY DocID;")
-                    ->Eof());
+    const std::string documents =
+        "SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = 100123 ORDER BY DocID;";
+    EXPECT_EQ(host.Keys(documents, "DocDesc"), "Floor plan Schools nearby Seller's disclosure");
+    const auto document = host.Execute(documents);
+    EXPECT_EQ(document->Field("DocUrl").Text(), "");
+    EXPECT_EQ(static_cast<std::uint64_t>(document->Field("DocFilesize").Integer()),
+              lumarin::files::FileLength(
+                  host.common.ListingServer().DocumentFile(100123, document->Field("DocID").Integer())));
 }
 
 }  // namespace

@@ -17,6 +17,11 @@ protected:
     void Add(std::initializer_list<const char*> numbers) {
         for (const char* number : numbers) form->lisRows.AddRow({.text = number, .subItems = {"Street"}});
     }
+    static std::vector<PackedRow> Rows(std::initializer_list<const char*> texts) {
+        std::vector<PackedRow> rows;
+        for (const char* text : texts) rows.emplace_back(ListView::Row{.text = text});
+        return rows;
+    }
     QTreeView& Tree() { return Widget<QTreeView>("lisRows"); }
     QString Shown() {
         QStringList texts;
@@ -49,7 +54,7 @@ TEST_F(ListViewTest, Rows_ChangedByCode_AreShownAndChooseNothing) {
     clicked.clear();
     form->lisRows.RemoveRow(3);
     EXPECT_EQ(Current(), -1) << "no neighbour is selected";
-    form->lisRows.AddRows({{.text = "8"}, {.text = "9"}});
+    form->lisRows.AddRows(Rows({"8", "9"}));
     form->lisRows.SortBy(0, false);
     EXPECT_EQ(Shown(), "55 9 8 7 4 3");
     EXPECT_EQ(Tree().header()->sortIndicatorOrder(), Qt::DescendingOrder);
@@ -104,8 +109,8 @@ TEST_F(ListViewTest, User_KeysHeaderAndButtons_RaiseTheirEvents) {
 }
 
 TEST_F(ListViewTest, ManyRows_ShownAndScrolled_ReadOnlyWhatIsSeen) {
-    std::vector<ListView::Row> rows(100000);
-    for (std::size_t i = 0; i < rows.size(); ++i) rows[i].text = std::to_string(i);
+    std::vector<PackedRow> rows;
+    for (int i = 0; i < 100000; ++i) rows.emplace_back(ListView::Row{.text = std::to_string(i)});
     form->lisRows.AddRows(std::move(rows));
     Show();
     form->lisRows.Select(99999);
@@ -116,6 +121,33 @@ TEST_F(ListViewTest, ManyRows_ShownAndScrolled_ReadOnlyWhatIsSeen) {
     for (int i = 0; i < 20000; ++i) form->lisRows.AddRow({.text = "more"});
     Settle();
     EXPECT_EQ(Tree().model()->rowCount(), 120000);
+}
+
+TEST_F(ListViewTest, RowsThatFollow_AreShownALittleLaterAndWhenSomebodyNeedsThem) {
+    Show();
+    const auto add = [&](std::initializer_list<const char*> texts) {
+        form->lisRows.AddRows(Rows(texts), MoreRows::Follow);
+    };
+    add({"1", "2"});
+    EXPECT_EQ(Shown(), "1 2") << "the first rows at once";
+    add({"3", "4"});
+    EXPECT_EQ(Shown(), "1 2");
+    form->lisRows.RemoveRow(3);
+    form->lisRows.SetText(2, "33");
+    form->lisRows.InsertRow(1, {.text = "1b"});
+    form->lisRows.RemoveRow(0);
+    EXPECT_EQ(Shown(), "1b 2") << "changes behind the rows that are shown wait with them";
+    form->lisRows.Select(0);
+    QTest::keyClick(&Tree(), Qt::Key_End);
+    EXPECT_EQ(form->lisRows.Selected(), 2);
+    add({"5"});
+    form->lisRows.Select(3);
+    EXPECT_EQ(Current(), 3);
+    add({"6"});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown() == "1b 2 33 5 6"; })) << Shown().toStdString();
+    add({"7"});
+    form->lisRows.AddRows({}, MoreRows::No);
+    EXPECT_EQ(Shown(), "1b 2 33 5 6 7") << "none follow";
 }
 
 TEST_F(ListViewTest, RowPicture_FileChanges_IsMadeAnew) {

@@ -3,6 +3,9 @@
 #include <memory>
 #include <vector>
 
+#include "documents/FakePdfLibrary.h"
+#include "documents/frmAddDocument.h"
+#include "documents/frmPromptLinkText.h"
 #include "imaging/FakeImaging.h"
 #include "imaging/frmAcquire.h"
 #include "imaging/frmPhotoCrop.h"
@@ -11,7 +14,9 @@
 #include "lookup/frmFindProperty.h"
 #include "lookup/frmListnumPrompt.h"
 #include "photo_window/frmLumarin.h"
+#include "support/FakeHost.h"
 #include "util/frmBusy.h"
+#include "util/frmFTP.h"
 #include "util/frmProgress.h"
 #include "verify/frmVerifyPhotos.h"
 
@@ -22,10 +27,21 @@ struct NoArchiver final : ZipArchiver {
     void Create(const std::string&, const std::vector<std::string>&) override {}
 };
 
+/// Sends nothing.
+struct NoTransfer final : FtpTransfer {
+    void SetServer(const FtpServer&) override {}
+    void SetRequestTimeout(int) override {}
+    void Execute(const std::string&) override {}
+    void Poll() override {}
+    const FtpFailure& Failure() const override { return failure; }
+    void Cancel() override {}
+    FtpFailure failure;
+};
+
 /// A form of each window, with ports that nobody asks anything.
 class EveryWindow {
 public:
-    explicit EveryWindow(Desktop& desktop) : desktop_(desktop) {}
+    explicit EveryWindow(Desktop& desktop) : desktop_(desktop) { host_.Set(common_); }
 
     std::vector<std::unique_ptr<Form>> Make() {
         std::vector<std::unique_ptr<Form>> forms;
@@ -34,21 +50,29 @@ public:
         forms.push_back(std::make_unique<frmPhotoCrop>(desktop_, imaging_));
         forms.push_back(std::make_unique<frmProgress>(desktop_, clock_, host_));
         forms.push_back(std::make_unique<frmBusy>(desktop_));
+        forms.push_back(std::make_unique<frmFTP>(desktop_, clock_, host_, ftp_));
         forms.push_back(std::make_unique<frmFindProperty>(LookupPorts{desktop_, host_, engine_}));
         forms.push_back(std::make_unique<frmListnumPrompt>(LookupPorts{desktop_, host_, engine_}));
         forms.push_back(std::make_unique<frmVerifyPhotos>(desktop_, host_));
         forms.push_back(std::make_unique<frmPhotoViewer>(desktop_));
         forms.push_back(std::make_unique<frmSelectSource>(desktop_));
         forms.push_back(std::make_unique<frmAcquire>(desktop_));
+        forms.push_back(std::make_unique<frmAddDocument>(
+            DocumentWindowPorts{desktop_, imaging_, pdf_, clock_, host_, engine_}));
+        forms.push_back(std::make_unique<frmMakePDF>(MakePdfPorts{desktop_, imaging_, pdf_, host_}));
+        forms.push_back(std::make_unique<frmPromptLinkText>(desktop_));
         return forms;
     }
 
 private:
     Desktop& desktop_;
     FakeImaging imaging_;
+    FakePdfLibrary pdf_;
     NoArchiver archiver_;
     SystemClock clock_;
+    FakeHost common_;
     HostLink host_;
+    NoTransfer ftp_;
     NoEngineVersion engine_;
 };
 

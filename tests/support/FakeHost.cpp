@@ -71,6 +71,19 @@ private:
     FakeHost& host_;
 };
 
+class FakeDocService final : public DocInterface {
+public:
+    explicit FakeDocService(FakeHost& host) : host_(host) {}
+    bool Update(std::string& Command, std::string& ErrorText) override {
+        host_.commands.push_back(Command);
+        ErrorText = host_.onUpdate(Command);
+        return !ErrorText.empty();
+    }
+
+private:
+    FakeHost& host_;
+};
+
 }  // namespace
 
 FakeHost::FakeHost() {
@@ -100,6 +113,7 @@ std::string FakeHost::FetchPhoto(std::int32_t listingNumber, int number, const s
 std::unique_ptr<HostService> FakeHost::GetClassInstance(const std::string& name) {
     if (name == DbInterface::ServiceName) return std::make_unique<FakeDb>(*this);
     if (name == PhotoInterface::ServiceName) return std::make_unique<FakePhotoService>(*this);
+    if (name == DocInterface::ServiceName) return std::make_unique<FakeDocService>(*this);
     throw Error(ObjectErrorBase + 3, "FakeHost", "no service " + name);
 }
 

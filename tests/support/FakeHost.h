@@ -32,6 +32,11 @@ public:
     std::function<void(const std::string& step)> onUpload = [](const std::string&) {};
     int batchResult = 0;
 
+    /// Every command that the document service got.
+    std::vector<std::string> commands;
+    /// The reason for which it refuses a command; "" accepts. Throws for one that fails.
+    std::function<std::string(const std::string& command)> onUpdate = [](const std::string&) { return ""; };
+
     /// Makes a published photo of this many bytes available to FetchPhoto.
     void Publish(std::int32_t listNum, int number, std::size_t bytes);
     std::vector<std::string> fetched;  ///< "LISTNUM NUMBER VERSION"
@@ -44,6 +49,7 @@ public:
     std::string agent = "A101", office = "OF1", board = "1", managedOffices = ",OF1,'OF1',",
                 connection = "VEL";
     bool severalOffices = false, showsDirection = true, reportsUpdates = false;
+    bool online = true, offline = false;
     std::vector<ListingStatus> statuses = {{2001, "Active"},    {2002, "Pending"}, {2003, "Sold"},
                                            {2004, "Withdrawn"}, {2005, "Expired"}, {2006, "Cancelled"},
                                            {2007, "Leased"}};
@@ -62,9 +68,9 @@ public:
     std::string AgentId() const override { return agent; }
     std::string OfficeId() const override { return office; }
     std::string HelpFilePath() const override { return ProgramFolder() + "help.html"; }
-    bool IsOnline() const override { return true; }
+    bool IsOnline() const override { return online; }
     lumarin::ServiceBroker& ServiceBroker() override { return *this; }
-    bool IsOffline() const override { return false; }
+    bool IsOffline() const override { return offline; }
     int UserLevel() const override { return level; }
     std::string UserBoardId() const override { return board; }
     std::string ManagedOffices() const override { return managedOffices; }

@@ -23,6 +23,13 @@ public:
     void Play(const std::string& window, std::function<void(Form&)> play) {
         plays_[window].push_back(std::move(play));
     }
+    /// From now on nothing is unexpected: messages are only recorded and answered by `answer`, or with Yes
+    /// where there is one and Cancel elsewhere; dialogs are cancelled, and `play` acts in every modal window
+    /// that no script awaits.
+    void BeLenient(std::function<void(Form&)> play, std::function<Answer(const Message&)> answer = nullptr) {
+        playOthers_ = std::move(play);
+        answerOthers_ = std::move(answer);
+    }
     /// Runs at the n-th (from 1) call of ProcessPendingEvents from now.
     void AtPendingEvents(int n, std::function<void()> action) {
         pending_[pendingCalls_ + n] = std::move(action);
@@ -78,6 +85,8 @@ private:
 
     std::deque<std::string> choices_;
     std::map<std::string, std::deque<std::function<void(Form&)>>> plays_;
+    std::function<void(Form&)> playOthers_;
+    std::function<Answer(const Message&)> answerOthers_;
     std::map<int, std::function<void()>> pending_;
     int pendingCalls_ = 0;
     std::vector<std::unique_ptr<Form>> givenUp_;

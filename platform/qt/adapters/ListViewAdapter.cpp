@@ -21,6 +21,8 @@ namespace {
 
 constexpr int WidestFittedColumn = 320;  // pixels
 constexpr int RowsMeasured = 100;
+constexpr int ShortestLag = 50;  // milliseconds
+constexpr int RowsPerLag = 500;  // a millisecond each: laying these out takes a fiftieth of it
 constexpr QSize RowPadding(12, 6);
 
 /// Gives the rows room to breathe.
@@ -40,8 +42,8 @@ private:
     class Notices final : public ForwardingView<ListViewView> {
     public:
         explicit Notices(ListViewAdapter& adapter) : ForwardingView(adapter), adapter_(adapter) {}
-        void RowInserted(int row) override { adapter_.InsertRows(row, 1); }
-        void RowsInserted(int first, int count) override { adapter_.InsertRows(first, count); }
+        void RowInserted(int row) override { adapter_.InsertRow(row); }
+        void RowsAdded(int first, MoreRows more) override { adapter_.AddRows(first, more); }
         void RowRemoved(int row) override { adapter_.RemoveRow(row); }
         void RowChanged(int row) override { adapter_.model_->RowChanged(row); }
         void ListReset() override { adapter_.Reset(); }
@@ -58,7 +60,9 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool ViewportEvent(QEvent& event);
 
-    void InsertRows(int first, int count);
+    void InsertRow(int row);
+    void AddRows(int first, MoreRows more);
+    void CatchUp();
     void RemoveRow(int row);
     void Reset();
     void ShowSelection();
@@ -74,12 +78,15 @@ private:
     RowModel* model_;
     bool applying_ = false;         ///< the selection changes because the code says so
     bool selectedByPress_ = false;  ///< the mouse press that runs now has selected a row already
+    QTimer catchUp_;                ///< runs while the view does not know of the last rows
     bool fitPending_ = false;
     bool sizedByUser_ = false;
 };
 
 ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
     : AdapterFor(control, tree), model_(new RowModel(control, &tree)) {
+    catchUp_.setSingleShot(true);
+    connect(&catchUp_, &QTimer::timeout, this, [this] { CatchUp(); });
     tree.setRootIsDecorated(false);
     tree.setItemsExpandable(false);
     tree.setUniformRowHeights(true);
@@ -123,6 +130,7 @@ void ListViewAdapter::ShowState() {
 
 void ListViewAdapter::Release() {
     applying_ = true;
+    catchUp_.stop();
     model_->Forget();
 }
 
@@ -139,8 +147,9 @@ void ListViewAdapter::ShowSortOrder() {
 }
 
 void ListViewAdapter::ShowSelection() {
-    applying_ = true;
     const int row = Bound()->Selected();
+    if (row >= model_->rowCount()) CatchUp();
+    applying_ = true;
     if (row < 0)
         View().selectionModel()->clear();
     else
@@ -148,11 +157,29 @@ void ListViewAdapter::ShowSelection() {
     applying_ = false;
 }
 
-void ListViewAdapter::InsertRows(int first, int count) {
+void ListViewAdapter::InsertRow(int row) {
     applying_ = true;  // the selection moves with its row, which is no choice
-    model_->RowsInserted(first, count);
+    model_->RowInserted(row);
     applying_ = false;
     FitColumnsLater();
+}
+
+/// The first rows are seen at once. The view lays all its rows out anew whenever some are added, so while
+/// more follow it is told of them the more rarely the more there are.
+void ListViewAdapter::AddRows(int first, MoreRows more) {
+    if (first > 0 && more == MoreRows::Follow) {
+        if (!catchUp_.isActive()) catchUp_.start(std::max(ShortestLag, first / RowsPerLag));
+        return;
+    }
+    CatchUp();
+    FitColumnsLater();
+}
+
+void ListViewAdapter::CatchUp() {
+    catchUp_.stop();
+    applying_ = true;
+    model_->CatchUp();
+    applying_ = false;
 }
 
 void ListViewAdapter::RemoveRow(int row) {
@@ -212,6 +239,7 @@ void ListViewAdapter::FitColumns() {
 bool ListViewAdapter::WidgetEvent(QEvent& event) {
     if (event.type() == QEvent::KeyPress) {
         selectedByPress_ = false;
+        CatchUp();  // the key may mean the last row
         const KeyDown key = ToKeyDown(static_cast<QKeyEvent&>(event));
         return key.key != Key::None && Bound()->PressKey(key);
     }

@@ -8,7 +8,8 @@
 namespace lumarin::qt {
 
 /// A list view's rows for a tree view. It holds no copy of them: it counts the rows that the view knows
-/// of, and reads texts from the control when they are painted.
+/// of, and reads texts from the control when they are painted. Those are the first rows of the control:
+/// what was added at its end need not be told at once.
 class RowModel final : public QAbstractTableModel {
 public:
     RowModel(const ListView& list, QObject* parent);
@@ -17,9 +18,11 @@ public:
     void Forget();
 
     // The rows are in the control, or gone from it, already.
-    void RowsInserted(int first, int count);
+    void RowInserted(int row);
     void RowRemoved(int row);
     void RowChanged(int row);
+    /// Tells the view of all rows that were added at the end.
+    void CatchUp();
     void Reset();
 
     /// Size of the row pictures, in logical pixels.
@@ -27,10 +30,14 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
+    QVariant Alignment(int column) const;
+
     const ListView* list_;
     int rows_;
     int columns_;

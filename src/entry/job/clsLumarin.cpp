@@ -1,6 +1,7 @@
 #include "entry/job/clsLumarin.h"
 
 #include "base/Error.h"
+#include "documents/frmAddDocument.h"
 #include "entry/HostLink.h"
 #include "photo_window/frmLumarin.h"
 
@@ -25,8 +26,9 @@ clsLumarin::~clsLumarin() {
 
 std::unique_ptr<JobWindow> clsLumarin::MakeWindow(int which) {
     if (which == DocumentManager)
-        throw Error(ApplicationErrorNumber, "clsLumarin",
-                    "The document manager is not part of this version.");
+        return std::make_unique<frmAddDocument>(DocumentWindowPorts{ports_.desktop, ports_.imaging,
+                                                                    ports_.pdf, ports_.clock, ComponentHost(),
+                                                                    ports_.engine, ports_.scanner});
     return std::make_unique<frmLumarin>(PhotoWindowPorts{ports_.desktop, ports_.imaging, ports_.archiver,
                                                          ports_.clock, ComponentHost(), ports_.engine,
                                                          ports_.scanner});
@@ -38,7 +40,11 @@ void clsLumarin::Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& M
     MenuButton.SetEnabled(false);
     ports_.desktop.SetHelpFile(pVelCommon.HelpFilePath());
     window_ = MakeWindow(pVelCommon.MainForm().Switch());
+    // The window may ask the user something, and the host may end the job and drop this meanwhile.
+    const std::weak_ptr<const bool> alive = alive_;
     window_->Init(JobIndex);
+    if (alive.expired() || window_ == nullptr) return;
+    if (!window_->IsLoaded()) return pVelCommon.EndJob(JobIndex);
     window_->Show(&pVelCommon.MainForm());
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "base/Clock.h"
+#include "documents/PdfLibrary.h"
 #include "entry/JobWindow.h"
 #include "entry/VelCommon.h"
 #include "forms/Desktop.h"
@@ -21,6 +22,7 @@ struct ComponentPorts {
     ZipArchiver& archiver;
     const Clock& clock;
     const EngineVersion& engine;
+    PdfLibrary& pdf;
     Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
 };
 
@@ -36,7 +38,8 @@ public:
 
     /// Opens the job's window, owned by the host's main window, and returns at once. The tool stays
     /// disabled until `UnloadObj`. Called once an instance. The services given by the last start, of
-    /// whichever instance, are the ones that all windows of the component use from then on.
+    /// whichever instance, are the ones that all windows of the component use from then on. A window that
+    /// closes itself at once is not shown; the host is then told by `EndJob`, as the last thing that is done.
     void Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& MenuButton);
 
     /// Ends the job: unloads the window and enables the tool again. It may be called from within
@@ -50,6 +53,7 @@ private:
     ComponentPorts ports_;
     std::unique_ptr<JobWindow> window_;
     HostTool* menuButton_ = nullptr;
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 }  // namespace lumarin

@@ -1,0 +1,174 @@
+#include "host/server/Documents.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "base/Files.h"
+#include "host/server/Digest.h"
+#include "host/server/Refusal.h"
+
+namespace host {
+
+namespace {
+
+namespace files = lumarin::files;
+
+constexpr int OfficeLevel = 60;
+constexpr int BoardLevel = 90;
+constexpr int UnrestrictedLevel = 100;
+
+constexpr const char* AnyDigest = "";
+
+struct Owner {
+    std::string agent;
+    std::string office;
+    std::string board;
+};
+
+std::optional<Owner> OwnerOf(Database& database, std::int32_t listing) {
+    Statement row(database,
+                  "SELECT ListAgentId, ListOfficeId, BoardId FROM Listings WHERE ListNum = ?1 UNION ALL "
+                  "SELECT ListAgentId, ListOfficeId, BoardId FROM Rentals WHERE ListNum = ?1");
+    if (!row.Bind(1, std::int64_t{listing}).Step()) return std::nullopt;
+    return Owner{row.Text(0), row.Text(1), row.Text(2)};
+}
+
+bool MayChange(const Owner& owner, const DocumentSender& sender) {
+    if (sender.level >= UnrestrictedLevel) return true;
+    if (sender.level >= BoardLevel) return owner.board == sender.board;
+    if (sender.level < OfficeLevel) return owner.agent == sender.agent;
+    return std::find(sender.offices.begin(), sender.offices.end(), owner.office) != sender.offices.end();
+}
+
+void RequirePdf(const std::string& path, std::int64_t largest) {
+    files::Reader file(path);
+    if (file.Length() > static_cast<std::uint64_t>(std::max<std::int64_t>(largest, 0)))
+        throw Refusal("The file has " + std::to_string(file.Length()) + " bytes; " + std::to_string(largest) +
+                      " are allowed");
+    constexpr std::string_view Mark = "%PDF-";
+    if (file.Length() <= Mark.size() || file.Read(Mark.size()) != Mark)
+        throw Refusal("The uploaded file is not in PDF format");
+}
+
+}  // namespace
+
+void Documents::Apply(const std::string& line, const DocumentSender& sender) {
+    const DocumentCommand command = ParseDocumentCommand(line);
+    if (command.userCode != sender.userCode)
+        throw Refusal("There is no user code \"" + command.userCode + "\"");
+    if (command.agent != sender.agent) throw Refusal("\"" + command.agent + "\" is not signed in");
+    switch (command.kind) {
+        case DocumentCommand::Kind::AddFile:
+            return AddFile(line, command, sender);
+        case DocumentCommand::Kind::AddLink:
+            return AddLink(command, sender);
+        case DocumentCommand::Kind::Delete:
+            return Delete(line, command, sender);
+    }
+}
+
+void Documents::AddFile(const std::string& line, const DocumentCommand& command,
+                        const DocumentSender& sender) {
+    const std::string upload = uploads_.Finished(command.upload);
+    if (upload.empty()) {
+        if (WasApplied(line, AnyDigest)) return;
+        throw Refusal("No file " + command.upload + " was uploaded");
+    }
+    const std::string digest = DigestOf(upload);
+    try {
+        Transaction transaction(database_);
+        if (!WasApplied(line, digest)) {
+            RequireOwn(command.listing, sender);
+            RequirePdf(upload, sender.largestFile);
+            Publish(line, command, upload, digest);
+            transaction.Commit();
+            Told(ApplyStep::DocumentCommitted);
+        }
+    } catch (const Refusal&) {
+        uploads_.Abort();  // Asking again cannot help; after other failures it can.
+        throw;
+    }
+    uploads_.Abort();
+}
+
+/// The file comes before the row counts; what a killed program leaves of it is deleted at the next start.
+void Documents::Publish(const std::string& line, const DocumentCommand& command, const std::string& upload,
+                        const std::string& digest) {
+    const std::int64_t document = InsertRow(command, files::FileLength(upload));
+    Told(ApplyStep::DocumentRowWritten);
+    store_.Add(command.listing, document, upload);
+    Told(ApplyStep::DocumentWritten);
+    Remember(line, digest);
+}
+
+void Documents::AddLink(const DocumentCommand& command, const DocumentSender& sender) {
+    Transaction transaction(database_);
+    RequireOwn(command.listing, sender);
+    Statement same(database_, "SELECT 1 FROM Documents WHERE DocListNum = ? AND DocDesc = ? AND DocUrl = ?");
+    same.Bind(1, std::int64_t{command.listing}).Bind(2, command.description).Bind(3, command.address);
+    if (same.Step()) return;
+    InsertRow(command, 0);
+    Told(ApplyStep::DocumentRowWritten);
+    transaction.Commit();
+    Told(ApplyStep::DocumentCommitted);
+}
+
+void Documents::Delete(const std::string& line, const DocumentCommand& command,
+                       const DocumentSender& sender) {
+    Transaction transaction(database_);
+    if (WasApplied(line, AnyDigest)) return;
+    Statement row(database_, "SELECT DocListNum FROM Documents WHERE DocID = ?");
+    if (!row.Bind(1, command.document).Step())
+        throw Refusal("There is no document " + std::to_string(command.document));
+    const auto listing = static_cast<std::int32_t>(row.Integer(0));
+    row.Finish();
+    RequireOwn(listing, sender);
+    Statement(database_, "DELETE FROM Documents WHERE DocID = ?").Bind(1, command.document).Finish();
+    Remember(line, AnyDigest);
+    Told(ApplyStep::DocumentRowWritten);
+    transaction.Commit();
+    Told(ApplyStep::DocumentCommitted);
+    files::TryDelete(store_.Path(listing, command.document));  // A link has none.
+    Told(ApplyStep::DocumentFileDeleted);
+}
+
+void Documents::RequireOwn(std::int32_t listing, const DocumentSender& sender) {
+    const std::optional<Owner> owner = OwnerOf(database_, listing);
+    if (!owner) throw Refusal("There is no listing " + std::to_string(listing));
+    if (!MayChange(*owner, sender))
+        throw Refusal("Listing " + std::to_string(listing) + " does not belong to " + sender.agent);
+}
+
+std::int64_t Documents::InsertRow(const DocumentCommand& command, std::uint64_t bytes) {
+    Statement row(database_,
+                  "INSERT INTO Documents (DocListNum, DocDesc, DocUrl, DocFilesize) VALUES (?, ?, ?, ?) "
+                  "RETURNING DocID");
+    row.Bind(1, std::int64_t{command.listing}).Bind(2, command.description).Bind(3, command.address);
+    row.Bind(4, static_cast<std::int64_t>(bytes)).Step();
+    const std::int64_t document = row.Integer(0);
+    row.Finish();
+    return document;
+}
+
+std::string Documents::File(std::int32_t listing, std::int64_t document) {
+    Statement row(database_, "SELECT 1 FROM Documents WHERE DocID = ? AND DocListNum = ? AND DocUrl = ''");
+    const bool found = row.Bind(1, document).Bind(2, std::int64_t{listing}).Step();
+    return found ? store_.Path(listing, document) : std::string();
+}
+
+bool Documents::WasApplied(const std::string& line, const std::string& digest) {
+    Statement found(database_, "SELECT 1 FROM AppliedCommands WHERE Command = ?1 AND ?2 IN ('', Digest)");
+    return found.Bind(1, line).Bind(2, digest).Step();
+}
+
+void Documents::Remember(const std::string& line, const std::string& digest) {
+    Statement(database_, "INSERT INTO AppliedCommands (Command, Digest) VALUES (?, ?)")
+        .Bind(1, line)
+        .Bind(2, digest)
+        .Finish();
+    // A sender asks again soon or never.
+    database_.Run(
+        "DELETE FROM AppliedCommands WHERE Serial <= (SELECT max(Serial) FROM AppliedCommands) - 1000");
+}
+
+}  // namespace host

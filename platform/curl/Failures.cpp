@@ -1,0 +1,56 @@
+#include "platform/curl/Failures.h"
+
+#include <algorithm>
+
+namespace lumarin::curl {
+
+namespace {
+
+constexpr std::size_t LongestReply = 300;  // bytes: the text stands in a message box
+
+FtpFailure Sentence(const Circumstances& at) {
+    const std::string server = "The server \"" + at.server + "\"";
+    switch (at.code) {
+        case CURLE_COULDNT_RESOLVE_HOST:
+            return {server + " was not found."};
+        case CURLE_URL_MALFORMAT:
+            return {server + " has a name or port that cannot be used.", false};
+        case CURLE_COULDNT_CONNECT:
+            return {server + " cannot be reached."};
+        case CURLE_OPERATION_TIMEDOUT:
+            // The library takes a server that hangs up by its own decision for one that is silent.
+            if (at.reply.starts_with("421")) return {server + " has ended the connection."};
+            return {server + " did not answer for " + std::to_string(at.timeout) + " seconds."};
+        case CURLE_LOGIN_DENIED:
+            return {server + " does not accept the user name or password.", false};
+        case CURLE_REMOTE_ACCESS_DENIED:
+            return {server + " does not give access to the remote folder."};
+        case CURLE_REMOTE_DISK_FULL:
+            return {server + " has no room left."};
+        case CURLE_UPLOAD_FAILED:
+            return {server + " does not take the file."};
+        case CURLE_PEER_FAILED_VERIFICATION:
+        case CURLE_SSL_CACERT_BADFILE:
+            return {server + " has a certificate that is not trusted here (" + at.detail + ").", false};
+        case CURLE_USE_SSL_FAILED:
+            return {server + " does not offer an encrypted connection.", false};
+        case CURLE_SSL_CONNECT_ERROR:
+            return {"An encrypted connection to \"" + at.server + "\" could not be made (" + at.detail +
+                    ")."};
+        default:
+            return {"The connection to the server \"" + at.server + "\" failed (" +
+                    (at.detail.empty() ? curl_easy_strerror(at.code) : at.detail) + ")."};
+    }
+}
+
+}  // namespace
+
+FtpFailure Describe(const Circumstances& circumstances) {
+    FtpFailure failure = Sentence(circumstances);
+    std::string reply = circumstances.reply.substr(0, LongestReply);
+    std::erase_if(reply, [](char c) { return static_cast<unsigned char>(c) < ' '; });
+    if (!reply.empty()) failure.text += "\nIts answer was: " + reply;
+    return failure;
+}
+
+}  // namespace lumarin::curl

@@ -1,0 +1,47 @@
+#include "platform/curl/Sockets.h"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace lumarin::curl {
+
+void Sockets::Watch(CURL* easy) {
+    curl_easy_setopt(easy, CURLOPT_SOCKOPTFUNCTION, &Opened);
+    curl_easy_setopt(easy, CURLOPT_SOCKOPTDATA, this);
+    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, &Close);
+    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, this);
+}
+
+void Sockets::Interrupt() {
+    const std::lock_guard lock(mutex_);
+    interrupted_ = true;
+    // Closing stays with the library: its number might belong to another socket by the time it is read.
+    for (const curl_socket_t socket : open_) shutdown(socket, SHUT_RDWR);
+}
+
+bool Sockets::Interrupted() const {
+    const std::lock_guard lock(mutex_);
+    return interrupted_;
+}
+
+void Sockets::Resume() {
+    const std::lock_guard lock(mutex_);
+    interrupted_ = false;
+}
+
+int Sockets::Opened(void* self, curl_socket_t socket, curlsocktype) {
+    auto& sockets = *static_cast<Sockets*>(self);
+    const std::lock_guard lock(sockets.mutex_);
+    if (sockets.interrupted_) return CURL_SOCKOPT_ERROR;
+    sockets.open_.insert(socket);
+    return CURL_SOCKOPT_OK;
+}
+
+int Sockets::Close(void* self, curl_socket_t socket) {
+    auto& sockets = *static_cast<Sockets*>(self);
+    const std::lock_guard lock(sockets.mutex_);
+    sockets.open_.erase(socket);
+    return close(socket);
+}
+
+}  // namespace lumarin::curl

@@ -1,0 +1,5 @@
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(QPDF REQUIRED IMPORTED_TARGET GLOBAL libqpdf)
+pkg_check_modules(TIFF REQUIRED IMPORTED_TARGET GLOBAL libtiff-4)
+pkg_check_modules(ZLIB REQUIRED IMPORTED_TARGET GLOBAL zlib)
+find_package(Threads REQUIRED)

@@ -1,0 +1,110 @@
+#include "platform/qpdf/GrowingFile.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "base/Error.h"
+#include "base/Files.h"
+#include "platform/qpdf/PdfError.h"
+
+namespace lumarin::qpdf {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::uint64_t BlockLength = 1 << 20;
+
+fs::path ToPath(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
+
+bool IsFile(const std::string& path, std::uint64_t length, fs::file_time_type time) {
+    std::error_code problem;
+    return fs::file_size(ToPath(path), problem) == length && !problem &&
+           fs::last_write_time(ToPath(path), problem) == time && !problem;
+}
+
+/// Adds a part of a file to another one.
+void CopyPart(const std::string& from, std::uint64_t start, std::uint64_t end, const std::string& to) {
+    std::FILE* source = std::fopen(from.c_str(), "rb");
+    if (source == nullptr) throw FileError("open", from, "no such file");
+    const std::unique_ptr<std::FILE, decltype(&std::fclose)> owner(source, &std::fclose);
+    FilePipeline target(to, FilePipeline::Start::AtEnd);
+    std::string block;
+    std::fseek(source, static_cast<long>(start), SEEK_SET);
+    for (; start < end; start += block.size()) {
+        block.resize(std::min(BlockLength, end - start));
+        if (std::fread(block.data(), 1, block.size(), source) != block.size())
+            throw FileError("read", from, "it is shorter than it was");
+        target.write(reinterpret_cast<const unsigned char*>(block.data()), block.size());
+    }
+    target.Close();
+}
+
+}  // namespace
+
+GrowingFile::GrowingFile(std::string path)
+    : path_(std::move(path)), unfinished_(files::UnfinishedName(path_)), replaced_(path_ + ".old") {}
+
+GrowingFile::~GrowingFile() {
+    if (replacedLength_ > 0) Forget();
+}
+
+void GrowingFile::Forget() noexcept {
+    replacedLength_ = 0;
+    files::TryDelete(unfinished_);
+    files::TryDelete(replaced_);
+}
+
+void GrowingFile::Replace(std::uint64_t length, const std::function<void(FilePipeline&)>& append) {
+    try {
+        MakeStart(length);
+        FilePipeline file(unfinished_, FilePipeline::Start::AtEnd);
+        append(file);
+        file.Close();
+        TakePlace(length);
+    } catch (...) {
+        Forget();
+        throw;
+    }
+}
+
+void GrowingFile::MakeStart(std::uint64_t length) {
+    if (length == 0) {
+        FilePipeline(unfinished_).Close();
+        return;
+    }
+    if (files::FileLength(path_) != length)
+        throw PdfError("The file \"" + path_ + "\" was changed by another program.");
+    if (replacedLength_ > 0 && replacedLength_ <= length &&
+        IsFile(unfinished_, replacedLength_, replacedTime_)) {
+        CopyPart(path_, replacedLength_, length, unfinished_);
+        return;
+    }
+    std::error_code problem;
+    fs::copy_file(ToPath(path_), ToPath(unfinished_), fs::copy_options::overwrite_existing, problem);
+    if (problem) throw FileError("copy", path_, problem.message());
+}
+
+// A second name keeps the replaced file; where there are no second names the next time costs a copy.
+void GrowingFile::TakePlace(std::uint64_t length) {
+    std::error_code problem;
+    files::TryDelete(replaced_);
+    if (length > 0) fs::create_hard_link(ToPath(path_), ToPath(replaced_), problem);
+    const bool isKept = length > 0 && !problem;
+    files::Rename(unfinished_, path_);
+    replacedLength_ = 0;
+    if (isKept) {
+        fs::rename(ToPath(replaced_), ToPath(unfinished_), problem);
+        replacedTime_ = fs::last_write_time(ToPath(unfinished_), problem);
+        replacedLength_ = problem ? 0 : length;
+    }
+    writtenLength_ = files::FileLength(path_);
+    writtenTime_ = fs::last_write_time(ToPath(path_), problem);
+}
+
+bool GrowingFile::IsAsLeft() const {
+    return writtenLength_ > 0 && IsFile(path_, writtenLength_, writtenTime_);
+}
+
+}  // namespace lumarin::qpdf

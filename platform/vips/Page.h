@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "imaging/Imaging.h"
+
+namespace lumarin::vips {
+
+/// The bytes of a page's PNG file. Throws VError.
+std::string EncodePage(const Picture& picture, PageColors colors);
+
+}  // namespace lumarin::vips

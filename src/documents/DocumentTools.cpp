@@ -1,0 +1,77 @@
+#include "documents/DocumentTools.h"
+
+namespace lumarin {
+
+namespace {
+
+using Tool = ToolBar::Tool;
+using Kind = ToolBar::BandKind;
+
+void AddTool(ToolBar& bar, const char* name, const char* caption, const char* description, const char* icon,
+             const char* shortcut, bool enabled = true) {
+    Tool tool;
+    tool.name = name;
+    tool.caption = caption;
+    tool.description = description;
+    tool.icon = icon;
+    tool.shortcut = shortcut;
+    tool.enabled = enabled;
+    bar.AddTool(tool);
+}
+
+void AddGroup(ToolBar& bar, const char* name, const char* caption, std::vector<std::string> tools) {
+    Tool group;
+    group.name = name;
+    group.caption = caption;
+    group.tools = std::move(tools);
+    bar.AddTool(group);
+}
+
+}  // namespace
+
+void BuildDocumentTools(ToolBar& bar) {
+    AddTool(bar, "miSelectListing", "&Select Listing...", "Choose the listing whose documents are shown",
+            "system-search", "Ctrl+L");
+    AddTool(bar, "miAddExistingFile", "Add &PDF File...", "Send a PDF file to the listing", "document-send",
+            "Ctrl+O", false);
+    AddTool(bar, "miMakePdf", "&Create PDF...",
+            "Make a PDF from pictures or scans and send it to the listing", "document-new", "Ctrl+N", false);
+    AddTool(bar, "miAddUrl", "Add &Link...", "Add the address of a document on the internet", "insert-link",
+            "Ctrl+K", false);
+    AddTool(bar, "miExit", "E&xit", "Close the document manager", "application-exit", "Ctrl+Q");
+    AddTool(bar, "miHelp", "&Help", "Help on documents", "help-contents", "");
+    AddGroup(bar, "mnuFile", "&File",
+             {"miSelectListing", "-", "miAddExistingFile", "miMakePdf", "miAddUrl", "-", "miExit"});
+    bar.AddBand({"mnuAddDocument", Kind::MenuBar, {"mnuFile", "miHelp"}});
+    bar.AddBand({"Documents",
+                 Kind::ToolBar,
+                 {"miSelectListing", "-", "miAddExistingFile", "miMakePdf", "miAddUrl", "-", "miHelp"}});
+}
+
+void EnableListingTools(ToolBar& bar, bool enabled) {
+    for (const char* tool : {"miAddExistingFile", "miMakePdf", "miAddUrl"}) bar.EnableTool(tool, enabled);
+}
+
+void BuildPdfTools(ToolBar& bar) {
+    AddTool(bar, "new", "&New", "Throw the pages away and start a new document", "document-new", "Ctrl+N");
+    AddTool(bar, "save", "&Save As...", "Save a copy of the document on this computer", "document-save",
+            "Ctrl+S", false);
+    AddTool(bar, "preview", "Pre&view", "Look at the document as it is now", "document-preview", "Ctrl+P",
+            false);
+    AddTool(bar, "paste", "&Paste", "Add the picture on the clipboard as a page", "edit-paste", "Ctrl+V");
+    AddTool(bar, "AcquireSingle", "Acquire Single", "Scan one page", "scanner", "", false);
+    AddTool(bar, "AcquireMultiple", "Acquire Multiple", "Scan several pages", "camera-multiple", "", false);
+    AddTool(bar, "SelectSource", "Select Source...", "Choose the scanner or camera", "preferences-system", "",
+            false);
+    AddTool(bar, "help", "&Help", "Help on making a PDF", "help-contents", "");
+    AddGroup(bar, "mnuDocument", "&Document", {"new", "-", "save", "preview"});
+    AddGroup(bar, "mnuPages", "&Pages",
+             {"paste", "-", "AcquireSingle", "AcquireMultiple", "-", "SelectSource"});
+    bar.AddBand({"mnuMakePdf", Kind::MenuBar, {"mnuDocument", "mnuPages", "help"}});
+    bar.AddBand({"Builder",
+                 Kind::ToolBar,
+                 {"new", "save", "preview", "-", "paste", "AcquireSingle", "AcquireMultiple", "SelectSource",
+                  "-", "help"}});
+}
+
+}  // namespace lumarin

@@ -1,0 +1,284 @@
+#include "documents/frmAddDocument.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "base/Files.h"
+#include "documents/DocumentAddress.h"
+#include "documents/DocumentOwnership.h"
+#include "documents/DocumentTools.h"
+#include "documents/SizeText.h"
+#include "entry/Settings.h"
+
+namespace lumarin {
+
+namespace {
+
+constexpr int HelpPage = 307;
+constexpr const char* HelpPath = "/Tutorials/DocManager/DocManager.htm";
+constexpr const char* Title = "Add Document";
+constexpr const char* NoConnection =
+    "No Internet connection! - This function requires an internet connection.";
+constexpr double InitialWidth = 720 * TwipsPerPixel;
+constexpr double InitialHeight = 440 * TwipsPerPixel;
+constexpr double DocumentColumn = 0.69, InfoColumn = 0.3;  // of the list's width
+/// Rows that are added before the window gets its turn.
+constexpr std::size_t Portion = 200;
+
+/// "DocMaxSize" is in kilobytes.
+std::int32_t MaximumBytes(const VelCommon& host) {
+    const std::int64_t kilobytes =
+        settings::ReadInteger(host.CityFolder() + "CityInfo.ini", "Lumarin", "DocMaxSize", 1000);
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(kilobytes * 1024, 0, INT32_MAX));
+}
+
+clsDoc DocumentOf(const Recordset& row) {
+    clsDoc document{row.Field("DocID").Integer(), row.Field("DocDesc").Text(), row.Field("DocUrl").Text(), 0};
+    const std::string size = row.Field("DocFilesize").Text();
+    std::from_chars(size.data(), size.data() + size.size(), document.Filesize);
+    return document;
+}
+
+}  // namespace
+
+frmAddDocument::frmAddDocument(const DocumentWindowPorts& ports)
+    : JobWindow(ports.desktop, "frmAddDocument"), ports_(ports) {
+    SetCaption("Document Manager");
+    SetInitialSize(InitialWidth, InitialHeight);
+    SetHelpContext(HelpPage);
+    BuildDocumentTools(ActiveBar1);
+    cmdPreview.SetEnabled(false);
+    cmdDelete.SetEnabled(false);
+    lblDocuments.SetCaption("No listing is selected");
+    WireEvents();
+}
+
+frmAddDocument::~frmAddDocument() = default;
+
+void frmAddDocument::WireEvents() {
+    cmdPreview.Click = [this] { Preview(); };
+    cmdDelete.Click = [this] { Delete(); };
+    cmdClose.Click = [this] { Unload(CloseReason::Frame); };
+    lvFiles.DoubleClick = [this] { Preview(); };
+    lvFiles.KeyPressed = [this](const KeyDown& pressed, bool& used) {
+        used = pressed.key == Key::Enter || pressed.key == Key::Delete;
+        if (pressed.key == Key::Enter) cmdPreview.Press();
+        if (pressed.key == Key::Delete) cmdDelete.Press();
+    };
+    ActiveBar1.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
+}
+
+Answer frmAddDocument::Say(const std::string& text, const std::string& title, Buttons buttons, Icon icon) {
+    return desktop().ShowMessage({.text = text, .title = title, .buttons = buttons, .icon = icon}, this);
+}
+
+void frmAddDocument::Init(std::int32_t JobIndex) {
+    jobIndex_ = JobIndex;
+    const VelCommon& host = ports_.host.Common();
+    if (!IsConnected()) return;
+    desktop().SetHelpFile(host.HelpFilePath());
+    maximumBytes_ = MaximumBytes(host);
+    Load();
+    lvFiles.ClearColumns();
+    lvFiles.AddColumn("Document", DocumentColumn * lvFiles.Width());
+    lvFiles.AddColumn("Info", InfoColumn * lvFiles.Width(), ListView::Sizing::Fixed,
+                      ListView::Alignment::Right);
+    desktop().SetPointer(Pointer::Default);
+    SelectListing();
+}
+
+bool frmAddDocument::IsConnected() {
+    const VelCommon& host = ports_.host.Common();
+    if (host.IsOffline())
+        Say("You are working offline! - This function requires an internet connection.", Title);
+    else if (!host.IsOnline())
+        Say(NoConnection, Title);
+    else
+        return true;
+    return false;
+}
+
+/// The host learns of it as of a close by the user; it knows by itself while it still starts the job.
+void frmAddDocument::CloseByItself() {
+    if (IsShown()) ports_.host.Common().EndJob(jobIndex_);
+    Unload();
+}
+
+void frmAddDocument::SelectListing() {
+    RunCommand("miSelectListing", [this] {
+        while (AskForListing()) {
+        }
+    });
+}
+
+/// True when the user wants to try again.
+bool frmAddDocument::AskForListing() {
+    frmListnumPrompt prompt({desktop(), ports_.host, ports_.engine});
+    std::string typed;
+    {
+        const Remembered<Form> open(asking_, prompt);
+        const OwnerWindow& owner =
+            IsShown() ? static_cast<const OwnerWindow&>(*this) : ports_.host.Common().MainForm();
+        typed = prompt.Display(false, &owner);
+        prompt.Unload();
+    }
+    if (typed.empty()) return false;
+
+    std::unique_ptr<Recordset> listing;
+    const auto number = TypedListingNumber(typed);
+    if (number) {
+        const HourglassPointer hourglass(desktop());
+        try {
+            listing = FindListing(*number);
+        } catch (const std::exception&) {
+        }
+        if (listing == nullptr)
+            return Say("Error accessing server", Title, Buttons::RetryCancel) == Answer::Retry;
+    }
+    if (listing == nullptr || (listing->Eof() && listing->Bof()))
+        return Say("Listing #" + typed + " not found", Title, Buttons::RetryCancel) == Answer::Retry;
+    if (!UseListing(*number, *listing))
+        return Say("Listing does not belong to you.", "Access error", Buttons::RetryCancel) == Answer::Retry;
+    return false;
+}
+
+std::unique_ptr<Recordset> frmAddDocument::Execute(const std::string& statement) const {
+    VelCommon& host = ports_.host.Common();
+    return RequestService<DbInterface>(host)->Execute(host.ConnectionName(), statement);
+}
+
+std::unique_ptr<Recordset> frmAddDocument::FindListing(std::int32_t number) const {
+    const auto inTable = [&](const char* table) {
+        return Execute(std::string("SELECT ListOfficeId,ListAgentId,BoardId,StreetName,StreetNumber,"
+                                   "StreetDirection FROM ") +
+                       table + " WHERE Listnum = " + std::to_string(number) + ";");
+    };
+    auto listing = inTable("Listings");
+    return listing != nullptr && listing->Eof() && listing->Bof() ? inTable("Rentals") : std::move(listing);
+}
+
+/// False when the listing is not the user's.
+bool frmAddDocument::UseListing(std::int32_t number, const Recordset& listing) {
+    const HourglassPointer hourglass(desktop());
+    if (!MayChangeDocuments(ports_.host.Common(), listing)) return false;
+    listing_ = number;
+    SetCaption("Qor Documents - Listing #" + std::to_string(number) + " - " + ListingAddress(listing));
+    EnableListingTools(ActiveBar1, true);
+    FillDocuments();
+    return true;
+}
+
+void frmAddDocument::FillDocuments() {
+    const VelCommon& host = ports_.host.Common();
+    if (host.IsOffline() || !host.IsOnline()) {
+        Say(NoConnection, Title);
+        return CloseByItself();
+    }
+    const std::int32_t before = Selected() != nullptr ? Selected()->DocId : 0;
+    lvFiles.Clear();
+    documents_.clear();
+    cmdPreview.SetEnabled(false);
+    cmdDelete.SetEnabled(false);
+    lblDocuments.SetCaption("Listing #" + std::to_string(listing_) + ": reading the documents ...");
+    desktop().ProcessPendingEvents();
+    const auto rows = Execute("SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = " +
+                              std::to_string(listing_) + " ORDER BY DocID;");
+    for (; rows != nullptr && !rows->Eof(); rows->MoveNext()) {
+        documents_.push_back(DocumentOf(*rows));
+        const clsDoc& document = documents_.back();
+        lvFiles.AddRow({.text = document.Description,
+                        .subItems = {document.Url.empty() ? SizeText(document.Filesize) : document.Url},
+                        .key = std::to_string(document.DocId)});
+        if (documents_.size() % Portion == 0) desktop().ProcessPendingEvents();
+    }
+    const bool any = lvFiles.Count() > 0;
+    cmdPreview.SetEnabled(any);
+    cmdDelete.SetEnabled(any);
+    ShowSummary();
+    if (!any) return;
+    const auto same = std::find_if(documents_.begin(), documents_.end(),
+                                   [&](const clsDoc& document) { return document.DocId == before; });
+    lvFiles.Select(same == documents_.end() ? 0 : static_cast<int>(same - documents_.begin()));
+}
+
+void frmAddDocument::ShowSummary() {
+    std::int64_t bytes = 0;
+    for (const clsDoc& document : documents_) bytes += document.Filesize;
+    const std::string count = documents_.empty()       ? "no documents"
+                              : documents_.size() == 1 ? "1 document"
+                                                       : std::to_string(documents_.size()) + " documents";
+    lblDocuments.SetCaption("Listing #" + std::to_string(listing_) + ": " + count +
+                            (bytes > 0 ? ", " + SizeText(bytes) + " in all" : ""));
+}
+
+const clsDoc* frmAddDocument::Selected() const {
+    const auto row = static_cast<std::size_t>(lvFiles.Selected());  // none is past the end
+    return row < documents_.size() ? &documents_[row] : nullptr;
+}
+
+void frmAddDocument::ToolClicked(const std::string& name) {
+    if (name == "miSelectListing") return SelectListing();
+    if (name == "miAddExistingFile") return AddExistingFile();
+    if (name == "miMakePdf") return MakePdf();
+    if (name == "miAddUrl") return AddLink();
+    if (name == "miExit") return cmdClose.Press();
+    if (name == "miHelp") return ShowHelp();
+}
+
+void frmAddDocument::Preview() {
+    RunCommand("cmdPreview", [this] {
+        const clsDoc* document = Selected();
+        if (document == nullptr) return;
+        const std::string address = PreviewAddress(ports_.host.Common(), listing_, *document);
+        if (HasOtherScheme(address)) {
+            Say("This link was not opened, because it does not lead to a web page:\n\n" + address,
+                "Preview document", Buttons::Ok, Icon::Exclamation);
+            return;
+        }
+        desktop().OpenInBrowser(address);
+    });
+}
+
+void frmAddDocument::MakePdf() {
+    RunCommand("miMakePdf", [this] {
+        mMakePDF_ = std::make_unique<frmMakePDF>(
+            MakePdfPorts{desktop(), ports_.imaging, ports_.pdf, ports_.host, ports_.scanner});
+        mMakePDF_->CloseForm = [this] { mMakePDF_CloseForm(); };
+        mMakePDF_->SetDocument(listing_, maximumBytes_);
+        {
+            const Remembered<Form> open(asking_, *mMakePDF_);
+            mMakePDF_->Display(this);
+        }
+        mMakePDF_.reset();
+    });
+}
+
+void frmAddDocument::mMakePDF_CloseForm() {
+    if (mMakePDF_ == nullptr) return;
+    mMakePDF_->Hide();  // the progress window belongs to this one
+    Guarded("SendPhotos", [this] {
+        if (!files::FileExists(mMakePDF_->PdfPath())) return;
+        const bool sent = UploadFile(mMakePDF_->PdfPath(), mMakePDF_->LinkText(), LocalCopy::Delete);
+        Guarded("miMakePdf", [&] { FillDocuments(); });
+        if (sent) mMakePDF_->Discard();
+    });
+    mMakePDF_->Unload();
+}
+
+void frmAddDocument::ShowHelp() {
+    RunCommand("miHelp", [this] { desktop().OpenInBrowser(ports_.host.Common().HelpSite() + HelpPath); });
+}
+
+bool frmAddDocument::OnQueryClose(CloseReason reason) {
+    if (reason == CloseReason::Frame) ports_.host.Common().EndJob(jobIndex_);
+    return true;
+}
+
+void frmAddDocument::OnUnload() { service_.reset(); }
+
+void frmAddDocument::OnStopRequested() {
+    if (upload_ != nullptr) upload_->Stop();
+    if (asking_ != nullptr) asking_->Unload(CloseReason::Host);
+}
+
+}  // namespace lumarin

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Clock.h"
+#include "documents/DocumentCommands.h"
+#include "documents/clsDoc.h"
+#include "documents/frmMakePDF.h"
+#include "entry/JobWindow.h"
+#include "lookup/EngineVersion.h"
+#include "lookup/frmListnumPrompt.h"
+#include "util/FileUpload.h"
+
+namespace lumarin {
+
+/// The ports that the document manager works with; all outlive it.
+struct DocumentWindowPorts {
+    Desktop& desktop;
+    Imaging& imaging;
+    PdfLibrary& pdf;
+    const Clock& clock;
+    HostLink& host;
+    const EngineVersion& engine;
+    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
+};
+
+class frmPromptLinkText;
+
+/// Points to something as long as this lives.
+template <class T>
+class Remembered {
+public:
+    Remembered(T*& slot, T& what) : slot_(slot) { slot_ = &what; }
+    ~Remembered() { slot_ = nullptr; }
+    Remembered(const Remembered&) = delete;
+    Remembered& operator=(const Remembered&) = delete;
+
+private:
+    T*& slot_;
+};
+
+/// What becomes of a local file that the server has got.
+enum class LocalCopy { Keep, Delete };
+
+/// The document manager: shows the documents of one listing, adds PDF files and links, deletes and previews.
+class frmAddDocument : public JobWindow {
+public:
+    explicit frmAddDocument(const DocumentWindowPorts& ports);
+    ~frmAddDocument() override;
+
+    ListView lvFiles{*this, "lvFiles"};
+    Label lblDocuments{*this, "lblDocuments"};  ///< which listing, how many documents of what size in all
+    Button cmdPreview{*this, "cmdPreview"}, cmdDelete{*this, "cmdDelete"}, cmdClose{*this, "cmdClose"};
+    ToolBar ActiveBar1{*this, "ActiveBar1"};
+
+    /// Asks for the first listing. Without a connection it says so and the window is not loaded afterwards.
+    void Init(std::int32_t JobIndex) override;
+
+    /// The PDF builder has finished: sends its file if it left one, and unloads it.
+    void mMakePDF_CloseForm();
+
+protected:
+    bool OnQueryClose(CloseReason reason) override;
+    void OnUnload() override;
+    void OnStopRequested() override;
+
+private:
+    void WireEvents();
+    void ToolClicked(const std::string& name);
+    Answer Say(const std::string& text, const std::string& title, Buttons buttons = Buttons::Ok,
+               Icon icon = Icon::Critical);
+
+    // The listing
+    bool IsConnected();
+    void CloseByItself();
+    void SelectListing();
+    bool AskForListing();
+    bool UseListing(std::int32_t number, const Recordset& listing);
+    std::unique_ptr<Recordset> FindListing(std::int32_t number) const;
+    std::unique_ptr<Recordset> Execute(const std::string& statement) const;
+    void FillDocuments();
+    void ShowSummary();
+    const clsDoc* Selected() const;
+
+    // Commands
+    void Preview();
+    void MakePdf();
+    void ShowHelp();
+
+    // frmAddDocumentServer.cpp
+    bool Answered(frmPromptLinkText& prompt, bool descriptionOnly, const std::string& description = {});
+    void AddExistingFile();
+    void AddLink();
+    void Delete();
+    bool IsAcceptable(const std::string& path);
+    bool UploadFile(const std::string& path, const std::string& description, LocalCopy afterwards);
+    bool TryUpload(const std::string& path, const std::string& serverFile, const std::string& description);
+    bool Update(std::string command);
+    void ChangeDocuments(const std::string& command);
+    DocumentUser User() const;
+
+    DocumentWindowPorts ports_;
+    std::int32_t jobIndex_ = 0;
+    std::unique_ptr<DocInterface> service_;  ///< asked for when it is first needed, and kept
+    std::int32_t listing_ = 0;               ///< 0 until one is selected
+    std::int32_t maximumBytes_ = 0;
+    std::vector<clsDoc> documents_;  ///< by row
+    std::unique_ptr<frmMakePDF> mMakePDF_;
+    FileUpload* upload_ = nullptr;  ///< while a file is being sent
+    Form* asking_ = nullptr;        ///< the modal window that is open
+};
+
+}  // namespace lumarin

@@ -1,0 +1,284 @@
+#include "documents/frmMakePDF.h"
+
+#include "base/Files.h"
+#include "base/Text.h"
+#include "documents/DocumentFolder.h"
+#include "documents/DocumentTools.h"
+#include "documents/SizeText.h"
+#include "util/PictureAcquisition.h"
+
+namespace lumarin {
+
+namespace {
+
+constexpr int HelpPage = 308;
+constexpr double PictureColumn = 360 * TwipsPerPixel;
+constexpr const char* Title = "Create PDF";
+constexpr const char* HelpPath = "/Tutorials/DocManager/CreatePDF.htm";
+constexpr const char* PictureFilter =
+    "Pictures|*.jpg;*.jif;*.jpeg;*.png;*.tif;*.tiff;*.webp;*.heic;*.gif|All (*.*)|*.*";
+
+std::string PagesText(std::size_t count) { return std::to_string(count) + (count == 1 ? " page" : " pages"); }
+
+}  // namespace
+
+frmMakePDF::frmMakePDF(const MakePdfPorts& ports)
+    : Form(ports.desktop, "frmMakePDF"), ports_(ports), pages_(ports.pdf, "frmMakePDF-Write") {
+    SetCaption(Title);
+    SetHelpContext(HelpPage);
+    BuildPdfTools(ActiveBar1);
+    for (const char* text :
+         {"Allow Color (Larger files)", "Grayscale (Quality B&W)", "Black & White 1-bit (Smallest file)"})
+        cboDocType.AddItem(text);
+    lbmBM.AddColumn("Page", 0);
+    lbmBM.AddColumn("Picture", PictureColumn, ListView::Sizing::GrowsWithTexts);
+    lbmBM.AddColumn("Size", 0, ListView::Sizing::Fixed, ListView::Alignment::Right);
+    WireEvents();
+}
+
+void frmMakePDF::WireEvents() {
+    cmdAddFiles.Click = [this] { AddFiles(); };
+    cmdOK.Click = [this] { Finish(); };
+    cmdCancel.Click = [this] {
+        stop_ = true;  // a batch that runs ends; the window stays then
+        if (!adding_) Cancel();
+    };
+    ActiveBar1.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
+    lbmBM.FilesDropped = [this](const std::vector<std::string>& paths) {
+        RunBatch("cmdAddFiles", [&] { Import(paths); });
+    };
+    lbmBM.OtherDropped = [this] {
+        Refuse(
+            "Only picture files of this computer can be dropped here. Save the picture as a file first, "
+            "then drop or add that file.",
+            "Import Image");
+    };
+}
+
+void frmMakePDF::SetDocument(std::int32_t listing, std::int32_t maximumBytes) {
+    draft_.listing = listing;
+    maximumBytes_ = maximumBytes;
+}
+
+void frmMakePDF::OnLoad() {
+    cboDocType.SetListIndex(0);
+    optLetter.Choose();
+    for (const char* tool : {"AcquireSingle", "AcquireMultiple", "SelectSource"})
+        ActiveBar1.EnableTool(tool, ports_.scanner != nullptr);
+    lbmBM.SetEnabled(true);
+    lbmBM.SetAcceptsFiles(true);
+    ShowDocument();
+}
+
+void frmMakePDF::LoadLibrary() {
+    const VelCommon& host = ports_.host.Common();
+    files_ = PdfDraftFiles(host.UserFolder());
+    pages_.Use(files_.Pdf(), false);
+    pages_.SetInfo(draft_.listing, host.PdfInfoText());
+    if (ports_.pdf.Load(host.ProgramFolder() + "QorCreatePdf.dll") != PdfStatus::Done)
+        throw ApplicationError("frmMakePDF-Load", ports_.pdf.LastFailure());
+}
+
+void frmMakePDF::Display(const OwnerWindow* owner) {
+    Load();
+    closing_ = focused_ = false;
+    bool wanted = false;
+    Guarded("Load", [&] {
+        LoadLibrary();
+        wanted = TakeUpDraft();
+    });
+    if (wanted) ShowModal(owner);
+    Unload();
+}
+
+void frmMakePDF::OnActivate() {
+    if (!focused_) cmdAddFiles.SetFocus();
+    focused_ = true;
+}
+
+std::string frmMakePDF::LinkText() const { return std::string(text::Trim(txtLinkText.Text())); }
+
+Answer frmMakePDF::Ask(const std::string& text, Buttons buttons) const {
+    return desktop().ShowMessage({.text = text, .title = Title, .buttons = buttons, .icon = Icon::Question},
+                                 this);
+}
+
+void frmMakePDF::Refuse(const std::string& text, const std::string& title) const {
+    desktop().ShowMessage({.text = text, .title = title, .buttons = Buttons::Ok, .icon = Icon::Critical},
+                          this);
+}
+
+/// False when the user does not want to build a document now, because of the one that is there.
+bool frmMakePDF::TakeUpDraft() {
+    if (!files_.HasPdf()) {
+        files_.DeleteAll();
+        return true;
+    }
+    const auto found = files_.Read();
+    if (found && found->listing == draft_.listing) {
+        const Answer answer = Ask("A document of " + PagesText(found->pages.size()) +
+                                      " was begun for this listing and has not been sent. Do you want to "
+                                      "go on with it?\n\nNo throws its pages away.",
+                                  Buttons::YesNoCancel);
+        if (answer == Answer::Cancel) return false;
+        if (answer == Answer::No) return Discard(), true;
+        draft_ = *found;
+        txtLinkText.SetText(draft_.description);
+        pages_.Use(files_.Pdf(), true);
+        for (std::size_t page = 1; page <= draft_.pages.size(); ++page) AddRow(page);
+        ShowDocument();
+        return true;
+    }
+    const std::string whose = found ? "listing #" + std::to_string(found->listing) : "another listing";
+    if (Ask("A document that was begun for " + whose +
+                " has not been sent. Do you want to throw its pages away and begin a new one?\n\nNo keeps "
+                "them: select that listing to go on with its document.",
+            Buttons::YesNo) != Answer::Yes)
+        return false;
+    Discard();
+    return true;
+}
+
+void frmMakePDF::Discard() {
+    files_.DeleteAll();
+    draft_.pages.clear();
+    pages_.Use(files_.Pdf(), false);
+    lbmBM.Clear();
+    ShowDocument();
+}
+
+bool frmMakePDF::ConfirmThrowAway() const {
+    return draft_.pages.empty() ||
+           Ask("Do you want to throw away the " + PagesText(draft_.pages.size()) + " of this document?",
+               Buttons::YesNo) == Answer::Yes;
+}
+
+void frmMakePDF::KeepDraft() {
+    if (draft_.pages.empty()) return;
+    draft_.description = txtLinkText.Text();
+    files_.Write(draft_);
+}
+
+void frmMakePDF::ToolClicked(const std::string& name) {
+    if (name == "new") return NewDocument();
+    if (name == "save") return Save();
+    if (name == "preview") return Preview();
+    if (name == "paste") return Paste();
+    if (name == "AcquireSingle" || name == "AcquireMultiple") return Acquire(name == "AcquireMultiple");
+    if (name == "SelectSource") return SelectSource();
+    if (name == "help")
+        RunCommand(name, [this] { desktop().OpenInBrowser(ports_.host.Common().HelpSite() + HelpPath); });
+}
+
+void frmMakePDF::NewDocument() {
+    RunCommand("new", [this] {
+        if (!ConfirmThrowAway()) return;
+        txtLinkText.SetText("");
+        Discard();
+    });
+}
+
+void frmMakePDF::Save() {
+    RunCommand("save", [this] {
+        const VelCommon& host = ports_.host.Common();
+        const std::string chosen =
+            desktop().ChooseFileToSave({.title = "Save PDF",
+                                        .filter = "PDF|*.pdf",
+                                        .folder = DocumentFolder(host),
+                                        .name = std::to_string(draft_.listing) + ".pdf"},
+                                       this);
+        if (chosen.empty()) return;
+        files::Copy(files_.Pdf(), chosen);
+        RememberDocumentFolder(host, chosen);
+    });
+}
+
+void frmMakePDF::Preview() {
+    RunCommand("preview", [this] { desktop().OpenDocument(files_.Pdf()); });
+}
+
+void frmMakePDF::AddFiles() {
+    RunBatch("cmdAddFiles", [this] {
+        const VelCommon& host = ports_.host.Common();
+        const std::string chosen = desktop().ChooseFiles({.title = "Import Image",
+                                                          .filter = PictureFilter,
+                                                          .folder = DocumentFolder(host),
+                                                          .several = true,
+                                                          .preview = true},
+                                                         this);
+        if (chosen.empty()) return;
+        RememberDocumentFolder(host, chosen);
+        Import(ChosenFiles(chosen));
+    });
+}
+
+void frmMakePDF::Paste() {
+    RunBatch("paste", [this] {
+        const std::vector<std::string> copied = desktop().ClipboardFiles();
+        if (!copied.empty()) return Import(copied);
+        PicturePtr picture = desktop().ClipboardHasPicture() ? desktop().ClipboardPicture() : nullptr;
+        if (picture == nullptr) return Refuse("No photo on the clipboard", "From Clipboard");
+        const HourglassPointer hourglass(desktop());
+        AddPicture(std::move(picture), "From Clipboard");
+    });
+}
+
+void frmMakePDF::Acquire(bool several) {
+    RunBatch(several ? "AcquireMultiple" : "AcquireSingle", [&] {
+        if (ports_.scanner == nullptr) return;
+        const auto takePage = [&](const ScannedPage& page) {
+            const bool added = AddPicture(page.picture, "Scan " + std::to_string(page.number));
+            if (!several || !added || stop_) return AfterPage::Stop;
+            return page.fromFeeder ? AfterPage::Continue : AskForNextPicture(desktop(), *this);
+        };
+        AcquirePictures(desktop(), *this, *ports_.scanner, {.source = scannerSource_, .several = several},
+                        takePage);
+    });
+}
+
+void frmMakePDF::SelectSource() {
+    RunCommand("SelectSource", [this] {
+        if (ports_.scanner == nullptr) return;
+        scannerSource_ = ChooseSource(desktop(), *this, *ports_.scanner, scannerSource_);
+    });
+}
+
+void frmMakePDF::Finish() {
+    RunCommand("cmdOK", [this] {
+        if (draft_.pages.empty())
+            return Refuse("Your document is empty, Please add files before exiting", "No documents added");
+        if (LinkText().empty()) {
+            Refuse("Please enter a description for your document", "Document description is missing");
+            return txtLinkText.SetFocus();
+        }
+        // The pages' sum has kept to the limit, but the finished file is a little more than its pages.
+        const auto length = static_cast<std::int64_t>(files::FileLength(files_.Pdf()));
+        if (length > maximumBytes_)
+            return Refuse("File is too large!\nFilesize of " + SizeText(length) +
+                              " exceeds maximum allowed (" + SizeText(maximumBytes_) + ")",
+                          "Cannot add file");
+        KeepDraft();
+        closing_ = true;
+        Guarded("CloseForm", [this] { CloseForm.Raise(); });
+    });
+}
+
+/// True when the document was given up. Without its temporary file nothing is sent.
+bool frmMakePDF::Cancel() {
+    bool givenUp = false;
+    RunCommand("cmdCancel", [&] {
+        if (!ConfirmThrowAway()) return;
+        Discard();
+        givenUp = closing_ = true;
+        Guarded("CloseForm", [this] { CloseForm.Raise(); });
+    });
+    return givenUp;
+}
+
+bool frmMakePDF::OnQueryClose(CloseReason reason) {
+    return reason != CloseReason::Frame || closing_ || Cancel();
+}
+
+void frmMakePDF::OnUnload() { KeepDraft(); }
+
+}  // namespace lumarin

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "documents/PdfDraft.h"
+#include "documents/PdfPages.h"
+#include "entry/HostLink.h"
+#include "forms/Controls.h"
+#include "forms/Desktop.h"
+#include "forms/ListView.h"
+#include "forms/ToolBar.h"
+#include "imaging/Imaging.h"
+#include "imaging/Scanner.h"
+
+namespace lumarin {
+
+/// The ports that the PDF builder works with; all outlive it.
+struct MakePdfPorts {
+    Desktop& desktop;
+    Imaging& imaging;
+    PdfLibrary& pdf;
+    HostLink& host;
+    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
+};
+
+/// Builds a PDF from pictures, one on each page. The pages are in the temporary PDF file after each batch,
+/// and are offered again when the builder opens after the program has ended in between.
+class frmMakePDF : public Form {
+public:
+    explicit frmMakePDF(const MakePdfPorts& ports);
+
+    ComboBox cboDocType{*this, "cboDocType"};
+    OptionButton optLetter{*this, "optLetter"}, optLegal{*this, "optLegal"};
+    ListView lbmBM{*this, "lbmBM"};  ///< the pages in their order
+    TextBox txtLinkText{*this, "txtLinkText"}, txtFilesImported{*this, "txtFilesImported"};
+    Label lblFilesize{*this, "lblFilesize"};
+    Label lblStatus{*this, "lblStatus"};  ///< how many pages; what is being done
+    Button cmdAddFiles{*this, "cmdAddFiles"}, cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"};
+    ToolBar ActiveBar1{*this, "ActiveBar1"};
+
+    /// Raised when the user has finished: with the temporary PDF file there, it is to be sent. The handler
+    /// unloads the window.
+    Event<> CloseForm;
+
+    /// Which listing the document is for, and how many bytes it may have. Called before `Display`.
+    void SetDocument(std::int32_t listing, std::int32_t maximumBytes);
+
+    /// Offers the pages of a document that was begun before, then shows the window modal above `owner`.
+    /// Returns when it is closed.
+    void Display(const OwnerWindow* owner);
+
+    /// The description, without blanks around it.
+    std::string LinkText() const;
+    std::string PdfPath() const { return files_.Pdf(); }
+    /// The document is done with: deletes the temporary files. Throws FileError.
+    void Discard();
+
+protected:
+    void OnLoad() override;
+    void OnActivate() override;
+    bool OnQueryClose(CloseReason reason) override;
+    void OnUnload() override;
+    void OnStopRequested() override { stop_ = true; }
+
+private:
+    void WireEvents();
+    void ToolClicked(const std::string& name);
+    Answer Ask(const std::string& text, Buttons buttons) const;
+    void Refuse(const std::string& text, const std::string& title) const;
+
+    // What is there already.
+    void LoadLibrary();
+    bool TakeUpDraft();
+    bool ConfirmThrowAway() const;
+    void KeepDraft();
+
+    // Commands
+    void NewDocument();
+    void Save();
+    void Preview();
+    void Paste();
+    void AddFiles();
+    void Acquire(bool several);
+    void SelectSource();
+    void Finish();
+    bool Cancel();
+
+    // frmMakePDFPages.cpp
+    void RunBatch(std::string_view command, const std::function<void()>& add);
+    void EndBatch(const PdfDraft& before);
+    void BeginDraft();
+    void Import(const std::vector<std::string>& paths);
+    bool AddPicture(PicturePtr picture, const std::string& name);
+    bool AddPage(const std::string& name, const std::function<std::unique_ptr<SourcePicture>()>& open);
+    bool WritePage(SourcePicture& picture, const std::string& name);
+    void MakeThumbnail(std::size_t page, PixelSize size);
+    void AddRow(std::size_t page);
+    void ShowDocument();
+    PageColors Colors() const;
+    std::int32_t PageSize() const;
+
+    MakePdfPorts ports_;
+    PdfPages pages_;
+    PdfDraftFiles files_;
+    PdfDraft draft_;
+    std::int32_t maximumBytes_ = 0;
+    std::string scannerSource_;
+    bool adding_ = false;  ///< a batch runs
+    bool stop_ = false;    ///< it is to end
+    bool closing_ = false;
+    bool focused_ = false;
+};
+
+}  // namespace lumarin

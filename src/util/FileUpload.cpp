@@ -1,0 +1,71 @@
+#include "util/FileUpload.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+
+#include "base/Files.h"
+
+namespace lumarin {
+
+namespace {
+
+class ShownProgress {
+public:
+    ShownProgress(frmProgress& window, const OwnerWindow* owner) : window_(window) {
+        window_.Display(ShowMode::Modeless, owner);
+    }
+    ~ShownProgress() { window_.Unload(); }
+    ShownProgress(const ShownProgress&) = delete;
+    ShownProgress& operator=(const ShownProgress&) = delete;
+
+private:
+    frmProgress& window_;
+};
+
+}  // namespace
+
+bool FileUpload::SendChunks(const std::string& path) {
+    files::Reader file(path);
+    std::uint64_t remaining = file.Length();
+    while (remaining > 0) {
+        const std::string chunk =
+            file.Read(static_cast<std::size_t>(std::min<std::uint64_t>(remaining, ChunkSize)));
+        if (chunk.empty()) throw FileError("read", path, "it has become shorter");
+        desktop_.ProcessPendingEvents();
+        if (stopped_ || progress_.Cancel()) return false;
+        AtServer([&] { service_->UploadPhotoFile(std::as_bytes(std::span(chunk))); });
+        remaining -= chunk.size();
+    }
+    return true;
+}
+
+FileSent FileUpload::Send(const std::string& path, const std::string& serverName, const OwnerWindow* owner) {
+    auto service = AtServer([&] { return RequestService<PhotoInterface>(host_.Common()); });
+    AtServer([&] { service->UploadPhotoFile(serverName, UploadMode::Begin); });
+    service_ = std::move(service);
+    try {
+        bool whole = false;
+        {
+            const ShownProgress shown(progress_, owner);
+            whole = SendChunks(path);
+            AtServer([&] { service_->UploadPhotoFile("", UploadMode::End); });
+        }
+        if (!whole) Abandon();
+        return whole ? FileSent::Whole : FileSent::Canceled;
+    } catch (...) {
+        Abandon();
+        throw;
+    }
+}
+
+void FileUpload::Abandon() noexcept {
+    if (service_ == nullptr) return;
+    try {
+        service_->UploadPhotoFile("", UploadMode::Abort);
+    } catch (...) {  // it cannot be reached: what it has it will drop itself
+    }
+    service_.reset();
+}
+
+}  // namespace lumarin

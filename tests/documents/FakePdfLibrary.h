@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/Files.h"
+#include "documents/PdfLibrary.h"
+
+namespace lumarin::testing {
+
+/// A PDF library that keeps every call as a line and, on closing, a file as long as its pages' pictures
+/// and `overhead`.
+class FakePdfLibrary final : public PdfLibrary {
+public:
+    std::vector<std::string> calls;
+    std::size_t overhead = 0;  ///< bytes that a document has besides its pictures
+    bool failsToBegin = false, failsToClose = false;
+
+    PdfStatus Load(const std::string& path) override { return Called("load " + path, false); }
+    PdfHandle AdultPdfCreate(const std::string& path) override { return Begin("create", path, 0); }
+    PdfHandle AdultPdfOpen(const std::string& path) override {
+        return Begin("open", path, files::FileLength(path) - overhead);
+    }
+    PdfStatus AdultPdfAddInfo(PdfHandle, const std::string& title, const std::string& subject,
+                              const std::string& creator, const std::string& keywords,
+                              const std::string& author) override {
+        return Called("info " + title + "," + subject + "," + creator + "," + keywords + "," + author, false);
+    }
+    PdfStatus AdultPdfSetFunction(PdfHandle, PdfFunction function, std::int32_t first, std::int32_t second,
+                                  const std::string& third, const std::string& fourth) override {
+        return Called(std::to_string(static_cast<int>(function)) + " " + std::to_string(first) + "," +
+                          std::to_string(second) + "," + third + "," + fourth,
+                      false);
+    }
+    PdfStatus AdultPdfAddImage(PdfHandle, const std::string& imagePath) override {
+        length_ += files::FileLength(imagePath);
+        return Called("image", false);
+    }
+    PdfStatus AdultPdfClose(PdfHandle) override {
+        if (!failsToClose) files::WriteWhole(path_, "%PDF-" + std::string(length_ + overhead - 5, ' '));
+        return Called("close", failsToClose);
+    }
+    std::string LastFailure() const override { return "the library failed"; }
+
+private:
+    PdfStatus Called(const std::string& call, bool fails) {
+        calls.push_back(call);
+        return fails ? PdfStatus::Failed : PdfStatus::Done;
+    }
+    PdfHandle Begin(const std::string& call, const std::string& path, std::size_t length) {
+        path_ = path;
+        length_ = length;
+        return Called(call, failsToBegin) == PdfStatus::Done ? 7 : 0;
+    }
+
+    std::string path_;
+    std::size_t length_ = 0;
+};
+
+}  // namespace lumarin::testing

@@ -1,0 +1,227 @@
+#include "documents/frmMakePDF.h"
+
+#include <gtest/gtest.h>
+
+#include "FakePdfLibrary.h"
+#include "base/Files.h"
+#include "imaging/FakeImaging.h"
+#include "support/FakeHost.h"
+#include "support/ScriptedDesktop.h"
+
+namespace lumarin {
+namespace {
+
+constexpr std::int32_t Maximum = 1000;
+constexpr const char* ThrowAwayOne = "Do you want to throw away the 1 page of this document?";
+
+class MakePdf : public ::testing::Test {
+protected:
+    MakePdf() {
+        link.Set(host);
+        imaging.pictures["/in/a.png"] = imaging.pictures["/in/b.png"] = {1275, 2100};
+        imaging.pictures["/in/none.png"] = {0, 100};
+        Renew();
+    }
+    ~MakePdf() override { desktop.VerifyAllUsed(); }
+
+    /// The builder of the next run of the program.
+    void Renew(std::int32_t listing = 100123) {
+        window.reset();
+        window = std::make_unique<frmMakePDF>(MakePdfPorts{desktop, imaging, pdf, link});
+        window->SetDocument(listing, Maximum);
+        window->CloseForm = [this] {
+            ++closed;
+            window->Hide();
+        };
+    }
+    void Open(const std::function<void()>& work) {
+        desktop.Play("frmMakePDF", [&work](Form& form) {
+            work();
+            form.Hide();
+        });
+        window->Display(nullptr);
+    }
+    void Add(const std::string& selection) {
+        desktop.Choose(selection);
+        window->cmdAddFiles.Press();
+    }
+    std::string Temporary(const char* ending) const { return host.UserFolder() + "CreatePDFTmp" + ending; }
+
+    testing::ScriptedDesktop desktop;
+    testing::FakeHost host;
+    testing::FakeImaging imaging;
+    testing::FakePdfLibrary pdf;
+    HostLink link;
+    std::unique_ptr<frmMakePDF> window;
+    int closed = 0;
+};
+
+TEST_F(MakePdf, Import_WritesEachPictureAsAPageAndClosesTheFile) {
+    Open([&] {
+        EXPECT_FALSE(window->ActiveBar1.IsEnabled("save"));
+        window->cboDocType.SetListIndex(1);
+        Add(std::string("/in") + '\0' + "a.png" + '\0' + "b.png");
+        EXPECT_EQ(window->lbmBM.Count(), 2);
+        EXPECT_EQ(window->txtFilesImported.Text(), "a.png, b.png");
+        EXPECT_EQ(window->lblFilesize.Caption(), "200");
+        EXPECT_TRUE(window->ActiveBar1.IsEnabled("save"));
+        window->optLegal.Choose();
+        Add("/in/a.png");
+    });
+    EXPECT_EQ(imaging.pages.at(0).colors, PageColors::Gray);
+    const std::string letter[] = {"109 5,5,0,0", "104 82,27,448,738", "image", "109 0,0,0,0"};
+    std::vector<std::string> expected = {"load " + host.ProgramFolder() + "QorCreatePdf.dll", "create",
+                                         "info 100123 PDF,100123,Qor Veltrane - Create Document,0,Host text"};
+    expected.insert(expected.end(), std::begin(letter), std::end(letter));
+    expected.insert(expected.end(), std::begin(letter), std::end(letter));
+    for (const char* call :
+         {"close", "open", "109 6,6,0,0", "104 27,27,558,919", "image", "109 0,0,0,0", "close"})
+        expected.push_back(call);
+    EXPECT_EQ(pdf.calls, expected);
+    EXPECT_FALSE(files::FileExists(Temporary(".png")));
+}
+
+TEST_F(MakePdf, RefusedPictures_LeaveThePagesThatAreThere) {
+    imaging.pageLengths = {900, 101, 100};
+    Open([&] {
+        Add("/in/a.png");
+        desktop.Expect("Cannot add file:\n/in/b.png\nMaximum size exceeded");
+        Add("/in/b.png");
+        desktop.Expect("Unable to process File: /in/none.png\nImage Height or width equals zero");
+        Add("/in/none.png");
+        imaging.openFailure = ImagingError(InvalidPictureError, "It is no picture.");
+        desktop.Expect("Lead error (-9)\n/in/text.png\nIt is no picture.");
+        Add("/in/text.png");
+        imaging.openFailure.reset();
+        Add("/in/b.png");  // exactly the maximum
+        desktop.Expect("No photo on the clipboard");
+        window->ActiveBar1.ClickTool("paste");
+        EXPECT_EQ(window->lblFilesize.Caption(), "1000");
+        EXPECT_EQ(window->lbmBM.Count(), 2);
+    });
+    EXPECT_EQ(desktop.messages[0].title, "File is too large");
+    EXPECT_EQ(desktop.messages[1].title, "Make PDF");
+    EXPECT_EQ(desktop.messages[3].title, "From Clipboard");
+}
+
+TEST_F(MakePdf, LibraryFails_NothingOfTheBatchStaysInTheList) {
+    Open([&] {
+        pdf.failsToBegin = true;
+        desktop.Expect("Error Creating/Opening PDF file");
+        Add("/in/a.png");
+        pdf.failsToBegin = false;
+        Add("/in/a.png");
+        pdf.failsToClose = true;
+        desktop.Expect("the library failed");
+        Add("/in/b.png");
+        EXPECT_EQ(window->lbmBM.Count(), 1);
+        EXPECT_EQ(window->lblFilesize.Caption(), "100");
+        pdf.failsToClose = false;
+        Add("/in/b.png");
+        EXPECT_EQ(window->lbmBM.Count(), 2);
+    });
+}
+
+TEST_F(MakePdf, CancelDuringAnImport_StopsItAndKeepsTheWindow) {
+    Open([&] {
+        desktop.AtPendingEvents(2, [&] { window->cmdCancel.Press(); });
+        Add(std::string("/in") + '\0' + "a.png" + '\0' + "b.png");
+        EXPECT_EQ(window->lbmBM.Count(), 1);
+        EXPECT_TRUE(window->IsShown());
+    });
+    EXPECT_EQ(closed, 0);
+}
+
+TEST_F(MakePdf, OK_ChecksBeforeAnythingIsSent) {
+    pdf.overhead = 300;
+    imaging.pageLengths = {600, 150};
+    Open([&] {
+        desktop.Expect("Your document is empty, Please add files before exiting");
+        window->cmdOK.Press();
+        Add("/in/a.png");
+        window->txtLinkText.SetText("  ");
+        desktop.Expect("Please enter a description for your document");
+        window->cmdOK.Press();
+        window->txtLinkText.SetText(" Plan ");
+        Add("/in/b.png");
+        desktop.Expect("File is too large!\nFilesize of 2KB exceeds maximum allowed (1000)");
+        window->cmdOK.Press();
+        EXPECT_EQ(closed, 0);
+        EXPECT_TRUE(window->IsShown());
+        window->SetDocument(100123, 1050);
+        window->cmdOK.Press();
+    });
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(window->LinkText(), "Plan");
+    EXPECT_TRUE(files::FileExists(window->PdfPath()));
+}
+
+TEST_F(MakePdf, CancelNewAndCloseBox_AskBeforePagesAreThrownAway) {
+    Open([&] {
+        Add("/in/a.png");
+        desktop.Expect(ThrowAwayOne, Answer::No);
+        window->ActiveBar1.ClickTool("new");
+        desktop.Expect(ThrowAwayOne, Answer::No);
+        EXPECT_FALSE(window->Unload(CloseReason::Frame));
+        EXPECT_EQ(window->lbmBM.Count(), 1);
+        desktop.Expect(ThrowAwayOne, Answer::Yes);
+        window->ActiveBar1.ClickTool("new");
+        EXPECT_FALSE(files::FileExists(Temporary(".pdf")) || files::FileExists(Temporary(".dat")));
+        Add("/in/a.png");
+        desktop.Expect(ThrowAwayOne, Answer::Yes);
+        window->cmdCancel.Press();
+    });
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(files::FileExists(window->PdfPath()));
+}
+
+TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
+    Open([&] {
+        Add("/in/a.png");
+        window->txtLinkText.SetText("Plan");
+    });
+    Renew(200200);
+    const std::string other =
+        "A document that was begun for listing #100123 has not been sent. Do you want to throw its pages "
+        "away "
+        "and begin a new one?\n\nNo keeps them: select that listing to go on with its document.";
+    desktop.Expect(other, Answer::No);
+    window->Display(nullptr);
+    Renew();
+    const std::string own =
+        "A document of 1 page was begun for this listing and has not been sent. Do you want to go on with "
+        "it?\n\nNo throws its pages away.";
+    desktop.Expect(own, Answer::Yes);
+    pdf.calls.clear();
+    Open([&] {
+        EXPECT_EQ(window->LinkText(), "Plan");
+        EXPECT_EQ(window->lbmBM.Cell(0, 1), "a.png");
+        Add("/in/b.png");
+        EXPECT_EQ(window->lblFilesize.Caption(), "200");
+    });
+    EXPECT_EQ(pdf.calls.at(1), "open");
+    Renew(200200);
+    desktop.Expect(other, Answer::Yes);
+    Open([&] { EXPECT_FALSE(files::FileExists(window->PdfPath())); });
+}
+
+TEST_F(MakePdf, SaveAndPreview_UseTheFileAsItIs) {
+    Open([&] {
+        Add("/in/a.png");
+        desktop.Choose(host.CityFolder() + "copy.pdf");
+        window->ActiveBar1.ClickTool("save");
+        window->ActiveBar1.ClickTool("preview");
+        window->ActiveBar1.ClickTool("help");
+        desktop.clipboardFiles = {"/in/b.png"};
+        window->ActiveBar1.ClickTool("paste");
+        EXPECT_EQ(window->lbmBM.Count(), 2);
+    });
+    EXPECT_EQ(desktop.saveDialogs[0].name, "100123.pdf");
+    EXPECT_EQ(files::ReadAll(host.CityFolder() + "copy.pdf").size(), 100U);
+    EXPECT_EQ(desktop.opened,
+              (std::vector<std::string>{Temporary(".pdf"),
+                                        host.HelpSite() + "/Tutorials/DocManager/CreatePDF.htm"}));
+}
+
+}  // namespace
+}  // namespace lumarin

@@ -1,0 +1,107 @@
+#include "host/web/WebServer.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <QTcpSocket>
+
+#include "host/database/Schema.h"
+#include "support/TemporaryFolder.h"
+
+namespace host {
+namespace {
+
+QCoreApplication& Application() {
+    static int count = 1;
+    static char name[] = "test";
+    static char* arguments[] = {name, nullptr};
+    static QCoreApplication application(count, arguments);
+    return application;
+}
+
+class WebServerTest : public ::testing::Test {
+protected:
+    WebServerTest() : server_(folder_.Path()), web_(server_, "VELTRANE") {
+        Database(DatabasePath(folder_.Path()), DatabaseUse::Changes)
+            .Run("INSERT INTO Listings (ListNum, ListAgentId) VALUES (12345, 'A101')");
+        server_.Uploads().Begin("u.pdf");
+        server_.Uploads().Append(std::as_bytes(std::span(std::string_view("%PDF-1.4 page"))));
+        server_.Uploads().End();
+        const DocumentSender agent{"VELTRANE", "A101", 10, {}, "", 100};
+        server_.ApplyDocument("ADD|VELTRANE|A101|12345|u.pdf|Plan", agent);
+        server_.ApplyDocument("ADD|VELTRANE|A101|12345||Link|http://example.org", agent);
+    }
+
+    /// The whole answer to a request line, sent as it stands.
+    QByteArray Ask(const QByteArray& request, const QByteArray& host = "Docs.localhost:1") const {
+        QTcpSocket socket;
+        socket.connectToHost(QHostAddress::LocalHost, static_cast<quint16>(web_.Port()));
+        socket.write(request + " HTTP/1.1\r\nHost: " + host + "\r\nConnection: close\r\n\r\n");
+        QByteArray answer;
+        static const QRegularExpression length("Content-Length: ([0-9]+)");
+        for (int turn = 0; turn < 500; ++turn) {
+            Application().processEvents(QEventLoop::AllEvents, 10);
+            socket.waitForReadyRead(10);
+            answer += socket.readAll();
+            const qsizetype body = answer.indexOf("\r\n\r\n") + 4;
+            const int size = length.match(QString(answer)).captured(1).toInt();
+            if (body > 4 && (request.startsWith("HEAD") || answer.size() >= body + size)) break;
+        }
+        return answer;
+    }
+
+    lumarin::testing::TemporaryFolder folder_;
+    QCoreApplication& application_ = Application();
+    Server server_;
+    WebServer web_;
+};
+
+TEST_F(WebServerTest, DocumentsAndHelpPages_AreThereAtTheirAddresses) {
+    const QByteArray document = Ask("GET /VELTRANE/Docs/4/5/12345_1.pdf");
+    EXPECT_TRUE(document.startsWith("HTTP/1.1 200 ")) << document.constData();
+    EXPECT_TRUE(document.contains("Content-Type: application/pdf\r\n"));
+    EXPECT_TRUE(document.endsWith("\r\n\r\n%PDF-1.4 page"));
+    const QByteArray head = Ask("HEAD /VELTRANE/Docs/4/5/12345_1.pdf");
+    EXPECT_TRUE(head.contains("Content-Length: 13\r\n")) << head.constData();
+    EXPECT_TRUE(head.endsWith("\r\n\r\n"));
+    for (const char* page : {"DocManager", "CreatePDF"}) {
+        const QByteArray help = Ask("GET /Tutorials/DocManager/" + QByteArray(page) + ".htm", "127.0.0.1:1");
+        EXPECT_TRUE(help.contains("Content-Type: text/html; charset=utf-8\r\n")) << page;
+        EXPECT_TRUE(help.contains("</html>")) << page;
+        EXPECT_TRUE(help.contains("href=\"/Tutorials/help.css\"")) << page;
+    }
+    EXPECT_TRUE(Ask("GET /Tutorials/help.css").contains("text/css"));
+}
+
+TEST_F(WebServerTest, AnythingElse_IsRefused) {
+    const struct {
+        const char* request;
+        const char* status;
+        const char* host = "docs.localhost";
+    } cases[] = {
+        {"GET /VELTRANE/Docs/4/5/12345_2.pdf", "404"},  // a link
+        {"GET /VELTRANE/Docs/4/5/12345_3.pdf", "404"},
+        {"GET /VELTRANE/Docs/4/5/12345_01.pdf", "404"},
+        {"GET /VELTRANE/Docs/5/4/12345_1.pdf", "404"},
+        {"GET /OTHER/Docs/4/5/12345_1.pdf", "404"},
+        {"GET /VELTRANE/Docs/x/../4/5/12345_1.pdf", "404"},
+        {"GET /VELTRANE/Docs/4/5/%31%32345_1.pdf%00", "404"},
+        {"GET /../../host.db", "404"},
+        {"GET /%2e%2e/%2e%2e/host.db", "404"},
+        {"GET /..%5c..%5chost.db", "404"},
+        {"GET //etc/passwd", "404"},
+        {"GET /Tutorials/", "404"},
+        {"GET /", "404"},
+        {"POST /VELTRANE/Docs/4/5/12345_1.pdf", "405"},
+        {"DELETE /VELTRANE/Docs/4/5/12345_1.pdf", "405"},
+        {"GET /VELTRANE/Docs/4/5/12345_1.pdf", "421", "evil.example:80"},
+        {"GET /VELTRANE/Docs/4/5/12345_1.pdf", "421", "localhost.example"},
+    };
+    for (const auto& row : cases)
+        EXPECT_TRUE(Ask(row.request, row.host).startsWith(QByteArray("HTTP/1.1 ") + row.status + " "))
+            << row.request << Ask(row.request, row.host).constData();
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,169 @@
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "documents/frmAddDocument.h"
+#include "documents/frmPromptLinkText.h"
+#include "hostile/Corpus.h"
+#include "hostile/SweepTest.h"
+#include "platform/qpdf/QpdfLibrary.h"
+
+namespace lumarin {
+namespace {
+
+using hostile::Sample;
+
+/// The document manager with one link, and all that an agent can add to it.
+class DocumentSweep : public hostile::SweepTest {
+protected:
+    DocumentSweep() {
+        Write(folder.Path() + "city/CityInfo.ini", "[Lumarin]\nDocMaxSize=100000\n");
+        desktop.BeLenient([this](Form& form) { Work(form); });
+        manager =
+            std::make_unique<frmAddDocument>(DocumentWindowPorts{desktop, imaging, pdf, clock, link, engine});
+        manager->Init(2);
+        manager->Show(nullptr);
+        Try("the first", [this] { manager->ActiveBar1.ClickTool("miAddUrl"); });
+    }
+
+    void Work(Form& form) {
+        if (auto* number = dynamic_cast<frmListnumPrompt*>(&form)) {
+            number->txtPropertyId.SetText(hostile::Good);
+            number->cmdOK.Press();
+        } else if (auto* prompt = dynamic_cast<frmPromptLinkText*>(&form)) {
+            prompt->txtLinkText.SetText(description);
+            prompt->txtUrl.SetText(address);
+            prompt->cmdOK.Press();
+            if (prompt->IsShown()) prompt->cmdCancel.Press();
+        } else if (auto* builder = dynamic_cast<frmMakePDF*>(&form)) {
+            build(*builder);
+        }
+    }
+
+    /// One document comes of it or a message says why not, soon, and the first stays as it was.
+    void Try(const std::string& name, const std::function<void()>& attempt) {
+        SCOPED_TRACE(name);
+        const std::size_t messages = desktop.messages.size();
+        const int before = manager->lvFiles.Count();
+        const auto start = std::chrono::steady_clock::now();
+        attempt();
+        EXPECT_LT(std::chrono::steady_clock::now() - start, hostile::Patience);
+        EXPECT_NE(manager->lvFiles.Count() == before + 1, desktop.messages.size() > messages);
+        EXPECT_EQ(manager->lvFiles.At(0).text, "kept");
+    }
+
+    /// A document of one page.
+    std::string Pdf() {
+        const std::string path = folder.Path() + "new.pdf";
+        const PdfHandle handle = pdf.AdultPdfCreate(path);
+        AddPage(handle);
+        pdf.AdultPdfClose(handle);
+        return files::ReadAll(path);
+    }
+    PdfStatus AddPage(PdfHandle handle) {
+        pdf.AdultPdfSetFunction(handle, PdfFunction::PageSize, PdfLetterPage, PdfLetterPage, "0", "0");
+        pdf.AdultPdfSetFunction(handle, PdfFunction::PlaceImage, 27, 27, "558", "349");
+        const PdfStatus status = pdf.AdultPdfAddImage(handle, incoming + "good.png");
+        pdf.AdultPdfSetFunction(handle, PdfFunction::PageSize, 0, 0, "0", "0");
+        return status;
+    }
+    std::vector<Sample> Pdfs() {
+        std::vector<Sample> pdfs = hostile::Damaged("pdf", Pdf());
+        const std::string pages =
+            "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n2 0 obj<</Type/Pages";
+        const std::string end = ">>endobj\ntrailer<</Root 1 0 R/Size 3>>\nstartxref\n0\n%%EOF";
+        pdfs.emplace_back("the mark alone", "%PDF-");
+        pdfs.emplace_back("a huge table", "%PDF-1.4\nxref\n0 4294967295\n0000000000 65535 f \n" + end);
+        pdfs.emplace_back("pages in a circle", pages + "/Count 1/Kids[2 0 R]" + end);
+        pdfs.emplace_back("two billion pages", pages + "/Count 2147483647/Kids[]" + end);
+        pdfs.emplace_back("deep nesting", pages + "/Kids" + std::string(100'000, '[') + end);
+        pdfs.emplace_back(
+            "locked",
+            pages + "/Count 0/Kids[]>>endobj\ntrailer<</Root 1 0 R/Encrypt<</Filter/Standard/V 5/R 6>>" +
+                end);
+        return pdfs;
+    }
+
+    QpdfLibrary pdf;
+    std::unique_ptr<frmAddDocument> manager;
+    std::string description = "kept", address = "example.org/kept";
+    std::function<void(frmMakePDF&)> build;
+};
+
+TEST_F(DocumentSweep, Files_AddedAsTheyAre_GiveADocumentOrAMessage) {
+    std::vector<std::string> paths;
+    for (const auto& [name, bytes] : Pdfs()) {
+        paths.push_back(incoming + name + ".pdf");
+        Write(paths.back(), bytes);
+    }
+    for (const std::string& name : hostile::Names()) {
+        paths.push_back(incoming + name);
+        std::filesystem::copy_file(folder.Path() + "new.pdf", paths.back());
+    }
+    std::filesystem::create_directory(incoming + "folder.pdf");
+    std::filesystem::create_symlink("/dev/zero", incoming + "endless.pdf");
+    mkfifo((incoming + "pipe.pdf").c_str(), 0600);
+    for (const char* name : {"folder.pdf", "endless.pdf", "pipe.pdf", "gone.pdf"})
+        paths.push_back(incoming + name);
+    for (const std::string& path : paths)
+        Try(path, [&] {
+            description = std::to_string(manager->lvFiles.Count());  // the same twice is one repeated command
+            desktop.Choose(path);
+            manager->ActiveBar1.ClickTool("miAddExistingFile");
+        });
+}
+
+TEST_F(DocumentSweep, BegunDocuments_Broken_TakeAPageOrSayWhyNot) {
+    for (const auto& [name, bytes] : Pdfs()) {
+        SCOPED_TRACE(name);
+        const std::string path = folder.Path() + "begun.pdf";
+        Write(path, bytes);
+        const auto start = std::chrono::steady_clock::now();
+        const PdfHandle handle = pdf.AdultPdfOpen(path);
+        const bool grown =
+            handle > 0 && AddPage(handle) == PdfStatus::Done && pdf.AdultPdfClose(handle) == PdfStatus::Done;
+        EXPECT_TRUE(grown || !pdf.LastFailure().empty());
+        EXPECT_LT(std::chrono::steady_clock::now() - start, hostile::Patience);
+        EXPECT_TRUE(grown || files::ReadAll(path) == bytes);
+    }
+}
+
+TEST_F(DocumentSweep, Pictures_AsPages_GiveAPageOrAMessageEach) {
+    description = "pages";
+    const std::vector<Sample> pictures = hostile::Pictures();
+    build = [&](frmMakePDF& builder) {
+        constexpr std::size_t Batch = 40;
+        for (std::size_t first = 0; first < pictures.size(); first += Batch) {
+            std::vector<std::string> paths;
+            for (std::size_t i = first; i < std::min(first + Batch, pictures.size()); ++i) {
+                paths.push_back(incoming + std::to_string(i));
+                Write(paths.back(), pictures[i].second);
+            }
+            builder.cboDocType.SetListIndex(static_cast<int>(first / Batch % 3));
+            const std::size_t messages = desktop.messages.size();
+            const auto pages = static_cast<std::size_t>(builder.lbmBM.Count());
+            builder.lbmBM.DropFiles(paths);
+            EXPECT_EQ(builder.lbmBM.Count() - pages + desktop.messages.size() - messages, paths.size())
+                << pictures[first].first;
+        }
+        builder.txtLinkText.SetText(description);
+        builder.cmdOK.Press();
+    };
+    manager->ActiveBar1.ClickTool("miMakePdf");
+    ASSERT_EQ(manager->lvFiles.Count(), 2);
+    const std::string sent =
+        host.common.ListingServer().DocumentFile(100123, std::stoll(manager->lvFiles.At(1).key));
+    EXPECT_GT(pdf.AdultPdfOpen(sent), 0) << pdf.LastFailure();
+}
+
+TEST_F(DocumentSweep, Texts_TypedAsDescriptionAndAddress_GiveALinkOrAMessage) {
+    for (const std::string& text : hostile::Texts()) {
+        description = text;
+        address = "example.org/" + text;
+        Try(text.substr(0, 60), [this] { manager->ActiveBar1.ClickTool("miAddUrl"); });
+        manager->cmdPreview.Press();
+    }
+}
+
+}  // namespace
+}  // namespace lumarin

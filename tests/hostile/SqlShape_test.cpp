@@ -1,0 +1,148 @@
+#include <set>
+
+#include "base/Error.h"
+#include "documents/FakePdfLibrary.h"
+#include "documents/frmAddDocument.h"
+#include "host/database/Schema.h"
+#include "host/database/SqlTokenizer.h"
+#include "host/database/SqlTranslator.h"
+#include "hostile/Corpus.h"
+#include "lookup/frmFindProperty.h"
+#include "photo_window/PhotoWindowTest.h"
+
+namespace lumarin {
+namespace {
+
+using host::TokenKind;
+using testing::FakeTable;
+using testing::PhotoWindowTest;
+
+/// Whatever an agent types, pastes or chooses is a value: the statement keeps the tokens and the database's
+/// program that it has for harmless input.
+class SqlShape : public PhotoWindowTest {
+protected:
+    SqlShape() : database(":memory:", host::DatabaseUse::Changes) {
+        host::EnsureSchema(database);
+        desktop.BeLenient([this](Form& form) { play(form); });
+        GivenListing(100123);
+        PhotoWindowTest::Open();
+        const auto answer = host.onQuery;
+        host.onQuery = [this, answer](const std::string& sql) {
+            if (sql.find("OffOfficeId From") != std::string::npos)
+                return FakeTable{{"OffOfficeId"}, {{FieldValue(text)}, {FieldValue(text)}}};
+            if (sql.find("As SelectedId") == std::string::npos) return answer(sql);
+            return FakeTable{{"SelectedId", "OwnerName", "StreetNumber", "StreetDirection", "StreetName"},
+                             {std::vector<FieldValue>(5, FieldValue(text))}};
+        };
+    }
+
+    /// The statement with its values left out, and what the database would do for it.
+    std::string Shape(const std::string& sql) {
+        try {
+            std::string shape;
+            for (const host::SqlToken& token : host::TokenizeSql(sql))
+                shape += token.kind == TokenKind::Text || token.kind == TokenKind::Number ? "? "
+                                                                                          : token.text + " ";
+            host::Statement program(database, "EXPLAIN " + host::TranslateSelect(sql));
+            while (program.Step()) {
+                const std::string opcode = program.Text(1);
+                const bool value = opcode == "String8" || opcode == "Integer" || opcode == "Int64";
+                shape += "\n" + opcode;
+                for (const int operand : {2, 3, 4, 5, 6})
+                    if (!value || operand == 3) shape += " " + program.Text(operand);
+            }
+            return shape;
+        } catch (const Error& error) {
+            return error.Description().find("zero character") == std::string::npos ? error.Description() : "";
+        }
+    }
+
+    /// The shapes of the statements that the component runs when `act` works with `input`.
+    std::set<std::string> ShapesFor(const std::string& input, const std::function<void()>& act) {
+        text = input;
+        host.queries.clear();
+        act();
+        std::set<std::string> shapes{""};  // refused whole
+        for (const std::string& sql : host.queries) shapes.insert(Shape(sql));
+        return shapes;
+    }
+
+    void ExpectOneShape(const char* name, const std::string& harmless, const std::function<void()>& act) {
+        const auto usual = ShapesFor(harmless, act);
+        EXPECT_GT(usual.size(), 1u) << name;
+        for (const std::string& input : hostile::Texts())
+            for (const std::string& shape : ShapesFor(input, act))
+                EXPECT_TRUE(usual.contains(shape)) << name << ": " << input.substr(0, 60) << "\n"
+                                                   << shape.substr(0, 900);
+    }
+
+    host::Database database;
+    std::string text;
+    std::function<void(Form&)> play = [](Form&) {};
+};
+
+TEST_F(SqlShape, Search_EveryModeMethodAndFilter_KeepsItsShape) {
+    const SearchContext contexts[] = {ListingSearch(),
+                                      {SearchMode::TaxRecord, "Tax", "TaxId"},
+                                      {SearchMode::Office, "Office", "OffOfficeId"},
+                                      {SearchMode::Agent, "Member", "MemMemberId"},
+                                      {SearchMode::Rental, "Rentals", "ListNum"}};
+    frmFindProperty search({desktop, link, engine});
+    for (const SearchContext& context : contexts)
+        for (int method = 0; method < 4; ++method) {
+            play = [&](Form&) {
+                search.txtOwnerName.SetText(text);
+                search.txtStreetName.SetText(text);
+                search.optMatchMethodOwner(method).Choose();
+                search.optMatchMethodStreet(method).Choose();
+                host.agent = host.office = text;
+                // The methods take turns with the entries of "Show:", so that each entry is there once.
+                search.cmbListingOwner.SetListIndex(method %
+                                                    static_cast<int>(search.cmbListingOwner.Items().size()));
+                search.cmdShowMatches.Press();
+                search.cmdCancel.Press();
+            };
+            ExpectOneShape((context.tableName + std::to_string(method)).c_str(), "Lee", [&] {
+                std::vector<std::string> selected;
+                search.FindProperty(context, 0, 0, 0, selected);
+            });
+        }
+}
+
+TEST_F(SqlShape, ListingNumber_EveryWayIn_KeepsItsShape) {
+    const auto remove = [this] {
+        if (window->cmdRemove.Enabled()) window->cmdRemove.Press();
+    };
+    ExpectOneShape("typed", "100123", [&] {
+        Enter(text);
+        window->cmdSend.Press();
+        remove();
+    });
+    ExpectOneShape("file name", "100123", [&] {
+        desktop.Choose("/in/" + text + "a.jpg");
+        window->Menu.ClickTool("SmartLoad");
+        remove();
+    });
+    play = [](Form& form) {
+        auto& search = static_cast<frmFindProperty&>(form);
+        if (search.List.Count() > 0) search.List.Select(0);
+        search.cmdOK.Press();
+    };
+    ExpectOneShape("chosen in a search", "100123", [&] {
+        window->cmdBrowse.Press();
+        remove();
+    });
+    play = [&](Form& form) {
+        auto& prompt = static_cast<frmListnumPrompt&>(form);
+        prompt.txtPropertyId.SetText(text);
+        prompt.cmdOK.Press();
+        if (prompt.IsShown()) prompt.cmdCancel.Press();
+    };
+    testing::FakePdfLibrary pdf;
+    frmAddDocument documents({desktop, imaging, pdf, clock, link, engine});
+    documents.Init(8);
+    ExpectOneShape("documents", "100123", [&] { documents.ActiveBar1.ClickTool("miSelectListing"); });
+}
+
+}  // namespace
+}  // namespace lumarin

@@ -1,0 +1,173 @@
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "host_server/PackageBuilder.h"
+#include "hostile/Corpus.h"
+#include "hostile/SweepTest.h"
+#include "listing/StateFile.h"
+
+namespace lumarin {
+namespace {
+
+using hostile::Sample;
+using Sweep = hostile::SweepTest;
+using hostile::Good;
+using hostile::Patience;
+
+TEST_F(Sweep, Pictures_DroppedAndUsed_GiveAPhotoOrAMessage) {
+    GivenGoodPhoto();
+    const std::string path = incoming + "strange.jpg";
+    for (const auto& [name, bytes] : hostile::Pictures()) {
+        Write(path, bytes);
+        Try(name, [&] { window->PhotoList.DropFiles({path}); });
+    }
+    Send();
+    EXPECT_TRUE(AtServer() == goodPhoto);
+    EXPECT_EQ(window->RecList.Count(), 0);
+}
+
+TEST_F(Sweep, NamesAndThingsThatAreNoFiles_EveryWayIn_GiveAPhotoOrAMessage) {
+    GivenGoodPhoto();
+    std::vector<std::string> paths;
+    for (const std::string& name : hostile::Names()) {
+        std::filesystem::copy_file(incoming + "good.png", incoming + name);
+        paths.push_back(incoming + name);
+    }
+    std::filesystem::create_directory(incoming + "100123 folder.jpg");
+    std::filesystem::create_symlink("nowhere", incoming + "100123 link.jpg");
+    std::filesystem::create_symlink("/dev/zero", incoming + "100123 endless.jpg");
+    mkfifo((incoming + "100123 pipe.jpg").c_str(), 0600);
+    for (const char* name :
+         {"100123 folder.jpg", "100123 link.jpg", "100123 endless.jpg", "100123 pipe.jpg", "100123 gone.jpg"})
+        paths.push_back(incoming + name);
+    for (const std::string& path : paths) {
+        for (const char* tool : {"Open", "SmartLoad"}) {
+            desktop.Choose(path);
+            Try(tool + path, [&] { window->Menu.ClickTool(tool); });
+        }
+        Try("drop " + path, [&] { window->RecList.DropFiles({path}); });
+        desktop.clipboardFiles = {path};
+        Try("paste " + path, [&] { window->Menu.ClickTool("Paste"); });
+    }
+}
+
+TEST_F(Sweep, WorkingFolder_FullOfStrangeFiles_KeepsThemAndSendsTheRest) {
+    GivenGoodPhoto();
+    window->Unload();
+    ListingState state;
+    state.PhotoCount = 2;
+    std::map<std::string, std::string> strange;
+    int number = 200000;
+    for (const Sample& sample : hostile::Damaged("state", state_file::Encode(state)))
+        for (const char* ending : {".dat", ".jnl"})
+            strange[std::to_string(++number) + ending] = sample.second;
+    const std::string stateBytes = files::ReadAll(working + Good + ".dat");
+    for (const char* name :
+         {"abc.dat", ".dat", "0.dat", "-5.dat", "99999999999.dat", "100999.dat", "1e3.dat", "300000.jnl"})
+        strange[name] = stateBytes;
+    for (const char* name :
+         {"100123z.jpg", "100123A.jpg", "100123aa.jpg", "200001a.jpg", "100123b.tmp", "x.part", "x.zip"})
+        strange[name] = "strange";
+    for (const auto& [name, bytes] : strange) Write(working + name, bytes);
+    std::filesystem::create_directory(working + "100777.dat");
+    std::filesystem::create_directory(working + "100124b.jpg");
+
+    Open();
+    EXPECT_NE(desktop.messages.back().text.find("abc.dat"), std::string::npos);
+    std::set<std::string> taken;
+    for (int row = 0; row < window->RecList.Count(); ++row) {
+        taken.insert(window->RecList.At(row).text);
+        window->RecList.Select(row);
+        window->PhotoList.DropFiles({incoming + "good.png"});
+    }
+    Send();
+    for (int row = window->RecList.Count() - 1; row >= 0; --row) {
+        window->RecList.Select(row);
+        if (window->RecList.At(row).text != Good) window->cmdRemove.Press();
+    }
+    window->RecList.Select(0);
+    window->PhotoList.Select(1);  // what became of the file that was just changing places
+    window->Menu.ClickTool("DeletePhoto");
+    Send();
+    EXPECT_EQ(window->RecList.Count(), 0);
+    EXPECT_TRUE(AtServer() == goodPhoto);
+    for (const auto& [name, bytes] : strange) {
+        const bool unreadable = name.ends_with(".dat") && !taken.contains(name.substr(0, name.size() - 4));
+        EXPECT_TRUE(!unreadable || files::ReadAll(working + name) == bytes) << name;
+    }
+}
+
+TEST_F(Sweep, Settings_Strange_WindowWorksOrSaysWhatIsWrong) {
+    const std::string usual = files::ReadAll(folder.Path() + "city/CityInfo.ini");
+    std::vector<Sample> contents = hostile::Damaged("CityInfo.ini", usual);
+    for (const char* line :
+         {"Photo Size=", "Photo Size=0,0,0,0,0", "Photo Size=-1,-1,35,35000,4",
+          "Photo Size=2147483647,2147483647,35,0,4", "Photo Size=99999,99999,35,35000,4",
+          "Photo Size=480,300,999999,35000,4", "Photo Size=480,300,35,35000,4,<b>&%s</b>", "Photo Size=x",
+          "Photo Maximum=-5", "Photo Maximum=2147483648", "SortNames=zzz", "FilePreview=\xFF"})
+        contents.emplace_back(line, std::string("[Lumarin]\n") + line);
+    contents.emplace_back("a long line", "[Lumarin]\nPhoto Size=" + std::string(1'000'000, '9'));
+    contents.emplace_back("many sections", [] {
+        std::string all;
+        for (int i = 0; i < 20'000; ++i) all += "[Lumarin\n";
+        return all;
+    }());
+    for (const auto& [name, bytes] : contents) {
+        SCOPED_TRACE(name);
+        Write(folder.Path() + "city/CityInfo.ini", bytes);
+        Write(folder.Path() + "user/User.ini",
+              bytes + "\n[Photos]\nDefault Import Dir=\x01/\nStart Up Position=1e300,nan\n");
+        try {
+            Open();
+        } catch (const Error& error) {
+            EXPECT_FALSE(error.Description().empty());
+            continue;
+        }
+        const std::size_t messages = desktop.messages.size();
+        window->txtID.SetText(Good);
+        window->txtID.PressKey(13);
+        window->PhotoList.DropFiles({incoming + "good.png"});
+        EXPECT_TRUE(window->PhotoList.Count() > 0 || desktop.messages.size() > messages);
+        window->Menu.ClickTool("FilePreview");
+        window->Menu.ClickTool("RemoveEntry");
+        window->Unload();
+    }
+}
+
+TEST_F(Sweep, Packages_AtTheServer_ChangeNothingOrAreRefusedWithAReason) {
+    GivenGoodPhoto();
+    Send();
+    using host::PackageBuilder;
+    const std::string photo = host::TinyJpeg(500);
+    const auto fine = PackageBuilder().Listing(100124, {{"2110", ""}}).Entry("100124a.jpg", photo);
+    std::vector<Sample> packages = hostile::Damaged("package", fine.Bytes());
+    for (const char* name : {"../100123a.jpg", "/etc/passwd", "100124a.jpg/", "..\\x.jpg", "C:x.jpg",
+                             "100123a.jpg", "100124A.jpg", "100124{.jpg"})
+        packages.emplace_back(name, PackageBuilder(fine).Entry(name, photo).Bytes());
+    packages.emplace_back("zeros", PackageBuilder()
+                                       .Listing(100124, {{"2110", ""}})
+                                       .Entry("100124a.jpg", std::string(100'000'000, '\0'))
+                                       .Bytes(true));
+    packages.emplace_back("no listing", PackageBuilder().Listing(-1, {}).Bytes());
+    packages.emplace_back("nothing in it", "");
+    host::Server& server = host.common.ListingServer();
+    for (const auto& [name, bytes] : packages) {
+        SCOPED_TRACE(name);
+        const auto start = std::chrono::steady_clock::now();
+        try {
+            server.Uploads().Begin("p.zip");
+            server.Uploads().Append(std::as_bytes(std::span(bytes)));
+            server.Uploads().End();
+            server.ApplyPackage("p.zip");
+        } catch (const Error& error) {
+            EXPECT_FALSE(error.Description().empty());
+        }
+        EXPECT_LT(std::chrono::steady_clock::now() - start, Patience);
+        EXPECT_TRUE(AtServer() == goodPhoto);
+    }
+    EXPECT_EQ(AtServer(2), "");
+}
+
+}  // namespace
+}  // namespace lumarin

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "reliability/Workplace.h"
+
+namespace lumarin::reliability {
+
+/// Three listings of which two have published photos, and what the agent then changes.
+class WorkTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        published_ = std::make_unique<testing::TemporaryFolder>();
+        Workplace::Prepare(published_->Path());
+        Workplace agent(published_->Path());
+        agent.Open();
+        agent.Load("1001");
+        for (const int picture : {1, 2}) agent.Add(picture);
+        agent.Load("1002");
+        agent.Add(3);
+        agent.Send();
+        ASSERT_EQ(agent.Told(), 0U) << agent.LastMessage();
+    }
+    static void TearDownTestSuite() { published_.reset(); }
+
+    void Start() {
+        agent.reset();
+        folder = std::make_unique<testing::TemporaryFolder>();
+        std::filesystem::copy(published_->Path(), folder->Path(), std::filesystem::copy_options::recursive);
+        agent = std::make_unique<Workplace>(folder->Path());
+        agent->Open();
+        before = agent->Published();
+    }
+    /// A new photo, an exchange, a removal and a new description.
+    void GivenChanges() {
+        Start();
+        agent->Load("1001");
+        agent->Add(4);
+        agent->window->cmdMove(0).Press();
+        agent->Load("1002");
+        agent->Add(5);
+        agent->window->PhotoList.Select(0);
+        agent->window->Menu.ClickTool("DeletePhoto");
+        agent->Load("1003");
+        for (const int picture : {6, 7, 8}) agent->Add(picture);
+        work = agent->Work();
+        ASSERT_EQ(agent->Told(), 0U) << agent->LastMessage();
+        ASSERT_EQ(work["1001"].size() + work["1002"].size() + work["1003"].size(), 7U);
+    }
+    /// What the host's services do from now on.
+    void GoesWrong(const std::string& script) {
+        host::FaultScript& faults = agent->host.common.Faults();
+        faults = host::FaultScript::Parse(script);
+        faults.SetPatience(std::chrono::milliseconds(1));
+    }
+    void ExpectAllSent() {
+        EXPECT_TRUE(agent->IsEmpty());
+        EXPECT_EQ(agent->Published(), work);
+        EXPECT_TRUE(WorkOnDisk(folder->Path()).empty());
+        for (const auto& [listing, photos] : work)
+            for (std::size_t i = 0; i < photos.size(); ++i)
+                EXPECT_TRUE(photos[i].ends_with(":" + agent->LocalCopy(listing, static_cast<int>(i) + 1)));
+    }
+
+    static inline std::unique_ptr<testing::TemporaryFolder> published_;
+    std::unique_ptr<testing::TemporaryFolder> folder;
+    std::unique_ptr<Workplace> agent;
+    Photos before, work;
+};
+
+}  // namespace lumarin::reliability

@@ -1,0 +1,291 @@
+#include "reliability/Workplace.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "base/Files.h"
+#include "documents/frmPromptLinkText.h"
+#include "host/database/Schema.h"
+
+namespace lumarin::reliability {
+
+namespace {
+
+constexpr int Width = 120;
+constexpr int Height = 75;
+constexpr const char* BuiltDocument = "Plan";
+constexpr const char* Settings =
+    "[Lumarin]\r\nDocMaxSize=100\r\nPhoto Size=120,75,35,35000,4\r\nPhoto Maximum=8\r\nFilePreview=False\r\n";
+
+/// Thousands of small folders come and go: in memory, where there is such a place and nobody chose another.
+[[maybe_unused]] const bool inMemory = access("/dev/shm", W_OK) == 0 && setenv("TMPDIR", "/dev/shm", 0) == 0;
+
+/// The beginnings of questions that belong to what the agent does, with his answers.
+const struct {
+    const char* text;
+    Answer answer;
+} Questions[] = {
+    {"Do you really want to remove all the photos from listing - ", Answer::No},
+    {"The changes to the photos of listing ", Answer::Yes},
+    {"Preparing to delete document:", Answer::Yes},
+    {"A document of ", Answer::Yes},
+};
+
+bool IsQuestion(const Message& message) {
+    return std::any_of(std::begin(Questions), std::end(Questions),
+                       [&](const auto& question) { return message.text.starts_with(question.text); });
+}
+
+Answer AnswerTo(const Message& message) {
+    for (const auto& question : Questions)
+        if (message.text.starts_with(question.text)) return question.answer;
+    return Answer::Cancel;
+}
+
+std::unique_ptr<SourcePicture> Drawn(int width, int height) {
+    auto picture = std::make_shared<lumarin::Picture>();
+    *picture = {width, height, {}};
+    picture->pixels.resize(std::size_t{3} * static_cast<std::size_t>(width * height));
+    for (std::size_t i = 0; i < picture->pixels.size(); ++i)
+        picture->pixels[i] = static_cast<std::uint8_t>(i * i / 977);
+    return vips::VipsImaging().FromMemory(picture);
+}
+
+/// The bytes of the file that `write` makes.
+std::string Written(const std::function<void(const std::string& path)>& write) {
+    const testing::TemporaryFolder folder;
+    write(folder.Path() + "picture");
+    return files::ReadAll(folder.Path() + "picture");
+}
+
+/// Tells the bytes of one file from those of any other.
+std::string Identity(const std::string& path) {
+    if (!files::FileExists(path)) return "missing";
+    const std::string bytes = files::ReadAll(path);
+    return std::to_string(bytes.size()) + "/" + std::to_string(std::hash<std::string>()(bytes));
+}
+
+/// A built document may have come about in several batches: what counts are its pages.
+std::string Pages(const std::string& path) {
+    if (!files::FileExists(path)) return "0 pages";
+    const std::string bytes = files::ReadAll(path), mark = "/Subtype /Image";
+    int count = 0;
+    for (std::size_t at = bytes.find(mark); at != std::string::npos; at = bytes.find(mark, at + 1)) ++count;
+    return std::to_string(count) + " pages";
+}
+
+}  // namespace
+
+LocalTime HastyClock::Now() const {
+    ++minutes_;
+    return {.year = 2026,
+            .month = 3,
+            .day = 1 + minutes_ / 1440 % 28,
+            .hour = minutes_ / 60 % 24,
+            .minute = minutes_ % 60};
+}
+
+/// The same picture for all numbers; what tells them apart is a comment of their own length in the file.
+std::string Workplace::Picture(int number) {
+    static const std::string plain = Written([](const std::string& path) {
+        CaptureOrder order;
+        order.cut = {0, 0, Width, Height};
+        order.width = order.canvasWidth = Width;
+        order.height = order.canvasHeight = Height;
+        order.jpegQualityFactor = 35;
+        Drawn(Width, Height)->Capture(order, path);
+    });
+    const std::string comment(static_cast<std::size_t>(2500 + 10 * number),
+                              static_cast<char>('A' + number % 26));
+    const auto length = static_cast<unsigned>(comment.size() + 2);
+    const std::string marker = {'\xFF', '\xFE', static_cast<char>(length >> 8),
+                                static_cast<char>(length & 255)};
+    return std::string(plain).insert(2, marker + comment);
+}
+
+std::string Workplace::LargePicture() {
+    static const std::string large = Written([](const std::string& path) {
+        Drawn(400, 300)->WritePage({400, 300}, path);
+    });
+    return large;
+}
+
+void Workplace::Prepare(const std::string& dataFolder) {
+    files::EnsureFolder(dataFolder + "city");
+    files::WriteWhole(dataFolder + "city/CityInfo.ini", Settings);
+    host::Database database(host::DatabasePath(dataFolder), host::DatabaseUse::Changes);
+    host::EnsureSchema(database);
+    for (const std::string number : Listings)
+        database.Run("INSERT INTO Listings (ListNum, StreetName, ListAgentId) VALUES (" + number +
+                     ", 'Elm', 'A101')");
+}
+
+Workplace::Workplace(const std::string& dataFolder) : folder(dataFolder), host({.dataFolder = dataFolder}) {
+    link.Set(host.common);
+    host.common.Faults().SetPatience(std::chrono::milliseconds(1));
+    desktop.BeLenient([this](Form& form) { Play(form); }, AnswerTo);
+}
+
+/// What a person does in the windows that open by themselves.
+void Workplace::Play(Form& form) {
+    if (form.Name() == "frmPhotoCrop") {
+        auto& crop = static_cast<frmPhotoCrop&>(form);
+        crop.cmdCapture.Press();
+        if (crop.IsShown()) crop.cmdCancel.Press();
+    } else if (form.Name() == "frmListnumPrompt") {
+        auto& prompt = static_cast<frmListnumPrompt&>(form);
+        prompt.txtPropertyId.SetText(Listings[0]);
+        prompt.cmdOK.Press();
+    } else if (form.Name() == "frmPromptLinkText") {
+        auto& prompt = static_cast<frmPromptLinkText&>(form);
+        prompt.txtLinkText.SetText("Deed");
+        prompt.txtUrl.SetText("http://example.org/deed");
+        prompt.cmdOK.Press();
+    } else if (form.Name() == "frmMakePDF") {
+        PlayBuilder(static_cast<frmMakePDF&>(form));
+    }
+}
+
+void Workplace::PlayBuilder(frmMakePDF& builder) {
+    for (const std::string wanted : {"1 pages", "2 pages"}) {
+        if (Pages(builder.PdfPath()) >= wanted) continue;
+        desktop.Choose(CameraFile(wanted + ".jpg", Picture(wanted.front() - '0')));
+        builder.cmdAddFiles.Press();
+        pageBuilt();
+    }
+    builder.txtLinkText.SetText(BuiltDocument);
+    if (Pages(builder.PdfPath()) == "2 pages") builder.cmdOK.Press();
+    if (builder.IsShown()) builder.Hide();
+}
+
+void Workplace::Open() {
+    window.reset();
+    try {
+        auto opened =
+            std::make_unique<frmLumarin>(PhotoWindowPorts{desktop, imaging, archiver, clock, link, engine});
+        opened->Init(1);
+        opened->Show(nullptr);
+        window = std::move(opened);
+    } catch (const Error& error) {
+        desktop.messages.push_back({.text = error.Description(), .title = error.Source()});
+    }
+}
+
+void Workplace::Load(const std::string& listing) {
+    window->txtID.SetText(listing);
+    window->cmdAdd.Press();
+}
+
+void Workplace::Select(const std::string& listing) {
+    const int row = window->RecList.FindText(listing);
+    if (row >= 0) window->RecList.Select(row);
+}
+
+std::string Workplace::CameraFile(const std::string& name, const std::string& bytes) const {
+    const std::string path = camera_.Path() + name;
+    if (!files::FileExists(path)) files::WriteWhole(path, bytes);
+    return path;
+}
+
+void Workplace::Add(int picture) {
+    window->PhotoList.DropFiles({CameraFile(std::to_string(picture) + ".jpg", Picture(picture))});
+}
+
+void Workplace::AddLarge() { window->PhotoList.DropFiles({CameraFile("large.png", LargePicture())}); }
+
+void Workplace::OpenDocuments() {
+    documents.reset();
+    documents =
+        std::make_unique<frmAddDocument>(DocumentWindowPorts{desktop, imaging, pdf, clock, link, engine});
+    documents->Init(2);
+    documents->Show(nullptr);
+}
+
+void Workplace::AddPdf() {
+    desktop.Choose(CameraFile("deed.pdf", "%PDF-1.4\n" + std::string(12'000, 'd')));
+    documents->ActiveBar1.ClickTool("miAddExistingFile");
+}
+
+int Workplace::DraftPages() const { return std::stoi(Pages(host.common.UserFolder() + "CreatePDFTmp.pdf")); }
+
+std::size_t Workplace::DraftFiles() const {
+    const auto isDraft = [](const std::string& name) { return name.starts_with("CreatePDFTmp"); };
+    return files::List(host.common.UserFolder(), isDraft).size();
+}
+
+std::vector<std::string> Workplace::Documents() {
+    host::Database database(host::DatabasePath(folder), host::DatabaseUse::Queries);
+    host::Statement rows(database,
+                         "SELECT DocID, DocDesc, ifnull(DocUrl, ''), DocFilesize FROM Documents WHERE "
+                         "DocListNum = 1001 ORDER BY DocID");
+    std::vector<std::string> held;
+    while (rows.Step()) {
+        std::string entry = rows.Text(1) + "|" + rows.Text(2);
+        if (rows.Text(2).empty()) {
+            const std::string path = host.common.ListingServer().DocumentFile(1001, rows.Integer(0));
+            EXPECT_EQ(files::FileLength(path), static_cast<std::uint64_t>(rows.Integer(3)));
+            entry += "|" + (rows.Text(1) == BuiltDocument ? Pages(path) : Identity(path));
+        }
+        held.push_back(entry);
+    }
+    return held;
+}
+
+std::size_t Workplace::Told() const {
+    return desktop.messages.size() - static_cast<std::size_t>(std::count_if(
+                                         desktop.messages.begin(), desktop.messages.end(), IsQuestion));
+}
+
+Photos Workplace::Work() {
+    Photos work;
+    if (window == nullptr) return work;
+    for (int row = 0; row < window->RecList.Count(); ++row) {
+        const std::string listing = window->RecList.At(row).text;
+        window->RecList.Select(row);
+        std::vector<std::string>& photos = work[listing];
+        for (int photo = 0; photo < window->PhotoList.Count(); ++photo) {
+            const ListView::Row shown = window->PhotoList.At(photo);
+            photos.push_back(shown.text + ":" + Identity(shown.picture));
+        }
+    }
+    return work;
+}
+
+Photos Workplace::Published() {
+    host::Database database(host::DatabasePath(folder), host::DatabaseUse::Queries);
+    const auto descriptions = host.common.PhotoDescriptions();
+    Photos published;
+    for (const std::string listing : Listings) {
+        const std::int32_t number = std::stoi(listing);
+        const auto rows = host::PhotoStore::Published(database, number);
+        if (rows.empty()) continue;
+        const std::string stored = host::Server::PhotoFolder(folder) + listing + "/";
+        for (const auto& row : rows) {
+            const auto known = std::find_if(descriptions.begin(), descriptions.end(), [&](const auto& one) {
+                return std::to_string(one.code) == row.code;
+            });
+            EXPECT_EQ(files::FileLength(stored + row.fileName), row.bytes);
+            published[listing].push_back((known == descriptions.end() ? row.code : known->text) + ":" +
+                                         Identity(stored + row.fileName));
+        }
+    }
+    return published;
+}
+
+std::string Workplace::LocalCopy(const std::string& listing, int photo) const {
+    return Identity(host.common.PhotoFolder() + host::PhotoTree::NameOf(std::stoi(listing), photo));
+}
+
+Photos WorkOnDisk(const std::string& dataFolder) {
+    const testing::TemporaryFolder copy;
+    std::filesystem::copy(dataFolder, copy.Path(), std::filesystem::copy_options::recursive);
+    Workplace next(copy.Path());
+    next.Open();
+    EXPECT_EQ(next.Told(), 0U) << next.LastMessage();
+    return next.Work();
+}
+
+}  // namespace lumarin::reliability

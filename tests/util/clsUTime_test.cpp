@@ -1,0 +1,66 @@
+#include "util/clsUTime.h"
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+#include "base/Error.h"
+
+namespace lumarin {
+namespace {
+
+constexpr int Eastern = 300, India = -330;
+
+TEST(UTime, Conversion_FollowsBiasAndSummerTime) {
+    const struct {
+        const char* name;
+        clsUTime zone;
+        LocalTime local;
+        UtcTime utc;
+        bool bothWays = true;
+    } cases[] = {
+        {"winter, over New Year",
+         clsUTime(Eastern),
+         {2023, 12, 31, 22, 30, 15, 7},
+         {2024, 1, 1, 3, 30, 15, 7}},
+        {"summer", clsUTime(Eastern), {2024, 7, 4, 12}, {2024, 7, 4, 16}},
+        {"leap day, east",
+         clsUTime(India, clsUTime::SummerTime::None),
+         {2024, 3, 1, 3},
+         {2024, 2, 29, 21, 30}},
+        {"no summer time", clsUTime(420, clsUTime::SummerTime::None), {2024, 7, 4, 12}, {2024, 7, 4, 19}},
+        {"before the beginning",
+         clsUTime(Eastern),
+         {2024, 3, 10, 1, 59, 59, 999},
+         {2024, 3, 10, 6, 59, 59, 999}},
+        {"left-out hour", clsUTime(Eastern), {2024, 3, 10, 2, 30}, {2024, 3, 10, 7, 30}, false},
+        {"after the beginning", clsUTime(Eastern), {2024, 3, 10, 3}, {2024, 3, 10, 7}},
+        {"repeated hour", clsUTime(Eastern), {2025, 11, 2, 1, 30}, {2025, 11, 2, 5, 30}},
+        {"after the end", clsUTime(Eastern), {2025, 11, 2, 2}, {2025, 11, 2, 7}},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(WallClockMilliseconds(one.zone.ToUtc(one.local)), WallClockMilliseconds(one.utc))
+            << one.name;
+        if (!one.bothWays) continue;
+        EXPECT_EQ(WallClockMilliseconds(one.zone.ToLocal(one.utc)), WallClockMilliseconds(one.local))
+            << one.name;
+    }
+    EXPECT_EQ(clsUTime(Eastern).ToLocal({2025, 11, 2, 6, 30}).hour, 1)
+        << "the second pass of the repeated hour";
+}
+
+TEST(UTime, NonsenseIsRefused) {
+    for (const LocalTime& time : {LocalTime{2023, 2, 29}, LocalTime{2024, 13, 1}, LocalTime{2024, 1, 1, 24}})
+        EXPECT_THROW(clsUTime(0).ToUtc(time), ApplicationError) << time.month;
+    EXPECT_THROW(clsUTime(1441), ApplicationError);
+}
+
+TEST(UTime, Now_IsTheMachinesClockInUtc) {
+    const std::time_t before = std::time(nullptr);
+    const std::int64_t now = (WallClockMilliseconds(clsUTime::Now()) - WallClockMilliseconds({1970})) / 1000;
+    EXPECT_GE(now, before);
+    EXPECT_LE(now, std::time(nullptr));
+}
+
+}  // namespace
+}  // namespace lumarin

@@ -1,0 +1,173 @@
+#include "util/frmFTP.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+
+#include "base/Files.h"
+#include "support/FakeHost.h"
+#include "support/ScriptedDesktop.h"
+#include "util/FtpJob.h"
+
+namespace lumarin {
+namespace {
+
+/// Ends each command at the next poll, as the script says, and well when it says nothing.
+struct FakeTransfer final : FtpTransfer {
+    void SetServer(const FtpServer& given) override { server = given; }
+    void SetRequestTimeout(int seconds) override { timeout = seconds; }
+    void Execute(const std::string& command) override { commands.push_back(command); }
+    void Poll() override {
+        const bool fails = !failures.empty() && commands.size() == failures.front().first;
+        if (fails) failure = failures.front().second, failures.pop_front();
+        StateChanged(fails ? FtpState::Error : FtpState::ResponseCompleted);
+    }
+    const FtpFailure& Failure() const override { return failure; }
+    void Cancel() override { ++cancels; }
+
+    FtpServer server;
+    int timeout = 0, cancels = 0;
+    std::vector<std::string> commands;
+    std::deque<std::pair<std::size_t, FtpFailure>> failures;  ///< after how many commands, and why
+    FtpFailure failure;
+};
+
+class FtpWindow : public ::testing::Test {
+protected:
+    FtpWindow() {
+        link.Set(host);
+        for (const char* name : {"a.jpg", "b c.jpg"}) files::WriteWhole(folder.Path() + name, name);
+        both = folder.Path() + "a.jpg" + '\0' + folder.Path() + "b c.jpg";
+    }
+    std::string Command(const std::string& name, const std::string& remote) const {
+        return "Send \"" + folder.Path() + name + "\" \"" + remote + "\"";
+    }
+
+    testing::ScriptedDesktop desktop;
+    testing::FakeHost host;
+    HostLink link;
+    testing::TemporaryFolder folder;
+    SystemClock clock;
+    FakeTransfer transfer;
+    frmFTP window{desktop, clock, link, transfer};
+    FtpResult result;
+    std::string both;
+};
+
+TEST_F(FtpWindow, SendFiles_SendsOneAfterTheOther) {
+    desktop.Play("frmFTP", [&](Form&) {
+        EXPECT_EQ(window.Animation.File(), host.ProgramFolder() + "FileMove.avi");
+        EXPECT_EQ(window.lblTime.Caption(), "00:00");
+        EXPECT_EQ(window.lblFile.Caption(), "a.jpg (1 of 2)");
+        window.Timer.Tick();
+        EXPECT_EQ(window.lblFile.Caption(), "b c.jpg (2 of 2)");
+        window.Timer.Tick();
+    });
+    window.SendFiles({"ftp.example:21|me|pass", "in/new", both, FtpSecurity::WhenOffered}, result, nullptr);
+    EXPECT_EQ(transfer.timeout, 120);
+    EXPECT_EQ(transfer.server.security, FtpSecurity::WhenOffered);
+    EXPECT_EQ(transfer.commands,
+              (std::vector{Command("a.jpg", "in/new/a.jpg"), Command("b c.jpg", "in/new/b c.jpg")}));
+    EXPECT_EQ(result.outcome, FtpOutcome::Sent);
+    EXPECT_EQ(result.sent, 2);
+    EXPECT_FALSE(window.IsLoaded());
+    EXPECT_EQ(transfer.cancels, 1) << "the connection is let go";
+}
+
+TEST_F(FtpWindow, Failure_IsRetriedWhereThatMayHelp) {
+    const std::string told = "Gone.\n\nThe file \"b c.jpg\" was not sent. 1 of 2 files were sent.";
+    const struct {
+        const char* name;
+        Answer answer;
+        bool canBeRetried;
+        FtpOutcome outcome;
+        std::size_t commands;
+    } cases[] = {{"retry", Answer::Retry, true, FtpOutcome::Sent, 3},
+                 {"give up", Answer::Cancel, true, FtpOutcome::Failed, 2},
+                 {"hopeless", Answer::Ok, false, FtpOutcome::Failed, 2}};
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.name);
+        transfer.commands.clear();
+        transfer.failures = {{2, {"Gone.", one.canBeRetried}}};
+        desktop.Play("frmFTP", [&](Form&) {
+            while (window.IsShown()) window.Timer.Tick();
+        });
+        desktop.Expect(told, one.answer);
+        window.SendFiles({"host", "", both}, result, nullptr);
+        EXPECT_EQ(result.outcome, one.outcome);
+        EXPECT_EQ(result.sent, one.outcome == FtpOutcome::Sent ? 2 : 1);
+        EXPECT_EQ(result.problem, one.outcome == FtpOutcome::Sent ? "" : told);
+        EXPECT_EQ(transfer.commands.size(), one.commands);
+        EXPECT_EQ(desktop.messages.back().buttons, one.canBeRetried ? Buttons::RetryCancel : Buttons::Ok);
+    }
+}
+
+TEST_F(FtpWindow, CancelCloseBoxAndEnd_EndTheTransfer) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"cmdCancel", [&] { window.cmdCancel.Press(); }},
+        {"close box", [&] { EXPECT_FALSE(window.Unload(CloseReason::Frame)); }},
+        {"program ends", [&] { EXPECT_TRUE(window.Unload(CloseReason::Host)); }}};
+    for (const auto& [name, leave] : ways) {
+        transfer.cancels = 0;
+        desktop.Play("frmFTP", [&, leave = leave](Form&) {
+            window.Timer.Tick();
+            leave();
+        });
+        window.SendFiles({"host", "", both}, result, nullptr);
+        EXPECT_EQ(result.outcome, FtpOutcome::Cancelled) << name;
+        EXPECT_EQ(result.sent, 1) << name;
+        EXPECT_GT(transfer.cancels, 0) << name;
+        EXPECT_FALSE(window.Timer.Enabled() || window.IsLoaded()) << name;
+    }
+}
+
+TEST_F(FtpWindow, UnsoundOrder_IsRefusedBeforeAnythingIsSent) {
+    const std::string a = folder.Path() + "a.jpg", end = " Nothing was sent.";
+    const std::string harmful = " must not contain quotes, line breaks or other control characters." + end;
+    const struct {
+        std::string server, remoteFolder, list, told;
+    } cases[] = {
+        {"", "", a, "The name of the FTP server is missing."},
+        {"a@b", "", a, "\"a@b\" is not the name of an FTP server."},
+        {"host/../x", "", a, "\"host/../x\" is not the name of an FTP server."},
+        {"ho\nst|u|p", "", a, "The name of the FTP server" + harmful},
+        {"host|u\r\nDELE x|p", "", a, "The user name for the FTP server" + harmful},
+        {"host|u|p\"", "", a, "The password for the FTP server" + harmful},
+        {std::string("host|u|p\0q", 10), "", a, "The password for the FTP server" + harmful},
+        {"host", "in\nDELE x", a, "The remote folder" + harmful},
+        {"host", "", a + "\"", "The name of a file to send" + harmful},
+        {"host", "", std::string(2, '\0'), "There is no file to send."},
+        {"host", "", folder.Path(), "The name of a file to send is missing."},
+        {"host", "", a + '\0' + folder.Path() + "none",
+         "Cannot send \"" + folder.Path() + "none\": there is no such file"},
+        {"host", "", a + '\0' + "/other\\a.jpg",
+         "Two of the files to send have the name \"a.jpg\"; on the server one would replace the other." +
+             end},
+    };
+    for (const auto& one : cases) {
+        desktop.Expect(one.told);
+        window.SendFiles({one.server, one.remoteFolder, one.list}, result, nullptr);
+        EXPECT_EQ(result.outcome, FtpOutcome::Failed);
+        EXPECT_EQ(result.problem, one.told);
+    }
+    desktop.VerifyAllUsed();
+    EXPECT_TRUE(transfer.commands.empty());
+}
+
+TEST(FtpJob, Server_IsSplitIntoItsParts) {
+    const struct {
+        const char *description, *address, *user, *password;
+    } cases[] = {{" [::1]:2121 |me|p|w", "ftp://[::1]:2121", "me", "p|w"},
+                 {"host|me|", "ftp://host", "me", ""},
+                 {"host|me", "ftp://host", "Anonymous", "Anonymous"},
+                 {"host||", "ftp://host", "Anonymous", "Anonymous"}};
+    for (const auto& one : cases) {
+        const FtpServer server = ftp::ParseServer(one.description);
+        EXPECT_EQ(server.address, one.address) << one.description;
+        EXPECT_EQ(server.user, one.user) << one.description;
+        EXPECT_EQ(server.password, one.password) << one.description;
+    }
+}
+
+}  // namespace
+}  // namespace lumarin
