@@ -85,10 +85,10 @@ void Documents::AddFile(const std::string& line, const DocumentCommand& command,
             Told(ApplyStep::DocumentCommitted);
         }
     } catch (const Refusal&) {
-        uploads_.Abort();  // Asking again cannot help; after other failures it can.
+        uploads_.Drop(command.upload);  // Asking again cannot help; after other failures it can.
         throw;
     }
-    uploads_.Abort();
+    uploads_.Drop(command.upload);
 }
 
 /// The file comes before the row counts; what a killed program leaves of it is deleted at the next start.

@@ -62,11 +62,11 @@ void Server::ApplyPackage(const std::string& name) {
     try {
         Apply(name, path);
     } catch (const std::exception& error) {
-        spool_.Abort();
+        spool_.Drop(name);
         Log("refused " + name + ": " + error.what());
         throw;
     }
-    spool_.Abort();
+    spool_.Drop(name);
 }
 
 void Server::Apply(const std::string& name, const std::string& path) {

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace host {
 
@@ -18,6 +19,7 @@ namespace {
 namespace files = lumarin::files;
 
 constexpr int MostSlots = 64;
+constexpr std::size_t MostUploads = 8;
 constexpr std::size_t LongestName = 128;
 
 /// A held lock file, or -1; the system releases it when the process ends, however it ends.
@@ -58,11 +60,7 @@ Spool::Spool(std::string folder, const std::string& lockFolder) : folder_(std::m
 }
 
 Spool::~Spool() {
-    try {
-        Abort();
-    } catch (...) {
-        // The next start deletes it.
-    }
+    while (!uploads_.empty()) Drop(uploads_.begin());
     close(lock_);
 }
 
@@ -71,50 +69,79 @@ void Spool::ClearSlot(int slot) const {
     for (const std::string& name : files::List(folder_, ofSlot)) files::TryDelete(folder_ + name);
 }
 
-void Spool::Begin(const std::string& name) {
-    Abort();
-    if (!IsPlainName(name)) throw Refusal("\"" + name + "\" cannot be the name of an upload");
-    name_ = name;
-    path_ = folder_ + Prefix(slot_) + name;
-    received_ = 0;
-    out_.open(path_, std::ios::binary | std::ios::trunc);
-    state_ = State::Receiving;
-    if (!out_) {
-        Abort();
-        throw lumarin::FileError("write", path_, "the server cannot store the upload");
-    }
+Spool::Uploads::iterator Spool::Find(Sender sender) {
+    const auto own = std::find_if(uploads_.begin(), uploads_.end(),
+                                  [&](const Upload& upload) { return upload.sender == sender; });
+    const bool takesLast = own == uploads_.end() && sender == nullptr && !uploads_.empty();
+    return takesLast ? std::prev(uploads_.end()) : own;
 }
 
-void Spool::Append(std::span<const std::byte> chunk) {
-    if (state_ != State::Receiving) throw Refusal("A part of an upload came without its begin");
-    received_ += chunk.size();
-    if (received_ > PackageReader::LargestPackage) {
-        Abort();
+Spool::Uploads::const_iterator Spool::FindFinished(const std::string& name) const {
+    return std::find_if(uploads_.begin(), uploads_.end(),
+                        [&](const Upload& upload) { return upload.finished && upload.name == name; });
+}
+
+Spool::Upload& Spool::Receiving(Sender sender, const char* refusal) {
+    const auto upload = Find(sender);
+    if (upload == uploads_.end() || upload->finished) throw Refusal(refusal);
+    return *upload;
+}
+
+void Spool::Drop(Uploads::const_iterator upload) {
+    const std::string path = upload->path;
+    uploads_.erase(upload);  // closes the file
+    files::TryDelete(path);
+}
+
+void Spool::Begin(const std::string& name, Sender sender) {
+    const auto before = Find(sender);
+    if (before != uploads_.end() && before->sender == sender) Drop(before);  // not another's
+    if (!IsPlainName(name)) throw Refusal("\"" + name + "\" cannot be the name of an upload");
+    // Whoever begins that many and ends none has forgotten the first.
+    if (uploads_.size() == MostUploads) Drop(uploads_.begin());
+    const std::string path = folder_ + Prefix(slot_) + std::to_string(++serial_) + "-" + name;
+    uploads_.push_back({.sender = sender,
+                        .name = name,
+                        .path = path,
+                        .out = std::ofstream(path, std::ios::binary | std::ios::trunc)});
+    if (uploads_.back().out) return;
+    Drop(std::prev(uploads_.end()));
+    throw lumarin::FileError("write", path, "the server cannot store the upload");
+}
+
+void Spool::Append(std::span<const std::byte> chunk, Sender sender) {
+    Upload& upload = Receiving(sender, "A part of an upload came without its begin");
+    upload.received += chunk.size();
+    if (upload.received > PackageReader::LargestPackage) {
+        Drop(Find(sender));
         throw Refusal("The upload is too large");
     }
-    out_.write(reinterpret_cast<const char*>(chunk.data()), static_cast<std::streamsize>(chunk.size()));
+    upload.out.write(reinterpret_cast<const char*>(chunk.data()), static_cast<std::streamsize>(chunk.size()));
 }
 
-void Spool::End() {
-    if (state_ != State::Receiving) throw Refusal("An upload ended without its begin");
-    out_.close();
-    state_ = State::Finished;
-    if (!out_) {
-        Abort();
-        throw lumarin::FileError("write", path_, "the server cannot store the upload");
-    }
+void Spool::End(Sender sender) {
+    Upload& upload = Receiving(sender, "An upload ended without its begin");
+    upload.out.close();
+    upload.finished = true;
+    if (upload.out) return;
+    const std::string path = upload.path;
+    Drop(Find(sender));
+    throw lumarin::FileError("write", path, "the server cannot store the upload");
 }
 
-void Spool::Abort() {
-    if (state_ == State::Empty) return;
-    out_.close();
-    out_.clear();
-    state_ = State::Empty;
-    files::TryDelete(path_);
+void Spool::Abort(Sender sender) {
+    const auto upload = Find(sender);
+    if (upload != uploads_.end()) Drop(upload);
 }
 
 std::string Spool::Finished(const std::string& name) const {
-    return state_ == State::Finished && name == name_ ? path_ : std::string();
+    const auto upload = FindFinished(name);
+    return upload == uploads_.end() ? std::string() : upload->path;
+}
+
+void Spool::Drop(const std::string& name) {
+    const auto upload = FindFinished(name);
+    if (upload != uploads_.end()) Drop(upload);
 }
 
 }  // namespace host

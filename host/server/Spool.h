@@ -2,14 +2,16 @@
 
 #include <cstddef>
 #include <fstream>
+#include <list>
 #include <span>
 #include <string>
 
 namespace host {
 
-/// Where an upload lies until the server has dealt with it. One upload at a time. Several programs may share
-/// one folder: each holds a slot of its own, and what a killed one left in its slot is deleted by the next
-/// that starts. Misuse throws Refusal and leaves nothing uploaded; a disk failure throws lumarin::Error.
+/// Where uploads lie until the server has dealt with them. Each sender has one at a time; one without a name
+/// goes on with what was begun last. Several programs may share one folder: each holds a slot of its
+/// own, and what a killed one left in its slot is deleted by the next that starts. Misuse throws Refusal and
+/// leaves nothing of that upload; a disk failure throws lumarin::Error.
 class Spool {
 public:
     /// Folders end in a separator; `lockFolder` holds the slots' lock files.
@@ -18,29 +20,43 @@ public:
     Spool(const Spool&) = delete;
     Spool& operator=(const Spool&) = delete;
 
-    /// Starts a file under a plain name; an upload that was not finished or used is dropped.
-    void Begin(const std::string& name);
-    void Append(std::span<const std::byte> chunk);
-    void End();
+    /// Tells senders apart, and is never followed; null is the one without a name.
+    using Sender = const void*;
+
+    /// Starts a file under a plain name; the sender's upload that was not finished or used is dropped.
+    void Begin(const std::string& name, Sender sender = nullptr);
+    void Append(std::span<const std::byte> chunk, Sender sender = nullptr);
+    void End(Sender sender = nullptr);
     /// Drops what was uploaded, finished or not.
-    void Abort();
+    void Abort(Sender sender = nullptr);
 
     /// Path of the finished upload of this name; "" when there is none.
     std::string Finished(const std::string& name) const;
+    /// Drops the finished upload of this name.
+    void Drop(const std::string& name);
 
 private:
-    enum class State { Empty, Receiving, Finished };
+    struct Upload {
+        Sender sender;
+        std::string name;
+        std::string path;
+        std::ofstream out;
+        std::size_t received = 0;
+        bool finished = false;
+    };
+    using Uploads = std::list<Upload>;  ///< in the order of their beginnings
 
+    Uploads::iterator Find(Sender sender);
+    Uploads::const_iterator FindFinished(const std::string& name) const;
+    Upload& Receiving(Sender sender, const char* refusal);
+    void Drop(Uploads::const_iterator upload);
     void ClearSlot(int slot) const;
 
     std::string folder_;
     int lock_ = -1;
     int slot_ = 0;
-    State state_ = State::Empty;
-    std::string name_;
-    std::string path_;
-    std::ofstream out_;
-    std::size_t received_ = 0;
+    int serial_ = 0;
+    Uploads uploads_;
 };
 
 }  // namespace host

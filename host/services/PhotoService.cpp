@@ -8,16 +8,19 @@ namespace host {
 void PhotoService::UploadPhotoFile(const std::string& name, lumarin::UploadMode mode) {
     switch (mode) {
         case lumarin::UploadMode::Begin:
-            return server_.Uploads().Begin(name);
+            begun_ = true;
+            return server_.Uploads().Begin(name, this);
         case lumarin::UploadMode::End:
-            return server_.Uploads().End();
+            return server_.Uploads().End(Sender());
         case lumarin::UploadMode::Abort:
-            return server_.Uploads().Abort();
+            return server_.Uploads().Abort(Sender());
     }
     throw Refusal("An upload has no mode " + std::to_string(static_cast<int>(mode)));
 }
 
-void PhotoService::UploadPhotoFile(std::span<const std::byte> chunk) { server_.Uploads().Append(chunk); }
+void PhotoService::UploadPhotoFile(std::span<const std::byte> chunk) {
+    server_.Uploads().Append(chunk, Sender());
+}
 
 int PhotoService::BatchUpdate(const std::string& connectionName, const std::string& packageName,
                               lumarin::BatchKind kind) {

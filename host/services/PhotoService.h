@@ -8,7 +8,8 @@
 namespace host {
 
 /// The service "PhotoInterface" over the listing server; the server, and the text that takes the reason of
-/// a refused package, outlive it. What was begun belongs to the server: another service object may go on.
+/// a refused package, outlive it. What was begun belongs to the server: an object that has begun nothing goes
+/// on with what was begun last.
 class PhotoService final : public lumarin::PhotoInterface {
 public:
     PhotoService(Server& server, std::string connectionName, std::string& lastRefusal)
@@ -21,9 +22,12 @@ public:
                     lumarin::BatchKind kind) override;
 
 private:
+    Spool::Sender Sender() const { return begun_ ? this : nullptr; }
+
     Server& server_;
     std::string connectionName_;
     std::string& lastRefusal_;
+    bool begun_ = false;
 };
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <qpdf/Pipeline.hh>
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 
 namespace lumarin::qpdf {
@@ -29,6 +30,8 @@ private:
     std::string path_;
     std::FILE* file_ = nullptr;
 };
+
+std::filesystem::path ToPath(const std::string& utf8);
 
 /// Throws FileError when no such file could be written; leaves nothing behind.
 void TryWriting(const std::string& path);

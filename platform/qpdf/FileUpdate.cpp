@@ -6,7 +6,6 @@
 #include <cctype>
 #include <charconv>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string_view>
@@ -22,10 +21,6 @@ using Object = QPDFObjectHandle;
 constexpr std::uint64_t TailLength = 1024;
 constexpr std::string_view IndexMark = "startxref";
 constexpr std::string_view PlainIndex = "xref";
-
-std::filesystem::path ToPath(const std::string& utf8) {
-    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 std::string ReadPart(std::ifstream& file, std::uint64_t from, std::size_t length) {
     std::string bytes(length, '\0');

@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <memory>
 
 #include "platform/qpdf/PdfError.h"
@@ -58,7 +59,8 @@ void Unfilter(int filter, std::uint8_t* row, const std::uint8_t* above, std::siz
         case 1:
             return AddPrediction(row, above, length, [](int left, int, int) { return left; });
         case 2:
-            return AddPrediction(row, above, length, [](int, int up, int) { return up; });
+            std::transform(row, row + length, above, row, std::plus<std::uint8_t>());
+            return;
         case 3:
             return AddPrediction(row, above, length, [](int left, int up, int) { return (left + up) / 2; });
         case 4:

@@ -1,6 +1,7 @@
 #include "platform/qpdf/GrowingFile.h"
 
 #include <algorithm>
+#include <memory>
 #include <system_error>
 #include <utility>
 
@@ -15,8 +16,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::uint64_t BlockLength = 1 << 20;
-
-fs::path ToPath(const std::string& utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
 bool IsFile(const std::string& path, std::uint64_t length, fs::file_time_type time) {
     std::error_code problem;

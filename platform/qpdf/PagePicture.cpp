@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <exception>
 #include <memory>
 #include <utility>
@@ -29,14 +30,18 @@ private:
 
 namespace {
 
+// Two beside the caller: waiting pixels take memory, a megabyte a page.
+constexpr std::size_t MostPackings = 2;
+
 /// Whether packing for fax can be smaller at all: it spends a bit or more on each change between black and
 /// white. Photos made of dots have so many of them that packing would take long only to be given up.
 bool IsWorthPacking(const std::string& rows, std::size_t packedSize) {
-    std::size_t changes = 0;
-    for (const char byte : rows) {
-        const auto bits = static_cast<std::uint8_t>(byte);
-        changes +=
-            static_cast<std::size_t>(std::popcount(static_cast<std::uint8_t>((bits ^ bits >> 1) & 0x7F)));
+    // Within each of eight bytes; those from one byte to the next are few.
+    constexpr std::uint64_t PairsOfBytes = 0x7F7F7F7F7F7F7F7F;
+    std::uint64_t changes = 0, bits = 0;
+    for (std::size_t at = 0; at + sizeof bits <= rows.size(); at += sizeof bits) {
+        std::memcpy(&bits, rows.data() + at, sizeof bits);
+        if (bits != 0 && ~bits != 0) changes += std::popcount((bits ^ bits >> 1) & PairsOfBytes);
     }
     return changes / 8 < packedSize;
 }
@@ -76,7 +81,7 @@ QPDFObjectHandle PictureMaker::Make(QPDF& pdf, const std::string& pngPath) {
     std::string rows;
     if (png.bitDepth == 1) rows = UnpackRows(png);
     const bool isPacked = !rows.empty() && IsWorthPacking(rows, png.data.size());
-    Finish();  // one at a time: waiting pixels take the place that the packing saves
+    if (packings_.size() >= MostPackings) FinishOldest();
 
     QPDFObjectHandle picture = QPDFObjectHandle::newStream(&pdf);
     QPDFObjectHandle properties = picture.getDict();
@@ -91,7 +96,7 @@ QPDFObjectHandle PictureMaker::Make(QPDF& pdf, const std::string& pngPath) {
         return picture;
     }
     auto fax = std::async(std::launch::async, &TryPacking, std::move(rows), png.width, png.height);
-    packing_ = Packing{picture, std::move(png), std::move(fax)};
+    packings_.push_back({picture, std::move(png), std::move(fax)});
     return picture;
 }
 
@@ -115,9 +120,12 @@ void PictureMaker::Forget() {
 }
 
 void PictureMaker::Finish() {
-    if (!packing_) return;
-    Packing packed = std::move(*packing_);
-    packing_.reset();
+    while (!packings_.empty()) FinishOldest();
+}
+
+void PictureMaker::FinishOldest() {
+    Packing packed = std::move(packings_.front());
+    packings_.pop_front();
     std::string fax = packed.fax.get();
     if (fax.empty() || fax.size() >= packed.png.data.size())
         SetDataOfFile(packed.picture, packed.png);

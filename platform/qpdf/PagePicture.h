@@ -2,9 +2,9 @@
 
 #include <qpdf/QPDF.hh>
 
+#include <deque>
 #include <future>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,7 +19,7 @@ class PictureMaker {
 public:
     /// Throws Error with the reason. The file may go afterwards; the object is whole after `Finish`.
     QPDFObjectHandle Make(QPDF& pdf, const std::string& pngPath);
-    /// Waits for the picture that is being packed, if there is one.
+    /// Waits for the pictures that are being packed.
     void Finish();
     /// Lets go of the pixels of all pictures, once they are written.
     void Forget();
@@ -35,7 +35,9 @@ private:
         PngFile png;
         std::future<std::string> fax;  ///< "" when it could not be packed
     };
-    std::optional<Packing> packing_;
+    void FinishOldest();
+
+    std::deque<Packing> packings_;
     std::vector<std::shared_ptr<WaitingData>> waiting_;
 };
 

@@ -23,7 +23,9 @@ inline constexpr std::int32_t PdfLegalPage = 6;   ///< 612 x 1008 points
 
 /// Port: the PDF library, which writes documents of pages with one picture each. Nothing throws: a
 /// function that fails answers 0 or `Failed`, leaves the file on disk as it was, and `LastFailure` tells
-/// why. Call order for a page: page size, place, image, page size 0. One thread, several documents.
+/// why. Call order for a page: page size, place, image, page size 0. A page whose image failed is left out,
+/// and the document goes on: its end fails too, and the next page may be begun at once. One thread, several
+/// documents, but a file only once at a time.
 class PdfLibrary {
 public:
     virtual ~PdfLibrary() = default;
@@ -34,7 +36,7 @@ public:
 
     /// Begins an empty document. The file appears, or is replaced, at `AdultPdfClose`.
     virtual PdfHandle AdultPdfCreate(const std::string& path) = 0;
-    /// Opens a document to add pages behind those that it has.
+    /// Opens a document to add pages behind those that it has; they and its properties stay.
     virtual PdfHandle AdultPdfOpen(const std::string& path) = 0;
     /// The document's properties: its title, subject, producing program, and the host's own text.
     /// `keywords` "0" writes none.
@@ -44,10 +46,11 @@ public:
     virtual PdfStatus AdultPdfSetFunction(PdfHandle handle, PdfFunction function, std::int32_t first,
                                           std::int32_t second, const std::string& third,
                                           const std::string& fourth) = 0;
-    /// Draws a PNG file at the place set before. The file is read here and may go afterwards.
+    /// Draws a PNG file at the place set before, one a page. The file is read here and may go afterwards.
+    /// Damaged ones fail, and those with transparent parts or interlaced rows.
     virtual PdfStatus AdultPdfAddImage(PdfHandle handle, const std::string& imagePath) = 0;
     /// Writes the document whole, beside its file, and puts it in the file's place. The handle is gone
-    /// afterwards, also when this fails.
+    /// afterwards, also when this fails, as it does without a single page.
     virtual PdfStatus AdultPdfClose(PdfHandle handle) = 0;
 
     /// Why the last function failed, for a message; "" when none did.

@@ -35,7 +35,7 @@ public:
     explicit frmMakePDF(const MakePdfPorts& ports);
 
     ComboBox cboDocType{*this, "cboDocType"};
-    OptionButton optLetter{*this, "optLetter"}, optLegal{*this, "optLegal"};
+    OptionButton optLetter{*this, "optLetter", "PageSize"}, optLegal{*this, "optLegal", "PageSize"};
     ListView lbmBM{*this, "lbmBM"};  ///< the pages in their order
     TextBox txtLinkText{*this, "txtLinkText"}, txtFilesImported{*this, "txtFilesImported"};
     Label lblFilesize{*this, "lblFilesize"};

@@ -97,10 +97,9 @@ void Slider::SetValue(int value) {
 
 void OptionButton::Choose() {
     for (Control* control : Owner().Controls()) {
-        if (control == this || control->Kind() != ControlKind::OptionButton || control->Name() != Name())
-            continue;
+        if (control == this || control->Kind() != ControlKind::OptionButton) continue;
         auto& other = static_cast<OptionButton&>(*control);
-        other.Set(other.value_, false);
+        if (other.group_ == group_) other.Set(other.value_, false);
     }
     if (value_) return;
     value_ = true;

@@ -129,12 +129,17 @@ private:
     int min_ = 0, max_ = 100, smallChange_ = 1, largeChange_ = 10, value_ = 0;
 };
 
-/// One of a group of choices (a control array): choosing one gives up the others of its name.
+/// One of a group of choices: choosing one gives up the others of the group.
 class OptionButton : public Control {
 public:
+    /// A member of a control array: the array is the group.
     OptionButton(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::OptionButton, std::move(name), index) {}
+        : Control(form, ControlKind::OptionButton, std::move(name), index), group_(Name()) {}
+    /// One of several with names of their own.
+    OptionButton(Form& form, std::string name, std::string group)
+        : Control(form, ControlKind::OptionButton, std::move(name)), group_(std::move(group)) {}
 
+    const std::string& Group() const { return group_; }
     bool Value() const { return value_; }
     /// Choosing raises `Click`. A choice is given up only by choosing another of the group.
     void Choose();
@@ -142,6 +147,7 @@ public:
     Event<> Click;
 
 private:
+    std::string group_;
     bool value_ = false;
 };
 

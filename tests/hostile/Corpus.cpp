@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "base/Text.h"
 #include "platform_vips/Samples.h"
 
 namespace lumarin::hostile {
@@ -109,99 +110,27 @@ std::vector<Sample> Pictures() {
 }
 
 std::vector<std::string> Names() {
-    std::vector<std::string> names = {"CON.jpg",
-                                      "nul",
-                                      "COM1.jpg",
-                                      "-rf",
-                                      "--help.jpg",
-                                      "trailing. ",
-                                      "two..dots..jpg",
-                                      " leading.jpg",
-                                      ".jpg",
-                                      "...",
-                                      "it's.jpg",
-                                      "\"quoted\".jpg",
-                                      "line\nbreak.jpg",
-                                      "tab\t.jpg",
-                                      "back\\slash.jpg",
-                                      "C:\\Photos\\x.jpg",
-                                      "%s%n%x.jpg",
-                                      "[1]*?.jpg",
-                                      "x[page=9999].jpg",
-                                      "x.jpg[shrink=0]",
-                                      "x.png:2,3",
-                                      "$(touch x).jpg",
-                                      "a;b|c&d.jpg",
-                                      "Haus \u00FCber \u65E5\u672C\u8A9E \U0001F3E0.jpg",
-                                      "\xFF\xFE\xC3.jpg",
-                                      "\u202Egpj.exe.jpg",
-                                      "100123.jpg",
-                                      "100123 'x'; --.jpg",
-                                      "100123\nx.jpg",
-                                      "100124\xFF.jpg",
-                                      "99999999999999999999 a.jpg",
-                                      "000000 a.jpg"};
+    std::vector<std::string> names = text::Split(
+        "CON.jpg~nul~COM1.jpg~-rf~--help.jpg~trailing. ~two..dots..jpg~ leading.jpg~.jpg~...~"
+        "it's.jpg~\"quoted\".jpg~line\nbreak.jpg~tab\t.jpg~back\\slash.jpg~C:\\Photos\\x.jpg~"
+        "%s%n%x.jpg~[1]*?.jpg~x[page=9999].jpg~x.jpg[shrink=0]~x.png:2,3~$(touch x).jpg~a;b|c&d.jpg~"
+        "Haus \u00FCber \u65E5\u672C\u8A9E \U0001F3E0.jpg~\xFF\xFE\xC3.jpg~\u202Egpj.exe.jpg~"
+        "100123.jpg~100123 'x'; --.jpg~100123\nx.jpg~100124\xFF.jpg~99999999999999999999 a.jpg~"
+        "000000 a.jpg",
+        '~');
     names.push_back(std::string(251, 'n') + ".jpg");
     names.push_back("100123" + std::string(245, 'n') + ".jpg");
     return names;
 }
 
 std::vector<std::string> Texts() {
-    std::vector<std::string> inputs = {"x' OR '1'='1",
-                                       "x'; DROP TABLE Listings; --",
-                                       "'",
-                                       "''",
-                                       "\\'",
-                                       "\\",
-                                       "[",
-                                       "]",
-                                       "x]['",
-                                       "[']",
-                                       "%",
-                                       "_",
-                                       "*",
-                                       "?",
-                                       "#",
-                                       "-",
-                                       "--",
-                                       "x--",
-                                       "/*",
-                                       "*/ OR 1=1",
-                                       ";",
-                                       "\"",
-                                       "\" OR \"\"=\"",
-                                       "`",
-                                       "\n' OR 1=1",
-                                       "\r",
-                                       "\t",
-                                       "?1",
-                                       ":a",
-                                       "@a",
-                                       "$a",
-                                       "x' + (SELECT 1) + '",
-                                       "' UNION SELECT 1 --",
-                                       "100123 OR 1=1",
-                                       "100123;",
-                                       "100123--",
-                                       "1e3",
-                                       "0x10",
-                                       "-1",
-                                       "+1",
-                                       "1,000",
-                                       "100123,100124",
-                                       ".5",
-                                       "(1)",
-                                       " 100123 ",
-                                       "100123\n",
-                                       "Zo\u00EB",
-                                       "\u042D'\u0127\u022A",
-                                       "\uFF07 OR 1=1",
-                                       "\U00026C00'",
-                                       "\xC3' OR 1=1",
-                                       "\xED\xA1\x9B'",
-                                       "\xFF\xFE'",
-                                       "NULL",
-                                       "x\n--"};
+    std::vector<std::string> inputs = text::Split(
+        "x' OR '1'='1~x'; DROP TABLE Listings; --~'~''~\\'~\\~[~]~x]['~[']~%~_~*~?~#~-~--~x--~/*~"
+        "*/ OR 1=1~;~\"~\" OR \"\"=\"~`~\n' OR 1=1~\r~\t~?1~:a~@a~$a~x' + (SELECT 1) + '~"
+        "' UNION SELECT 1 --~100123 OR 1=1~100123;~100123--~1e3~0x10~-1~+1~1,000~100123,100124~.5~"
+        "(1)~ 100123 ~100123\n~Zo\u00EB~\u042D'\u0127\u022A~\uFF07 OR 1=1~\U00026C00'~\xC3' OR 1=1~"
+        "\xED\xA1\x9B'~\xFF\xFE'~NULL~x\n--",
+        '~');
     inputs.push_back(std::string("x\0' OR 1=1", 11));
     inputs.push_back(std::string(100'000, '\''));
     return inputs;

@@ -1,5 +1,8 @@
 #include "reliability/DiskFaults.h"
 
+#include <algorithm>
+
+#include "base/Files.h"
 #include "reliability/WorkTest.h"
 
 namespace lumarin::reliability {
@@ -101,6 +104,7 @@ TEST_F(DiskFaults, Send_AnyFileCallGoesWrong_ServerHasAllOrNothing) {
         agent->Send();
         const int calls = disk_faults::End();
         ExpectAllSent();
+        RecordProperty(std::string("calls of a send, ") + kind.name, calls);
         for (int call = 1; call <= calls; ++call) {
             SCOPED_TRACE(std::string(kind.name) + " at call " + std::to_string(call) + " of " +
                          std::to_string(calls));
@@ -122,6 +126,68 @@ TEST_F(DiskFaults, Send_AnyFileCallGoesWrong_ServerHasAllOrNothing) {
             EXPECT_EQ(agent->Published(), work);
         }
     }
+}
+
+/// Without the photos of which nothing is left.
+Photos Present(const Photos& photos) {
+    Photos present = photos;
+    for (auto& [listing, entries] : present)
+        std::erase_if(entries, [](const std::string& entry) { return entry.ends_with(":missing"); });
+    return present;
+}
+
+TEST_F(DiskFaults, Send_AnyFileVanishes_IsToldAndCostsNoOtherPhoto) {
+    GivenChanges();
+    disk_faults::Begin(folder->Path(), Kind::Vanished, 0);
+    agent->Send();
+    const int calls = disk_faults::End();
+    for (int call = 1; call <= calls; ++call) {
+        SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(calls));
+        GivenChanges();
+        disk_faults::Begin(folder->Path(), Kind::Vanished, call);
+        agent->Send();
+        disk_faults::End();
+        if (agent->IsEmpty()) {
+            EXPECT_EQ(agent->Published(), work);
+            continue;
+        }
+        EXPECT_GT(agent->Told(), 0U);
+        EXPECT_EQ(agent->Published(), before);
+        const Photos left = Present(agent->Work());
+        std::size_t lost = 0;
+        for (const auto& [listing, photos] : work) {
+            const std::vector<std::string> kept = left.contains(listing) ? left.at(listing) : photos;
+            EXPECT_TRUE(std::includes(photos.begin(), photos.end(), kept.begin(), kept.end(),
+                                      [&](const auto& a, const auto& b) {
+                                          return std::find(photos.begin(), photos.end(), a) <
+                                                 std::find(photos.begin(), photos.end(), b);
+                                      }));
+            lost += photos.size() - kept.size();
+        }
+        EXPECT_LE(lost, 1U);
+    }
+}
+
+TEST_F(DiskFaults, Settings_AnyFileCallGoesWrong_AreOldOrNew) {
+    const auto toggle = [&] { agent->window->Menu.ClickTool("FilePreview"); };
+    const auto read = [&] { return files::ReadAll(folder->Path() + "city/CityInfo.ini"); };
+    Start();
+    const std::string old = read();
+    toggle();
+    const std::string changed = read();
+    ASSERT_NE(old, changed);
+    for (const DiskKind& kind : Kinds)
+        for (int call = 1; call <= 8; ++call) {
+            SCOPED_TRACE(std::string(kind.name) + " at call " + std::to_string(call));
+            Start();
+            disk_faults::Begin(folder->Path(), kind.kind, call);
+            toggle();
+            disk_faults::End();
+            EXPECT_TRUE(read() == old || read() == changed);
+            toggle();
+            toggle();
+            EXPECT_EQ(read(), changed);
+        }
 }
 
 }  // namespace

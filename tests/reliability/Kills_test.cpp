@@ -150,7 +150,7 @@ private:
 class Victim {
 public:
     Victim(const std::string& folder, unsigned seed, int pipe)
-        : random_(seed), pipe_(pipe), folder_(folder) {}
+        : random_(seed), seed_(seed), pipe_(pipe), folder_(folder) {}
 
     void Live(const Story& story) {
         constexpr int MostCalls = 150;
@@ -158,6 +158,7 @@ public:
         const auto kind = Chance(2) ? disk_faults::Kind::Killed : disk_faults::Kind::KilledHalf;
         disk_faults::Begin(folder_, kind, 1 + static_cast<int>(random_() % MostCalls));
         agent_ = std::make_unique<Workplace>(folder_);
+        agent_->clock.SetMinutes(static_cast<int>(seed_) * MostActions);
         agent_->pageBuilt = [this] { Tell("P" + std::to_string(agent_->DraftPages())); };
         agent_->Open();
         agent_->OpenDocuments();
@@ -246,6 +247,7 @@ private:
     }
 
     std::mt19937 random_;
+    unsigned seed_;
     int pipe_;
     std::string folder_;
     std::unique_ptr<Workplace> agent_;
@@ -288,7 +290,8 @@ bool RunOne(const std::string& folder, unsigned seed, Story& story) {
     const bool wasKilled = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
     EXPECT_TRUE(wasKilled || (WIFEXITED(status) && WEXITSTATUS(status) == 0))
         << "seed " << seed << ", status " << status;
-    if (wasKilled) ++story.kills[told.empty() ? "start" : story.begun.substr(0, story.begun.find(' '))];
+    const std::string doing = told.empty() ? "start" : story.begun.empty() ? "nothing" : story.begun;
+    if (wasKilled) ++story.kills[doing.substr(0, doing.find(' '))];
     return wasKilled;
 }
 

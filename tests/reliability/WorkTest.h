@@ -22,31 +22,21 @@ protected:
         agent.Add(3);
         agent.Send();
         ASSERT_EQ(agent.Told(), 0U) << agent.LastMessage();
+        changed_ = std::make_unique<testing::TemporaryFolder>();
+        CopyFolder(*published_, *changed_);
+        MakeChanges(changed_->Path());
     }
-    static void TearDownTestSuite() { published_.reset(); }
+    static void TearDownTestSuite() {
+        published_.reset();
+        changed_.reset();
+    }
 
-    void Start() {
-        agent.reset();
-        folder = std::make_unique<testing::TemporaryFolder>();
-        std::filesystem::copy(published_->Path(), folder->Path(), std::filesystem::copy_options::recursive);
-        agent = std::make_unique<Workplace>(folder->Path());
-        agent->Open();
-        before = agent->Published();
-    }
-    /// A new photo, an exchange, a removal and a new description.
+    /// The agent at work on what is published.
+    void Start() { StartOn(*published_); }
+    /// The agent with a new photo, an exchange, a removal and a listing that had none.
     void GivenChanges() {
-        Start();
-        agent->Load("1001");
-        agent->Add(4);
-        agent->window->cmdMove(0).Press();
-        agent->Load("1002");
-        agent->Add(5);
-        agent->window->PhotoList.Select(0);
-        agent->window->Menu.ClickTool("DeletePhoto");
-        agent->Load("1003");
-        for (const int picture : {6, 7, 8}) agent->Add(picture);
+        StartOn(*changed_);
         work = agent->Work();
-        ASSERT_EQ(agent->Told(), 0U) << agent->LastMessage();
         ASSERT_EQ(work["1001"].size() + work["1002"].size() + work["1003"].size(), 7U);
     }
     /// What the host's services do from now on.
@@ -64,10 +54,38 @@ protected:
                 EXPECT_TRUE(photos[i].ends_with(":" + agent->LocalCopy(listing, static_cast<int>(i) + 1)));
     }
 
-    static inline std::unique_ptr<testing::TemporaryFolder> published_;
     std::unique_ptr<testing::TemporaryFolder> folder;
     std::unique_ptr<Workplace> agent;
     Photos before, work;
+
+private:
+    static void CopyFolder(const testing::TemporaryFolder& from, const testing::TemporaryFolder& to) {
+        std::filesystem::copy(from.Path(), to.Path(), std::filesystem::copy_options::recursive);
+    }
+    static void MakeChanges(const std::string& dataFolder) {
+        Workplace agent(dataFolder);
+        agent.Open();
+        agent.Load("1001");
+        agent.Add(4);
+        agent.window->cmdMove(0).Press();
+        agent.Load("1002");
+        agent.Add(5);
+        agent.window->PhotoList.Select(0);
+        agent.window->Menu.ClickTool("DeletePhoto");
+        agent.Load("1003");
+        for (const int picture : {6, 7, 8}) agent.Add(picture);
+        ASSERT_EQ(agent.Told(), 0U) << agent.LastMessage();
+    }
+    void StartOn(const testing::TemporaryFolder& given) {
+        agent.reset();
+        folder = std::make_unique<testing::TemporaryFolder>();
+        CopyFolder(given, *folder);
+        agent = std::make_unique<Workplace>(folder->Path());
+        agent->Open();
+        before = agent->Published();
+    }
+
+    static inline std::unique_ptr<testing::TemporaryFolder> published_, changed_;
 };
 
 }  // namespace lumarin::reliability

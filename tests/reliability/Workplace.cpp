@@ -81,10 +81,11 @@ std::string Pages(const std::string& path) {
 
 LocalTime HastyClock::Now() const {
     ++minutes_;
+    const int hours = minutes_ / 60, days = hours / 24;
     return {.year = 2026,
-            .month = 3,
-            .day = 1 + minutes_ / 1440 % 28,
-            .hour = minutes_ / 60 % 24,
+            .month = 1 + days / 28 % 12,
+            .day = 1 + days % 28,
+            .hour = hours % 24,
             .minute = minutes_ % 60};
 }
 

@@ -22,6 +22,7 @@ using Photos = std::map<std::string, std::vector<std::string>>;
 class HastyClock final : public Clock {
 public:
     LocalTime Now() const override;
+    void SetMinutes(int minutes) { minutes_ = minutes; }
 
 private:
     mutable int minutes_ = 0;

@@ -10,10 +10,10 @@ namespace lumarin::qt {
 
 namespace {
 
-/// The widgets of one control array are one choice, wherever in the window they stand: the arrow keys go
+/// The widgets of one group are one choice, wherever in the window they stand: the arrow keys go
 /// from one to the next.
 QButtonGroup& ChoiceOf(const OptionButton& control, QWidget& window) {
-    const QString name = ToQt(control.Name()) + "Choice";
+    const QString name = ToQt(control.Group()) + "Choice";
     auto* choice = window.findChild<QButtonGroup*>(name);
     if (choice == nullptr) {
         choice = new QButtonGroup(&window);
