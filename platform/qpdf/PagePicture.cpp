@@ -1,6 +1,6 @@
 #include "platform/qpdf/PagePicture.h"
 
-#include <bit>
+#include <bitset>
 #include <cstdint>
 #include <cstring>
 #include <exception>
@@ -41,7 +41,7 @@ bool IsWorthPacking(const std::string& rows, std::size_t packedSize) {
     std::uint64_t changes = 0, bits = 0;
     for (std::size_t at = 0; at + sizeof bits <= rows.size(); at += sizeof bits) {
         std::memcpy(&bits, rows.data() + at, sizeof bits);
-        if (bits != 0 && ~bits != 0) changes += std::popcount((bits ^ bits >> 1) & PairsOfBytes);
+        if (bits != 0 && ~bits != 0) changes += std::bitset<64>((bits ^ bits >> 1) & PairsOfBytes).count();
     }
     return changes / 8 < packedSize;
 }

@@ -43,11 +43,18 @@ public:
     Decoded Decode(double reduction) const override {
         if (isJpeg_) return DecodeJpeg(reduction);
         if (isWebp_ && reduction > 2.0) return DecodeWebp(2.0 / reduction);
-        return {VImage::new_from_source(Source(), "", ReadOptions())};
+        return {Read(ReadOptions)};
     }
 
 private:
     VSource Source() const { return VSource::new_from_file(path_.c_str()); }
+
+    /// The options are made when the file is open: the library takes them over then, and nobody before.
+    template <class MakeOptions>
+    VImage Read(MakeOptions options) const {
+        const VSource source = Source();
+        return VImage::new_from_source(source, "", options());
+    }
 
     void ReadHeader(const VImage& image) {
         width_ = image.width();
@@ -62,7 +69,7 @@ private:
     // left to the resampling hides it.
     Decoded DecodeJpeg(double reduction) const {
         const int shrink = reduction >= 16 ? 8 : reduction >= 8 ? 4 : reduction >= 4 ? 2 : 1;
-        VImage image = VImage::new_from_source(Source(), "", ReadOptions()->set("shrink", shrink));
+        VImage image = Read([&] { return ReadOptions()->set("shrink", shrink); });
         // The decoder drops blocks that the picture does not fill; without them everything else would move.
         const int across = (width_ + shrink - 1) / shrink;
         const int down = (height_ + shrink - 1) / shrink;
@@ -72,7 +79,7 @@ private:
     }
 
     Decoded DecodeWebp(double scale) const {
-        const VImage image = VImage::new_from_source(Source(), "", ReadOptions()->set("scale", scale));
+        const VImage image = Read([&] { return ReadOptions()->set("scale", scale); });
         return {image, static_cast<double>(image.width()) / width_,
                 static_cast<double>(image.height()) / height_};
     }

@@ -128,7 +128,10 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
         RestoreRecords();
         throw;
     }
-    RestoreRecords();
+    try {
+        RestoreRecords();
+    } catch (const Error&) {  // the server has everything, and the files go now
+    }
     return true;
 }
 

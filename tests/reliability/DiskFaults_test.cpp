@@ -1,5 +1,3 @@
-#include "reliability/DiskFaults.h"
-
 #include <algorithm>
 
 #include "base/Files.h"
@@ -49,7 +47,7 @@ class DiskFaults : public WorkTest {
 protected:
     int CallsOf(const Step& step, Kind kind) {
         Prepare(step);
-        disk_faults::Begin(folder->Path(), kind, 0);
+        DiskGoesWrong(kind);
         step.act(*agent);
         const int calls = disk_faults::End();
         EXPECT_EQ(agent->Told(), 0U) << agent->LastMessage();
@@ -63,7 +61,7 @@ protected:
     }
     void RunWithFault(const Step& step, Kind kind, int call) {
         Prepare(step);
-        disk_faults::Begin(folder->Path(), kind, call);
+        DiskGoesWrong(kind, call);
         step.act(*agent);
         disk_faults::End();
         const std::size_t told = agent->Told();
@@ -100,16 +98,15 @@ TEST_F(DiskFaults, Work_AnyFileCallGoesWrong_IsDoneOrToldAndRepeatable) {
 TEST_F(DiskFaults, Send_AnyFileCallGoesWrong_ServerHasAllOrNothing) {
     for (const DiskKind& kind : Kinds) {
         GivenChanges();
-        disk_faults::Begin(folder->Path(), kind.kind, 0);
+        DiskGoesWrong(kind.kind);
         agent->Send();
         const int calls = disk_faults::End();
         ExpectAllSent();
-        RecordProperty(std::string("calls of a send, ") + kind.name, calls);
         for (int call = 1; call <= calls; ++call) {
             SCOPED_TRACE(std::string(kind.name) + " at call " + std::to_string(call) + " of " +
                          std::to_string(calls));
             GivenChanges();
-            disk_faults::Begin(folder->Path(), kind.kind, call);
+            DiskGoesWrong(kind.kind, call);
             agent->Send();
             disk_faults::End();
             const Photos held = agent->Published();
@@ -138,13 +135,13 @@ Photos Present(const Photos& photos) {
 
 TEST_F(DiskFaults, Send_AnyFileVanishes_IsToldAndCostsNoOtherPhoto) {
     GivenChanges();
-    disk_faults::Begin(folder->Path(), Kind::Vanished, 0);
+    DiskGoesWrong(Kind::Vanished);
     agent->Send();
     const int calls = disk_faults::End();
     for (int call = 1; call <= calls; ++call) {
         SCOPED_TRACE("call " + std::to_string(call) + " of " + std::to_string(calls));
         GivenChanges();
-        disk_faults::Begin(folder->Path(), Kind::Vanished, call);
+        DiskGoesWrong(Kind::Vanished, call);
         agent->Send();
         disk_faults::End();
         if (agent->IsEmpty()) {
@@ -180,7 +177,7 @@ TEST_F(DiskFaults, Settings_AnyFileCallGoesWrong_AreOldOrNew) {
         for (int call = 1; call <= 8; ++call) {
             SCOPED_TRACE(std::string(kind.name) + " at call " + std::to_string(call));
             Start();
-            disk_faults::Begin(folder->Path(), kind.kind, call);
+            DiskGoesWrong(kind.kind, call);
             toggle();
             disk_faults::End();
             EXPECT_TRUE(read() == old || read() == changed);

@@ -1,6 +1,5 @@
 #include <functional>
 
-#include "reliability/DiskFaults.h"
 #include "reliability/WorkTest.h"
 
 namespace lumarin::reliability {
@@ -106,14 +105,14 @@ TEST_F(DocumentFaults, Change_AnyFileCallGoesWrong_IsDoneOrToldAndRepeatable) {
         CallsOf(change);
         for (const Kind kind : {Kind::Full, Kind::ReadOnly, Kind::Locked}) {
             Prepare();
-            disk_faults::Begin(folder->Path(), kind, 0);
+            DiskGoesWrong(kind);
             change.act(*agent);
             const int calls = disk_faults::End();
             for (int call = 1; call <= calls; ++call) {
                 SCOPED_TRACE(std::string(change.name) + ", fault " + std::to_string(static_cast<int>(kind)) +
                              " at call " + std::to_string(call) + " of " + std::to_string(calls));
                 Prepare();
-                disk_faults::Begin(folder->Path(), kind, call);
+                DiskGoesWrong(kind, call);
                 change.act(*agent);
                 disk_faults::End();
                 ExpectNextTryWorks(change);

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iostream>
+#include <utility>
 
+#include "reliability/DiskFaults.h"
 #include "reliability/Workplace.h"
 
 namespace lumarin::reliability {
@@ -29,6 +32,7 @@ protected:
     static void TearDownTestSuite() {
         published_.reset();
         changed_.reset();
+        std::cout << std::exchange(faults_, 0) << " faults\n";
     }
 
     /// The agent at work on what is published.
@@ -41,9 +45,15 @@ protected:
     }
     /// What the host's services do from now on.
     void GoesWrong(const std::string& script) {
+        faults_ += script.empty() ? 0 : 1;
         host::FaultScript& faults = agent->host.common.Faults();
         faults = host::FaultScript::Parse(script);
         faults.SetPatience(std::chrono::milliseconds(1));
+    }
+    /// What becomes of the disk from now on; without a call its calls are counted only.
+    void DiskGoesWrong(disk_faults::Kind kind, int call = 0) {
+        faults_ += call > 0 ? 1 : 0;
+        disk_faults::Begin(folder->Path(), kind, call);
     }
     void ExpectAllSent() {
         EXPECT_TRUE(agent->IsEmpty());
@@ -86,6 +96,7 @@ private:
     }
 
     static inline std::unique_ptr<testing::TemporaryFolder> published_, changed_;
+    static inline int faults_ = 0;
 };
 
 }  // namespace lumarin::reliability
