@@ -259,12 +259,13 @@ unsigned Setting(const char* name, unsigned usual) {
 }
 
 /// Runs one program; says whether it was killed. What it told goes into the story.
-bool RunOne(const std::string& folder, unsigned seed, Story& story) {
+bool RunOne(const std::string& folder, const std::string& scratch, unsigned seed, Story& story) {
     int ends[2];
     if (pipe(ends) != 0) throw std::runtime_error("no pipe");
     const pid_t child = fork();
     if (child == 0) {
         close(ends[0]);
+        setenv("TMPDIR", scratch.c_str(), 1);  // it cannot tidy up after itself
         Victim(folder, seed, ends[1]).Live(story);
         _exit(::testing::Test::HasFailure() ? 1 : 0);
     }
@@ -299,11 +300,12 @@ TEST(Kills, AnyMoment_NextStartHasWhatWasFinished) {
     const unsigned wanted = Setting("LUMARIN_KILLS", 200);
     const unsigned seed = Setting("LUMARIN_SEED", 1);
     const auto start = std::chrono::steady_clock::now();
-    const testing::TemporaryFolder folder;
+    const testing::TemporaryFolder folder, scratch;
     Workplace::Prepare(folder.Path());
     Story story;
     unsigned kills = 0, runs = 0;
-    while (kills < wanted && !HasFailure()) kills += RunOne(folder.Path(), seed + runs++, story) ? 1 : 0;
+    while (kills < wanted && !HasFailure())
+        kills += RunOne(folder.Path(), scratch.Path(), seed + runs++, story) ? 1 : 0;
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     std::cout << "seed " << seed << ": " << kills << " kills, " << story.actions << " finished actions, "
               << time.count() << " s; killed while:";
