@@ -11,6 +11,7 @@ namespace {
 
 using samples::Encode;
 using samples::VImage;
+using namespace std::string_literals;
 
 std::string Noise(std::size_t size, unsigned seed) {
     std::minstd_rand random(seed);
@@ -32,8 +33,7 @@ std::string WithSegment(std::string jpeg, char marker, const std::string& conten
 
 std::string Exif(int orientation) {
     const char value = static_cast<char>(orientation);
-    return std::string("Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0", 28) + value +
-           std::string(6, '\0');
+    return "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0"s + value + std::string(6, '\0');
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <ctime>
+#include <chrono>
 
 #include "base/Error.h"
 
@@ -56,10 +56,14 @@ TEST(UTime, NonsenseIsRefused) {
 }
 
 TEST(UTime, Now_IsTheMachinesClockInUtc) {
-    const std::time_t before = std::time(nullptr);
-    const std::int64_t now = (WallClockMilliseconds(clsUTime::Now()) - WallClockMilliseconds({1970})) / 1000;
+    using namespace std::chrono;
+    const auto clock = [] {
+        return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+    };
+    const std::int64_t before = clock();
+    const std::int64_t now = WallClockMilliseconds(clsUTime::Now()) - WallClockMilliseconds({1970});
     EXPECT_GE(now, before);
-    EXPECT_LE(now, std::time(nullptr));
+    EXPECT_LE(now, clock());
 }
 
 }  // namespace
