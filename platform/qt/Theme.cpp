@@ -1,7 +1,9 @@
 #include <QApplication>
 #include <QFont>
+#include <QHash>
+#include <QIcon>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 #include "platform/qt/QtDesktop.h"
 
@@ -55,6 +57,29 @@ QPalette PaletteOf(const Colours& colours) {
     return palette;
 }
 
+/// The toolkit's own style in our colours. They come with the style because a palette that is set by hand
+/// gives each widget a copy, and the style's cache of pixmaps, whose keys name the palette, then takes in new
+/// ones without end.
+class ColouredStyle : public QProxyStyle {
+public:
+    explicit ColouredStyle(const QPalette& palette) : QProxyStyle("Fusion"), palette_(palette) {}
+
+    void polish(QPalette& palette) override { palette = palette_; }
+    using QProxyStyle::polish;
+
+    /// The same icon each time, for the same reason; file dialogs ask for some whenever one is opened.
+    QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        QIcon& icon = icons_[which];
+        if (icon.isNull()) icon = QProxyStyle::standardIcon(which, option, widget);
+        return icon;
+    }
+
+private:
+    const QPalette palette_;
+    mutable QHash<StandardPixmap, QIcon> icons_;
+};
+
 bool WantsDark() {
     const QByteArray wanted = qgetenv("LUMARIN_THEME");
     if (wanted == "dark" || wanted == "light") return wanted == "dark";
@@ -67,8 +92,7 @@ bool WantsDark() {
 void SetUpApplication(QApplication& application) {
     UseResources();
     const bool dark = WantsDark();
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QApplication::setPalette(PaletteOf(dark ? Dark : Light));
+    QApplication::setStyle(new ColouredStyle(PaletteOf(dark ? Dark : Light)));
     QFont font = QApplication::font();
     if (font.pointSizeF() > 0 && font.pointSizeF() < SmallestFont) font.setPointSizeF(SmallestFont);
     application.setFont(font);

@@ -1,7 +1,5 @@
 #include "platform/qt/adapters/RowModel.h"
 
-#include <QIcon>
-
 #include "platform/qt/Conversions.h"
 
 namespace lumarin::qt {
@@ -80,10 +78,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DecorationRole || index.column() != 0) return {};
     const std::string picture = list_->At(index.row()).picture;
     if (picture.empty()) return {};
-    const QPixmap pixmap = thumbnails_.Of(ToQt(picture), pictureSize_, pixelRatio_);
-    QIcon icon(pixmap);
-    icon.addPixmap(pixmap, QIcon::Selected);  // a chosen photo keeps its colours
-    return icon;
+    return thumbnails_.Of(ToQt(picture), pictureSize_, pixelRatio_);
 }
 
 QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QIconEngine>
 #include <QImageReader>
 #include <QPainter>
 
@@ -10,6 +11,23 @@
 namespace lumarin::qt {
 
 namespace {
+
+/// Paints one pixmap as it is. The toolkit's own engine puts a copy of each thumbnail into the application's
+/// cache of pixmaps, where it outlives the list.
+class ThumbnailEngine final : public QIconEngine {
+public:
+    explicit ThumbnailEngine(const QPixmap& pixmap) : pixmap_(pixmap) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        painter->drawPixmap(rect, pixmap_);
+    }
+    QPixmap pixmap(const QSize&, QIcon::Mode, QIcon::State) override { return pixmap_; }
+    QIconEngine* clone() const override { return new ThumbnailEngine(*this); }
+    bool isNull() override { return pixmap_.isNull(); }
+
+private:
+    QPixmap pixmap_;
+};
 
 QImage ReadSmall(const QString& file, QSize size) {
     QImageReader reader(file);
@@ -24,7 +42,7 @@ QImage ReadSmall(const QString& file, QSize size) {
 
 }  // namespace
 
-QPixmap Thumbnails::Of(const QString& file, QSize size, double pixelRatio) {
+QIcon Thumbnails::Of(const QString& file, QSize size, double pixelRatio) {
     const QFileInfo info(file);
     const QString key = QStringLiteral("%1|%2|%3|%4x%5@%6")
                             .arg(file)
@@ -33,9 +51,9 @@ QPixmap Thumbnails::Of(const QString& file, QSize size, double pixelRatio) {
                             .arg(size.width())
                             .arg(size.height())
                             .arg(pixelRatio);
-    if (const QPixmap* made = made_.object(key)) return *made;
-    const QPixmap thumbnail = Make(file, size, pixelRatio);
-    made_.insert(key, new QPixmap(thumbnail));
+    if (const QIcon* made = made_.object(key)) return *made;
+    const QIcon thumbnail(new ThumbnailEngine(Make(file, size, pixelRatio)));
+    made_.insert(key, new QIcon(thumbnail));
     return thumbnail;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QCache>
-#include <QPixmap>
+#include <QIcon>
 #include <QSize>
 #include <QString>
 
@@ -11,14 +11,14 @@ namespace lumarin::qt {
 /// changed.
 class Thumbnails {
 public:
-    /// A pixmap of exactly this size in logical pixels with the picture in its middle; a place holder when
-    /// the file cannot be read as a picture.
-    QPixmap Of(const QString& file, QSize size, double pixelRatio);
+    /// An icon of exactly this size in logical pixels with the picture in its middle; a place holder when the
+    /// file cannot be read as a picture. It keeps its colours when it is chosen.
+    QIcon Of(const QString& file, QSize size, double pixelRatio);
 
 private:
     static QPixmap Make(const QString& file, QSize size, double pixelRatio);
 
-    QCache<QString, QPixmap> made_{500};
+    QCache<QString, QIcon> made_{100};  // more than a listing has
 };
 
 }  // namespace lumarin::qt
