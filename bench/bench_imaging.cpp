@@ -5,6 +5,7 @@
 #include <iostream>
 #include <string>
 
+#include "base/Numbers.h"
 #include "platform/vips/VipsImaging.h"
 
 namespace {
@@ -13,8 +14,8 @@ using namespace lumarin;
 
 void OpenToPreview(SourcePicture& picture) {
     const double scale = 320.0 / std::max(picture.Width(), picture.Height());
-    const Picture preview = picture.Preview(static_cast<int>(picture.Width() * scale + 0.5),
-                                            static_cast<int>(picture.Height() * scale + 0.5));
+    const Picture preview =
+        picture.Preview(RoundToWhole(picture.Width() * scale), RoundToWhole(picture.Height() * scale));
     std::cout << preview.width << 'x' << preview.height << '\n';
 }
 

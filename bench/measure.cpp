@@ -12,6 +12,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 namespace {
@@ -47,7 +48,7 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "usage: measure RUNS COMMAND [ARGUMENT...]\n");
         return 2;
     }
-    const int wanted = std::max(1, std::atoi(arguments[1]));
+    const int wanted = std::max(1, std::stoi(arguments[1]));
     Run warmUp;
     if (!RunOnce(arguments + 2, warmUp)) return 1;
     std::vector<Run> runs(static_cast<std::size_t>(wanted));

@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
 # Repeats what docs/reliability.md tells, and prints the figures.
 #   scripts/reliability.sh           as the tests run it
-#   scripts/reliability.sh --long    with 2000 kills, from a seed of its own
+#   scripts/reliability.sh --long    with 2000 kills, from a seed of its own, and the whole working day of bench/soak
 # The seed and the number of kills can be chosen: LUMARIN_SEED=7 LUMARIN_KILLS=50 scripts/reliability.sh
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
+day=(30 10)
 case ${1:-} in
     "") ;;
     --long)
+        day=(500 10)
         export LUMARIN_KILLS=${LUMARIN_KILLS:-2000}
         export LUMARIN_SEED=${LUMARIN_SEED:-$RANDOM}
         ;;
@@ -16,7 +18,8 @@ case ${1:-} in
 esac
 
 programs=(service_faults document_faults disk_faults kills)
-"$root/scripts/build.sh" release "${programs[@]/#/test_}" test_host_drive
+"$root/scripts/setup.sh"
+"$root/scripts/build.sh" release "${programs[@]/#/test_}" test_hostile test_host_drive
 
 status=0
 run() {  # the test program's name, what to run of it, what its figures look like
@@ -31,5 +34,8 @@ run() {  # the test program's name, what to run of it, what its figures look lik
     rm -f "$log"
 }
 for program in "${programs[@]}"; do run "$program" reliability '*'; done
+run hostile hostile '*'
 run host_drive host_drive 'ProgramTest.DataFolderInUse*'
+printf '\n== soak, %s listings\n' "${day[0]}"
+"$root/bench/soak" "${day[@]}" || status=1
 exit "$status"

@@ -17,6 +17,7 @@
 
 #include "base/Error.h"
 #include "base/Files.h"
+#include "base/Numbers.h"
 #include "platform/qpdf/QpdfLibrary.h"
 #include "platform/vips/VipsImaging.h"
 
@@ -94,8 +95,8 @@ void OnePage(const std::string& pdf, const std::string& picture, PageColors colo
     const bool bilevel = colors == PageColors::BlackAndWhite;
     const double scale = std::min(
         {1.0, (bilevel ? 2550.0 : 1275.0) / source->Width(), (bilevel ? 4200.0 : 2100.0) / source->Height()});
-    const PageOrder order{static_cast<int>(source->Width() * scale + 0.5),
-                          static_cast<int>(source->Height() * scale + 0.5), colors};
+    const PageOrder order{RoundToWhole(source->Width() * scale), RoundToWhole(source->Height() * scale),
+                          colors};
     const double written = Milliseconds([&] { source->WritePage(order, page); });
     const auto length = files::FileLength(page);
     const double added = Milliseconds([&] { AddBatch(library, library.AdultPdfCreate(pdf), {page}); });

@@ -49,6 +49,6 @@ int main(int count, char** arguments) {
     const std::string job = count > 1 ? arguments[1] : "";
     if (job == "statement") return std::puts(Statement().c_str()) < 0;
     if (count != 4 || job != "all") return 2;
-    Search(arguments[2], std::atoi(arguments[3]));
+    Search(arguments[2], std::stoi(arguments[3]));
     return 1;
 }

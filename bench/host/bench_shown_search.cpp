@@ -22,7 +22,7 @@
 int main(int count, char** arguments) {
     if (count != 4) return 2;
     const bool toTheEnd = std::string(arguments[1]) == "all";
-    const int wanted = std::atoi(arguments[3]);
+    const int wanted = std::stoi(arguments[3]);
     QApplication application(count, arguments);
     lumarin::qt::SetUpApplication(application);
     lumarin::qt::QtDesktop desktop;

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t Length = 1000 * 1024;
+constexpr std::size_t Length = 1'024'000;
 constexpr std::size_t ChunkLength = 5120;
 constexpr int Rounds = 20;
 

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 #include "base/Files.h"
 #include "listing/ListingFiles.h"
@@ -11,7 +12,7 @@ int main(int argc, char** argv) {
     if (argc < 3) return std::fprintf(stderr, "usage: bench_listings FOLDER COUNT\n"), 2;
     const std::string folder = std::string(argv[1]) + "/";
     lumarin::files::EnsureFolder(folder);
-    for (int i = 0; i < std::atoi(argv[2]); ++i) {
+    for (int i = 0; i < std::stoi(argv[2]); ++i) {
         lumarin::ListingState state;
         state.ListNum = 300000 + i;
         state.PhotoCount = 3;

@@ -180,7 +180,7 @@ Step Drop(const QStringList& words) {
 }
 
 Step Close(const QStringList& words) {
-    const QString name = words[0];
+    const QString& name = words[0];
     return {.window = name, .act = [name] {
                 QWidget& window = RequireWindow(name);
                 RequireUsable(window);

@@ -18,8 +18,7 @@ public:
     /// All addresses since the record began, in order; none without a record.
     static QStringList Opened();
 
-public slots:
-    void Open(const QUrl& address) { opened_ += address.toString(QUrl::FullyEncoded); }
+    Q_SLOT void Open(const QUrl& address) { opened_ += address.toString(QUrl::FullyEncoded); }
 
 private:
     QStringList opened_;

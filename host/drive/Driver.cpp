@@ -42,7 +42,7 @@ Driver::Driver() {
 }
 
 void Driver::Submit(const QString& line, Answered answered) {
-    pending_.emplace();
+    pending_ = Pending{};
     pending_->answered = std::move(answered);
     pending_->number = ++lastNumber_;
     try {

@@ -61,7 +61,7 @@ Step Message(const QStringList&) {
 }
 
 Step Shot(const QStringList& words) {
-    const QString name = words[0], path = words[1];
+    const QString &name = words[0], &path = words[1];
     return {.window = name, .read = [name, path]() -> QJsonValue {
                 QWidget& window = RequireWindow(name);
                 if (!window.isVisible()) throw DriveError("Window \"" + name + "\" is not visible");
@@ -72,7 +72,7 @@ Step Shot(const QStringList& words) {
 }
 
 Step Wait(const QStringList& words) {
-    const QString name = words[0];
+    const QString& name = words[0];
     const int patience = words.size() > 1 ? Milliseconds(words[1]) : UsualWait;
     const auto isVisible = [name] {
         const QWidget* window = TopLevelWindow(name);

@@ -26,7 +26,7 @@ void WriteMissing(const std::string& path, const char* bytes) {
 std::string PrepareDataFolder(const std::string& folder) {
     if (folder.empty())
         throw lumarin::Error(lumarin::ApplicationErrorNumber, "host", "The data folder has no name");
-    const std::string root = folder.ends_with(files::Separator) ? folder : folder + files::Separator;
+    std::string root = folder.ends_with(files::Separator) ? folder : folder + files::Separator;
     for (const char* name : {"user", "program", "photos"}) files::EnsureFolder(root + name);
     // An entry in this folder says that rentals are in use.
     const std::string rentals = root + files::FixedPath("city\\Users\\Default\\Rental\\");

@@ -137,8 +137,9 @@ std::unique_ptr<lumarin::HostService> Wrapped(std::unique_ptr<lumarin::HostServi
                                               FaultScript& faults) {
     auto* const wanted = dynamic_cast<Interface*>(service.get());
     if (wanted == nullptr) return nullptr;
-    service.release();
-    return std::make_unique<Faulty>(std::unique_ptr<Interface>(wanted), faults);
+    std::unique_ptr<Interface> taken(wanted);
+    static_cast<void>(service.release());
+    return std::make_unique<Faulty>(std::move(taken), faults);
 }
 
 }  // namespace

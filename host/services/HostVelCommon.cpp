@@ -71,7 +71,7 @@ std::string HostVelCommon::Fetch(std::int32_t listingNumber, int number, const s
     if (listingNumber < 1 || number < 1 || number > static_cast<int>(MostPhotos))
         throw lumarin::Error(lumarin::ApplicationErrorNumber, "FetchPhoto", "There cannot be a " + name());
     const std::string photo = PhotoTree::NameOf(listingNumber, number);
-    const std::string local = photos_.Root() + photo;
+    std::string local = photos_.Root() + photo;
     const std::optional<std::uint64_t> length = photos_.LengthOf(listingNumber, number, photo);
     if (length && *length == PublishedLength(version, number).value_or(*length)) return local;
 

@@ -5,10 +5,10 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <ctime>
 #include <limits>
 #include <memory>
 #include <string>

@@ -1,8 +1,7 @@
 #include "platform/curl/CurlFtp.h"
 
-#include <signal.h>
-
 #include <condition_variable>
+#include <csignal>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -138,7 +137,7 @@ private:
     std::thread thread_;  ///< last: it uses the members above
 };
 
-CurlFtp::CurlFtp(Setup setup) : worker_(std::make_unique<Worker>(setup.certificates)) {}
+CurlFtp::CurlFtp(const Setup& setup) : worker_(std::make_unique<Worker>(setup.certificates)) {}
 
 CurlFtp::~CurlFtp() = default;
 

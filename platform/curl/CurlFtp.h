@@ -16,7 +16,7 @@ public:
         std::string certificates;
     };
 
-    explicit CurlFtp(Setup setup = {});
+    explicit CurlFtp(const Setup& setup = {});
     /// Ends what runs; waits for the thread, which no server can hold up.
     ~CurlFtp() override;
 

@@ -7,7 +7,6 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <memory>
 
 #include "platform/qpdf/PdfError.h"
@@ -59,7 +58,8 @@ void Unfilter(int filter, std::uint8_t* row, const std::uint8_t* above, std::siz
         case 1:
             return AddPrediction(row, above, length, [](int left, int, int) { return left; });
         case 2:
-            std::transform(row, row + length, above, row, std::plus<std::uint8_t>());
+            std::transform(row, row + length, above, row,
+                           [](int left, int up) { return static_cast<std::uint8_t>(left + up); });
             return;
         case 3:
             return AddPrediction(row, above, length, [](int left, int up, int) { return (left + up) / 2; });

@@ -62,7 +62,7 @@ QPalette PaletteOf(const Colours& colours) {
 /// ones without end.
 class ColouredStyle : public QProxyStyle {
 public:
-    explicit ColouredStyle(const QPalette& palette) : QProxyStyle("Fusion"), palette_(palette) {}
+    explicit ColouredStyle(QPalette palette) : QProxyStyle("Fusion"), palette_(std::move(palette)) {}
 
     void polish(QPalette& palette) override { palette = palette_; }
     using QProxyStyle::polish;

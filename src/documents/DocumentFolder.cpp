@@ -37,7 +37,7 @@ void RememberDocumentFolder(const VelCommon& host, const std::string& chosen) {
 
 std::vector<std::string> ChosenFiles(const std::string& chosen) {
     if (chosen.empty()) return {};
-    const std::vector<std::string> parts = text::Split(chosen, '\0');
+    std::vector<std::string> parts = text::Split(chosen, '\0');
     if (parts.size() == 1) return parts;
     const std::string folder = parts.front() + (EndsInSeparator(parts.front()) ? "" : files::Separator);
     std::vector<std::string> paths;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lumarin {
@@ -31,7 +32,7 @@ std::optional<PdfDraft> ParseDraft(const std::string& text);
 class PdfDraftFiles {
 public:
     PdfDraftFiles() = default;
-    explicit PdfDraftFiles(const std::string& userFolder) : folder_(userFolder) {}
+    explicit PdfDraftFiles(std::string userFolder) : folder_(std::move(userFolder)) {}
 
     std::string Pdf() const { return folder_ + "CreatePDFTmp.pdf"; }
     /// The page that is just being added.

@@ -140,7 +140,7 @@ void frmMakePDF::AddRow(std::size_t page) {
     row.text = "Page " + std::to_string(page);
     row.subItems = {added.source, SizeText(added.bytes)};
     if (files::FileExists(files_.Thumbnail(page))) row.picture = files_.Thumbnail(page);
-    lbmBM.Select(lbmBM.AddRow(std::move(row)));
+    lbmBM.Select(lbmBM.AddRow(row));
 }
 
 void frmMakePDF::ShowDocument() {

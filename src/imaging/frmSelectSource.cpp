@@ -49,7 +49,7 @@ void frmSelectSource::Fill(const std::vector<ScannerSource>& sources, const std:
         row.text = device.empty() ? source.name : device;
         row.subItems = {source.kind, source.name};
         row.key = source.name;
-        const int at = lisSources.AddRow(std::move(row));
+        const int at = lisSources.AddRow(row);
         if (source.name == current) selected = at;
     }
     cmdOK.SetEnabled(false);

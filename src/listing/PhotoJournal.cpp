@@ -49,7 +49,7 @@ private:
 
     void CloseGap(int removed) {
         // One photo more than the state counts: the file to remove is still there.
-        if (FirstMissing() > state_.PhotoCount) files::Delete(Photo(removed));
+        if (FirstMissing() == state_.PhotoCount + 1) files::Delete(Photo(removed));
         for (int index = FirstMissing(); index < state_.PhotoCount && Has(index + 1); ++index)
             files::Rename(Photo(index + 1), Photo(index));
     }

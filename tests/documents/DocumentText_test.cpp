@@ -1,25 +1,21 @@
 #include <gtest/gtest.h>
 
+#include "base/Files.h"
 #include "documents/DocumentAddress.h"
 #include "documents/DocumentCommands.h"
 #include "documents/PagePlacement.h"
+#include "documents/PdfDraft.h"
 #include "documents/PdfLibrary.h"
 #include "documents/SizeText.h"
+#include "support/TemporaryFolder.h"
 
 namespace lumarin {
-namespace {
-
 TEST(SizeText, RoundsUpInItsOwnUnits) {
-    const std::pair<std::int64_t, const char*> cases[] = {{0, ""},
-                                                          {1, "1"},
-                                                          {1023, "1023"},
-                                                          {1024, "1KB"},
-                                                          {1025, "2KB"},
-                                                          {2048, "2KB"},
-                                                          {1023999, "1000KB"},
-                                                          {1024000, "1MB"},
-                                                          {1024001, "2MB"},
-                                                          {5'000'000'000, "4883MB"}};
+    const std::pair<std::int64_t, const char*> cases[] = {
+        {0, ""},          {1, "1"},         {1023, "1023"},
+        {1024, "1KB"},    {1025, "2KB"},    {1023999, "1000KB"},
+        {1024000, "1MB"}, {1024001, "2MB"}, {5'000'000'000, "4883MB"},
+    };
     for (const auto& [bytes, expected] : cases) EXPECT_EQ(SizeText(bytes), expected) << bytes;
 }
 
@@ -33,20 +29,19 @@ TEST(DocumentCommands, AreWrittenAsTheServerReadsThem) {
 }
 
 TEST(PagePlacement, LargePicture_IsReducedToTheColourModesLimit) {
-    const struct {
-        PageColors colors;
-        PixelSize source, expected;
-    } cases[] = {{PageColors::Color, {3000, 1000}, {1275, 425}},
-                 {PageColors::BlackAndWhite, {3000, 1000}, {2550, 850}},
-                 {PageColors::Gray, {1000, 4200}, {500, 2100}},
-                 {PageColors::Color, {2550, 8400}, {637.5, 2100}},
-                 {PageColors::BlackAndWhite, {2550, 8400}, {1275, 4200}},
-                 {PageColors::Color, {1275, 2100}, {1275, 2100}},
-                 {PageColors::Gray, {10, 10}, {10, 10}}};
-    for (const auto& c : cases) {
-        const PixelSize size = WithinLimit(c.source, c.colors);
-        EXPECT_DOUBLE_EQ(size.width, c.expected.width);
-        EXPECT_DOUBLE_EQ(size.height, c.expected.height);
+    const std::tuple<PageColors, PixelSize, PixelSize> cases[] = {
+        {PageColors::Color, {3000, 1000}, {1275, 425}},
+        {PageColors::BlackAndWhite, {3000, 1000}, {2550, 850}},
+        {PageColors::Gray, {1000, 4200}, {500, 2100}},
+        {PageColors::Color, {2550, 8400}, {637.5, 2100}},
+        {PageColors::BlackAndWhite, {2550, 8400}, {1275, 4200}},
+        {PageColors::Color, {1275, 2100}, {1275, 2100}},
+        {PageColors::Gray, {10, 10}, {10, 10}},
+    };
+    for (const auto& [colors, source, expected] : cases) {
+        const PixelSize size = WithinLimit(source, colors);
+        EXPECT_DOUBLE_EQ(size.width, expected.width);
+        EXPECT_DOUBLE_EQ(size.height, expected.height);
     }
 }
 
@@ -69,16 +64,27 @@ TEST(PagePlacement, Picture_FillsTheUsableAreaFromTheTop) {
 }
 
 TEST(DocumentAddress, Schemes) {
-    const std::pair<const char*, bool> cases[] = {{"http://x", false},          {"HTTPS://x", false},
-                                                  {"www.x.y", false},           {"www.x.y:8080/a", false},
-                                                  {"localhost:80", false},      {"/a:b", false},
-                                                  {"x/y?z=file:///a", false},   {"", false},
-                                                  {"file:///etc/passwd", true}, {"JavaScript:x()", true},
-                                                  {" java\tscript:x()", true},  {"data:text/html,x", true},
-                                                  {"mailto:a@b", true},         {"javascript:1+1", true},
-                                                  {"C:\\x.pdf", true}};
-    for (const auto& [address, other] : cases) EXPECT_EQ(HasOtherScheme(address), other) << address;
+    for (const char* web : {"http://x", "HTTPS://x", "www.x.y", "www.x.y:8080/a", "localhost:80", "/a:b",
+                            "x/y?z=file:///a", ""})
+        EXPECT_FALSE(HasOtherScheme(web)) << web;
+    for (const char* other : {"file:///etc/passwd", "JavaScript:x()", " java\tscript:x()", "data:text/html,x",
+                              "mailto:a@b", "javascript:1+1", "C:\\x.pdf"})
+        EXPECT_TRUE(HasOtherScheme(other)) << other;
 }
 
-}  // namespace
+TEST(PdfDraft, FileGrewAfterTheDraftWasWritten_IsOneEntryMore) {
+    const testing::TemporaryFolder folder;
+    const PdfDraftFiles draftFiles(folder.Path());
+    files::WriteWhole(draftFiles.Pdf(), "%PDF-1");
+    EXPECT_FALSE(draftFiles.Read());
+    PdfDraft draft{5, "two\nlines", 0, {{"a b.png", 3}}};
+    draftFiles.Write(draft);
+    files::WriteWhole(draftFiles.Pdf(), "%PDF-1 and more");
+    EXPECT_EQ(draftFiles.Read()->description, "two lines");
+    EXPECT_EQ(draftFiles.Read()->pages.at(0).source, "a b.png");
+    EXPECT_EQ(draftFiles.Read()->Bytes(), 12);
+    draftFiles.DeleteAll();
+    EXPECT_FALSE(files::HasEntries(folder.Path()));
+}
+
 }  // namespace lumarin

@@ -16,7 +16,7 @@ public:
     std::size_t overhead = 0;  ///< bytes that a document has besides its pictures
     bool failsToBegin = false, failsToClose = false;
 
-    PdfStatus Load(const std::string& path) override { return Called("load " + path, false); }
+    PdfStatus Load(const std::string& path) override { return Called("load " + path); }
     PdfHandle AdultPdfCreate(const std::string& path) override { return Begin("create", path, 0); }
     PdfHandle AdultPdfOpen(const std::string& path) override {
         return Begin("open", path, files::FileLength(path) - overhead);
@@ -24,17 +24,16 @@ public:
     PdfStatus AdultPdfAddInfo(PdfHandle, const std::string& title, const std::string& subject,
                               const std::string& creator, const std::string& keywords,
                               const std::string& author) override {
-        return Called("info " + title + "," + subject + "," + creator + "," + keywords + "," + author, false);
+        return Called("info " + title + "," + subject + "," + creator + "," + keywords + "," + author);
     }
     PdfStatus AdultPdfSetFunction(PdfHandle, PdfFunction function, std::int32_t first, std::int32_t second,
                                   const std::string& third, const std::string& fourth) override {
         return Called(std::to_string(static_cast<int>(function)) + " " + std::to_string(first) + "," +
-                          std::to_string(second) + "," + third + "," + fourth,
-                      false);
+                      std::to_string(second) + "," + third + "," + fourth);
     }
     PdfStatus AdultPdfAddImage(PdfHandle, const std::string& imagePath) override {
         length_ += files::FileLength(imagePath);
-        return Called("image", false);
+        return Called("image");
     }
     PdfStatus AdultPdfClose(PdfHandle) override {
         if (!failsToClose) files::WriteWhole(path_, "%PDF-" + std::string(length_ + overhead - 5, ' '));
@@ -43,7 +42,7 @@ public:
     std::string LastFailure() const override { return "the library failed"; }
 
 private:
-    PdfStatus Called(const std::string& call, bool fails) {
+    PdfStatus Called(const std::string& call, bool fails = false) {
         calls.push_back(call);
         return fails ? PdfStatus::Failed : PdfStatus::Done;
     }

@@ -1,28 +1,20 @@
 #include "documents/frmMakePDF.h"
 
-#include <gtest/gtest.h>
-
 #include "FakePdfLibrary.h"
-#include "base/Files.h"
-#include "imaging/FakeImaging.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedDesktop.h"
+#include "support/WindowTest.h"
 
 namespace lumarin {
 namespace {
 
 constexpr std::int32_t Maximum = 1000;
-constexpr const char* ThrowAwayOne = "Do you want to throw away the 1 page of this document?";
 
-class MakePdf : public ::testing::Test {
+class MakePdf : public testing::WindowTest {
 protected:
     MakePdf() {
-        link.Set(host);
         imaging.pictures["/in/a.png"] = imaging.pictures["/in/b.png"] = {1275, 2100};
         imaging.pictures["/in/none.png"] = {0, 100};
         Renew();
     }
-    ~MakePdf() override { desktop.VerifyAllUsed(); }
 
     /// The builder of the next run of the program.
     void Renew(std::int32_t listing = 100123) {
@@ -41,17 +33,23 @@ protected:
         });
         window->Display(nullptr);
     }
-    void Add(const std::string& selection) {
-        desktop.Choose(selection);
+    void Add(const std::string& files) {
+        desktop.Choose(Selection(files));
         window->cmdAddFiles.Press();
     }
-    std::string Temporary(const char* ending) const { return host.UserFolder() + "CreatePDFTmp" + ending; }
+    void Click(const char* tool) { window->ActiveBar1.ClickTool(tool); }
+    void WillAsk(Answer answer) {
+        desktop.Expect("Do you want to throw away the 1 page of this document?", answer);
+    }
+    void ExpectPages(int pages, const char* size) {
+        EXPECT_EQ(window->lbmBM.Count(), pages);
+        EXPECT_EQ(window->lblFilesize.Caption(), size);
+    }
+    bool Exists(const char* ending) const {
+        return files::FileExists(host.UserFolder() + "CreatePDFTmp" + ending);
+    }
 
-    testing::ScriptedDesktop desktop;
-    testing::FakeHost host;
-    testing::FakeImaging imaging;
     testing::FakePdfLibrary pdf;
-    HostLink link;
     std::unique_ptr<frmMakePDF> window;
     int closed = 0;
 };
@@ -60,48 +58,40 @@ TEST_F(MakePdf, Import_WritesEachPictureAsAPageAndClosesTheFile) {
     Open([&] {
         EXPECT_FALSE(window->ActiveBar1.IsEnabled("save"));
         window->cboDocType.SetListIndex(1);
-        Add(std::string("/in") + '\0' + "a.png" + '\0' + "b.png");
-        EXPECT_EQ(window->lbmBM.Count(), 2);
+        Add("/in|a.png|b.png");
+        ExpectPages(2, "200");
         EXPECT_EQ(window->txtFilesImported.Text(), "a.png, b.png");
-        EXPECT_EQ(window->lblFilesize.Caption(), "200");
         EXPECT_TRUE(window->ActiveBar1.IsEnabled("save"));
         window->optLegal.Choose();
         Add("/in/a.png");
     });
     EXPECT_EQ(imaging.pages.at(0).colors, PageColors::Gray);
-    const std::string letter[] = {"109 5,5,0,0", "104 82,27,448,738", "image", "109 0,0,0,0"};
-    std::vector<std::string> expected = {"load " + host.ProgramFolder() + "QorCreatePdf.dll", "create",
-                                         "info 100123 PDF,100123,Qor Veltrane - Create Document,0,Host text"};
-    expected.insert(expected.end(), std::begin(letter), std::end(letter));
-    expected.insert(expected.end(), std::begin(letter), std::end(letter));
-    for (const char* call :
-         {"close", "open", "109 6,6,0,0", "104 27,27,558,919", "image", "109 0,0,0,0", "close"})
-        expected.push_back(call);
-    EXPECT_EQ(pdf.calls, expected);
-    EXPECT_FALSE(files::FileExists(Temporary(".png")));
+    EXPECT_EQ(pdf.calls,
+              (Texts{"load " + host.ProgramFolder() + "QorCreatePdf.dll", "create",
+                     "info 100123 PDF,100123,Qor Veltrane - Create Document,0,Host text",  //
+                     "109 5,5,0,0", "104 82,27,448,738", "image", "109 0,0,0,0",           //
+                     "109 5,5,0,0", "104 82,27,448,738", "image", "109 0,0,0,0",           //
+                     "close", "open", "109 6,6,0,0", "104 27,27,558,919", "image", "109 0,0,0,0", "close"}));
+    EXPECT_FALSE(Exists(".png"));
 }
 
 TEST_F(MakePdf, RefusedPictures_LeaveThePagesThatAreThere) {
     imaging.pageLengths = {900, 101, 100};
     Open([&] {
         Add("/in/a.png");
-        desktop.Expect("Cannot add file:\n/in/b.png\nMaximum size exceeded");
+        desktop.Expect("Cannot add file:\n/in/b.png\nMaximum size exceeded", "File is too large");
         Add("/in/b.png");
-        desktop.Expect("Unable to process File: /in/none.png\nImage Height or width equals zero");
+        desktop.Expect("Unable to process File: /in/none.png\nImage Height or width equals zero", "Make PDF");
         Add("/in/none.png");
         imaging.openFailure = ImagingError(InvalidPictureError, "It is no picture.");
         desktop.Expect("Lead error (-9)\n/in/text.png\nIt is no picture.");
         Add("/in/text.png");
         imaging.openFailure.reset();
         Add("/in/b.png");  // exactly the maximum
-        desktop.Expect("No photo on the clipboard");
-        window->ActiveBar1.ClickTool("paste");
-        EXPECT_EQ(window->lblFilesize.Caption(), "1000");
-        EXPECT_EQ(window->lbmBM.Count(), 2);
+        desktop.Expect("No photo on the clipboard", "From Clipboard");
+        Click("paste");
+        ExpectPages(2, "1000");
     });
-    EXPECT_EQ(desktop.messages[0].title, "File is too large");
-    EXPECT_EQ(desktop.messages[1].title, "Make PDF");
-    EXPECT_EQ(desktop.messages[3].title, "From Clipboard");
 }
 
 TEST_F(MakePdf, LibraryFails_NothingOfTheBatchStaysInTheList) {
@@ -114,19 +104,18 @@ TEST_F(MakePdf, LibraryFails_NothingOfTheBatchStaysInTheList) {
         pdf.failsToClose = true;
         desktop.Expect("the library failed");
         Add("/in/b.png");
-        EXPECT_EQ(window->lbmBM.Count(), 1);
-        EXPECT_EQ(window->lblFilesize.Caption(), "100");
+        ExpectPages(1, "100");
         pdf.failsToClose = false;
         Add("/in/b.png");
-        EXPECT_EQ(window->lbmBM.Count(), 2);
+        ExpectPages(2, "200");
     });
 }
 
 TEST_F(MakePdf, CancelDuringAnImport_StopsItAndKeepsTheWindow) {
     Open([&] {
         desktop.AtPendingEvents(2, [&] { window->cmdCancel.Press(); });
-        Add(std::string("/in") + '\0' + "a.png" + '\0' + "b.png");
-        EXPECT_EQ(window->lbmBM.Count(), 1);
+        Add("/in|a.png|b.png");
+        ExpectPages(1, "100");
         EXPECT_TRUE(window->IsShown());
     });
     EXPECT_EQ(closed, 0);
@@ -153,26 +142,26 @@ TEST_F(MakePdf, OK_ChecksBeforeAnythingIsSent) {
     });
     EXPECT_EQ(closed, 1);
     EXPECT_EQ(window->LinkText(), "Plan");
-    EXPECT_TRUE(files::FileExists(window->PdfPath()));
+    EXPECT_TRUE(Exists(".pdf"));
 }
 
 TEST_F(MakePdf, CancelNewAndCloseBox_AskBeforePagesAreThrownAway) {
     Open([&] {
         Add("/in/a.png");
-        desktop.Expect(ThrowAwayOne, Answer::No);
-        window->ActiveBar1.ClickTool("new");
-        desktop.Expect(ThrowAwayOne, Answer::No);
+        WillAsk(Answer::No);
+        Click("new");
+        WillAsk(Answer::No);
         EXPECT_FALSE(window->Unload(CloseReason::Frame));
-        EXPECT_EQ(window->lbmBM.Count(), 1);
-        desktop.Expect(ThrowAwayOne, Answer::Yes);
-        window->ActiveBar1.ClickTool("new");
-        EXPECT_FALSE(files::FileExists(Temporary(".pdf")) || files::FileExists(Temporary(".dat")));
+        ExpectPages(1, "100");
+        WillAsk(Answer::Yes);
+        Click("new");
+        EXPECT_FALSE(Exists(".pdf") || Exists(".dat"));
         Add("/in/a.png");
-        desktop.Expect(ThrowAwayOne, Answer::Yes);
+        WillAsk(Answer::Yes);
         window->cmdCancel.Press();
     });
     EXPECT_EQ(closed, 1);
-    EXPECT_FALSE(files::FileExists(window->PdfPath()));
+    EXPECT_FALSE(Exists(".pdf"));
 }
 
 TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
@@ -188,39 +177,35 @@ TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
     desktop.Expect(other, Answer::No);
     window->Display(nullptr);
     Renew();
-    const std::string own =
+    desktop.Expect(
         "A document of 1 page was begun for this listing and has not been sent. Do you want to go on with "
-        "it?\n\nNo throws its pages away.";
-    desktop.Expect(own, Answer::Yes);
+        "it?\n\nNo throws its pages away.",
+        Answer::Yes);
     pdf.calls.clear();
     Open([&] {
-        EXPECT_EQ(window->LinkText(), "Plan");
-        EXPECT_EQ(window->lbmBM.Cell(0, 1), "a.png");
+        EXPECT_EQ(window->LinkText() + window->lbmBM.Cell(0, 1), "Plana.png");
         Add("/in/b.png");
-        EXPECT_EQ(window->lblFilesize.Caption(), "200");
+        ExpectPages(2, "200");
     });
     EXPECT_EQ(pdf.calls.at(1), "open");
     Renew(200200);
     desktop.Expect(other, Answer::Yes);
-    Open([&] { EXPECT_FALSE(files::FileExists(window->PdfPath())); });
+    Open([&] { EXPECT_FALSE(Exists(".pdf")); });
 }
 
 TEST_F(MakePdf, SaveAndPreview_UseTheFileAsItIs) {
+    const std::string copy = host.CityFolder() + "copy.pdf";
     Open([&] {
         Add("/in/a.png");
-        desktop.Choose(host.CityFolder() + "copy.pdf");
-        window->ActiveBar1.ClickTool("save");
-        window->ActiveBar1.ClickTool("preview");
-        window->ActiveBar1.ClickTool("help");
+        desktop.Choose(copy);
         desktop.clipboardFiles = {"/in/b.png"};
-        window->ActiveBar1.ClickTool("paste");
-        EXPECT_EQ(window->lbmBM.Count(), 2);
+        for (const char* tool : {"save", "preview", "help", "paste"}) Click(tool);
+        ExpectPages(2, "200");
     });
-    EXPECT_EQ(desktop.saveDialogs[0].name, "100123.pdf");
-    EXPECT_EQ(files::ReadAll(host.CityFolder() + "copy.pdf").size(), 100U);
+    EXPECT_EQ(desktop.saveDialogs.at(0).name, "100123.pdf");
+    EXPECT_EQ(files::ReadAll(copy).size(), 100U);
     EXPECT_EQ(desktop.opened,
-              (std::vector<std::string>{Temporary(".pdf"),
-                                        host.HelpSite() + "/Tutorials/DocManager/CreatePDF.htm"}));
+              (Texts{window->PdfPath(), host.HelpSite() + "/Tutorials/DocManager/CreatePDF.htm"}));
 }
 
 }  // namespace

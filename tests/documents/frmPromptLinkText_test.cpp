@@ -1,48 +1,48 @@
 #include "documents/frmPromptLinkText.h"
 
-#include <gtest/gtest.h>
-
-#include "support/ScriptedDesktop.h"
+#include "support/WindowTest.h"
 
 namespace lumarin {
 namespace {
 
-constexpr const char* NoDescription = "Please enter a description for your document";
-constexpr const char* NoAddress = "Please enter the internet address (URL) where your document is located";
-constexpr const char* ProgramFile = "Internet address (URL) cannot point to an exe file";
+using PromptLinkText = testing::WindowTest;
 
-TEST(frmPromptLinkText, OK_ChecksInOrderAndKeepsTheWindowOpen) {
+TEST_F(PromptLinkText, OK_ChecksInOrderAndKeepsTheWindowOpen) {
+    const std::pair<const char*, const char*> good{},
+        noDescription{"Please enter a description for your document", "Document description is missing"},
+        noAddress{"Please enter the internet address (URL) where your document is located",
+                  "Document URL is missing"},
+        programFile{"Internet address (URL) cannot point to an exe file", "Invalid Document URL"};
     const struct {
         bool descriptionOnly;
-        const char *description, *address, *message, *title;
-    } cases[] = {{false, "  ", "", NoDescription, "Document description is missing"},
-                 {true, "", "http://x", NoDescription, "Document description is missing"},
-                 {false, "Map", " ", NoAddress, "Document URL is missing"},
-                 {false, "Map", "http://x/a.Exe ", ProgramFile, "Invalid Document URL"},
-                 {false, " Map ", " http://x/a.exe?x=1 ", nullptr, nullptr},
-                 {false, "Map", "x.exe/", nullptr, nullptr},
-                 {true, "Map", "", nullptr, nullptr}};
+        const char *description, *address;
+        std::pair<const char*, const char*> refusal;
+    } cases[] = {
+        {false, "  ", "", noDescription},
+        {true, "", "http://x", noDescription},
+        {false, "Map", " ", noAddress},
+        {false, "Map", "http://x/a.Exe ", programFile},
+        {false, " Map ", " http://x/a.exe?x=1 ", good},
+        {false, "Map", "x.exe/", good},
+        {true, "Map", "", good},
+    };
     for (const auto& c : cases) {
-        testing::ScriptedDesktop desktop;
+        const bool refused = c.refusal.first != nullptr;
         frmPromptLinkText window(desktop);
         desktop.Play("frmPromptLinkText", [&](Form&) {
             EXPECT_EQ(window.fraUrl.Visible(), !c.descriptionOnly);
             window.txtLinkText.SetText(c.description);
             window.txtUrl.SetText(c.address);
-            if (c.message != nullptr) desktop.Expect(c.message);
+            if (refused) desktop.Expect(c.refusal.first, c.refusal.second);
             window.cmdOK.Press();
-            EXPECT_EQ(window.IsShown(), c.message != nullptr);
-            if (window.IsShown() && c.descriptionOnly) window.Unload(CloseReason::Frame);
+            EXPECT_EQ(window.IsShown(), refused);
+            if (refused && c.descriptionOnly) window.Unload(CloseReason::Frame);
             if (window.IsShown()) window.cmdCancel.Press();
         });
         window.Display(c.descriptionOnly);
-        EXPECT_EQ(window.Cancelled(), c.message != nullptr);
-        if (c.message != nullptr) {
-            EXPECT_EQ(desktop.messages.at(0).title, c.title);
-        }
+        EXPECT_EQ(window.Cancelled(), refused);
         EXPECT_EQ(window.LinkText().find(' '), std::string::npos);
         EXPECT_EQ(window.txtUrl.Text(), window.Url());
-        desktop.VerifyAllUsed();
     }
 }
 

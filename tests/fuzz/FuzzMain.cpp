@@ -40,36 +40,30 @@ private:
     std::size_t Below(std::size_t limit) { return limit == 0 ? 0 : random_() % limit; }
 
     void Change(Bytes& bytes) {
-        const std::size_t at = Below(bytes.size() + 1);
+        const std::size_t from = Below(bytes.size() + 1), count = Below(bytes.size() - from + 1);
+        const auto at = bytes.begin() + from;
+        const auto byte = static_cast<std::uint8_t>(Below(2) == 0 ? 0xFF : Below(256));
         switch (Below(6)) {
             case 0:
-                if (at < bytes.size()) bytes[at] ^= static_cast<std::uint8_t>(1U << Below(8));
+                if (from < bytes.size()) *at ^= static_cast<std::uint8_t>(1U << Below(8));
                 break;
             case 1:
-                if (at < bytes.size())
-                    bytes[at] = static_cast<std::uint8_t>(Below(2) == 0 ? 0xFF : Below(256));
+                if (from < bytes.size()) *at = byte;
                 break;
             case 2:
-                bytes.resize(at);
+                bytes.resize(from);
                 break;
             case 3:
-                bytes.insert(bytes.begin() + static_cast<std::ptrdiff_t>(at), 1 + Below(40),
-                             static_cast<std::uint8_t>(Below(256)));
+                bytes.insert(at, 1 + Below(40), byte);
                 break;
             case 4: {  // a piece of another seed
                 const Bytes& other = seeds_[Below(seeds_.size())];
-                const std::size_t from = Below(other.size() + 1);
-                bytes.insert(
-                    bytes.begin() + static_cast<std::ptrdiff_t>(at),
-                    other.begin() + static_cast<std::ptrdiff_t>(from),
-                    other.begin() + static_cast<std::ptrdiff_t>(from + Below(other.size() - from + 1)));
+                const auto piece = other.begin() + Below(other.size() + 1);
+                bytes.insert(at, piece, piece + Below(static_cast<std::size_t>(other.end() - piece) + 1));
                 break;
             }
-            default: {
-                const std::size_t end = at + Below(bytes.size() - at + 1);
-                bytes.erase(bytes.begin() + static_cast<std::ptrdiff_t>(at),
-                            bytes.begin() + static_cast<std::ptrdiff_t>(end));
-            }
+            default:
+                bytes.erase(at, at + count);
         }
     }
 

@@ -1,139 +1,35 @@
 #include "host/drive/Driver.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QSlider>
-#include <QTableWidget>
 #include <QTemporaryDir>
-#include <QUrl>
-#include <QVBoxLayout>
 
 #include "base/Error.h"
-#include "platform/qt/FileChooser.h"
-#include "platform/qt/QtDesktop.h"
+#include "platform_qt/EveryKindForm.h"
 
 namespace host {
 
-namespace {
+using namespace lumarin;
 
-QApplication& Application() {
-    static int count = 1;
-    static char name[] = "test";
-    static char* arguments[] = {name, nullptr};
-    static auto* application = new QApplication(count, arguments);
-    return *application;
-}
-
-/// Writes down what the mouse does to it, and takes files.
-class Surface : public QWidget {
-public:
-    Surface() {
-        setAcceptDrops(true);
-        setMinimumSize(200, 100);
-        setMouseTracking(true);
-    }
-    std::vector<QPoint> hovers, presses, moves, releases;
-    QStringList dropped;
-
+/// A window with a control of every kind; what its handlers find out goes into "lblNote".
+class DriverTest : public lumarin::testing::EveryKindTest {
 protected:
-    void mousePressEvent(QMouseEvent* event) override { presses.push_back(event->pos()); }
-    void mouseReleaseEvent(QMouseEvent* event) override { releases.push_back(event->pos()); }
-    void mouseMoveEvent(QMouseEvent* event) override {
-        (event->buttons() == Qt::LeftButton ? moves : hovers).push_back(event->pos());
-    }
-    void dragEnterEvent(QDragEnterEvent* event) override {
-        if (event->mimeData()->urls().size() < 3) event->acceptProposedAction();
-    }
-    void dropEvent(QDropEvent* event) override {
-        for (const QUrl& url : event->mimeData()->urls()) dropped += url.toLocalFile();
-    }
-};
-
-/// A window with one control of each kind; what its handlers find out goes into "lblResult".
-class TestWindow : public QMainWindow {
-public:
-    TestWindow() {
-        setObjectName("frmTest");
-        auto* middle = new QWidget;
-        layout_ = new QVBoxLayout(middle);
-        setCentralWidget(middle);
-        Add<QLabel>("lblResult");
-        Add<QLineEdit>("txtName");
-        Add<QCheckBox>("chkFlag");
-        Add<QSlider>("hsbControl_0")->setRange(-500, 500);
-        Add<QComboBox>("cmbView")->addItems({"Front", "Kitchen", "Front door"});
-        AddTable();
-        AddMenu();
-        surface = Add<Surface>("imgMain");
+    DriverTest() {
+        form->hsbLevel.SetRange(-500, 500, 25, 100);
+        for (const char* entry : {"Front", "Kitchen", "Front door"}) form->cmbChoice.AddItem(entry);
+        form->lisRows.AddColumn("Number");
+        for (int row = 0; row < 200; ++row) form->lisRows.AddRow({.text = std::to_string(100 + row)});
+        form->Menu.AddTool({.name = "Copy", .caption = "Copy"});
+        form->Menu.AddTool({.name = "Paste", .caption = "Paste", .enabled = false});
+        form->Menu.AddBand({"Rows", ToolBar::BandKind::ContextMenu, {"Copy", "Paste"}});
+        Show();
     }
 
-    Surface* surface = nullptr;
-
-    void Button(const char* name, const std::function<void()>& work) {
-        QObject::connect(Add<QPushButton>(name), &QPushButton::clicked, this, work);
-    }
-    void Result(const QString& text) { findChild<QLabel*>("lblResult")->setText(text); }
-
-private:
-    template <class Widget>
-    Widget* Add(const char* name) {
-        auto* widget = new Widget;
-        widget->setObjectName(name);
-        layout_->addWidget(widget);
-        return widget;
-    }
-
-    void AddTable() {
-        auto* table = Add<QTableWidget>("RecList");
-        table->setColumnCount(2);
-        table->setRowCount(200);
-        table->setSelectionBehavior(QAbstractItemView::SelectRows);
-        for (int row = 0; row < 200; ++row)
-            table->setItem(row, 0, new QTableWidgetItem(QString::number(100 + row)));
-        QObject::connect(table, &QTableWidget::cellDoubleClicked, this,
-                         [this](int row, int) { Result(QString::number(row)); });
-    }
-
-    void AddMenu() {
-        auto* label = findChild<QLabel*>("lblResult");
-        label->setContextMenuPolicy(Qt::CustomContextMenu);
-        auto* menu = new QMenu(this);
-        menu->addAction("Copy")->setObjectName("Copy");
-        menu->addSeparator();
-        menu->addAction("Paste")->setObjectName("Paste");
-        menu->actions().last()->setEnabled(false);
-        QObject::connect(label, &QLabel::customContextMenuRequested, menu,
-                         [menu, label](QPoint at) { menu->exec(label->mapToGlobal(at)); });
-    }
-
-    QVBoxLayout* layout_ = nullptr;
-};
-
-}  // namespace
-
-class DriverTest : public testing::Test {
-protected:
     /// The answers to commands that follow each other, read when no handler is at work any more.
     std::vector<QJsonValue> Do(const QStringList& commands) {
         std::vector<QJsonValue> answers;
@@ -151,196 +47,192 @@ protected:
         loop.exec();
         return answers;
     }
-    QJsonObject Last(const QStringList& commands) { return Do(commands).back().toObject(); }
-    QString ResultAfter(const QStringList& commands) {
-        return Last(commands + QStringList{"get frmTest.lblResult"})["text"].toString();
+    QJsonValue Last(const QStringList& commands) { return Do(commands).back(); }
+    QString NoteAfter(const QStringList& commands) {
+        return Last(commands + QStringList{"get frmEveryKind.lblNote"})["text"].toString();
     }
 
     void Ask() {
-        const auto answer = QMessageBox::question(&window, "Sure?", "Go on?");
-        window.Result(answer == QMessageBox::Yes ? "Yes" : "No");
+        const Answer answer =
+            desktop.ShowMessage({"Go on?", "Sure?", Buttons::YesNo, Icon::Question}, form.get());
+        form->lblNote.SetCaption(answer == Answer::Yes ? "Yes" : "No");
+    }
+    /// What a handler does that takes its time.
+    static void WorkForAWhile() {
+        QElapsedTimer time;
+        for (time.start(); time.elapsed() < 100;) QCoreApplication::processEvents();
     }
 
-    void SetUp() override { window.show(); }
-
-    QApplication& application = Application();
-    TestWindow window;
+    const QString press = "press frmEveryKind.cmdDo";
     Driver driver;
     QEventLoop loop;
 };
 
 TEST_F(DriverTest, Controls_WorkedAsAPerson_ShowIt) {
+    form->lisRows.DoubleClick = [&] {
+        form->lblNote.SetCaption(form->lisRows.At(form->lisRows.Selected()).text);
+    };
     const struct {
         QStringList commands;
-        const char* target;
+        const char* control;
         const char* member;
         QJsonValue value;
     } cases[] = {
-        {{"set frmTest.txtName \"old\"", "set frmTest.txtName \"Grüße 1\""}, "txtName", "text", "Grüße 1"},
-        {{"set frmTest.txtName abc", "key frmTest.txtName Home", "key frmTest.txtName Delete"},
-         "txtName",
+        {{"set frmEveryKind.txtText \"old\"", "set frmEveryKind.txtText \"Grüße 1\""},
+         "txtText",
+         "text",
+         "Grüße 1"},
+        {{"set frmEveryKind.txtText abc", "key frmEveryKind.txtText Home", "key frmEveryKind.txtText Delete"},
+         "txtText",
          "text",
          "bc"},
-        {{"set frmTest.txtName abc", "set frmTest.txtName \"\""}, "txtName", "text", ""},
-        {{"set frmTest.hsbControl(0) -250"}, "hsbControl(0)", "value", -250},
-        {{"set frmTest.cmbView Kitchen"}, "cmbView", "selected", 1},
-        {{"set frmTest.chkFlag 1", "set frmTest.chkFlag 1"}, "chkFlag", "checked", true},
-        {{"select frmTest.RecList 150"}, "RecList", "selected", 150},
-        {{"double frmTest.RecList 120"}, "lblResult", "text", "120"},
+        {{"set frmEveryKind.txtText \"\""}, "txtText", "text", ""},
+        {{"set frmEveryKind.hsbLevel -250"}, "hsbLevel", "value", -250},
+        {{"set frmEveryKind.cmbChoice Kitchen"}, "cmbChoice", "selected", 1},
+        {{"set frmEveryKind.chkExtra 1", "set frmEveryKind.chkExtra 1"}, "chkExtra", "checked", true},
+        {{"press frmEveryKind.optWay(1)"}, "optWay(1)", "checked", true},
+        {{"select frmEveryKind.lisRows 150"}, "lisRows", "selected", 150},
+        {{"double frmEveryKind.lisRows 120"}, "lblNote", "text", "220"},
     };
     for (const auto& given : cases) {
-        const QJsonObject state = Last(given.commands + QStringList{QString("get frmTest.") + given.target});
+        const QJsonValue state =
+            Last(given.commands + QStringList{QString("get frmEveryKind.") + given.control});
         EXPECT_EQ(state[given.member], given.value) << given.commands.last().toStdString();
     }
     EXPECT_FALSE(driver.HadErrors());
 }
 
 TEST_F(DriverTest, Press_HandlerAsks_IsAnsweredWhileItWaits) {
-    window.Button("cmdAsk", [this] { Ask(); });
-    const auto answers = Do({"press frmTest.cmdAsk", "message", "press frmTest.cmdAsk", "answer yes",
-                             "message", "get frmTest.lblResult"});
-    EXPECT_TRUE(answers[0].toObject()["ok"].toBool());
-    EXPECT_EQ(answers[1].toObject()["text"], "Go on?");
-    EXPECT_EQ(answers[1].toObject()["title"], "Sure?");
-    EXPECT_EQ(answers[1].toObject()["icon"], "question");
-    EXPECT_EQ(answers[1].toObject()["buttons"].toArray().size(), 2);
+    form->cmdDo.Click = [this] { Ask(); };
+    const auto answers = Do({press, "message", press, "answer yes", "message"});
+    EXPECT_TRUE(answers[0]["ok"].toBool());
+    const QJsonValue message = answers[1];
+    EXPECT_EQ(message["title"].toString() + message["text"].toString() + message["icon"].toString(),
+              "Sure?Go on?question");
+    EXPECT_EQ(message["buttons"].toArray().size(), 2);
     EXPECT_TRUE(answers[2].toObject().contains("error")) << "the window is behind the message";
     EXPECT_TRUE(answers[4].isNull());
-    EXPECT_EQ(answers[5].toObject()["text"], "Yes");
-}
-
-TEST_F(DriverTest, Key_AccessKeyOfAButton_IsAnsweredAfterItsClick) {
-    window.Button("cmdAsk", [this] { Ask(); });
-    window.findChild<QPushButton*>("cmdAsk")->setText("&Ask");
-    EXPECT_EQ(ResultAfter({"key frmTest.txtName Alt+a", "message", "answer Yes"}), "Yes");
+    EXPECT_EQ(form->lblNote.Caption(), "Yes");
+    EXPECT_EQ(NoteAfter({"key frmEveryKind.txtText Alt+d", "message", "answer No"}), "No")
+        << "the access key";
 }
 
 TEST_F(DriverTest, Message_HandlerStillAtWork_WaitsForItsQuestion) {
-    window.Button("cmdWork", [this] {
+    form->cmdDo.Click = [this] {
         QWidget progress;
         progress.setObjectName("frmProgress");
         progress.show();
-        window.setEnabled(false);
-        QElapsedTimer time;
-        time.start();
-        while (time.elapsed() < 100) QCoreApplication::processEvents();
-        window.setEnabled(true);
+        form->SetEnabled(false);
+        WorkForAWhile();
+        form->SetEnabled(true);
         progress.hide();
         Ask();
-    });
-    const auto answers =
-        Do({"press frmTest.cmdWork", "get frmProgress", "message", "answer No", "get frmTest.lblResult"});
-    EXPECT_TRUE(answers[1].toObject()["visible"].toBool())
-        << "the first answer comes when the window appears";
-    EXPECT_EQ(answers[2].toObject()["text"], "Go on?");
-    EXPECT_EQ(answers[4].toObject()["text"], "No");
-}
-
-TEST_F(DriverTest, Press_InAModalWindow_IsAnsweredWhenItsHandlerHasEnded) {
-    window.Button("cmdOpen", [this] {
-        QDialog modal(&window);
-        modal.setObjectName("frmModal");
-        auto* work = new QPushButton("Work", &modal);
-        work->setObjectName("cmdWork");
-        QObject::connect(work, &QPushButton::clicked, &modal, [work] {
-            QElapsedTimer time;
-            time.start();
-            while (time.elapsed() < 100) QCoreApplication::processEvents();
-            work->setText("Done");
-        });
-        modal.exec();
-    });
-    const auto answers =
-        Do({"press frmTest.cmdOpen", "press frmModal.cmdWork", "get frmModal.cmdWork", "close frmModal"});
-    EXPECT_EQ(answers[2].toObject()["caption"], "Done");
-    EXPECT_FALSE(driver.HadErrors());
+    };
+    const auto answers = Do({press, "get frmProgress", "message", "answer No"});
+    EXPECT_TRUE(answers[1]["visible"].toBool()) << "the first answer comes when the window appears";
+    EXPECT_EQ(answers[2]["text"], "Go on?");
+    EXPECT_EQ(NoteAfter({}), "No");
 }
 
 TEST_F(DriverTest, Get_WindowDisabledByTheProgram_WaitsUntilItIsEnabled) {
-    window.Button("cmdLater", [this] {
-        window.setEnabled(false);
-        QTimer::singleShot(50, &window, [this] {
-            window.Result("done");
-            window.setEnabled(true);
-        });
-    });
-    EXPECT_EQ(ResultAfter({"press frmTest.cmdLater"}), "done");
+    form->cmdDo.Click = [this] {
+        form->SetEnabled(false);
+        form->tmrTick.SetInterval(50);
+        form->tmrTick.SetEnabled(true);
+    };
+    form->tmrTick.Elapsed = [this] {
+        form->lblNote.SetCaption("done");
+        form->SetEnabled(true);
+    };
+    EXPECT_EQ(NoteAfter({press}), "done");
 }
 
-TEST_F(DriverTest, Drag_FromAnEdgeToOutside_IsSeenByTheControlWhereItBegan) {
-    Do({"drag frmTest.imgMain 10 20 50 -40"});
-    const Surface& seen = *window.surface;
-    ASSERT_EQ(seen.presses, std::vector{QPoint(10, 20)});
-    EXPECT_EQ(seen.hovers, std::vector{QPoint(10, 20)}) << "the pointer is there before the button goes down";
-    EXPECT_GE(seen.moves.size(), 4u);
-    EXPECT_EQ(seen.moves.back(), QPoint(50, -40));
-    EXPECT_EQ(seen.releases, std::vector{QPoint(50, -40)});
-}
-
-TEST_F(DriverTest, Drop_Files_ArriveUnlessTheControlRefuses) {
-    const auto answers =
-        Do({"drop frmTest.imgMain \"/tmp/a b.jpg\" /tmp/c.png", "drop frmTest.imgMain /1 /2 /3"});
-    EXPECT_EQ(window.surface->dropped, QStringList({"/tmp/a b.jpg", "/tmp/c.png"}));
-    EXPECT_EQ(answers[1].toObject()["error"], "Control \"imgMain\" refuses these files");
+TEST_F(DriverTest, DragAndDrop_AreSeenByTheControl) {
+    std::vector<std::string> seen, dropped;
+    const auto note = [&](const std::string& what) {
+        return [&seen, what](const Mouse& mouse) {
+            seen.push_back(what + std::to_string(static_cast<int>(mouse.x / TwipsPerPixel)) + "," +
+                           std::to_string(static_cast<int>(mouse.y / TwipsPerPixel)));
+        };
+    };
+    form->fraStage.MouseDown = note("down ");
+    form->fraStage.MouseMove = note("move ");
+    form->fraStage.MouseUp = note("up ");
+    form->picPhoto.FilesDropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
+    form->picPhoto.SetAcceptsFiles(true);
+    Do({"drag frmEveryKind.fraStage 150 120 190 -40",
+        "drop frmEveryKind.picPhoto \"/tmp/a b.jpg\" /tmp/c.png"});
+    ASSERT_GE(seen.size(), 7u);
+    EXPECT_EQ(seen[0], "move 150,120") << "the pointer is there before the button goes down";
+    EXPECT_EQ(seen[1], "down 150,120");
+    EXPECT_EQ(seen[seen.size() - 2], "move 190,-40");
+    EXPECT_EQ(seen.back(), "up 190,-40");
+    EXPECT_EQ(dropped, (std::vector<std::string>{"/tmp/a b.jpg", "/tmp/c.png"}));
 }
 
 TEST_F(DriverTest, ShotAndClipboard_OfAPicture_HoldIt) {
     QTemporaryDir folder;
     const QString file = '"' + folder.filePath("new folder/shot.png") + '"';
-    Do({"shot frmTest " + file, "clipboard " + file});
-    EXPECT_EQ(QApplication::clipboard()->image().size(), window.size());
+    Do({"shot frmEveryKind " + file, "clipboard " + file});
+    EXPECT_EQ(QApplication::clipboard()->image().size(), Window().size());
     Do({"clipboard clear"});
     EXPECT_TRUE(QApplication::clipboard()->image().isNull());
     EXPECT_FALSE(driver.HadErrors());
 }
 
 TEST_F(DriverTest, Menu_RightClick_NamesToolsAndClosesIt) {
-    const QJsonArray tools = Last({"menu frmTest.lblResult"})["tools"].toArray();
-    ASSERT_EQ(tools.size(), 2);
-    EXPECT_EQ(tools[0].toObject()["name"], "Copy");
-    EXPECT_TRUE(tools[0].toObject()["enabled"].toBool());
-    EXPECT_FALSE(tools[1].toObject()["enabled"].toBool());
+    form->lisRows.MouseUp = [&](const Mouse& mouse) {
+        if (mouse.button == MouseButton::Right) desktop.PopupMenu(form->Menu, "Rows");
+    };
+    QStringList seen;
+    for (const QJsonValue tool : Last({"menu frmEveryKind.lisRows"})["tools"].toArray())
+        seen += tool["name"].toString() + (tool["enabled"].toBool() ? "" : " disabled");
+    EXPECT_EQ(seen, QStringList({"Copy", "Paste disabled"}));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(DriverTest, Choose_FileDialogWaits_ChoosesOrCancels) {
     QTemporaryDir folder;
-    for (const char* name : {"a b.jpg", "c.jpg"}) QFile(folder.filePath(name)).open(QIODevice::WriteOnly);
-    window.Button("cmdOpen", [&] {
-        QFileDialog dialog(&window);
-        dialog.setOption(QFileDialog::DontUseNativeDialog);
-        dialog.setFileMode(QFileDialog::ExistingFiles);
-        QStringList names;
-        if (dialog.exec() == QDialog::Accepted)
-            for (const QString& path : dialog.selectedFiles()) names += QFileInfo(path).fileName();
-        window.Result(names.isEmpty() ? "none" : names.join('|'));
-    });
-    const QString both =
-        QString("choose \"%1\" %2").arg(folder.filePath("a b.jpg"), folder.filePath("c.jpg"));
-    EXPECT_EQ(ResultAfter({"press frmTest.cmdOpen", both}), "a b.jpg|c.jpg");
-    EXPECT_EQ(ResultAfter({"press frmTest.cmdOpen", "choose " + folder.filePath("c.jpg")}), "c.jpg");
-    EXPECT_EQ(ResultAfter({"press frmTest.cmdOpen", "choose"}), "none");
-    const auto answers = Do({"press frmTest.cmdOpen", "choose " + folder.filePath("missing.jpg"), "choose"});
-    EXPECT_TRUE(answers[1].toObject().contains("error"));
+    for (const char* name : {"a b.JPG", "c.jpg"}) QFile(folder.filePath(name)).open(QIODevice::WriteOnly);
+    const QString one = folder.filePath("c.jpg");
+    const QString both = QString("choose \"%1\" %2").arg(folder.filePath("a b.JPG"), one);
+    FileDialog dialog{
+        .title = "Import", .filter = "JPEG|*.jpg", .folder = folder.path().toStdString(), .several = true};
+    std::string chosen;
+    form->cmdDo.Click = [&] { chosen = desktop.ChooseFiles(dialog, form.get()); };
+    std::vector<QJsonValue> answers;
+    const auto chosenAfter = [&](const QStringList& commands) {
+        answers = Do(commands + QStringList{"get frmEveryKind"});
+        return QByteArray::fromStdString(chosen).replace('\0', '|').toStdString();
+    };
+    for (const bool preview : {false, true}) {
+        SCOPED_TRACE(preview);
+        dialog.preview = preview;
+        EXPECT_EQ(chosenAfter({press, "get fileDialog.previewPixels", both}),
+                  dialog.folder + "|a b.JPG|c.jpg");
+        EXPECT_EQ(answers[1]["text"].isString(), preview);
+        EXPECT_EQ(chosenAfter({press, "choose " + one}), one.toStdString());
+        EXPECT_EQ(chosenAfter({press, "choose " + one + "x", "choose"}), "");
+        EXPECT_TRUE(answers[1].toObject().contains("error"));
+    }
 }
 
 TEST_F(DriverTest, Choose_SaveDialogWaits_NamesAFileAndAsksBeforeItIsReplaced) {
     QTemporaryDir folder;
     QFile(folder.filePath("there.pdf")).open(QIODevice::WriteOnly);
-    window.Button("cmdSave", [&] {
-        const lumarin::SaveDialog dialog{"Save", "PDF|*.pdf", folder.path().toStdString(), "100123.pdf"};
-        window.Result(
-            QFileInfo(QString::fromStdString(lumarin::qt::RunSaveDialog(dialog, &window))).fileName());
-    });
+    form->cmdDo.Click = [&] {
+        const SaveDialog dialog{"Save", "PDF|*.pdf", folder.path().toStdString(), "100123.pdf"};
+        const QString path = QString::fromStdString(desktop.ChooseFileToSave(dialog, form.get()));
+        form->lblNote.SetCaption(QFileInfo(path).fileName().toStdString());
+    };
     const QString path = "choose " + folder.path();
-    EXPECT_EQ(ResultAfter({"press frmTest.cmdSave", path + "/new"}), "new.pdf");
-    EXPECT_EQ(ResultAfter({"press frmTest.cmdSave", path + "/there.pdf", "answer No", "choose"}), "");
-    EXPECT_EQ(ResultAfter({"press frmTest.cmdSave", path + "/there.pdf", "answer Yes"}), "there.pdf");
+    EXPECT_EQ(NoteAfter({press, path + "/new"}), "new.pdf");
+    EXPECT_EQ(NoteAfter({press, path + "/there.pdf", "answer No", "choose"}), "");
+    EXPECT_EQ(NoteAfter({press, path + "/there.pdf", "answer Yes"}), "there.pdf");
     EXPECT_FALSE(driver.HadErrors());
 }
 
 TEST_F(DriverTest, Browser_WebAddressesOfTheProgram_AreWrittenDownAndNothingElseIsOpened) {
-    lumarin::qt::QtDesktop desktop;
     const struct {
         const char* address;
         const char* opened;  ///< "" for an address that is refused
@@ -363,52 +255,51 @@ TEST_F(DriverTest, Browser_WebAddressesOfTheProgram_AreWrittenDownAndNothingElse
             desktop.OpenInBrowser(given.address);
             expected += given.opened;
         } else {
-            EXPECT_THROW(desktop.OpenInBrowser(given.address), lumarin::Error) << given.address;
+            EXPECT_THROW(desktop.OpenInBrowser(given.address), Error) << given.address;
         }
     }
-    EXPECT_THROW(desktop.OpenDocument("/no/such.pdf"), lumarin::Error);
+    EXPECT_THROW(desktop.OpenDocument("/no/such.pdf"), Error);
     EXPECT_EQ(Last({"browser"})["opened"], QJsonArray::fromStringList(expected));
 }
 
 TEST_F(DriverTest, Commands_ThatCannotBeDone_SayWhy) {
-    window.findChild<QComboBox*>("cmbView")->setEnabled(false);
-    window.findChild<QCheckBox*>("chkFlag")->hide();
+    form->cmbChoice.SetEnabled(false);
     const struct {
         const char* command;
         const char* reason;
     } cases[] = {
-        {"fly", "There is no command \"fly\""},
-        {"set frmTest.txtName", "Usage: set W.CONTROL TEXT"},
-        {"get frmNone", "There is no window \"frmNone\""},
-        {"press frmTest.cmdNone", "Window \"frmTest\" has no control \"cmdNone\""},
-        {"press frmTest", "A control must be named: \"frmTest.CONTROL\""},
-        {"get frmTest.None", "Window \"frmTest\" has neither a control nor a tool \"None\""},
-        {"tool frmTest.None", "Window \"frmTest\" has no tool \"None\""},
-        {"tool frmTest.Paste", "Tool \"Paste\" is disabled"},
-        {"set frmTest.cmbView Front", "Control \"cmbView\" is disabled"},
-        {"press frmTest.chkFlag", "Control \"chkFlag\" is not visible"},
-        {"set frmTest.hsbControl(0) 501", "Control \"hsbControl_0\" goes from -500 to 500"},
-        {"select frmTest.RecList 200", "Control \"RecList\" has no row 200"},
-        {"select frmTest.txtName 0", "Control \"txtName\" is no list"},
-        {"drop frmTest.lblResult x.jpg", "Control \"lblResult\" takes no files"},
+        {"fly", "no command \"fly\""},
+        {"set frmEveryKind.txtText", "Usage: set"},
+        {"get frmNone", "no window \"frmNone\""},
+        {"press frmEveryKind.cmdNone", "no control \"cmdNone\""},
+        {"press frmEveryKind", "must be named"},
+        {"tool frmEveryKind.Paste", "\"Paste\" is disabled"},
+        {"set frmEveryKind.cmbChoice Front", "\"cmbChoice\" is disabled"},
+        {"press frmEveryKind.cmdHidden", "\"cmdHidden\" is not visible"},
+        {"set frmEveryKind.hsbLevel 501", "goes from -500 to 500"},
+        {"select frmEveryKind.lisRows 200", "has no row 200"},
+        {"select frmEveryKind.txtText 0", "is no list"},
+        {"drop frmEveryKind.lblNote x.jpg", "takes no files"},
         {"answer Yes", "No message waits"},
         {"choose x", "No file dialog waits"},
-        {"wait frmNone 1", "Window \"frmNone\" has not appeared"},
+        {"wait frmNone 1", "has not appeared"},
     };
-    for (const auto& given : cases) EXPECT_EQ(Last({given.command})["error"], given.reason) << given.command;
+    for (const auto& given : cases) {
+        const QString error = Last({given.command})["error"].toString();
+        EXPECT_TRUE(error.contains(given.reason)) << given.command << ": " << error.toStdString();
+    }
     EXPECT_TRUE(driver.HadErrors());
 }
 
 TEST_F(DriverTest, Quit_QuestionsWait_AreDismissedBeforeTheEnd) {
-    window.Button("cmdAsk", [this] {
+    form->cmdDo.Click = [this] {
         Ask();
         Ask();
-    });
-    driver.Submit("press frmTest.cmdAsk",
-                  [this](const QJsonValue&) { driver.Quit([this] { loop.quit(); }); });
+    };
+    driver.Submit(press, [this](const QJsonValue&) { driver.Quit([this] { loop.quit(); }); });
     loop.exec();
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-    EXPECT_EQ(window.findChild<QLabel*>("lblResult")->text(), "No");
+    EXPECT_EQ(form->lblNote.Caption(), "No");
 }
 
 }  // namespace host

@@ -1,5 +1,8 @@
 #include "host_server/PackageBuilder.h"
 
+#include "base/Files.h"
+#include "support/TemporaryFolder.h"
+
 #include <zip.h>
 
 #include <stdexcept>
@@ -41,11 +44,9 @@ PackageBuilder& PackageBuilder::Entry(std::string name, std::string bytes) {
 }
 
 std::string PackageBuilder::Bytes(bool compressed) const {
-    zip_error_t error;
-    zip_error_init(&error);
-    zip_source_t* target = zip_source_buffer_create(nullptr, 0, 0, &error);
-    zip_source_keep(target);
-    zip_t* archive = zip_open_from_source(target, ZIP_TRUNCATE, &error);
+    const lumarin::testing::TemporaryFolder folder;
+    const std::string path = folder.Path() + "package";
+    zip_t* archive = zip_open(path.c_str(), ZIP_CREATE, nullptr);
     for (const auto& [name, bytes] : entries_) {
         zip_source_t* source = zip_source_buffer(archive, bytes.data(), bytes.size(), 0);
         const zip_int64_t index = zip_file_add(archive, name.c_str(), source, ZIP_FL_ENC_UTF_8);
@@ -54,14 +55,7 @@ std::string PackageBuilder::Bytes(bool compressed) const {
                                  compressed ? ZIP_CM_DEFLATE : ZIP_CM_STORE, 0);
     }
     if (zip_close(archive) != 0) throw std::runtime_error("the archive cannot be written");
-    zip_source_open(target);
-    zip_source_seek(target, 0, SEEK_END);
-    std::string out(static_cast<std::size_t>(zip_source_tell(target)), '\0');
-    zip_source_seek(target, 0, SEEK_SET);
-    zip_source_read(target, out.data(), out.size());
-    zip_source_close(target);
-    zip_source_free(target);
-    return out;
+    return lumarin::files::ReadAll(path);
 }
 
 }  // namespace host

@@ -8,7 +8,11 @@
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <functional>
 #include <optional>
 
 namespace host {
@@ -69,14 +73,27 @@ protected:
         return seeds;
     }
 
-    std::size_t StoredFiles(int listing) {
-        const std::string folder = Server::PhotoFolder(folder_.Path()) + std::to_string(listing) + "/";
-        return lumarin::files::List(folder, [](const std::string&) { return true; }).size();
+    std::size_t FilesIn(const std::string& folder) {
+        return lumarin::files::List(folder_.Path() + folder, [](const std::string&) { return true; }).size();
     }
+    std::size_t StoredFiles(int listing) { return FilesIn("server/photos/" + std::to_string(listing) + "/"); }
+    std::size_t SpooledFiles() { return FilesIn("server/spool/"); }
 
-    std::size_t SpooledFiles() {
-        return lumarin::files::List(folder_.Path() + "server/spool/", [](const std::string&) { return true; })
-            .size();
+    /// Another process is killed at this step of its work; after it the server starts anew.
+    void KillAt(ApplyStep fatal, const std::function<void(Server&)>& work) {
+        server_.reset();
+        const pid_t child = fork();
+        if (child == 0) {
+            Server doomed(folder_.Path(), [fatal](ApplyStep step) {
+                if (step == fatal) raise(SIGKILL);
+            });
+            work(doomed);
+            _exit(0);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status));
+        Restart();
     }
 
     lumarin::testing::TemporaryFolder folder_;

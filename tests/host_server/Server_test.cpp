@@ -2,23 +2,14 @@
 
 #include "base/Text.h"
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace host {
 namespace {
 
-TEST_F(ServerTest, Apply_NewPhotos_PublishesThemInOrder) {
+TEST_F(ServerTest, Apply_NewPhotosThenLetters_PublishReorderKeepAndDrop) {
     GivenThreePhotos();
     EXPECT_EQ(Row(1001), "3|100,200,300|3,2110,2111,2115");
     EXPECT_EQ(Photos(1001), "abc");
     EXPECT_EQ(SpooledFiles(), 0U);
-    EXPECT_EQ(server_->PhotoFile(1001, 4), "");
-}
-
-TEST_F(ServerTest, Apply_Letters_ReorderKeepAndDropPublishedPhotos) {
-    GivenThreePhotos();
     Apply(PackageBuilder()
               .Listing(1001, {{"2126", "c"}, {"2110", ""}, {"2111", "a"}})
               .Entry("1001b.jpg", TinyJpeg(400, 'n'))
@@ -64,7 +55,6 @@ std::vector<BadPackage> BadPackages() {
     const std::string good = photo(jpeg);
     return {
         {"no archive", "hello", "as a zip archive"},
-        {"nothing", "", "as a zip archive"},
         {"cut short", good.substr(0, good.size() - 9), "as a zip archive"},
         {"no entries", "PK\5\6" + std::string(18, '\0'), "empty"},
         {"check sum wrong", damaged, "damaged"},
@@ -84,10 +74,8 @@ std::vector<BadPackage> BadPackages() {
          "No manifest"},
         {"photo not announced", PackageBuilder().Listing(1001, {{"1", "a"}}).Entry("1001a.jpg", jpeg).Bytes(),
          "No manifest"},
-        {"leading zero", PackageBuilder().Entry("01001.dat", whole).Bytes(), "unknown"},
         {"folder in name", PackageBuilder().Entry("x/1001.dat", whole).Bytes(), "unknown"},
         {"way out", PackageBuilder().Listing(1002, {}).Entry("../1001a.jpg", jpeg).Bytes(), "unknown"},
-        {"other file", PackageBuilder().Listing(1002, {}).Entry("readme.txt", "x").Bytes(), "unknown"},
         {"entry twice",
          lumarin::text::ReplaceAll(PackageBuilder().Listing(1002, {}).Entry("1003.dat", whole).Bytes(),
                                    "1003.dat", "1002.dat"),
@@ -142,22 +130,13 @@ TEST_F(ServerTest, Apply_KilledAtAnyStep_LeavesOldOrNewAndNothingBetween) {
     const ApplyStep steps[] = {ApplyStep::PackageChecked, ApplyStep::PhotoWritten, ApplyStep::RowsWritten,
                                ApplyStep::Committed, ApplyStep::OldPhotosDeleted};
     for (const ApplyStep fatal : steps) {
-        server_.reset();
-        const pid_t child = fork();
-        if (child == 0) {
-            Server doomed(folder_.Path(), [fatal](ApplyStep step) {
-                if (step == fatal) raise(SIGKILL);
-            });
+        SCOPED_TRACE(static_cast<int>(fatal));
+        KillAt(fatal, [&](Server& doomed) {
             Upload(doomed, "p.zip", bytes);
             doomed.ApplyPackage("p.zip");
-            _exit(0);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status)) << static_cast<int>(fatal);
-        Restart();
+        });
         const bool done = fatal >= ApplyStep::Committed;
-        EXPECT_EQ(Photos(1001), done ? "bn" : "abc") << static_cast<int>(fatal);
+        EXPECT_EQ(Photos(1001), done ? "bn" : "abc");
         EXPECT_EQ(Row(1001), done ? "2|200,500|2,1,2" : "3|100,200,300|3,2110,2111,2115");
         EXPECT_EQ(Photos(1002), done ? "m" : "");
         EXPECT_EQ(StoredFiles(1001), done ? 2U : 3U) << "no leftovers";

@@ -2,8 +2,6 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
-#include "host/database/Schema.h"
-#include "host/demo/FileMoveAnimation.h"
 #include "host/server/Jpeg.h"
 #include "host/server/Server.h"
 #include "host_services/HostFixture.h"
@@ -19,15 +17,6 @@ namespace host {
 namespace {
 
 namespace files = lumarin::files;
-
-std::string Dump(const std::string& dataFolder) {
-    Database database(DatabasePath(dataFolder), DatabaseUse::Queries);
-    Statement rows(
-        database,
-        "SELECT group_concat(ListNum || FileName) || (SELECT count(*) FROM Listings) FROM ServerPhotos");
-    rows.Step();
-    return rows.Text(0);
-}
 
 std::size_t StoredFiles(const std::string& dataFolder) {
     std::size_t count = 0;
@@ -54,12 +43,6 @@ TEST(SeedData, PublishedPhotos_AreSmallPicturesOfDifferentLength) {
     }
 }
 
-TEST(SeedData, SecondStart_ChangesNothing) {
-    const std::string before = Dump(SeededFolder());
-    SeedData(SeededFolder());
-    EXPECT_EQ(Dump(SeededFolder()), before);
-}
-
 TEST(SeedData, KilledHalfway_IsMadeWholeAtTheNextStart) {
     const lumarin::testing::TemporaryFolder folder;
     const pid_t child = fork();
@@ -75,30 +58,13 @@ TEST(SeedData, KilledHalfway_IsMadeWholeAtTheNextStart) {
     kill(child, SIGKILL);
     int status = 0;
     waitpid(child, &status, 0);
-    SeedData(folder.Path());
-    TestHost host({.dataFolder = folder.Path()});
-    EXPECT_EQ(StoredFiles(folder.Path()), StoredFiles(SeededFolder())) << "no leftovers, nothing missing";
-    EXPECT_EQ(host.Keys("SELECT ListNum FROM Listings WHERE ListNum = 100500", "ListNum"), "100500");
-}
-
-TEST(DrawFileMove, Avi_HasAnIndexThatFindsEveryFrame) {
-    const Animation animation = DrawFileMove();
-    const std::string avi = AviBytes(animation);
-    const auto number = [&](std::size_t at) {
-        std::uint32_t value = 0;
-        for (std::size_t i = 4; i-- > 0;) value = value << 8 | static_cast<std::uint8_t>(avi[at + i]);
-        return value;
+    const auto listings = [](const std::string& path) {
+        return TestHost({.dataFolder = path}).Keys("SELECT ListNum FROM Listings", "ListNum");
     };
-    EXPECT_EQ(avi.substr(0, 4) + avi.substr(8, 4), "RIFFAVI ");
-    EXPECT_EQ(number(4) + 8, avi.size());
-    const std::size_t movie = avi.find("movi");
-    const std::size_t index = avi.rfind("idx1");
-    ASSERT_EQ(number(index + 4), animation.frames.size() * 16);
-    EXPECT_GE(animation.frames.size(), 24U);
-    for (std::size_t frame = 0; frame < animation.frames.size(); ++frame) {
-        const std::size_t at = movie + number(index + 8 + frame * 16 + 8);
-        EXPECT_EQ(avi.substr(at, 4), "00dc");
-        EXPECT_EQ(avi.substr(at + 8, number(at + 4)), animation.frames[frame]);
+    for (const char* start : {"the next", "the one after it, which changes nothing"}) {
+        SeedData(folder.Path());
+        EXPECT_EQ(StoredFiles(folder.Path()), StoredFiles(SeededFolder())) << start;
+        EXPECT_EQ(listings(folder.Path()), listings(SeededFolder())) << start;
     }
 }
 

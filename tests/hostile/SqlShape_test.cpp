@@ -1,24 +1,22 @@
 #include <set>
 
-#include "base/Error.h"
 #include "documents/FakePdfLibrary.h"
 #include "documents/frmAddDocument.h"
 #include "host/database/Schema.h"
-#include "host/database/SqlTokenizer.h"
 #include "host/database/SqlTranslator.h"
 #include "hostile/Corpus.h"
+#include "lookup/SearchModes.h"
 #include "lookup/frmFindProperty.h"
 #include "photo_window/PhotoWindowTest.h"
 
 namespace lumarin {
 namespace {
 
-using host::TokenKind;
 using testing::FakeTable;
 using testing::PhotoWindowTest;
 
-/// Whatever an agent types, pastes or chooses is a value: the statement keeps the tokens and the database's
-/// program that it has for harmless input.
+/// Whatever an agent types, pastes or chooses is a value: the statement keeps the database's program that it
+/// has for harmless input.
 class SqlShape : public PhotoWindowTest {
 protected:
     SqlShape() : database(":memory:", host::DatabaseUse::Changes) {
@@ -29,20 +27,17 @@ protected:
         const auto answer = host.onQuery;
         host.onQuery = [this, answer](const std::string& sql) {
             if (sql.find("OffOfficeId From") != std::string::npos)
-                return FakeTable{{"OffOfficeId"}, {{FieldValue(text)}, {FieldValue(text)}}};
+                return FakeTable{{"OffOfficeId"}, {{text}, {text}}};
             if (sql.find("As SelectedId") == std::string::npos) return answer(sql);
             return FakeTable{{"SelectedId", "OwnerName", "StreetNumber", "StreetDirection", "StreetName"},
-                             {std::vector<FieldValue>(5, FieldValue(text))}};
+                             {{text, text, text, text, text}}};
         };
     }
 
-    /// The statement with its values left out, and what the database would do for it.
+    /// What the database would do for the statement, the values left out.
     std::string Shape(const std::string& sql) {
         try {
             std::string shape;
-            for (const host::SqlToken& token : host::TokenizeSql(sql))
-                shape += token.kind == TokenKind::Text || token.kind == TokenKind::Number ? "? "
-                                                                                          : token.text + " ";
             host::Statement program(database, "EXPLAIN " + host::TranslateSelect(sql));
             while (program.Step()) {
                 const std::string opcode = program.Text(1);
@@ -82,13 +77,8 @@ protected:
 };
 
 TEST_F(SqlShape, Search_EveryModeMethodAndFilter_KeepsItsShape) {
-    const SearchContext contexts[] = {ListingSearch(),
-                                      {SearchMode::TaxRecord, "Tax", "TaxId"},
-                                      {SearchMode::Office, "Office", "OffOfficeId"},
-                                      {SearchMode::Agent, "Member", "MemMemberId"},
-                                      {SearchMode::Rental, "Rentals", "ListNum"}};
     frmFindProperty search({desktop, link, engine});
-    for (const SearchContext& context : contexts)
+    for (const SearchContext& context : EveryMode)
         for (int method = 0; method < 4; ++method) {
             play = [&](Form&) {
                 search.txtOwnerName.SetText(text);

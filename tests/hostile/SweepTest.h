@@ -1,12 +1,15 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
+#include <filesystem>
 
 #include "base/Files.h"
 #include "host/database/Schema.h"
 #include "host_services/HostFixture.h"
+#include "hostile/Corpus.h"
 #include "photo_window/frmLumarin.h"
 #include "platform/vips/VipsImaging.h"
 #include "platform/zip/LibzipArchiver.h"
@@ -15,7 +18,6 @@
 
 namespace lumarin::hostile {
 
-inline constexpr auto Patience = std::chrono::seconds(5);
 inline const std::string Good = "100123";
 
 /// An agent with one photo of listing 100123, and then all that can go wrong beside it.
@@ -48,41 +50,59 @@ protected:
         window->Init(1);
         window->Show(nullptr);
     }
-    void GivenGoodPhoto() {
-        Open();
+    void Enter() {
         window->txtID.SetText(Good);
         window->txtID.PressKey(13);
+    }
+    void GivenGoodPhoto() {
+        Open();
+        Enter();
         window->PhotoList.DropFiles({incoming + "good.png"});
         ASSERT_EQ(window->PhotoList.Count(), 1);
         goodPhoto = files::ReadAll(working + Good + "a.jpg");
     }
 
-    /// Runs one attempt: something comes of it or a message says why not, soon, and the good photo stays.
-    void Try(const std::string& name, const std::function<void()>& attempt) {
-        SCOPED_TRACE(name);
+    /// The file under every strange name, things that are no files, and nothing at all.
+    std::vector<std::string> StrangePaths(const std::string& file, const std::string& ending) const {
+        std::vector<std::string> paths;
+        const auto path = [&](const std::string& name) { return paths.emplace_back(incoming + name); };
+        for (const std::string& name : Names()) std::filesystem::copy_file(file, path(name));
+        std::filesystem::create_directory(path("100123 folder" + ending));
+        std::filesystem::create_symlink("nowhere", path("100123 link" + ending));
+        std::filesystem::create_symlink("/dev/zero", path("100123 endless" + ending));
+        mkfifo(path("100123 pipe" + ending).c_str(), 0600);
+        path("100123 gone" + ending);
+        return paths;
+    }
+
+    /// Runs one attempt, which must be over soon, and says how many messages there were.
+    std::size_t MessagesOf(const std::function<void()>& attempt) {
         const std::size_t messages = desktop.messages.size();
         const auto start = std::chrono::steady_clock::now();
         attempt();
-        const bool grew = window->PhotoList.Count() > 1 || window->RecList.Count() > 1;
-        EXPECT_TRUE(grew || desktop.messages.size() > messages) << "neither a photo nor a message";
-        while (window->PhotoList.Count() > 0 &&
-               (window->RecList.Count() > 1 || window->PhotoList.Count() > 1)) {
-            window->PhotoList.Select(window->PhotoList.Count() - 1);
-            window->PhotoList.DoubleClicked();
-            window->Menu.ClickTool("Copy");
-            if (window->RecList.Count() > 1) {
-                window->cmdRemove.Press();
-            } else {
-                window->Menu.ClickTool("DeletePhoto");
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+        return desktop.messages.size() - messages;
+    }
+
+    /// Something comes of it or a message says why not, it can be worked with, and the good photo stays.
+    void Try(const std::string& name, const std::function<void()>& attempt) {
+        SCOPED_TRACE(name);
+        const std::size_t messages = MessagesOf(attempt);
+        const auto grew = [&] { return window->PhotoList.Count() > 1 || window->RecList.Count() > 1; };
+        EXPECT_TRUE(grew() || messages > 0) << "neither a photo nor a message";
+        MessagesOf([&] {
+            while (window->PhotoList.Count() > 0 && grew()) {
+                window->PhotoList.Select(window->PhotoList.Count() - 1);
+                window->PhotoList.DoubleClicked();
+                window->Menu.ClickTool("Copy");
+                window->Menu.ClickTool(window->RecList.Count() > 1 ? "RemoveEntry" : "DeletePhoto");
             }
-        }
-        EXPECT_LT(std::chrono::steady_clock::now() - start, Patience);
+        });
         EXPECT_TRUE(files::ReadAll(working + Good + "a.jpg") == goodPhoto);
     }
 
-    void Send() { window->cmdSend.Press(); }
-    std::string AtServer(int photo = 1) {
-        const std::string path = host.common.ListingServer().PhotoFile(100123, photo);
+    std::string AtServer() {
+        const std::string path = host.common.ListingServer().PhotoFile(100123, 1);
         return path.empty() ? "" : files::ReadAll(path);
     }
 

@@ -31,14 +31,13 @@ public:
     std::optional<Error> openFailure, captureFailure;
     std::vector<CaptureOrder> orders;
     std::vector<PageOrder> pages;
-    std::deque<std::size_t>
-        pageLengths;  ///< bytes of the next pages' files, in order; 100 where none is said
-    std::deque<std::size_t> captureLengths;  ///< bytes of the next captured files, in order
+    /// Bytes of the next captured files and pages, in order; 28 and 100 where none is said.
+    std::deque<std::size_t> captureLengths, pageLengths;
     int opened = 0, previews = 0, openNow = 0;
 
     std::unique_ptr<SourcePicture> Open(const std::string& path) override {
         ++opened;
-        if (openFailure) throw *openFailure;
+        if (openFailure) throw Error(*openFailure);
         return std::make_unique<Opened>(*this, pictures.at(path));
     }
     std::unique_ptr<SourcePicture> FromMemory(PicturePtr picture) override {
@@ -48,6 +47,15 @@ public:
     Picture Thumbnail(const std::string&, int) override { return {}; }
 
 private:
+    void Write(const std::string& path, std::string bytes, std::deque<std::size_t>& lengths) const {
+        if (captureFailure) throw Error(*captureFailure);
+        if (!lengths.empty()) {
+            bytes.resize(lengths.front(), ' ');
+            lengths.pop_front();
+        }
+        files::WriteWhole(path, bytes);
+    }
+
     class Opened final : public SourcePicture {
     public:
         Opened(FakeImaging& library, Source source) : library_(library), source_(source) {
@@ -59,28 +67,15 @@ private:
         bool IsPlainJpeg() const override { return source_.plainJpeg; }
         Picture Preview(int width, int height) override {
             ++library_.previews;
-            return {width, height,
-                    std::vector<std::uint8_t>(static_cast<std::size_t>(width) * height * 3, 100)};
+            return {width, height, std::vector<std::uint8_t>(std::size_t(width * height) * 3, 100)};
         }
         void Capture(const CaptureOrder& order, const std::string& destination) override {
-            if (library_.captureFailure) throw *library_.captureFailure;
+            library_.Write(destination, SmallJpeg(), library_.captureLengths);
             library_.orders.push_back(order);
-            std::string bytes = SmallJpeg();
-            if (!library_.captureLengths.empty()) {
-                bytes.resize(library_.captureLengths.front(), ' ');
-                library_.captureLengths.pop_front();
-            }
-            files::WriteWhole(destination, bytes);
         }
         void WritePage(const PageOrder& order, const std::string& destination) override {
-            if (library_.captureFailure) throw *library_.captureFailure;
+            library_.Write(destination, std::string(100, 'i'), library_.pageLengths);
             library_.pages.push_back(order);
-            std::size_t length = 100;
-            if (!library_.pageLengths.empty()) {
-                length = library_.pageLengths.front();
-                library_.pageLengths.pop_front();
-            }
-            files::WriteWhole(destination, std::string(length, 'i'));
         }
 
     private:

@@ -1,29 +1,27 @@
 #include "imaging/frmPhotoCrop.h"
 
-#include <gtest/gtest.h>
-
-#include "base/Files.h"
-#include "imaging/FakeImaging.h"
 #include "imaging/Tones.h"
-#include "support/ScriptedDesktop.h"
-#include "support/TemporaryFolder.h"
+#include "support/WindowTest.h"
 
 namespace lumarin {
 namespace {
 
-class PhotoCrop : public ::testing::Test {
+class PhotoCrop : public testing::WindowTest {
 protected:
     PhotoCrop() {
+        files::EnsureFolder(folder);
         window.SetPhotoSize("480,300,35,35000,4");
         window.Shape1.Placed({0, 0, 8400, 6000});
         GivenFile("wide.jpg", 640, 400);  // its preview is 4800 x 3000 twips at (1800, 1500)
     }
-    ~PhotoCrop() override { desktop.VerifyAllUsed(); }
 
     void GivenFile(const std::string& name, int width, int height, bool jpeg = true,
                    const std::string& bytes = "photo") {
         files::WriteWhole(folder + name, bytes);
         imaging.pictures[folder + name] = {width, height, jpeg};
+    }
+    PhotoResult CropUnseen(const std::string& name, CropMode mode = CropMode::File) {
+        return window.CropPhoto(folder + name, mode, true, destination, nullptr);
     }
     /// Opens the window on a file and lets the user do `play`, who cancels in the end if it is still open.
     PhotoResult Crop(const std::string& name, const std::function<void()>& play,
@@ -34,21 +32,20 @@ protected:
         });
         return CropUnseen(name, mode);
     }
-    PhotoResult CropUnseen(const std::string& name, CropMode mode = CropMode::File) {
-        return window.CropPhoto(folder + name, mode, true, destination, nullptr);
-    }
     PhotoResult CaptureAfter(const std::string& name, const std::function<void()>& play) {
         return Crop(name, [&] {
             play();
             if (window.IsShown()) window.cmdCapture.Press();
         });
     }
+    void ExpectBox(double left, double top, double width, const std::string& name = "") {
+        const Rect expected{left, top, width, width / 1.6};
+        for (const auto side : {&Rect::left, &Rect::top, &Rect::width, &Rect::height})
+            EXPECT_NEAR(window.CropBox.Bounds().*side, expected.*side, 0.01) << name;
+    }
 
-    testing::TemporaryFolder temporary;
-    const std::string folder = temporary.Path();
+    const std::string folder = host.WorkingFolder();
     const std::string destination = folder + "100123a.jpg";
-    testing::ScriptedDesktop desktop;
-    testing::FakeImaging imaging;
     frmPhotoCrop window{desktop, imaging};
 };
 
@@ -57,9 +54,7 @@ TEST_F(PhotoCrop, Opening_CentersPreviewAndBoxAndReadsTheSourceOnce) {
         EXPECT_EQ(window.Caption(), folder + "wide.jpg");
         window.Shape1.Placed({0, 0, 9000, 7000});
         EXPECT_EQ(window.Preview.Bounds(), (Rect{2100, 2000, 4800, 3000}));
-        EXPECT_NEAR(window.CropBox.Left(), 2100, 0.01);
-        EXPECT_NEAR(window.CropBox.Top(), 2000, 0.01);
-        EXPECT_NEAR(window.CropBox.Height(), 3000, 0.01);
+        ExpectBox(2100, 2000, 4800);
     });
     EXPECT_EQ(imaging.opened + imaging.previews, 2);
     EXPECT_EQ(imaging.openNow, 0) << "the source is given back";
@@ -67,35 +62,30 @@ TEST_F(PhotoCrop, Opening_CentersPreviewAndBoxAndReadsTheSourceOnce) {
 }
 
 TEST_F(PhotoCrop, EveryWayOut_HasItsResult) {
-    const struct {
-        const char* name;
-        std::function<void()> leave;
-        PhotoResult result;
-    } cases[] = {
-        {"capture", [&] { window.cmdCapture.Press(); }, PhotoResult::Done},
-        {"cancel", [] {}, PhotoResult::Skip},
-        {"abort", [&] { window.cmdAbort.Press(); }, PhotoResult::Cancel},
-        {"frame", [&] { EXPECT_FALSE(window.Unload(CloseReason::Frame)); }, PhotoResult::Skip},
-        {"host", [&] { EXPECT_TRUE(window.Unload(CloseReason::Host)); }, PhotoResult::Unloaded},
+    const std::pair<PhotoResult, std::function<void()>> cases[] = {
+        {PhotoResult::Done, [&] { window.cmdCapture.Press(); }},
+        {PhotoResult::Skip, [&] { window.cmdCancel.Press(); }},
+        {PhotoResult::Cancel, [&] { window.cmdAbort.Press(); }},
+        {PhotoResult::Skip, [&] { EXPECT_FALSE(window.Unload(CloseReason::Frame)); }},
+        {PhotoResult::Unloaded, [&] { EXPECT_TRUE(window.Unload(CloseReason::Host)); }},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Crop("wide.jpg", c.leave), c.result) << c.name;
-        EXPECT_EQ(files::FileExists(destination), c.result == PhotoResult::Done) << c.name;
+    for (const auto& [result, leave] : cases) {
+        EXPECT_EQ(Crop("wide.jpg", leave), result);
+        EXPECT_EQ(files::FileExists(destination), result == PhotoResult::Done);
         files::TryDelete(destination);
     }
 }
 
 TEST_F(PhotoCrop, OpeningFails_SaysWhyAndSkips) {
-    const struct {
-        std::int32_t number;
-        const char* text;
-    } cases[] = {{20009, "The selected file is not a valid photo."},
-                 {20001, "its own words"},
-                 {ApplicationErrorNumber, "its own words"},
-                 {20172, "The selected file is not a valid photo."}};
-    for (const auto& c : cases) {
-        imaging.openFailure = Error(c.number, "imaging", "its own words");
-        desktop.Expect(c.text);
+    const std::pair<std::int32_t, const char*> cases[] = {
+        {20009, "The selected file is not a valid photo."},
+        {20001, "its own words"},
+        {ApplicationErrorNumber, "its own words"},
+        {20172, "The selected file is not a valid photo."},
+    };
+    for (const auto& [number, text] : cases) {
+        imaging.openFailure = Error(number, "imaging", "its own words");
+        desktop.Expect(text);
         EXPECT_EQ(CropUnseen("wide.jpg"), PhotoResult::Skip);
         EXPECT_EQ(desktop.messages.back().modality, Modality::System);
         EXPECT_FALSE(window.IsLoaded());
@@ -105,17 +95,13 @@ TEST_F(PhotoCrop, OpeningFails_SaysWhyAndSkips) {
     EXPECT_EQ(CropUnseen("", CropMode::Clipboard), PhotoResult::Skip);
 }
 
-TEST_F(PhotoCrop, PictureInMemory_IsTakenFromClipboardOrTwain) {
+TEST_F(PhotoCrop, PictureInMemory_TallAndNarrow_IsShownWhole) {
     desktop.clipboard = std::make_shared<Picture>(Picture{50, 300, {}});
-    for (const CropMode mode : {CropMode::Clipboard, CropMode::Twain}) {
-        if (mode == CropMode::Twain) window.SetTwainPicture(desktop.clipboard);
-        const auto look = [&] {
-            EXPECT_EQ(window.Caption(),
-                      mode == CropMode::Twain ? "Photo from Twain" : "Photo from Clipboard");
-            EXPECT_EQ(window.lbmBM.Image()->width, 53);
-        };
-        Crop("", look, mode);
-    }
+    const auto look = [&] {
+        EXPECT_EQ(window.Caption(), "Photo from Clipboard");
+        EXPECT_EQ(window.lbmBM.Image()->width, 53);
+    };
+    Crop("", look, CropMode::Clipboard);
 }
 
 TEST_F(PhotoCrop, Capture_OrdersTheFramedPartWithTonesAndMarker) {
@@ -138,12 +124,13 @@ TEST_F(PhotoCrop, Capture_OrdersTheFramedPartWithTonesAndMarker) {
 TEST_F(PhotoCrop, BadBox_IsRefusedAndPlacedAnew) {
     const std::pair<Rect, const char*> cases[] = {
         {{2000, 2000, 480, 300}, "The image capture area is to small."},
-        {{6530, 2000, 1600, 1000}, "Not enough of the image is selected."}};
+        {{6530, 2000, 1600, 1000}, "Not enough of the image is selected."},
+    };
     for (const auto& [box, text] : cases) {
         desktop.Expect(text);
         const PhotoResult result = CaptureAfter("wide.jpg", [&, place = box] { window.CropBox.Move(place); });
         EXPECT_EQ(result, PhotoResult::Skip) << "left open and cancelled";
-        EXPECT_EQ(window.CropBox.Left(), 1800);
+        ExpectBox(1800, 1500, 4800);
         EXPECT_FALSE(files::FileExists(destination));
     }
 }
@@ -188,7 +175,8 @@ TEST_F(PhotoCrop, FinishedSource_PassesOnlyWhenNothingChanges) {
 TEST_F(PhotoCrop, CaptureFails_WindowStaysUnlessThePictureIsBroken) {
     const std::pair<std::int32_t, const char*> cases[] = {
         {PictureWriteError, "The photo was not saved. No space left on device"},
-        {InvalidPictureError, "The selected file is not a valid photo."}};
+        {InvalidPictureError, "The selected file is not a valid photo."},
+    };
     for (const auto& [number, text] : cases) {
         imaging.captureFailure = Error(number, "imaging", "No space left on device");
         desktop.Expect(text);
@@ -204,7 +192,7 @@ TEST_F(PhotoCrop, CaptureFails_WindowStaysUnlessThePictureIsBroken) {
 TEST_F(PhotoCrop, HeldMoveButton_StepsPausesAndRepeats) {
     Crop("wide.jpg", [&] {
         window.cmdMoveCropBox(0).MouseWentDown();
-        EXPECT_EQ(window.CropBox.Left(), 1770);
+        ExpectBox(1770, 1500, 4800);
         EXPECT_EQ(window.Timer.Interval(), 500);
         window.Timer.Tick();
         EXPECT_EQ(window.Timer.Interval(), 10);
@@ -212,9 +200,9 @@ TEST_F(PhotoCrop, HeldMoveButton_StepsPausesAndRepeats) {
         window.cmdMoveCropBox(0).MouseWentUp();
         window.cmdMoveCropBox(0).Press();  // the click that ends every press of the mouse
         window.Timer.Tick();
-        EXPECT_EQ(window.CropBox.Left(), 1710);
+        ExpectBox(1710, 1500, 4800);
         window.cmdMoveCropBox(3).Press();
-        EXPECT_NEAR(window.CropBox.Top(), 1530, 0.01);
+        ExpectBox(1710, 1530, 4800);
     });
 }
 
@@ -225,13 +213,13 @@ TEST_F(PhotoCrop, MouseOnPreviewAndStage_DragsInOneCoordinateSystem) {
         window.Preview.MouseWentDown({MouseButton::Left, 2400, 1500});
         window.Preview.MouseMoved({MouseButton::Left, 2400.4, 1500});  // not a whole twip yet
         window.Preview.MouseMoved({MouseButton::Left, -2400, 1500});
-        EXPECT_EQ(window.CropBox.Left(), -3000);
+        ExpectBox(-3000, 1500, 4800);
         window.Preview.MouseWentUp({MouseButton::Left, -2400, 1500});
         for (const auto& [button, left] :
              {std::pair{MouseButton::Right, -3000}, {MouseButton::Left, -2800}}) {
             window.Shape1.MouseWentDown({button, 100, 3000});
             window.Shape1.MouseMoved({button, 300, 3000});
-            EXPECT_EQ(window.CropBox.Left(), left) << "only the left button drags";
+            ExpectBox(left, 1500, 4800, "only the left button drags");
         }
     });
 }
@@ -239,17 +227,17 @@ TEST_F(PhotoCrop, MouseOnPreviewAndStage_DragsInOneCoordinateSystem) {
 TEST_F(PhotoCrop, KeysOnTheStage_MoveAndSizeTheBox) {
     const struct {
         KeyDown key;
-        double left, width;
-    } cases[] = {{{Key::Left}, 1770, 4800},        {{Key::Right, false, true}, 2100, 4800},
-                 {{Key::Right, true}, 1785, 4830}, {{Key::Up, true, true}, 1950, 4500},
-                 {{Key::Plus}, 1785, 4830},        {{Key::Minus}, 1815, 4770}};
+        double left, top, width;
+    } cases[] = {
+        {{Key::Left}, 1770, 1500, 4800},           {{Key::Right, false, true}, 2100, 1500, 4800},
+        {{Key::Right, true}, 1785, 1490.62, 4830}, {{Key::Up, true, true}, 1950, 1593.75, 4500},
+        {{Key::Plus}, 1785, 1490.62, 4830},        {{Key::Minus}, 1815, 1509.37, 4770},
+    };
     Crop("wide.jpg", [&] {
         for (const auto& c : cases) {
             window.Shape1.PressKey({Key::Home});
             EXPECT_TRUE(window.Shape1.PressKey(c.key));
-            EXPECT_NEAR(window.CropBox.Left(), c.left, 0.01) << "row " << &c - cases;
-            EXPECT_NEAR(window.CropBox.Width(), c.width, 0.01) << "row " << &c - cases;
-            EXPECT_NEAR(window.CropBox.Height(), c.width / 1.6, 0.01) << "row " << &c - cases;
+            ExpectBox(c.left, c.top, c.width, "row " + std::to_string(&c - cases));
         }
         EXPECT_FALSE(window.Shape1.PressKey({Key::Tab}));
     });
@@ -264,8 +252,7 @@ TEST_F(PhotoCrop, Slider_ShowsItsEffectFromTheUnchangedPreview) {
         window.hsbControl(1).SetValue(100);
         EXPECT_EQ(window.lblControlValue(0).Caption(), "500");
         EXPECT_EQ(window.Preview.Image()->pixels, WithTones(*plain, MakeToneTable(500, 100)).pixels);
-        window.cmdZeroControl(0).Press();
-        window.cmdZeroControl(1).Press();
+        for (const int control : {0, 1}) window.cmdZeroControl(control).Press();
         EXPECT_EQ(window.lbmBM.Image()->pixels, plain->pixels);
     });
 }

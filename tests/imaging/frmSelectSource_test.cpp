@@ -1,53 +1,34 @@
 #include "imaging/frmSelectSource.h"
 
-#include "support/ScriptedDesktop.h"
-
 #include <gtest/gtest.h>
+
+#include "support/ScriptedDesktop.h"
 
 namespace lumarin {
 namespace {
 
-using lumarin::testing::ScriptedDesktop;
-
-const std::vector<ScannerSource> TwoSources = {{"usb:1", "Maker", "Flat 1", "flatbed scanner"},
-                                               {"usb:2", "", "", ""}};
-
-std::string Chosen(const std::string& current, const std::function<void(frmSelectSource&)>& play) {
-    ScriptedDesktop desktop;
-    frmSelectSource window(desktop);
-    desktop.Play("frmSelectSource", [&](Form&) { play(window); });
-    const std::string chosen = window.Choose(TwoSources, current, nullptr);
-    desktop.VerifyAllUsed();
-    return chosen;
-}
-
-TEST(frmSelectSource_Choose, GivesTheSourceThatWasChosen) {
-    EXPECT_EQ(Chosen("usb:2",
-                     [](frmSelectSource& window) {
-                         EXPECT_EQ(window.lisSources.Selected(), 1);
-                         EXPECT_EQ(window.lisSources.Cell(1, 0),
-                                   "usb:2");  // a device without a name of its own
-                         window.lisSources.Select(0);
-                         window.cmdOK.Press();
-                     }),
-              "usb:1");
-    EXPECT_EQ(Chosen("gone", [](frmSelectSource& window) { window.lisSources.DoubleClicked(); }), "usb:1");
-}
-
-TEST(frmSelectSource_Choose, CancelKeepsTheSource) {
-    EXPECT_EQ(Chosen("usb:2",
-                     [](frmSelectSource& window) {
-                         window.lisSources.Select(0);
-                         window.cmdCancel.Press();
-                     }),
-              "usb:2");
-}
-
-TEST(frmSelectSource_Choose, NoSource_IsSaid) {
-    ScriptedDesktop desktop;
-    frmSelectSource window(desktop);
+TEST(frmSelectSource, Choose_EveryWayOut_GivesTheChosenOrTheCurrentSource) {
+    const struct {
+        const char* current;
+        std::function<void(frmSelectSource&)> play;
+        const char* chosen;
+    } cases[] = {
+        {"usb:2", [](auto& window) { window.lisSources.Select(0), window.cmdOK.Press(); }, "usb:1"},
+        {"usb:2", [](auto& window) { window.cmdOK.Press(); }, "usb:2"},
+        {"gone", [](auto& window) { window.lisSources.DoubleClicked(); }, "usb:1"},
+        {"usb:2", [](auto& window) { window.lisSources.Select(0), window.cmdCancel.Press(); }, "usb:2"},
+    };
+    testing::ScriptedDesktop desktop;
+    for (const auto& c : cases) {
+        frmSelectSource window(desktop);
+        desktop.Play("frmSelectSource", c.play);
+        EXPECT_EQ(
+            window.Choose({{"usb:1", "Maker", "Flat 1", ""}, {"usb:2", "", "", ""}}, c.current, nullptr),
+            c.chosen);
+        EXPECT_EQ(window.lisSources.Cell(1, 0), "usb:2") << "a device without a name of its own";
+    }
     desktop.Expect(NoScannerSource);
-    EXPECT_EQ(window.Choose({}, "usb:2", nullptr), "usb:2");
+    EXPECT_EQ(frmSelectSource(desktop).Choose({}, "usb:2", nullptr), "usb:2");
     desktop.VerifyAllUsed();
 }
 

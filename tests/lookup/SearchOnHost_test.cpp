@@ -2,7 +2,7 @@
 
 #include "host/database/Schema.h"
 #include "host/database/SqliteRecordset.h"
-#include "lookup/PropertyQuery.h"
+#include "lookup/SearchModes.h"
 #include "lookup/clsAllowedStatuses.h"
 #include "support/TemporaryFolder.h"
 
@@ -49,15 +49,10 @@ protected:
     testing::TemporaryFolder folder;
     host::Database database;
     clsSQLQuote quote{NoEngineVersion()};
-    const SearchContext contexts[5] = {ListingSearch(),
-                                       {SearchMode::TaxRecord, "Tax", "TaxId"},
-                                       {SearchMode::Office, "Office", "OffOfficeId"},
-                                       {SearchMode::Agent, "Member", "MemMemberId"},
-                                       {SearchMode::Rental, "Rentals", "ListNum"}};
 };
 
 TEST_F(SearchOnHost, AwkwardNames_EveryModeAndMethod_AreFoundLiterally) {
-    for (const SearchContext& context : contexts)
+    for (const SearchContext& context : EveryMode)
         for (std::size_t i = 0; i < std::size(Names); ++i)
             for (int method = match::Beginning; method <= match::End; ++method) {
                 // An agent's name goes on after the last name.
@@ -73,21 +68,15 @@ TEST_F(SearchOnHost, AwkwardNames_EveryModeAndMethod_AreFoundLiterally) {
 }
 
 TEST_F(SearchOnHost, EveryFilter_EveryMode_IsAStatementThatTheDatabaseTakes) {
-    for (const SearchContext& context : contexts) {
+    for (const SearchContext& context : EveryMode) {
         EXPECT_EQ(Find(context, {}), "1234567") << context.tableName;
-        std::vector<const char*> entries{show::AllListings, show::MyListings, show::OfficeListings,
-                                         show::CompanyListings};
-        if (context.mode == SearchMode::Agent) entries = {show::All, show::OfficeAgents};
-        for (const char* entry : entries) {
-            const PropertyCriteria all{.ownerName = "x",
-                                       .streetName = "y",
-                                       .streetDirection = "N",
-                                       .addressMin = 1,
-                                       .addressMax = 9,
-                                       .status = 2001,
-                                       .listingOwner = entry};
-            EXPECT_NO_THROW(Find(context, all)) << context.tableName << " " << entry;
-        }
+        const std::vector<const char*> listings{show::AllListings, show::MyListings, show::OfficeListings,
+                                                show::CompanyListings};
+        const std::vector<const char*> agents{show::All, show::OfficeAgents};
+        for (const char* entry : context.mode == SearchMode::Agent ? agents : listings)
+            EXPECT_NO_THROW(
+                Find(context, {"x", match::Beginning, "y", match::Beginning, "N", 1, 9, 2001, entry}))
+                << context.tableName << " " << entry;
     }
     EXPECT_TRUE(host::Query(database, PropertyQuery::CompanyOffices("none", quote))->Eof());
 }

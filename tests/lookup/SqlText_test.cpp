@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "lookup/PropertyQuery.h"
+#include "lookup/SearchModes.h"
 #include "lookup/clsAllowedStatuses.h"
 #include "lookup/clsSQLQuote.h"
 
@@ -38,39 +39,32 @@ TEST(SqlText, Quote_EngineVersion_DashIsTrustedWhenBothDoublewordsReach) {
 
 TEST(SqlText, Quote_AwkwardTexts_ComeOutLiteral) {
     const clsSQLQuote quote{NoEngineVersion()};
-    const struct {
-        const char *text, *literal, *like;
-    } cases[] = {
-        {"", "", ""},
-        {"O'Brien", "O''Brien", "O''Brien"},
-        {"50%_off", "50%_off", "50[%][_]off"},
-        {"a-b", "a-b", "a[-]b"},
-        {"*?#[]", "*?#[]", "[*][?][#][[]]"},
-        // Characters whose low byte is that of "-", "'" and "*", and a pair of which one half has that of
+    EXPECT_EQ(quote.QuoteLiteral("''*?#[]50%_off"), "''''*?#[]50%_off");
+    const std::pair<const char*, const char*> cases[] = {
+        {"", ""},
+        {"O'Brien", "O''Brien"},
+        {"50%_off", "50[%][_]off"},
+        {"a-b", "a[-]b"},
+        {"*?#[]", "[*][?][#][[]]"},
+        // Characters whose low byte is that of "-", "'" and "*", and a pair one half of which has that of
         // "[".
-        {"\u042D\u0127\u022A", "\u042D\u0127\u022A", "[\u042D]\u0127\u0127[\u022A]"},
-        {"\U00026C00", "\U00026C00", "[\xED\xA1\x9B]\xED\xB0\x80"},
-        {"\U0001F600", "\U0001F600", "\U0001F600"},
+        {"\u042D\u0127\u022A", "[\u042D]\u0127\u0127[\u022A]"},
+        {"\U00026C00", "[\xED\xA1\x9B]\xED\xB0\x80"},
+        {"\U0001F600", "\U0001F600"},
     };
-    for (const auto& [text, literal, like] : cases) {
-        EXPECT_EQ(quote.QuoteLiteral(text), literal);
-        EXPECT_EQ(quote.QuoteLike(text), like);
-    }
+    for (const auto& [text, like] : cases) EXPECT_EQ(quote.QuoteLike(text), like);
 }
 
 TEST(SqlText, AllowedStatuses_Exclusions_LeaveTheOthersInOrder) {
-    const clsAllowedStatuses statuses;
-    EXPECT_EQ(statuses.SQLAllowedStatuses(""), "'2001','2002','2003','2004','2005','2006','2007'");
-    EXPECT_EQ(statuses.SQLAllowedStatuses("2002,2005"), "'2001','2003','2004','2006','2007'");
-    EXPECT_EQ(statuses.SQLAllowedStatuses("12001"), "'2002','2003','2004','2005','2006','2007'");
-    EXPECT_EQ(statuses.SQLAllowedStatuses("2001 2002 2003 2004 2005 2006 2007"), "'0000'");
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "'2001','2002','2003','2004','2005','2006','2007'"},
+        {"2002,2005", "'2001','2003','2004','2006','2007'"},
+        {"12001", "'2002','2003','2004','2005','2006','2007'"},
+        {"2001 2002 2003 2004 2005 2006 2007", "'0000'"},
+    };
+    for (const auto& [excluded, left] : cases)
+        EXPECT_EQ(clsAllowedStatuses().SQLAllowedStatuses(excluded), left);
 }
-
-const SearchContext Listings = ListingSearch();
-const SearchContext Tax{SearchMode::TaxRecord, "Tax", "TaxId"};
-const SearchContext Offices{SearchMode::Office, "Office", "OffOfficeId"};
-const SearchContext Agents{SearchMode::Agent, "Members", "MemAgentId"};
-const SearchContext Rentals{SearchMode::Rental, "Rentals", "ListNum"};
 
 PropertyCriteria Name(const std::string& text, int method) {
     return {.ownerName = text, .ownerMatch = method};
@@ -79,78 +73,74 @@ PropertyCriteria Address(std::int32_t min, std::int32_t max) {
     return {.addressMin = min, .addressMax = max};
 }
 PropertyCriteria Show(const char* entry) { return {.listingOwner = entry}; }
-const PropertyCriteria Everything{"Lee", match::Exact, "Oak's", match::Anywhere,     "NW",
-                                  300,   200,          2003,    show::OfficeListings};
 
 TEST(SqlText, PropertyQuery_EveryModeAndCriterion_ComposesTheStatementToTheLetter) {
-    const std::string listing =
-        "SELECT ListNum As SelectedId,StreetNumber,StreetDirection,StreetName,OwnerName FROM Listings";
-    const std::string tax =
-        "SELECT TaxId As SelectedId,TaxHouseNumber as StreetNumber,TaxStreetDir as StreetDirection,"
-        "TaxStreetName as StreetName,TaxOwnerName as OwnerName FROM Tax";
-    const std::string office = "SELECT OffOfficeId As SelectedId,OffName1 AS AgentName FROM Office";
     const std::string member =
         "(MemLastName + ', ' + MemFirstName + ' ' +  IIF(IsNull(MemMiddleInitial),'',MemMiddleInitial))";
-    const std::string agent = "SELECT MemAgentId As SelectedId," + member + " AS AgentName FROM Members";
-    const std::string rental =
-        "SELECT ListNum As SelectedId,StreetNumber,StreetDirection,StreetName FROM Rentals";
-    const SearchUser user{"A1'1", "OF1", "", {"OF1", "OF2"}};
-    const SearchUser board{"A101", "OF1", "7", {}};
+    const std::map<SearchMode, std::string> selections = {
+        {SearchMode::Listing,
+         "ListNum As SelectedId,StreetNumber,StreetDirection,StreetName,OwnerName FROM Listings"},
+        {SearchMode::TaxRecord,
+         "TaxId As SelectedId,TaxHouseNumber as StreetNumber,TaxStreetDir as StreetDirection,"
+         "TaxStreetName as StreetName,TaxOwnerName as OwnerName FROM Tax"},
+        {SearchMode::Office, "OffOfficeId As SelectedId,OffName1 AS AgentName FROM Office"},
+        {SearchMode::Agent, "MemMemberId As SelectedId," + member + " AS AgentName FROM Member"},
+        {SearchMode::Rental, "ListNum As SelectedId,StreetNumber,StreetDirection,StreetName FROM Rentals"}};
+    const PropertyCriteria everything{"Lee", match::Exact, "Oak's", match::Anywhere,     "NW",
+                                      300,   200,          2003,    show::OfficeListings};
+    const SearchUser user{"A1'1", "OF1", "", {"OF1", "OF2"}}, board{"A101", "OF1", "7", {}};
     const struct {
-        const char* name;
-        SearchContext context;
+        const SearchContext& context;
         PropertyCriteria criteria;
-        SearchUser user;
-        std::string statement;
+        const SearchUser& user;
+        std::string conditions;
     } cases[] = {
-        {"nothing", Listings, {}, user, listing + ";"},
-        {"beginning", Listings, Name("O'B", match::Beginning), user,
-         listing + " Where OwnerName Like 'O''B%';"},
-        {"anywhere", Listings, Name("5%", match::Anywhere), user,
-         listing + " Where OwnerName Like '%5[%]%';"},
-        {"exact", Listings, Name("O'Brien_", match::Exact), user,
-         listing + " Where OwnerName = 'O''Brien_';"},
-        {"end", Listings, Name("x-y", match::End), user, listing + " Where OwnerName Like '%x[-]y';"},
-        {"no such method", Listings, Name("x", 4), user, listing + " Where OwnerName ;"},
-        {"lower number only", Listings, Address(100, 0), user,
-         listing + " Where AddressNumber Between 0 And 100;"},
-        {"one number", Listings, Address(8, 8), user, listing + " Where AddressNumber = 8;"},
-        {"largest numbers", Listings, Address(2147483647, 1), user,
-         listing + " Where AddressNumber Between 1 And 2147483647;"},
-        {"mine", Listings, Show(show::MyListings), user, listing + " Where ListAgentID = 'A1''1';"},
-        {"company", Listings, Show(show::CompanyListings), user,
-         listing + " Where (ListOfficeID = 'OF1' Or ListOfficeID = 'OF2');"},
-        {"company without offices", Listings, Show(show::CompanyListings), board, listing + ";"},
-        {"all", Listings, Show(show::AllListings), user, listing + ";"},
-        {"all of a board", Listings, Show(show::AllListings), board, listing + " Where BoardId = 7;"},
-        {"everything", Listings, Everything, user,
-         listing + " Where OwnerName = 'Lee' And StreetName Like '%Oak''s%' And "
-                   "StreetDirection = 'NW' And AddressNumber Between 200 And 300 And LstStatus = '2003' And "
-                   "ListOfficeID = 'OF1';"},
-        {"tax", Tax, Everything, user,
-         tax + " Where TaxOwnerName = 'Lee' And TaxStreetName Like '%Oak''s%' And "
-               "TaxStreetDir = 'NW' And TaxAddrNumber Between 200 And 300;"},
-        {"tax, a column's name as text", Tax, Name("OwnerName", match::Exact), user,
-         tax + " Where TaxOwnerName = 'OwnerName';"},
-        {"office", Offices, Everything, user, office + " Where OffName1 = 'Lee' And ListOfficeID = 'OF1';"},
-        {"agent", Agents, Name("Lee", match::Anywhere), user, agent + " Where " + member + " Like '%Lee%';"},
-        {"agents of the office", Agents, Show(show::OfficeAgents), user,
-         agent + " Where MemOfficeID = 'OF1';"},
-        {"agents of a board", Agents, Show(show::All), board, agent + " Where BoardId = 7;"},
-        {"rental", Rentals, Everything, user,
-         rental + " Where StreetName Like '%Oak''s%' And StreetDirection = 'NW' And "
-                  "AddressNumber Between 200 And 300 And ListOfficeID = 'OF1';"},
+        {Listings, {}, user, ""},
+        {Listings, Name("O'B", match::Beginning), user, " Where OwnerName Like 'O''B%'"},
+        {Listings, Name("5%", match::Anywhere), user, " Where OwnerName Like '%5[%]%'"},
+        {Listings, Name("O'Brien_", match::Exact), user, " Where OwnerName = 'O''Brien_'"},
+        {Listings, Name("x-y", match::End), user, " Where OwnerName Like '%x[-]y'"},
+        {Listings, Name("no such method", 4), user, " Where OwnerName "},
+        {Listings, Address(100, 0), user, " Where AddressNumber Between 0 And 100"},
+        {Listings, Address(8, 8), user, " Where AddressNumber = 8"},
+        {Listings, Address(2147483647, 1), user, " Where AddressNumber Between 1 And 2147483647"},
+        {Listings, Show(show::MyListings), user, " Where ListAgentID = 'A1''1'"},
+        {Listings, Show(show::CompanyListings), user,
+         " Where (ListOfficeID = 'OF1' Or ListOfficeID = 'OF2')"},
+        {Listings, Show(show::CompanyListings), board, ""},  // no offices
+        {Listings, Show(show::AllListings), user, ""},
+        {Listings, Show(show::AllListings), board, " Where BoardId = 7"},
+        {Listings, everything, user,
+         " Where OwnerName = 'Lee' And StreetName Like '%Oak''s%' And StreetDirection = 'NW' And "
+         "AddressNumber "
+         "Between 200 And 300 And LstStatus = '2003' And ListOfficeID = 'OF1'"},
+        {TaxRecords, everything, user,
+         " Where TaxOwnerName = 'Lee' And TaxStreetName Like '%Oak''s%' And TaxStreetDir = 'NW' And "
+         "TaxAddrNumber Between 200 And 300"},
+        {TaxRecords, Name("OwnerName", match::Exact), user, " Where TaxOwnerName = 'OwnerName'"},
+        {Offices, everything, user, " Where OffName1 = 'Lee' And ListOfficeID = 'OF1'"},
+        {Agents, Name("Lee", match::Anywhere), user, " Where " + member + " Like '%Lee%'"},
+        {Agents, Show(show::OfficeAgents), user, " Where MemOfficeID = 'OF1'"},
+        {Agents, Show(show::All), board, " Where BoardId = 7"},
+        {Rentals, everything, user,
+         " Where StreetName Like '%Oak''s%' And StreetDirection = 'NW' And AddressNumber Between 200 And 300 "
+         "And "
+         "ListOfficeID = 'OF1'"},
     };
     const clsSQLQuote quote{NoEngineVersion()};
-    for (const auto& test : cases)
-        EXPECT_EQ(PropertyQuery(test.context, quote).Statement(test.criteria, test.user, ""), test.statement)
-            << test.name;
-
-    const PropertyQuery narrowed(Listings, quote);
-    EXPECT_EQ(narrowed.Statement({}, user, "'2001'"), listing + " WHERE lstStatus IN ('2001');");
-    EXPECT_EQ(narrowed.Statement(Address(8, 8), user, "'2001'"),
-              listing + " Where (AddressNumber = 8) AND lstStatus IN ('2001');");
-    EXPECT_EQ(PropertyQuery(Rentals, quote).Statement({}, user, "'2001'"), rental + ";");
+    const auto statement = [&](const SearchContext& context, const PropertyCriteria& criteria,
+                               const SearchUser& by, const char* statuses) {
+        return PropertyQuery(context, quote).Statement(criteria, by, statuses);
+    };
+    const auto expected = [&](const SearchContext& context, const std::string& conditions) {
+        return "SELECT " + selections.at(context.mode) + conditions + ";";
+    };
+    for (const auto& [context, criteria, by, conditions] : cases)
+        EXPECT_EQ(statement(context, criteria, by, ""), expected(context, conditions));
+    EXPECT_EQ(statement(Listings, {}, user, "'2001'"), expected(Listings, " WHERE lstStatus IN ('2001')"));
+    EXPECT_EQ(statement(Listings, Address(8, 8), user, "'2001'"),
+              expected(Listings, " Where (AddressNumber = 8) AND lstStatus IN ('2001')"));
+    EXPECT_EQ(statement(Rentals, {}, user, "'2001'"), expected(Rentals, ""));
     EXPECT_EQ(PropertyQuery::CompanyOffices("OF1", quote),
               "Select OffOfficeId From Office Where offCompanyCode = "
               "(Select offCompanyCode From Office Where offOfficeId = 'OF1');");

@@ -1,12 +1,11 @@
 #include "PhotoWindowTest.h"
 
-#include "base/Files.h"
 #include "base/Text.h"
 
 namespace lumarin::testing {
 
 void FakeArchiver::Create(const std::string& archive, const std::vector<std::string>& files) {
-    if (failure) throw *failure;
+    if (failure) throw Error(*failure);
     packaged.clear();
     for (const std::string& file : files) {
         packaged.push_back(text::AfterLastSeparator(file));
@@ -17,12 +16,11 @@ void FakeArchiver::Create(const std::string& archive, const std::vector<std::str
 
 ScanOutcome FakeScanner::Acquire(const ScanOrder& wanted, const ScanEvents& events) {
     order = wanted;
+    const auto picture = std::make_shared<Picture>(Picture{160, 100, std::vector<std::uint8_t>(48000)});
     for (int page = 1; page <= (wanted.several ? pages : 1); ++page) {
         events.progress(page, 50);
         if (!events.whileWaiting()) return ScanOutcome::Cancelled;
         ++handedOver;
-        const auto picture =
-            std::make_shared<Picture>(Picture{160, 100, std::vector<std::uint8_t>(160 * 100 * 3)});
         if (events.pageArrived({picture, page, feeder}) == AfterPage::Stop) break;
     }
     if (failsAfterwards) throw ScannerError("The paper is jammed.");
@@ -30,14 +28,12 @@ ScanOutcome FakeScanner::Acquire(const ScanOrder& wanted, const ScanEvents& even
 }
 
 PhotoWindowTest::PhotoWindowTest() {
-    link.Set(host);
     imaging.pictures["/in/a.png"] = imaging.pictures["/in/b.png"] = {1600, 1000, false};
-    host.onQuery = [this](const std::string& sql) { return Answer(sql); };
+    host.onQuery = [this](const std::string& sql) { return Answered(sql); };
 }
 
 void PhotoWindowTest::GivenListing(std::int32_t number, const std::vector<std::size_t>& lengths) {
-    for (std::size_t i = 0; i < lengths.size(); ++i)
-        host.Publish(number, static_cast<int>(i) + 1, lengths[i]);
+    host.Publish(number, lengths);
     listings_[number] = lengths;
 }
 
@@ -53,11 +49,28 @@ void PhotoWindowTest::Enter(const std::string& number) {
     window->txtID.PressKey(13);
 }
 
+void PhotoWindowTest::OpenWith(const std::vector<std::string>& numbers) {
+    for (const std::string& number : numbers) listings_.try_emplace(std::stoi(number));
+    Open();
+    for (const std::string& number : numbers) Enter(number);
+}
+
 void PhotoWindowTest::WillCapture(const std::vector<std::size_t>& lengths) {
     for (const std::size_t length : lengths) {
         imaging.captureLengths.push_back(length);
-        desktop.Play("frmPhotoCrop", [](Form& form) { static_cast<frmPhotoCrop&>(form).cmdCapture.Press(); });
+        desktop.Play("frmPhotoCrop", [](frmPhotoCrop& crop) { crop.cmdCapture.Press(); });
     }
+}
+
+void PhotoWindowTest::GivenWorkingFile(const std::string& name, const std::string& bytes) {
+    files::EnsureFolder(host.WorkingFolder());
+    files::WriteWhole(host.WorkingFolder() + name, bytes);
+}
+
+void PhotoWindowTest::ExpectUnreadableWork() {
+    desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " +
+                   host.WorkingFolder() +
+                   "\n\n100200.dat\nThe saved state of a listing cannot be read: it is cut short at byte 7");
 }
 
 std::set<std::string> PhotoWindowTest::WorkingFiles() const {
@@ -65,36 +78,31 @@ std::set<std::string> PhotoWindowTest::WorkingFiles() const {
     return {names.begin(), names.end()};
 }
 
-std::vector<std::string> PhotoWindowTest::ListTexts(const ListView& list) const {
-    std::vector<std::string> texts;
+PhotoWindowTest::Texts PhotoWindowTest::ListTexts(const ListView& list) {
+    Texts texts;
     for (int row = 0; row < list.Count(); ++row) texts.push_back(list.At(row).text);
     return texts;
 }
 
-FakeTable PhotoWindowTest::Answer(const std::string& sql) const {
+FakeTable PhotoWindowTest::Answered(const std::string& sql) const {
     const auto sizes = [](const std::vector<std::size_t>& lengths) {
         std::string list;
         for (const std::size_t length : lengths) list += (list.empty() ? "" : ",") + std::to_string(length);
-        return FieldValue(list);
+        return list;
     };
-    if (sql.rfind("SELECT PhoListNum", 0) == 0) {
+    if (sql.starts_with("SELECT PhoListNum")) {
         FakeTable versions{{"PhoListNum", "PhotoVersion"}, {}};
         for (const auto& [number, lengths] : listings_)
-            if (!lengths.empty()) versions.rows.push_back({FieldValue(number), sizes(lengths)});
+            if (!lengths.empty()) versions.rows.push_back({number, sizes(lengths)});
         return versions;
     }
     if (sql.find(" As SelectedId") != std::string::npos) return {};
-    const std::int32_t number = std::stoi(sql.substr(sql.rfind(" = ") + 3));
-    const auto found = listings_.find(number);
-    FakeTable table{{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName",
-                     "StreetDirection", "ListAgentId"},
-                    {}};
-    if (found == listings_.end() || sql.find("From Listings") == std::string::npos) return table;
-    table.rows.push_back({FieldValue(number), FieldValue(static_cast<std::int64_t>(found->second.size())),
-                          sizes(found->second), FieldValue(), FieldValue(number % 100),
-                          FieldValue(std::string("Elm St")), FieldValue(std::string("N")),
-                          FieldValue(std::string("A101"))});
-    return table;
+    const auto found = listings_.find(std::stoi(sql.substr(sql.rfind(" = ") + 3)));
+    if (found == listings_.end() || sql.find("From Listings") == std::string::npos) return {};
+    const auto& [number, lengths] = *found;
+    return {{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName",
+             "StreetDirection", "ListAgentId"},
+            {{number, lengths.size(), sizes(lengths), {}, number % 100, "Elm St", "N", "A101"}}};
 }
 
 }  // namespace lumarin::testing

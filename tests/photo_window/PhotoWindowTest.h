@@ -1,13 +1,9 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <set>
 
-#include "imaging/FakeImaging.h"
 #include "photo_window/frmLumarin.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedDesktop.h"
+#include "support/WindowTest.h"
 
 namespace lumarin::testing {
 
@@ -18,10 +14,6 @@ struct FakeArchiver final : ZipArchiver {
     std::map<std::string, std::string> contents;  ///< bytes by plain name, as they were then
     std::size_t length = 100;
     std::optional<Error> failure;
-};
-
-struct StillClock final : Clock {
-    LocalTime Now() const override { return {.year = 2026, .month = 1, .day = 1, .second = 42}; }
 };
 
 /// A scanner with as many pages as the test puts in.
@@ -41,32 +33,31 @@ struct FakeScanner final : Scanner {
 };
 
 /// A photo window over a host whose listings all belong to the signed-on agent.
-class PhotoWindowTest : public ::testing::Test {
+class PhotoWindowTest : public WindowTest {
 protected:
     PhotoWindowTest();
-    ~PhotoWindowTest() override { desktop.VerifyAllUsed(); }
 
     /// A listing of the database with published photos of these lengths; no lengths: no row in Photo.
     void GivenListing(std::int32_t number, const std::vector<std::size_t>& lengths = {});
     void Open();  ///< makes and initialises the window
     void Enter(const std::string& number);
+    /// The window with these listings, each with the photos that were given.
+    void OpenWith(const std::vector<std::string>& numbers);
     /// What the agent does in the crop window for each coming photo: the length of the captured file.
     void WillCapture(const std::vector<std::size_t>& lengths);
+    /// A file of the working folder, left by an earlier run.
+    void GivenWorkingFile(const std::string& name, const std::string& bytes);
+    /// What is said of an unreadable 100200.dat.
+    void ExpectUnreadableWork();
     std::set<std::string> WorkingFiles() const;
-    std::vector<std::string> ListTexts(const ListView& list) const;
+    static Texts ListTexts(const ListView& list);
 
-    ScriptedDesktop desktop;
-    FakeImaging imaging;
     FakeArchiver archiver;
-    StillClock clock;
-    NoEngineVersion engine;
     FakeScanner scanner;
-    FakeHost host;
-    HostLink link;
     std::unique_ptr<frmLumarin> window;
 
 private:
-    FakeTable Answer(const std::string& sql) const;
+    FakeTable Answered(const std::string& sql) const;
     std::map<std::int32_t, std::vector<std::size_t>> listings_;
 };
 

@@ -32,7 +32,7 @@ protected:
         return folder.Path() + name;
     }
     static void Prepare(CurlFtp& ftp, const std::string& server, FtpSecurity security = FtpSecurity::None) {
-        FtpServer_ description = ftp::ParseServer(server);
+        lumarin::FtpServer description = ftp::ParseServer(server);
         description.security = security;
         ftp.SetServer(description);
     }
@@ -48,7 +48,6 @@ protected:
         return *state == FtpState::ResponseCompleted ? "sent" : ftp.Failure().text;
     }
 
-    using FtpServer_ = lumarin::FtpServer;
     TemporaryFolder folder;
 };
 

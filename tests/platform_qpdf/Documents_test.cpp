@@ -22,13 +22,14 @@ int DifferenceOnPage(const Picture& page, const Picture& picture, int left, int 
 
 TEST_F(QpdfDocuments, Picture_OfEveryKind_IsSeenPixelForPixelAtItsPlace) {
     const VImage photo = Detailed(203, 157);
-    const VImage grey =
-        photo.extract_band(0).copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+    const VImage grey = As(photo.extract_band(0), VIPS_INTERPRETATION_B_W);
     const VImage letters =
-        VImage::text("Fax 1 bit", VImage::option()->set("font", "Sans 18")->set("dpi", 100))
-            .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
-    const VImage ink = (letters < 128).copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
-    const VImage grain = (grey > 128).copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+        As(VImage::text("Fax 1 bit", VImage::option()->set("font", "Sans 18")->set("dpi", 100)),
+           VIPS_INTERPRETATION_B_W);
+    const VImage ink = As(letters < 128, VIPS_INTERPRETATION_B_W);
+    const VImage grain = As(grey > 128, VIPS_INTERPRETATION_B_W);
+    const VImage deep =
+        As((photo.cast(VIPS_FORMAT_USHORT) * 257).cast(VIPS_FORMAT_USHORT), VIPS_INTERPRETATION_RGB16);
     const struct {
         const char* name;
         VImage image;
@@ -45,17 +46,14 @@ TEST_F(QpdfDocuments, Picture_OfEveryKind_IsSeenPixelForPixelAtItsPlace) {
         {"one pixel", ink.crop(0, 0, 1, 1), ".png[bitdepth=1]", "gray 1 1", PdfLetterPage},
         {"256 colours", photo, ".png[palette]", "index 1 8 image", PdfLetterPage},
         {"2 colours", Quadrants(90, 40, "RBBR"), ".png[palette,bitdepth=1]", "index 1 1", PdfLegalPage},
-        {"16 bits", photo.cast(VIPS_FORMAT_USHORT) * 257, ".png", "rgb 3 16 image", PdfLetterPage},
+        {"16 bits", deep, ".png", "rgb 3 16 image", PdfLetterPage},
     };
     const std::string pdf = folder / "kinds.pdf";
     const PdfHandle handle = library->AdultPdfCreate(pdf);
     for (const auto& row : cases) {
-        VImage image =
-            row.image.cast(std::string(row.name) == "16 bits" ? VIPS_FORMAT_USHORT : VIPS_FORMAT_UCHAR);
-        if (image.format() == VIPS_FORMAT_USHORT)
-            image = image.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16));
-        const std::string png = GivenFile(std::string(row.name) + ".png", Encode(image, row.format));
-        ASSERT_TRUE(AddPage(handle, png, 82, 31, image.width(), image.height(), row.size)) << row.name;
+        const std::string png = GivenFile(std::string(row.name) + ".png", Encode(row.image, row.format));
+        ASSERT_TRUE(AddPage(handle, png, 82, 31, row.image.width(), row.image.height(), row.size))
+            << row.name;
     }
     ASSERT_EQ(library->AdultPdfClose(handle), PdfStatus::Done) << library->LastFailure();
 

@@ -21,7 +21,7 @@ std::vector<std::string> PicturesOf(const std::string& pdf);
 /// A page as it looks at 72 dots per inch, so that a pixel is a point.
 Picture Rendered(const std::string& pdf, int page);
 
-class QpdfLibraryTest : public testing::Test {
+class QpdfLibraryTest : public ::testing::Test {
 protected:
     std::string GivenFile(const std::string& name, const std::string& bytes);
     /// Everything that makes a page of this picture; whether all of it was done.

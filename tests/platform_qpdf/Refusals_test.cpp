@@ -97,47 +97,30 @@ TEST_F(QpdfRefusals, Call_OutOfOrder_FailsWithItsReason) {
     EXPECT_EQ(library->AdultPdfClose(handle), PdfStatus::Failed) << "closed twice";
 }
 
-/// No file of this process grows beyond a limit, as on a disk that is full.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &limit_);
-        rlimit full = limit_;
-        full.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, before_);
-    }
-
-private:
-    rlimit limit_{};
-    void (*before_)(int);
-};
-
 TEST_F(QpdfRefusals, Document_ThatCannotBeWritten_LeavesTheOldFileAlone) {
     const std::string large = GivenFile("large.png", Encode(Detailed(900, 600), ".png"));
+    // No file of this process grows beyond a limit, as on a disk that is full.
+    const auto closeOnFullDisk = [&](PdfHandle handle) {
+        AddPage(handle, large);
+        const auto before = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit full{100'000, limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+        const PdfStatus status = library->AdultPdfClose(handle);
+        setrlimit(RLIMIT_FSIZE, &limit);
+        std::signal(SIGXFSZ, before);
+        return status == PdfStatus::Done;
+    };
     const struct {
         const char* name;
         std::function<bool(const std::string& pdf)> write;  ///< true when it claims to be done
     } cases[] = {
         {"no page",
          [&](auto& pdf) { return library->AdultPdfClose(library->AdultPdfCreate(pdf)) == PdfStatus::Done; }},
-        {"a full disk, anew",
-         [&](auto& pdf) {
-             const PdfHandle handle = library->AdultPdfCreate(pdf);
-             AddPage(handle, large);
-             const FullDisk disk(100'000);
-             return library->AdultPdfClose(handle) == PdfStatus::Done;
-         }},
+        {"a full disk, anew", [&](auto& pdf) { return closeOnFullDisk(library->AdultPdfCreate(pdf)); }},
         {"a full disk, one page more",
-         [&](auto& pdf) {
-             const PdfHandle handle = library->AdultPdfOpen(pdf);
-             AddPage(handle, large);
-             const FullDisk disk(100'000);
-             return library->AdultPdfClose(handle) == PdfStatus::Done;
-         }},
+         [&](auto& pdf) { return closeOnFullDisk(library->AdultPdfOpen(pdf)); }},
         {"not ended",
          [&](auto& pdf) {
              const PdfHandle handle = library->AdultPdfOpen(pdf);

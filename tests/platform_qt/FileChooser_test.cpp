@@ -1,16 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QFile>
-#include <QFileDialog>
+#include <QImage>
 #include <QLabel>
-#include <QLineEdit>
-#include <QTimer>
-#include <QtTest/QTest>
 
 #include "platform/qt/FileChooser.h"
 #include "platform/qt/PreviewPane.h"
-#include "platform/qt/QtDesktop.h"
 #include "support/TemporaryFolder.h"
 
 namespace lumarin::testing {
@@ -21,58 +15,6 @@ TEST(NameFilters, PairsOfCaptionAndPatterns_MatchBothCases) {
         (QStringList{"JPEG - JFIF Compliant (*.jpg,*.jif) (*.jpg *.JPG *.jif *.JIF)", "All (*.*) (*)"}));
     EXPECT_EQ(qt::NameFilters("caption without patterns"), QStringList());
 }
-
-TEST(ChosenText, NoneOneOrSeveralFiles_IsTheTextOfThePort) {
-    EXPECT_EQ(qt::ChosenText({}), "");
-    EXPECT_EQ(qt::ChosenText({"/photos/my house.jpg"}), "/photos/my house.jpg");
-    EXPECT_EQ(qt::ChosenText({"/photos/a.jpg", "/photos/b.jpg"}), std::string("/photos\0a.jpg\0b.jpg", 19));
-}
-
-class FileDialogTest : public ::testing::TestWithParam<bool> {
-protected:
-    FileDialogTest() {
-        for (const char* name : {"a.JPG", "b.jpg", "c.txt"}) {
-            QFile file(QString::fromStdString(folder.Path() + name));
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        }
-        dialog.folder = folder.Path();
-        dialog.preview = GetParam();
-    }
-    /// Runs the dialog; `act` plays the user in it.
-    std::string Choose(std::function<void(QFileDialog&)> act) {
-        QTimer::singleShot(0, qApp, [act] {
-            auto* open = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(open, nullptr);
-            act(*open);
-        });
-        return desktop.ChooseFiles(dialog, nullptr);
-    }
-    static void Accept(QFileDialog& open, const QString& typed) {
-        open.findChild<QLineEdit*>("fileNameEdit")->setText(typed);
-        static_cast<QDialog&>(open).accept();
-    }
-
-    const TemporaryFolder folder;
-    qt::QtDesktop desktop;
-    FileDialog dialog{.title = "Import Photo", .filter = "JPEG|*.jpg|All|*.*", .folder = {}, .several = true};
-};
-
-TEST_P(FileDialogTest, User_ChoosesOneSeveralOrNone_GetsTheText) {
-    EXPECT_EQ(Choose([](QFileDialog& open) { Accept(open, "b.jpg"); }), folder.Path() + "b.jpg");
-    std::string both = folder.Path();
-    both.back() = '\0';  // the separator after the folder
-    EXPECT_EQ(Choose([](QFileDialog& open) { Accept(open, "\"a.JPG\" \"b.jpg\""); }),
-              both + std::string("a.JPG\0b.jpg", 11));
-    EXPECT_EQ(Choose([](QFileDialog& open) {
-                  EXPECT_EQ(open.windowTitle(), "Import Photo");
-                  EXPECT_EQ(open.findChild<QWidget*>("previewPixels") != nullptr, GetParam());
-                  open.reject();
-              }),
-              "");
-}
-
-INSTANTIATE_TEST_SUITE_P(Preview, FileDialogTest, ::testing::Bool(),
-                         [](const auto& with) { return with.param ? "With" : "Without"; });
 
 TEST(PreviewPane, FileUnderTheCursor_ShowsItsSizesOrNone) {
     const TemporaryFolder folder;

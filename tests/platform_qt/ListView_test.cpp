@@ -67,15 +67,12 @@ TEST_F(ListViewTest, User_ClicksAndMoves_SelectsEachTimeOnce) {
     Add({"1", "2", "3"});
     Show();
     Click(1);
-    EXPECT_EQ(clicked, (std::vector{1}));
-    Click(1);
-    EXPECT_EQ(clicked, (std::vector{1, 1})) << "a click on the selected row counts too";
+    Click(1);  // the selected row counts too
     QTest::keyClick(&Tree(), Qt::Key_Down);
     Click(0, Qt::RightButton);
-    EXPECT_EQ(clicked, (std::vector{1, 1, 2, 0}));
     QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, {20, Tree().viewport()->height() - 2});
     EXPECT_EQ(Current(), 0) << "a click beside the rows changes nothing";
-    EXPECT_EQ(clicked.size(), 4U);
+    EXPECT_EQ(clicked, (std::vector{1, 1, 2, 0}));
 }
 
 TEST_F(ListViewTest, User_KeysHeaderAndButtons_RaiseTheirEvents) {

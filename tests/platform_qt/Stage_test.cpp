@@ -51,33 +51,29 @@ TEST_F(StageTest, Mouse_OverPictureAndFrame_CarriesTwipsOfEach) {
                       std::to_string(static_cast<int>(mouse.y)) + " ";
         };
     };
-    form->picOnStage.MouseDown = note("picture down ");
-    form->picOnStage.MouseMove = note("picture move ");
-    form->picOnStage.MouseUp = note("picture up ");
-    form->fraStage.MouseDown = note("frame down ");
-    form->fraStage.MouseMove = note("frame move ");
-    form->fraStage.MouseUp = note("frame up ");
+    const auto noteAll = [&](auto& control, const std::string& name) {
+        control.MouseDown = note(name + " down ");
+        control.MouseMove = note(name + " move ");
+        control.MouseUp = note(name + " up ");
+    };
+    noteAll(form->picOnStage, "picture");
+    noteAll(form->fraStage, "frame");
     ShowStage();
     form->shpBox.Move({0, 0, 1500, 1500});  // lies above both and takes nothing
     QWidget& stage = Widget("fraStage");
     const QPoint onPicture = stage.mapTo(&Window(), QPoint(52, 33));
     const QPoint besides = stage.mapTo(&Window(), QPoint(10, 20));
-    const auto eventsOf = [&](auto act) {
-        events.clear();
-        act();
-        return events;
-    };
     QWindow* window = Window().windowHandle();
-    EXPECT_EQ(eventsOf([&] { QTest::mouseMove(window, onPicture); }), "picture move 0@30,45 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::LeftButton, {}, onPicture); }),
-              "picture down 1@30,45 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mouseMove(window, besides); }), "picture move 1@-600,-150 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::LeftButton, {}, besides); }),
-              "picture up 1@-600,-150 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mousePress(window, Qt::RightButton, {}, besides); }),
-              "frame down 2@150,300 ");
-    EXPECT_EQ(eventsOf([&] { QTest::mouseRelease(window, Qt::RightButton, {}, besides); }),
-              "frame up 2@150,300 ");
+    events.clear();
+    QTest::mouseMove(window, onPicture);
+    QTest::mousePress(window, Qt::LeftButton, {}, onPicture);
+    QTest::mouseMove(window, besides);
+    QTest::mouseRelease(window, Qt::LeftButton, {}, besides);
+    QTest::mousePress(window, Qt::RightButton, {}, besides);
+    QTest::mouseRelease(window, Qt::RightButton, {}, besides);
+    EXPECT_EQ(events,
+              "picture move 0@30,45 picture down 1@30,45 picture move 1@-600,-150 picture up 1@-600,-150 "
+              "frame down 2@150,300 frame up 2@150,300 ");
     EXPECT_TRUE(stage.hasFocus());
 }
 

@@ -49,15 +49,12 @@ TEST(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
                                                                       : "";
             if (!AccessKey(text).isNull()) accessKeys[AccessKey(text)] << widget->objectName();
             if (button == nullptr || form->Find(widget->objectName().toStdString()) == nullptr) continue;
-            EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus)
-                << form->Name() << "." << widget->objectName().toStdString();
+            SCOPED_TRACE(form->Name() + "." + widget->objectName().toStdString());
+            EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus);
             if (!button->text().isEmpty()) continue;
-            EXPECT_FALSE(button->icon().isNull())
-                << form->Name() << "." << widget->objectName().toStdString();
-            EXPECT_FALSE(button->accessibleName().isEmpty())
-                << form->Name() << "." << widget->objectName().toStdString();
-            EXPECT_FALSE(button->toolTip().isEmpty())
-                << form->Name() << "." << widget->objectName().toStdString();
+            EXPECT_FALSE(button->icon().isNull());
+            EXPECT_FALSE(button->accessibleName().isEmpty());
+            EXPECT_FALSE(button->toolTip().isEmpty());
         }
         // The captions of these two are the system's own; cmdAbort is seen only while several photos are
         // imported.

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
-#include "base/Files.h"
-#include "platform/vips/VipsImaging.h"
-#include "platform_vips/Samples.h"
+#include "platform_vips/PicturesTest.h"
 
 namespace lumarin {
 
@@ -12,17 +8,13 @@ namespace {
 
 using namespace samples;
 
-class Page : public testing::Test {
+class Page : public PicturesTest {
 protected:
     /// The written file as the library reads it, with all its properties.
     VImage Written(SourcePicture& source, const PageOrder& order) {
         source.WritePage(order, Destination());
         return VImage::new_from_file(Destination().c_str()).copy_memory();
     }
-    std::string Destination() const { return folder / "CreatePDFTmp.png"; }
-
-    Folder folder;
-    vips::VipsImaging imaging;
 };
 
 int BitsPerPixel(const std::string& png) { return png.at(24) * (png.at(25) == 2 ? 3 : 1); }
@@ -31,15 +23,14 @@ VImage OnPaper(const VImage& ink, double paper, double darkness) {
     const VImage grain = VImage::gaussnoise(
         ink.width(), ink.height(), VImage::option()->set("mean", 0)->set("sigma", 2.5)->set("seed", 3));
     const VImage grey = (ink.linear(-darkness / 255, paper) + grain).cast(VIPS_FORMAT_UCHAR);
-    return VImage::bandjoin({grey, grey, grey})
-        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    return As(VImage::bandjoin({grey, grey, grey}), VIPS_INTERPRETATION_sRGB);
 }
 
 TEST_F(Page, File_OfEachColourMode_HasItsBitsAndSizeAndNothingElse) {
     VImage stored = Quadrants(640, 400, "GWRB").copy();
     stored.set("orientation", 8);
     stored.set("exif-ifd0-ImageDescription", "private");
-    files::WriteWhole(folder / "sideways.jpg", Encode(stored, ".jpg[Q=95]"));
+    const auto source = Open(Encode(stored, ".jpg[Q=95]"));
     const struct {
         const char* name;
         PageOrder order;
@@ -52,10 +43,8 @@ TEST_F(Page, File_OfEachColourMode_HasItsBitsAndSizeAndNothingElse) {
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
-        const auto source = imaging.Open(folder / "sideways.jpg");
         const VImage page = Written(*source, row.order);
-        EXPECT_EQ(page.width(), row.order.width);
-        EXPECT_EQ(page.height(), row.order.height);
+        EXPECT_EQ(std::pair(page.width(), page.height()), SizeOf(row.order));
         const std::string png = files::ReadAll(Destination());
         EXPECT_EQ(BitsPerPixel(png), row.bits);
         for (const char* chunk : {"eXIf", "iCCP", "tEXt", "iTXt", "zTXt", "tIME", "tRNS"})
@@ -111,10 +100,8 @@ TEST_F(Page, BlackAndWhite_Photo_KeepsItsLightAndShade) {
 TEST_F(Page, Failure_WhileReadingOrWriting_LeavesTheOldFile) {
     files::WriteWhole(Destination(), "older");
     const std::string whole = Encode(Detailed(300, 200), ".png");
-    files::WriteWhole(folder / "half.png", whole.substr(0, whole.size() / 2));
-    EXPECT_THROW(imaging.Open(folder / "half.png")->WritePage({30, 20, PageColors::Gray}, Destination()),
-                 ImagingError);
-    EXPECT_EQ(files::ReadAll(Destination()), "older");
+    const auto half = Open(whole.substr(0, whole.size() / 2));
+    EXPECT_THROW(half->WritePage({30, 20, PageColors::Gray}, Destination()), ImagingError);
     const auto source = imaging.FromMemory(InMemory(Plain(9, 9, {1, 2, 3})));
     EXPECT_THROW(source->WritePage({9, 9, PageColors::Color}, folder / "missing/page.png"), ImagingError);
     EXPECT_THROW(source->WritePage({9, 0, PageColors::Color}, Destination()), ImagingError);

@@ -3,34 +3,23 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 
 namespace lumarin::samples {
 
-Folder::Folder() {
-    vips::StartLibrary();
-    std::string pattern = (std::filesystem::temp_directory_path() / "pictures-XXXXXX").string();
-    path_ = std::string(g_mkdtemp(pattern.data())) + "/";
-}
-
-Folder::~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+VImage As(const VImage& image, VipsInterpretation meaning) {
+    return image.copy(VImage::option()->set("interpretation", meaning));
 }
 
 VImage Plain(int width, int height, const std::vector<double>& colour) {
-    return VImage::black(width, height)
-        .new_from_image(colour)
-        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    return As(VImage::black(width, height).new_from_image(colour), VIPS_INTERPRETATION_sRGB);
 }
 
 VImage Quadrants(int width, int height, const std::string& letters) {
     std::vector<VImage> parts;
-    for (const char letter : letters)
-        parts.push_back(
-            Plain(width / 2, height / 2,
-                  {letter == 'R' || letter == 'W' ? 255.0 : 0.0, letter == 'G' || letter == 'W' ? 255.0 : 0.0,
-                   letter == 'B' || letter == 'W' ? 255.0 : 0.0}));
+    for (const char letter : letters) {
+        const auto band = [&](char own) { return letter == own || letter == 'W' ? 255.0 : 0.0; };
+        parts.push_back(Plain(width / 2, height / 2, {band('R'), band('G'), band('B')}));
+    }
     return VImage::arrayjoin(parts, VImage::option()->set("across", 2)).cast(VIPS_FORMAT_UCHAR);
 }
 
@@ -42,10 +31,8 @@ VImage Detailed(int width, int height) {
             .crop(0, 0, width, height);
     };
     const VImage luma = noise(60, 35) + noise(12, 20) + noise(3, 12) + 128;
-    return VImage::bandjoin({luma, luma + noise(40, 12), luma - noise(50, 12)})
-        .cast(VIPS_FORMAT_UCHAR)
-        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB))
-        .copy_memory();
+    const VImage bands = VImage::bandjoin({luma, luma + noise(40, 12), luma - noise(50, 12)});
+    return As(bands.cast(VIPS_FORMAT_UCHAR), VIPS_INTERPRETATION_sRGB).copy_memory();
 }
 
 std::string Encode(const VImage& image, const std::string& format) {
@@ -84,6 +71,20 @@ int Distance(const Colour& left, const Colour& right) {
     for (std::size_t band = 0; band < 3; ++band)
         largest = std::max(largest, std::abs(left[band] - right[band]));
     return largest;
+}
+
+std::string QuadrantsOf(const Picture& picture, int divisor) {
+    const std::pair<char, Colour> colours[] = {
+        {'R', {255, 0, 0}}, {'G', {0, 255, 0}}, {'B', {0, 0, 255}}, {'W', {255, 255, 255}}};
+    std::string letters;
+    for (const int y : {picture.height / divisor, picture.height - picture.height / divisor})
+        for (const int x : {picture.width / divisor, picture.width - picture.width / divisor}) {
+            char found = '?';
+            for (const auto& [letter, colour] : colours)
+                if (Distance(At(picture, x, y), colour) < 6) found = letter;
+            letters += found;
+        }
+    return letters;
 }
 
 double MeanDifference(const Picture& left, const Picture& right) {

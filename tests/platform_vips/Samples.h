@@ -8,6 +8,7 @@
 
 #include "imaging/Imaging.h"
 #include "platform/vips/Library.h"
+#include "support/TemporaryFolder.h"
 
 /// Pictures drawn for the tests, in a folder of their own that lives as long as the object.
 namespace lumarin::samples {
@@ -15,18 +16,13 @@ namespace lumarin::samples {
 using vips::VImage;
 using Colour = std::array<int, 3>;
 
-class Folder {
-public:
-    Folder();
-    ~Folder();
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    std::string operator/(const std::string& name) const { return path_ + name; }
-
-private:
-    std::string path_;
+struct Folder : testing::TemporaryFolder {
+    Folder() { vips::StartLibrary(); }
+    std::string operator/(const std::string& name) const { return Path() + name; }
 };
 
+/// The same values with another meaning.
+VImage As(const VImage& image, VipsInterpretation meaning);
 VImage Plain(int width, int height, const std::vector<double>& colour);
 /// Four quadrants: R(ed), G(reen), B(lue), W(hite), in the order upper left, upper right, lower left, right.
 VImage Quadrants(int width, int height, const std::string& letters);
@@ -43,6 +39,8 @@ PicturePtr InMemory(const VImage& image);
 Colour At(const Picture& picture, int x, int y);
 /// Largest difference of the three values.
 int Distance(const Colour& left, const Colour& right);
+/// The letters of the four quadrants, '?' for any other colour, seen this part of a side away from the edges.
+std::string QuadrantsOf(const Picture& picture, int divisor = 4);
 double MeanDifference(const Picture& left, const Picture& right);
 
 }  // namespace lumarin::samples

@@ -37,8 +37,6 @@ State state;
 /// What is to happen to a call.
 enum class Fate { Well, Error, Half, KillBehind };
 
-bool Starts(const char* text, const char* start) { return std::string_view(text).starts_with(start); }
-
 /// Without the ending of a file that is just being written: that is the same file.
 std::string_view Stem(const char* path) {
     std::string_view stem(path);
@@ -87,7 +85,8 @@ Fate Strike(const char* path, Use use) {
 }
 
 Fate FateOf(const char* path, Use use) {
-    if (state.folder[0] == '\0' || state.paused || !Starts(path, state.folder) || !Counts(use))
+    if (state.folder[0] == '\0' || state.paused || !std::string_view(path).starts_with(state.folder) ||
+        !Counts(use))
         return Fate::Well;
     ++state.calls;
     const bool later = state.kind == Kind::Full || state.kind == Kind::ReadOnly || state.kind == Kind::Locked;
@@ -168,26 +167,31 @@ using namespace lumarin::disk_faults;
 
 extern "C" {
 
-int open(const char* path, int flags, ...) {
-    va_list rest;
-    va_start(rest, flags);
-    const auto mode = static_cast<mode_t>(va_arg(rest, int));
-    va_end(rest);
-    return Does(FateOf(path, UseOf(path, flags)), -1, [&] { return REAL(open)(path, flags, mode); });
-}
-int open64(const char* path, int flags, ...) {
-    va_list rest;
-    va_start(rest, flags);
-    const auto mode = static_cast<mode_t>(va_arg(rest, int));
-    va_end(rest);
-    return Does(FateOf(path, UseOf(path, flags)), -1, [&] { return REAL(open64)(path, flags, mode); });
-}
-FILE* fopen(const char* path, const char* mode) {
-    return Does<FILE*>(FateOf(path, UseOf(path, mode)), nullptr, [&] { return REAL(fopen)(path, mode); });
-}
-FILE* fopen64(const char* path, const char* mode) {
-    return Does<FILE*>(FateOf(path, UseOf(path, mode)), nullptr, [&] { return REAL(fopen64)(path, mode); });
-}
+#define REPLACE_OPEN(name)                                                                                \
+    int name(const char* path, int flags, ...) {                                                          \
+        va_list rest;                                                                                     \
+        va_start(rest, flags);                                                                            \
+        const auto mode = static_cast<mode_t>(va_arg(rest, int));                                         \
+        va_end(rest);                                                                                     \
+        return Does(FateOf(path, UseOf(path, flags)), -1, [&] { return REAL(name)(path, flags, mode); }); \
+    }
+#define REPLACE(result, name, failure, fate, parameters, arguments)               \
+    result name parameters {                                                      \
+        return Does<result>(fate, failure, [&] { return REAL(name) arguments; }); \
+    }
+
+REPLACE_OPEN(open)
+REPLACE_OPEN(open64)
+REPLACE(FILE*, fopen, nullptr, FateOf(path, UseOf(path, mode)), (const char* path, const char* mode),
+        (path, mode))
+REPLACE(FILE*, fopen64, nullptr, FateOf(path, UseOf(path, mode)), (const char* path, const char* mode),
+        (path, mode))
+REPLACE(int, rename, -1, FateOf(to, Use::Change), (const char* from, const char* to), (from, to))
+REPLACE(int, remove, -1, FateOf(path, Use::Change), (const char* path), (path))
+REPLACE(int, unlink, -1, FateOf(path, Use::Change), (const char* path), (path))
+REPLACE(int, mkdir, -1, FateOf(path, Use::Make), (const char* path, mode_t mode), (path, mode))
+REPLACE(int, ftruncate64, -1, FateOf(file, Use::Change), (int file, off64_t length) noexcept, (file, length))
+
 ssize_t write(int file, const void* bytes, size_t count) {
     return Grows(FateOf(file, Use::Grow), count, [&](size_t n) { return REAL(write)(file, bytes, n); });
 }
@@ -220,21 +224,6 @@ int fclose(FILE* file) {
     if (fate == Fate::Well) return result;
     errno = error;
     return EOF;
-}
-int rename(const char* from, const char* to) {
-    return Does(FateOf(to, Use::Change), -1, [&] { return REAL(rename)(from, to); });
-}
-int remove(const char* path) {
-    return Does(FateOf(path, Use::Change), -1, [&] { return REAL(remove)(path); });
-}
-int unlink(const char* path) {
-    return Does(FateOf(path, Use::Change), -1, [&] { return REAL(unlink)(path); });
-}
-int mkdir(const char* path, mode_t mode) {
-    return Does(FateOf(path, Use::Make), -1, [&] { return REAL(mkdir)(path, mode); });
-}
-int ftruncate64(int file, off64_t length) noexcept {
-    return Does(FateOf(file, Use::Change), -1, [&] { return REAL(ftruncate64)(file, length); });
 }
 int fsync(int) { return 0; }
 int fdatasync(int) { return 0; }

@@ -1,11 +1,7 @@
-#include <functional>
-
 #include "reliability/WorkTest.h"
 
 namespace lumarin::reliability {
 namespace {
-
-using disk_faults::Kind;
 
 struct Change {
     const char* name;
@@ -20,13 +16,6 @@ const Change Changes[] = {
     {"delete", [](Workplace& agent) { agent.DeleteDocument(); }, false},
 };
 
-const struct {
-    const char* word;
-    const char* reason;
-} CallFaults[] = {{"fail", "The server cannot be reached"},
-                  {"stall", "The server does not answer"},
-                  {"lose", "The connection broke before the server had answered"}};
-
 /// A listing with one document, and one change to them.
 class DocumentFaults : public WorkTest {
 protected:
@@ -40,13 +29,12 @@ protected:
     }
     int CallsOf(const Change& change) {
         Prepare();
-        GoesWrong("");
-        change.act(*agent);
+        const int calls = ServiceCallsOf([&] { change.act(*agent); });
         EXPECT_EQ(agent->Told(), 0U) << agent->LastMessage();
         after = agent->Documents();
         EXPECT_NE(after, held);
         EXPECT_EQ(agent->DraftFiles(), 0U);
-        return agent->host.common.Faults().Calls(host::HostCall::Any);
+        return calls;
     }
     /// With the fault gone: what was not done is done at the next try, and nothing twice.
     void ExpectNextTryWorks(const Change& change) {
@@ -64,60 +52,30 @@ protected:
     std::vector<std::string> held, after;
 };
 
-TEST_F(DocumentFaults, Change_AnyCallGoesWrong_RetryAtOnceDoesItOnce) {
-    for (const Change& change : Changes) {
-        const int calls = CallsOf(change);
-        for (int call = 1; call <= calls; ++call)
-            for (const auto& fault : CallFaults) {
-                SCOPED_TRACE(std::string(change.name) + ", call " + std::to_string(call) + " " + fault.word);
+TEST_F(DocumentFaults, Change_AnyCallGoesWrong_NothingIsLostAndARetryDoesItOnce) {
+    for (const Change& change : Changes)
+        AtEachServiceCall(
+            change.name, CallsOf(change), [&](int call, const ServiceFault& fault, Lasts lasts) {
                 Prepare();
-                GoesWrong("any " + std::to_string(call) + " " + fault.word);
-                if (change.uploads)
+                GoesWrong(call, fault, lasts);
+                if (lasts == Lasts::Once && change.uploads)
                     agent->desktop.Expect(
                         std::string("The document could not be sent to the server.\n") + fault.reason,
                         Answer::Retry);
                 change.act(*agent);
-                EXPECT_EQ(agent->Told(), 1U);
-                ExpectNextTryWorks(change);
-            }
-    }
-}
-
-TEST_F(DocumentFaults, Change_ServerGoesAwayAtAnyCall_NothingIsLostAndTheNextTryWorks) {
-    for (const Change& change : Changes) {
-        const int calls = CallsOf(change);
-        for (int call = 1; call <= calls; ++call)
-            for (const auto& fault : CallFaults) {
-                SCOPED_TRACE(std::string(change.name) + ", from call " + std::to_string(call) + " on " +
-                             fault.word);
-                Prepare();
-                GoesWrong("any " + std::to_string(call) + "+ " + fault.word);
-                change.act(*agent);
                 EXPECT_GT(agent->Told(), 0U);
-                GoesWrong("");
+                EXPECT_TRUE(lasts == Lasts::On || agent->Told() == 1) << agent->LastMessage();
+                NothingGoesWrong();
                 ExpectNextTryWorks(change);
-            }
-    }
+            });
 }
 
 TEST_F(DocumentFaults, Change_AnyFileCallGoesWrong_IsDoneOrToldAndRepeatable) {
     for (const Change& change : Changes) {
         CallsOf(change);
-        for (const Kind kind : {Kind::Full, Kind::ReadOnly, Kind::Locked}) {
-            Prepare();
-            DiskGoesWrong(kind);
-            change.act(*agent);
-            const int calls = disk_faults::End();
-            for (int call = 1; call <= calls; ++call) {
-                SCOPED_TRACE(std::string(change.name) + ", fault " + std::to_string(static_cast<int>(kind)) +
-                             " at call " + std::to_string(call) + " of " + std::to_string(calls));
-                Prepare();
-                DiskGoesWrong(kind, call);
-                change.act(*agent);
-                disk_faults::End();
-                ExpectNextTryWorks(change);
-            }
-        }
+        AtEachFileCall(
+            change.name, DiskKinds, [&] { Prepare(); }, [&] { change.act(*agent); }, [] {},
+            [&] { ExpectNextTryWorks(change); });
     }
 }
 

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,26 +9,23 @@
 #include <random>
 #include <sstream>
 
+#include "base/Files.h"
 #include "reliability/DiskFaults.h"
 #include "reliability/Workplace.h"
 
 // One program after the other works on the same data folder, does what a seeded agent does, and is killed at
-// a random call by which it changes a file. It tells what it has finished through a pipe; the next one looks
+// a random call by which it changes a file. It tells what it has finished in a report; the next one looks
 // whether all that is there.
 
 namespace lumarin::reliability {
 namespace {
 
-struct Known {
-    Photos work, published;
-    std::vector<std::string> documents;
-    int draftPages = 0;
-    bool operator==(const Known&) const = default;
-};
+/// "work LISTING" and "published LISTING" with their photos, "documents", and "draft" with its pages.
+using Known = Photos;
 
 /// What the programs before this one told: what was finished, and what was begun then; "" for nothing.
 struct Story {
-    Known finished = {};
+    Known finished = {{"documents", {}}, {"draft", {"0"}}};
     std::string begun = {};
     int actions = 0;
     std::map<std::string, int> kills = {};  ///< by what was going on
@@ -35,7 +33,6 @@ struct Story {
 
 constexpr char FieldEnd = '\t';
 constexpr char ListEnd = '\v';
-constexpr char PartEnd = '\f';
 
 std::vector<std::string> Split(const std::string& text, char end) {
     std::vector<std::string> parts;
@@ -44,113 +41,78 @@ std::vector<std::string> Split(const std::string& text, char end) {
     return parts;
 }
 
-std::string Text(const std::vector<std::string>& entries) {
-    std::string text;
-    for (const std::string& entry : entries) text += entry + FieldEnd;
-    return text;
-}
-
-std::string Text(const Photos& photos) {
-    std::string text;
-    for (const auto& [listing, entries] : photos) text += listing + FieldEnd + Text(entries) + ListEnd;
-    return text;
-}
-
 std::string Text(const Known& known) {
-    return Text(known.work) + PartEnd + Text(known.published) + PartEnd + Text(known.documents) + PartEnd +
-           std::to_string(known.draftPages);
-}
-
-Photos PhotosFromText(const std::string& text) {
-    Photos photos;
-    for (const std::string& list : Split(text, ListEnd)) {
-        std::vector<std::string> entries = Split(list, FieldEnd);
-        const std::string listing = entries.front();
-        entries.erase(entries.begin());
-        photos[listing] = entries;
+    std::string text;
+    for (const auto& [name, entries] : known) {
+        text += name + FieldEnd;
+        for (const std::string& entry : entries) text += entry + FieldEnd;
+        text += ListEnd;
     }
-    return photos;
+    return text;
 }
 
 Known KnownFromText(const std::string& text) {
-    const std::vector<std::string> parts = Split(text, PartEnd);
-    return {PhotosFromText(parts.at(0)), PhotosFromText(parts.at(1)), Split(parts.at(2), FieldEnd),
-            std::stoi(parts.at(3))};
+    Known known;
+    for (const std::string& list : Split(text, ListEnd)) {
+        std::vector<std::string> entries = Split(list, FieldEnd);
+        const std::string name = entries.front();
+        entries.erase(entries.begin());
+        known[name] = entries;
+    }
+    return known;
 }
 
-/// The states that an action may have left when it was interrupted or had ended untold.
-class Outcomes {
-public:
-    explicit Outcomes(const Story& story) : before_(story.finished), begun_(story.begun) {}
+int DraftPages(const Known& known) { return std::stoi(known.at("draft").front()); }
 
-    bool Allow(const Known& found) const {
-        if (found == before_) return true;
-        if (found.documents != before_.documents || found.draftPages != before_.draftPages)
-            return found.work == before_.work && found.published == before_.published && IsChange(found);
-        std::istringstream words(begun_);
-        std::string action, listing;
-        int photo = 0, code = 0;
-        words >> action >> listing >> photo >> code;
-        if (action == "send") return IsSent(found);
-        if (found.published != before_.published) return false;
-        Photos wanted = before_.work;
-        if (action == "load") wanted[listing] = PublishedOf(listing);
-        if (action == "drop") wanted.erase(listing);
-        if (action == "import") return HasOneMore(found.work, listing);
-        auto& photos = wanted[listing];
-        const auto at = photos.begin() + photo;
+/// Whether an action that was interrupted, or had ended untold, may have left this.
+bool IsOutcome(const Story& story, Known found) {
+    Known wanted = story.finished;
+    if (found == wanted) return true;
+    std::istringstream words(story.begun);
+    std::string action, listing;
+    words >> action >> listing;
+    const std::string work = "work " + listing, published = "published " + listing;
+    const auto takeBackOne = [&](const std::string& name) {
+        if (const auto at = found.find(name); at != found.end() && !at->second.empty()) at->second.pop_back();
+    };
+    if (action == "load")
+        wanted[work] = wanted.contains(published) ? wanted.at(published) : std::vector<std::string>();
+    if (action == "drop") wanted.erase(work);
+    if (action == "import") takeBackOne(work);
+    if (int photo = 0; words >> photo) {
+        const auto at = wanted.at(work).begin() + photo;
         if (action == "move") std::iter_swap(at, at + 1);
-        if (action == "remove") photos.erase(at);
         if (action == "describe") *at = "Kitchen" + at->substr(at->find(':'));
-        if (action == "drop") wanted.erase(listing);
-        return found.work == wanted;
+        if (action == "remove") wanted.at(work).erase(at);
     }
-
-private:
-    /// One document more or less; pages of a draft are only gone when it has been sent.
-    bool IsChange(const Known& found) const {
-        const auto& before = before_.documents;
-        const bool same = found.documents == before;
-        const bool added = found.documents.size() == before.size() + 1 &&
-                           std::equal(before.begin(), before.end(), found.documents.begin());
-        if (begun_ == "build")
-            return added ? found.documents.back() == "Plan||2 pages" && found.draftPages % 2 == 0
-                         : same && found.draftPages >= before_.draftPages;
-        if (found.draftPages != before_.draftPages) return false;
-        if (begun_ == "delete")
-            return std::equal(before.begin() + 1, before.end(), found.documents.begin(),
-                              found.documents.end());
-        return added && (begun_ == "pdf" || begun_ == "link");
+    if (action == "send") {
+        // The server has everything, and what the window still has is whole.
+        for (const auto& [name, photos] : story.finished)
+            if (name.starts_with("work ") && !photos.empty()) wanted["published " + name.substr(5)] = photos;
+        std::erase_if(wanted, [&](const auto& one) {
+            return one.first.starts_with("work ") && !found.contains(one.first);
+        });
     }
-    std::vector<std::string> PublishedOf(const std::string& listing) const {
-        const auto found = before_.published.find(listing);
-        return found == before_.published.end() ? std::vector<std::string>() : found->second;
+    if (action == "pdf" || action == "link") takeBackOne("documents");
+    if (action == "delete") wanted.at("documents").erase(wanted.at("documents").begin());
+    if (action == "build") {
+        // Pages of a draft are only gone when it has been sent.
+        const std::vector<std::string>& documents = found.at("documents");
+        const bool added = documents.size() > wanted.at("documents").size();
+        if (added ? documents.back() != "Plan||2 pages" || DraftPages(found) % 2 != 0
+                  : DraftPages(found) < DraftPages(wanted))
+            return false;
+        if (added) takeBackOne("documents");
+        found["draft"] = wanted["draft"];
     }
-    bool HasOneMore(Photos found, const std::string& listing) const {
-        if (found[listing].empty()) return false;
-        found[listing].pop_back();
-        return found == before_.work;
-    }
-    /// The server has everything or nothing, and what the window still has is whole.
-    bool IsSent(const Known& found) const {
-        Photos wanted = before_.published;
-        for (const auto& [listing, photos] : before_.work)
-            if (!photos.empty()) wanted[listing] = photos;
-        if (found.published != wanted) return false;
-        for (const auto& [listing, photos] : found.work)
-            if (!before_.work.contains(listing) || before_.work.at(listing) != photos) return false;
-        return true;
-    }
-
-    const Known& before_;
-    const std::string& begun_;
-};
+    return found == wanted;
+}
 
 /// One program: takes up the work, and goes on until it is killed.
 class Victim {
 public:
-    Victim(const std::string& folder, unsigned seed, int pipe)
-        : random_(seed), seed_(seed), pipe_(pipe), folder_(folder) {}
+    Victim(const std::string& folder, unsigned seed, int report)
+        : random_(seed), seed_(seed), report_(report), folder_(folder) {}
 
     void Live(const Story& story) {
         constexpr int MostCalls = 150;
@@ -164,10 +126,10 @@ public:
         agent_->OpenDocuments();
         const Known found = Look();
         if (agent_->Told() > 0) return Tell("F at the start: " + agent_->LastMessage());
-        if (!Outcomes(story).Allow(found))
+        if (!IsOutcome(story, found))
             return Tell("F lost after \"" + story.begun + "\": before " + Text(story.finished) + ", now " +
                         Text(found));
-        if (StoredFiles() != Count(found.published)) return Tell("F the server has files of nothing");
+        if (StoredFiles() != PublishedCount(found)) return Tell("F the server has files of nothing");
         Tell("S" + Text(found));
         for (int action = 0; action < MostActions; ++action) Act();
     }
@@ -177,13 +139,13 @@ private:
 
     void Act() {
         if (Chance(3)) return ActOnDocuments();
-        const Photos work = Look().work;
+        const Known known = Look();
         const std::string any = Workplace::Listings[random_() % 3];
-        if (!work.contains(any)) return Do("load " + any, [&] { agent_->Load(any); });
+        if (!known.contains("work " + any)) return Do("load " + any, [&] { agent_->Load(any); });
         if (Chance(5)) return Do("send", [&] { agent_->Send(); });
         if (Chance(15)) return Do("drop " + any, [&] { agent_->Select(any), agent_->RemoveListing(); });
         agent_->Select(any);
-        const auto count = work.at(any).size();
+        const auto count = known.at("work " + any).size();
         const unsigned what = static_cast<unsigned>(random_() % 7);
         if (count < 2 || (what < 3 && count < 8)) return Import(any);
         const auto photo = static_cast<int>(random_() % (count - 1));
@@ -198,7 +160,7 @@ private:
     }
 
     void ActOnDocuments() {
-        const std::size_t count = Look().documents.size();
+        const std::size_t count = Look().at("documents").size();
         if (count > 4 || (count > 0 && Chance(5)))
             return Do("delete", [&] { agent_->documents->lvFiles.Select(0), agent_->DeleteDocument(); });
         if (Chance(2)) return Do("build", [&] { agent_->BuildPdf(); });
@@ -223,14 +185,17 @@ private:
 
     Known Look() {
         disk_faults::Pause(true);
-        Known known{agent_->Work(), agent_->Published(), agent_->Documents(), agent_->DraftPages()};
+        Known known{{"documents", agent_->Documents()}, {"draft", {std::to_string(agent_->DraftPages())}}};
+        for (const auto& [listing, photos] : agent_->Work()) known["work " + listing] = photos;
+        for (const auto& [listing, photos] : agent_->Published()) known["published " + listing] = photos;
         disk_faults::Pause(false);
         return known;
     }
 
-    static std::size_t Count(const Photos& photos) {
+    static std::size_t PublishedCount(const Known& known) {
         std::size_t count = 0;
-        for (const auto& [listing, entries] : photos) count += entries.size();
+        for (const auto& [name, entries] : known)
+            count += name.starts_with("published ") ? entries.size() : 0;
         return count;
     }
     std::size_t StoredFiles() const {
@@ -243,12 +208,12 @@ private:
 
     void Tell(const std::string& line) const {
         const std::string ended = line + "\n";
-        if (write(pipe_, ended.data(), ended.size()) < 0 || line[0] == 'F') _exit(1);
+        if (write(report_, ended.data(), ended.size()) < 0 || line[0] == 'F') _exit(1);
     }
 
     std::mt19937 random_;
     unsigned seed_;
-    int pipe_;
+    int report_;
     std::string folder_;
     std::unique_ptr<Workplace> agent_;
 };
@@ -260,29 +225,24 @@ unsigned Setting(const char* name, unsigned usual) {
 
 /// Runs one program; says whether it was killed. What it told goes into the story.
 bool RunOne(const std::string& folder, const std::string& scratch, unsigned seed, Story& story) {
-    int ends[2];
-    if (pipe(ends) != 0) throw std::runtime_error("no pipe");
+    const std::string report = scratch + "report";
+    const int reportFile = open(report.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     const pid_t child = fork();
     if (child == 0) {
-        close(ends[0]);
         setenv("TMPDIR", scratch.c_str(), 1);  // it cannot tidy up after itself
-        Victim(folder, seed, ends[1]).Live(story);
+        Victim(folder, seed, reportFile).Live(story);
         _exit(::testing::Test::HasFailure() ? 1 : 0);
     }
-    close(ends[1]);
-    std::string told;
-    char block[4096];
-    for (ssize_t count = 0; (count = read(ends[0], block, sizeof block)) > 0;)
-        told.append(block, static_cast<std::size_t>(count));
-    close(ends[0]);
+    close(reportFile);
     int status = 0;
     waitpid(child, &status, 0);
+    const std::string told = files::ReadAll(report);
     std::istringstream lines(told);
     for (std::string line; std::getline(lines, line);) {
         const std::string rest = line.substr(1);
         if (line[0] == 'F') ADD_FAILURE() << "seed " << seed << rest;
         if (line[0] == 'A') story.begun = rest;
-        if (line[0] == 'P') story.finished.draftPages = std::stoi(rest);
+        if (line[0] == 'P') story.finished["draft"] = {rest};
         if (line[0] != 'S') continue;
         story.finished = KnownFromText(rest);
         story.begun.clear();

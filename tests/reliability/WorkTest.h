@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <utility>
 
@@ -10,6 +11,25 @@
 #include "reliability/Workplace.h"
 
 namespace lumarin::reliability {
+
+/// What may become of a call of the host's services, and what the agent is then told.
+struct ServiceFault {
+    const char* word;
+    const char* reason;
+};
+inline constexpr ServiceFault ServiceFaultKinds[] = {
+    {"fail", "The server cannot be reached"},
+    {"stall", "The server does not answer"},
+    {"lose", "The connection broke before the server had answered"}};
+enum class Lasts { Once, On };
+
+struct DiskKind {
+    const char* name;
+    disk_faults::Kind kind;
+};
+inline const std::vector<DiskKind> DiskKinds = {{"disk full", disk_faults::Kind::Full},
+                                                {"read-only", disk_faults::Kind::ReadOnly},
+                                                {"locked", disk_faults::Kind::Locked}};
 
 /// Three listings of which two have published photos, and what the agent then changes.
 class WorkTest : public ::testing::Test {
@@ -43,17 +63,48 @@ protected:
         work = agent->Work();
         ASSERT_EQ(work["1001"].size() + work["1002"].size() + work["1003"].size(), 7U);
     }
-    /// What the host's services do from now on.
-    void GoesWrong(const std::string& script) {
-        faults_ += script.empty() ? 0 : 1;
-        host::FaultScript& faults = agent->host.common.Faults();
-        faults = host::FaultScript::Parse(script);
-        faults.SetPatience(std::chrono::milliseconds(1));
+    /// What becomes of a call of the host's services, or of that and all later ones.
+    void GoesWrong(int call, const ServiceFault& fault, Lasts lasts) {
+        ++faults_;
+        SetFaults("any " + std::to_string(call) + (lasts == Lasts::On ? "+ " : " ") + fault.word);
     }
-    /// What becomes of the disk from now on; without a call its calls are counted only.
-    void DiskGoesWrong(disk_faults::Kind kind, int call = 0) {
-        faults_ += call > 0 ? 1 : 0;
-        disk_faults::Begin(folder->Path(), kind, call);
+    void NothingGoesWrong() { SetFaults(""); }
+    int ServiceCallsOf(const std::function<void()>& act) {
+        NothingGoesWrong();
+        act();
+        return agent->host.common.Faults().Calls(host::HostCall::Any);
+    }
+    static void AtEachServiceCall(const std::string& what, int calls,
+                                  const std::function<void(int, const ServiceFault&, Lasts)>& check) {
+        for (int call = 1; call <= calls; ++call)
+            for (const ServiceFault& fault : ServiceFaultKinds)
+                for (const Lasts lasts : {Lasts::Once, Lasts::On}) {
+                    SCOPED_TRACE(what + ", call " + std::to_string(call) + " " + fault.word +
+                                 (lasts == Lasts::On ? " from there on" : ""));
+                    check(call, fault, lasts);
+                }
+    }
+    /// Acts on a disk that is well, then with each kind of fault at each of the file calls which that made.
+    void AtEachFileCall(const std::string& what, const std::vector<DiskKind>& kinds,
+                        const std::function<void()>& given, const std::function<void()>& act,
+                        const std::function<void()>& checkWell, const std::function<void()>& check) {
+        const auto actOn = [&](disk_faults::Kind kind, int call) {
+            given();
+            disk_faults::Begin(folder->Path(), kind, call);
+            act();
+            return disk_faults::End();
+        };
+        for (const DiskKind& kind : kinds) {
+            const int calls = actOn(kind.kind, 0);
+            checkWell();
+            for (int call = 1; call <= calls; ++call) {
+                SCOPED_TRACE(what + ", " + kind.name + " at call " + std::to_string(call) + " of " +
+                             std::to_string(calls));
+                ++faults_;
+                actOn(kind.kind, call);
+                check();
+            }
+        }
     }
     void ExpectAllSent() {
         EXPECT_TRUE(agent->IsEmpty());
@@ -85,6 +136,11 @@ private:
         agent.Load("1003");
         for (const int picture : {6, 7, 8}) agent.Add(picture);
         ASSERT_EQ(agent.Told(), 0U) << agent.LastMessage();
+    }
+    void SetFaults(const std::string& script) {
+        host::FaultScript& faults = agent->host.common.Faults();
+        faults = host::FaultScript::Parse(script);
+        faults.SetPatience(std::chrono::milliseconds(1));
     }
     void StartOn(const testing::TemporaryFolder& given) {
         agent.reset();

@@ -5,10 +5,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
+#include <ranges>
 
 #include "base/Files.h"
 #include "documents/frmPromptLinkText.h"
 #include "host/database/Schema.h"
+#include "platform_vips/Samples.h"
 
 namespace lumarin::reliability {
 
@@ -23,42 +26,17 @@ constexpr const char* Settings =
 /// Thousands of small folders come and go: in memory, where there is such a place and nobody chose another.
 [[maybe_unused]] const bool inMemory = access("/dev/shm", W_OK) == 0 && setenv("TMPDIR", "/dev/shm", 0) == 0;
 
-/// The beginnings of questions that belong to what the agent does, with his answers.
-const struct {
-    const char* text;
-    Answer answer;
-} Questions[] = {
-    {"Do you really want to remove all the photos from listing - ", Answer::No},
-    {"The changes to the photos of listing ", Answer::Yes},
-    {"Preparing to delete document:", Answer::Yes},
-    {"A document of ", Answer::Yes},
-};
-
-bool IsQuestion(const Message& message) {
-    return std::any_of(std::begin(Questions), std::end(Questions),
-                       [&](const auto& question) { return message.text.starts_with(question.text); });
-}
-
-Answer AnswerTo(const Message& message) {
-    for (const auto& question : Questions)
-        if (message.text.starts_with(question.text)) return question.answer;
-    return Answer::Cancel;
-}
-
-std::unique_ptr<SourcePicture> Drawn(int width, int height) {
-    auto picture = std::make_shared<lumarin::Picture>();
-    *picture = {width, height, {}};
-    picture->pixels.resize(std::size_t{3} * static_cast<std::size_t>(width * height));
-    for (std::size_t i = 0; i < picture->pixels.size(); ++i)
-        picture->pixels[i] = static_cast<std::uint8_t>(i * i / 977);
-    return vips::VipsImaging().FromMemory(picture);
-}
-
-/// The bytes of the file that `write` makes.
-std::string Written(const std::function<void(const std::string& path)>& write) {
-    const testing::TemporaryFolder folder;
-    write(folder.Path() + "picture");
-    return files::ReadAll(folder.Path() + "picture");
+/// What the agent answers to a question that belongs to what he does.
+std::optional<Answer> AnswerTo(const Message& message) {
+    const std::pair<const char*, Answer> beginnings[] = {
+        {"Do you really want to remove all the photos from listing - ", Answer::No},
+        {"The changes to the photos of listing ", Answer::Yes},
+        {"Preparing to delete document:", Answer::Yes},
+        {"A document of ", Answer::Yes},
+    };
+    for (const auto& [beginning, answer] : beginnings)
+        if (message.text.starts_with(beginning)) return answer;
+    return std::nullopt;
 }
 
 /// Tells the bytes of one file from those of any other.
@@ -69,12 +47,12 @@ std::string Identity(const std::string& path) {
 }
 
 /// A built document may have come about in several batches: what counts are its pages.
-std::string Pages(const std::string& path) {
-    if (!files::FileExists(path)) return "0 pages";
+int Pages(const std::string& path) {
+    if (!files::FileExists(path)) return 0;
     const std::string bytes = files::ReadAll(path), mark = "/Subtype /Image";
     int count = 0;
     for (std::size_t at = bytes.find(mark); at != std::string::npos; at = bytes.find(mark, at + 1)) ++count;
-    return std::to_string(count) + " pages";
+    return count;
 }
 
 }  // namespace
@@ -89,30 +67,16 @@ LocalTime HastyClock::Now() const {
             .minute = minutes_ % 60};
 }
 
-/// The same picture for all numbers; what tells them apart is a comment of their own length in the file.
 std::string Workplace::Picture(int number) {
-    static const std::string plain = Written([](const std::string& path) {
-        CaptureOrder order;
-        order.cut = {0, 0, Width, Height};
-        order.width = order.canvasWidth = Width;
-        order.height = order.canvasHeight = Height;
-        order.jpegQualityFactor = 35;
-        Drawn(Width, Height)->Capture(order, path);
-    });
-    const std::string comment(static_cast<std::size_t>(2500 + 10 * number),
-                              static_cast<char>('A' + number % 26));
-    const auto length = static_cast<unsigned>(comment.size() + 2);
-    const std::string marker = {'\xFF', '\xFE', static_cast<char>(length >> 8),
-                                static_cast<char>(length & 255)};
-    return std::string(plain).insert(2, marker + comment);
+    static std::map<int, std::string> drawn;
+    std::string& bytes = drawn[number];
+    if (bytes.empty())
+        bytes = samples::Encode(samples::Detailed(Width + 100, Height).crop(number, 0, Width, Height),
+                                ".jpg[Q=95]");
+    return bytes;
 }
 
-std::string Workplace::LargePicture() {
-    static const std::string large = Written([](const std::string& path) {
-        Drawn(400, 300)->WritePage({400, 300}, path);
-    });
-    return large;
-}
+std::string Workplace::LargePicture() { return samples::Encode(samples::Detailed(400, 300), ".png"); }
 
 void Workplace::Prepare(const std::string& dataFolder) {
     files::EnsureFolder(dataFolder + "city");
@@ -127,7 +91,8 @@ void Workplace::Prepare(const std::string& dataFolder) {
 Workplace::Workplace(const std::string& dataFolder) : folder(dataFolder), host({.dataFolder = dataFolder}) {
     link.Set(host.common);
     host.common.Faults().SetPatience(std::chrono::milliseconds(1));
-    desktop.BeLenient([this](Form& form) { Play(form); }, AnswerTo);
+    desktop.BeLenient([this](Form& form) { Play(form); },
+                      [](const Message& message) { return AnswerTo(message).value_or(Answer::Cancel); });
 }
 
 /// What a person does in the windows that open by themselves.
@@ -151,14 +116,14 @@ void Workplace::Play(Form& form) {
 }
 
 void Workplace::PlayBuilder(frmMakePDF& builder) {
-    for (const std::string wanted : {"1 pages", "2 pages"}) {
+    for (const int wanted : {1, 2}) {
         if (Pages(builder.PdfPath()) >= wanted) continue;
-        desktop.Choose(CameraFile(wanted + ".jpg", Picture(wanted.front() - '0')));
+        desktop.Choose(CameraFile("page" + std::to_string(wanted) + ".jpg", Picture(wanted)));
         builder.cmdAddFiles.Press();
         pageBuilt();
     }
     builder.txtLinkText.SetText(BuiltDocument);
-    if (Pages(builder.PdfPath()) == "2 pages") builder.cmdOK.Press();
+    if (Pages(builder.PdfPath()) == 2) builder.cmdOK.Press();
     if (builder.IsShown()) builder.Hide();
 }
 
@@ -210,7 +175,7 @@ void Workplace::AddPdf() {
     documents->ActiveBar1.ClickTool("miAddExistingFile");
 }
 
-int Workplace::DraftPages() const { return std::stoi(Pages(host.common.UserFolder() + "CreatePDFTmp.pdf")); }
+int Workplace::DraftPages() const { return Pages(host.common.UserFolder() + "CreatePDFTmp.pdf"); }
 
 std::size_t Workplace::DraftFiles() const {
     const auto isDraft = [](const std::string& name) { return name.starts_with("CreatePDFTmp"); };
@@ -228,7 +193,8 @@ std::vector<std::string> Workplace::Documents() {
         if (rows.Text(2).empty()) {
             const std::string path = host.common.ListingServer().DocumentFile(1001, rows.Integer(0));
             EXPECT_EQ(files::FileLength(path), static_cast<std::uint64_t>(rows.Integer(3)));
-            entry += "|" + (rows.Text(1) == BuiltDocument ? Pages(path) : Identity(path));
+            entry += "|" + (rows.Text(1) == BuiltDocument ? std::to_string(Pages(path)) + " pages"
+                                                          : Identity(path));
         }
         held.push_back(entry);
     }
@@ -236,8 +202,8 @@ std::vector<std::string> Workplace::Documents() {
 }
 
 std::size_t Workplace::Told() const {
-    return desktop.messages.size() - static_cast<std::size_t>(std::count_if(
-                                         desktop.messages.begin(), desktop.messages.end(), IsQuestion));
+    return static_cast<std::size_t>(
+        std::ranges::count_if(desktop.messages, [](const Message& message) { return !AnswerTo(message); }));
 }
 
 Photos Workplace::Work() {
@@ -265,9 +231,8 @@ Photos Workplace::Published() {
         if (rows.empty()) continue;
         const std::string stored = host::Server::PhotoFolder(folder) + listing + "/";
         for (const auto& row : rows) {
-            const auto known = std::find_if(descriptions.begin(), descriptions.end(), [&](const auto& one) {
-                return std::to_string(one.code) == row.code;
-            });
+            const auto known = std::ranges::find(descriptions, row.code,
+                                                 [](const auto& one) { return std::to_string(one.code); });
             EXPECT_EQ(files::FileLength(stored + row.fileName), row.bytes);
             published[listing].push_back((known == descriptions.end() ? row.code : known->text) + ":" +
                                          Identity(stored + row.fileName));

@@ -153,7 +153,7 @@ int Run(const QString& programPath, int listings, int photos, double slower) {
 int main(int argc, char** argv) {
     if (argc != 5) return std::fprintf(stderr, "usage: soak PROGRAM LISTINGS PHOTOS SLOWER\n"), 2;
     try {
-        return Run(argv[1], std::atoi(argv[2]), std::atoi(argv[3]), std::atof(argv[4]));
+        return Run(argv[1], std::stoi(argv[2]), std::stoi(argv[3]), std::stod(argv[4]));
     } catch (const std::exception& error) {
         return std::fprintf(stderr, "soak: %s\n", error.what()), 1;
     }

@@ -91,21 +91,24 @@ FakeHost::FakeHost() {
         files::EnsureFolder(folder);
 }
 
-void FakeHost::Publish(std::int32_t listNum, int number, std::size_t bytes) {
-    const std::string folder = ListingPhotoFolder(listNum);
-    files::EnsureFolder(folder);
-    files::WriteWhole(folder + std::to_string(listNum) + static_cast<char>('a' + number - 1) + ".jpg",
-                      std::string(bytes, 'p'));
+void FakeHost::Publish(std::int32_t listNum, const std::vector<std::size_t>& lengths) {
+    files::EnsureFolder(ListingPhotoFolder(listNum));
+    for (std::size_t i = 0; i < lengths.size(); ++i)
+        files::WriteWhole(PhotoFile(listNum, static_cast<int>(i) + 1), std::string(lengths[i], 'p'));
 }
 
 std::string FakeHost::ListingPhotoFolder(std::int32_t listingNumber) const {
     return PhotoFolder() + std::to_string(listingNumber % 10) + "/";
 }
 
+std::string FakeHost::PhotoFile(std::int32_t listNum, int number) const {
+    const char letter = static_cast<char>('a' + number - 1);
+    return ListingPhotoFolder(listNum) + std::to_string(listNum) + letter + ".jpg";
+}
+
 std::string FakeHost::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
     fetched.push_back(std::to_string(listingNumber) + " " + std::to_string(number) + " " + version);
-    const std::string path = ListingPhotoFolder(listingNumber) + std::to_string(listingNumber) +
-                             static_cast<char>('a' + number - 1) + ".jpg";
+    const std::string path = PhotoFile(listingNumber, number);
     if (!files::FileExists(path)) throw Error(ObjectErrorBase + 2, "FakeHost", "no photo " + path);
     return path;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <concepts>
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -10,10 +10,19 @@
 
 namespace lumarin::testing {
 
+/// A field as a test writes it: a number, a text, or {} for null.
+struct FakeField : FieldValue {
+    FakeField() = default;
+    FakeField(FieldValue value) : FieldValue(std::move(value)) {}
+    FakeField(std::integral auto number) : FieldValue(static_cast<std::int64_t>(number)) {}
+    FakeField(const char* text) : FieldValue(std::string(text)) {}
+    FakeField(std::string text) : FieldValue(std::move(text)) {}
+};
+
 /// Rows in memory, as a query's result.
 struct FakeTable {
     std::vector<std::string> columns;
-    std::vector<std::vector<FieldValue>> rows;
+    std::vector<std::vector<FakeField>> rows;
 };
 
 /// A host in a temporary folder: what it is asked is answered from public members, what it is told is kept.
@@ -37,8 +46,8 @@ public:
     /// The reason for which it refuses a command; "" accepts. Throws for one that fails.
     std::function<std::string(const std::string& command)> onUpdate = [](const std::string&) { return ""; };
 
-    /// Makes a published photo of this many bytes available to FetchPhoto.
-    void Publish(std::int32_t listNum, int number, std::size_t bytes);
+    /// Makes published photos of these numbers of bytes available to FetchPhoto.
+    void Publish(std::int32_t listNum, const std::vector<std::size_t>& lengths);
     std::vector<std::string> fetched;  ///< "LISTNUM NUMBER VERSION"
 
     int switchValue = 0;
@@ -88,6 +97,7 @@ public:
     std::vector<ListingStatus> ListingStatuses() const override { return statuses; }
 
 private:
+    std::string PhotoFile(std::int32_t listNum, int number) const;
     void* NativeWindow() const override { return nullptr; }
     int Switch() const override { return switchValue; }
     void Prog(int first, int second) override { progCalls.emplace_back(first, second); }

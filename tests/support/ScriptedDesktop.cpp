@@ -6,10 +6,8 @@
 
 namespace lumarin::testing {
 
-void ScriptedDesktop::Expect(const std::string& text, Answer answer) { expected_.emplace_back(text, answer); }
-
 void ScriptedDesktop::VerifyAllUsed() const {
-    for (const auto& [text, answer] : expected_) ADD_FAILURE() << "message not shown: " << text;
+    for (const Expectation& expected : expected_) ADD_FAILURE() << "message not shown: " << expected.text;
     EXPECT_TRUE(choices_.empty()) << "file dialog not opened";
     for (const auto& [window, plays] : plays_) EXPECT_TRUE(plays.empty()) << window << " was not shown";
 }
@@ -38,15 +36,16 @@ void ScriptedDesktop::ShowModal(Form& form, const OwnerWindow*) {
 
 Answer ScriptedDesktop::ShowMessage(const Message& message, const Form*) {
     messages.push_back(message);
-    if (expected_.empty() || expected_.front().first != message.text) {
+    if (expected_.empty() || expected_.front().text != message.text) {
         if (answerOthers_) return answerOthers_(message);
         if (playOthers_) return message.buttons == Buttons::YesNo ? Answer::Yes : Answer::Cancel;
         ADD_FAILURE() << "unexpected message: " << message.text << " [" << message.title << "]";
         return Answer::Cancel;
     }
-    const Answer answer = expected_.front().second;
+    const Expectation expected = expected_.front();
     expected_.pop_front();
-    return answer;
+    if (!expected.title.empty()) EXPECT_EQ(message.title, expected.title) << message.text;
+    return expected.answer;
 }
 
 std::string ScriptedDesktop::ChooseFiles(const FileDialog& dialog, const Form*) {

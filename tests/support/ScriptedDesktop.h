@@ -15,13 +15,18 @@ namespace lumarin::testing {
 /// or modal window that the script does not expect fails the test.
 class ScriptedDesktop final : public Desktop {
 public:
-    /// Expects a message with exactly this text next and answers it.
-    void Expect(const std::string& text, Answer answer = Answer::Ok);
+    /// Expects a message with exactly this text next, and with this title if one is given, and answers it.
+    void Expect(const std::string& text, Answer answer = Answer::Ok, const std::string& title = {}) {
+        expected_.push_back({text, answer, title});
+    }
+    void Expect(const std::string& text, const std::string& title) { Expect(text, Answer::Ok, title); }
     /// The next file dialog gives this ("" is cancel).
     void Choose(const std::string& result) { choices_.push_back(result); }
-    /// When this window is next shown modal, `play` acts in it; it must leave it hidden.
-    void Play(const std::string& window, std::function<void(Form&)> play) {
-        plays_[window].push_back(std::move(play));
+    /// When this window is next shown modal, `play` acts in it; it must leave it hidden. `play` takes a Form
+    /// or the window's own class.
+    template <class Act>
+    void Play(const std::string& window, Act play) {
+        Script(window, std::function{std::move(play)});
     }
     /// From now on nothing is unexpected: messages are only recorded and answered by `answer`, or with Yes
     /// where there is one and Cancel elsewhere; dialogs are cancelled, and `play` acts in every modal window
@@ -80,9 +85,18 @@ public:
     }
 
 private:
-    std::deque<std::pair<std::string, Answer>> expected_;
+    template <class Window>
+    void Script(const std::string& window, std::function<void(Window&)> play) {
+        plays_[window].push_back([play](Form& form) { play(static_cast<Window&>(form)); });
+    }
     std::string NextChoice(const std::string& title);
 
+    struct Expectation {
+        std::string text;
+        Answer answer = Answer::Ok;
+        std::string title;
+    };
+    std::deque<Expectation> expected_;
     std::deque<std::string> choices_;
     std::map<std::string, std::deque<std::function<void(Form&)>>> plays_;
     std::function<void(Form&)> playOthers_;

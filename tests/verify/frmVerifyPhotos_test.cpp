@@ -1,64 +1,48 @@
 #include "verify/frmVerifyPhotos.h"
 
-#include "base/Files.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedDesktop.h"
-
-#include <gtest/gtest.h>
-
 #include <filesystem>
-#include <functional>
+
+#include "support/WindowTest.h"
 
 namespace lumarin {
 namespace {
 
-using lumarin::testing::FakeHost;
-using lumarin::testing::FakeTable;
-using lumarin::testing::ScriptedDesktop;
+using testing::FakeTable;
 
 constexpr const char* Completed = "Verify completed successfully";
+constexpr const char* Cancelled = "Abort - Operation Canceled";
 
-class VerifyPhotos : public ::testing::Test {
+class VerifyPhotos : public testing::WindowTest {
 protected:
     VerifyPhotos() {
-        link.Set(host);
         host.onQuery = [this](const std::string& sql) {
-            EXPECT_EQ(
-                sql,
-                "SELECT ListNum,PhotoCount,PhotoVersion From Listings Left join photo on Listings.ListNum = "
-                "Photo.PhoListNum WHERE Photo.PhotoCount > 0;");
+            EXPECT_EQ(sql,
+                      "SELECT ListNum,PhotoCount,PhotoVersion From Listings Left join photo on "
+                      "Listings.ListNum = Photo.PhoListNum WHERE Photo.PhotoCount > 0;");
             return listings;
         };
         window.Load();
     }
 
-    void GivenListing(std::int32_t number, int photos, FieldValue version = FieldValue("7,8,9")) {
-        listings.rows.push_back(
-            {FieldValue(std::int64_t{number}), FieldValue(std::int64_t{photos}), std::move(version)});
-    }
     void GivenFile(const std::string& path) {
         const std::string whole = host.PhotoFolder() + path;
         files::EnsureFolder(whole.substr(0, whole.rfind('/')));
         files::WriteWhole(whole, "x");
     }
     bool Has(const std::string& path) const { return files::FileExists(host.PhotoFolder() + path); }
-    /// Runs `action` when the run gives other events their n-th turn.
-    std::string StatusAfterRun(int turn = 0, const std::function<void()>& action = nullptr) {
-        if (action) desktop.AtPendingEvents(turn, action);
+    /// Runs `action` when the run gives other events their first turn.
+    std::string StatusAfterRun(const std::function<void()>& action = nullptr) {
+        if (action) desktop.AtPendingEvents(1, action);
         window.cmdStart.Press();
         return window.lblStatus.Caption();
     }
 
-    FakeHost host;
-    HostLink link;
-    ScriptedDesktop desktop;
     frmVerifyPhotos window{desktop, link};
-    FakeTable listings{{"ListNum", "PhotoCount", "PhotoVersion"}, {}};
+    FakeTable listings{{"ListNum", "PhotoCount", "PhotoVersion"}, {{100123, 2, "11,12"}}};
 };
 
 TEST_F(VerifyPhotos, Run_FilesOfEveryKind_OnlyThoseNobodyNeedsAreDeleted) {
-    GivenListing(100123, 2);
-    GivenListing(7, 1);
+    listings.rows.push_back({7, 1, {}});
     const char* stay[] = {"3/100123a.jpg",    "3/100123b.jpg", "3/4/100123a.jpg",  "7/7a.jpg",  // photos
                           "7/12.jpg",         "7/a.jpg",       "7/.jpg",  // too short for number and letter
                           "3/100123.lck.txt", "3/notes.txt",   "3/100123a.png",       // of no concern
@@ -77,7 +61,8 @@ TEST_F(VerifyPhotos, Run_FilesOfEveryKind_OnlyThoseNobodyNeedsAreDeleted) {
 }
 
 TEST_F(VerifyPhotos, Run_LinksLeadOutOfTheTree_TheyAreNotFollowed) {
-    const lumarin::testing::TemporaryFolder elsewhere;
+    listings.rows.clear();
+    const testing::TemporaryFolder elsewhere;
     files::WriteWhole(elsewhere.Path() + "100999a.jpg", "x");
     GivenFile("3/notes.txt");
     std::filesystem::create_directory_symlink(elsewhere.Path(), host.PhotoFolder() + "4");
@@ -88,23 +73,19 @@ TEST_F(VerifyPhotos, Run_LinksLeadOutOfTheTree_TheyAreNotFollowed) {
 }
 
 TEST_F(VerifyPhotos, Run_ListingsWithVersions_EveryPhotoIsAskedFor) {
-    GivenListing(100123, 2, FieldValue("11,12"));
-    GivenListing(100124, 3, FieldValue());
-    GivenListing(100125, 1, FieldValue(""));
-    for (const int photo : {1, 2}) host.Publish(100123, photo, 1);
-    host.Publish(100125, 1, 1);
+    listings.rows.push_back({100124, 3, {}});
+    listings.rows.push_back({100125, 1, ""});
+    host.Publish(100123, {1, 1});
+    host.Publish(100125, {1});
     EXPECT_EQ(StatusAfterRun(), Completed);
-    EXPECT_EQ(host.fetched, (std::vector<std::string>{"100123 1 11,12", "100123 2 11,12", "100125 1 "}));
+    EXPECT_EQ(host.fetched, (Texts{"100123 1 11,12", "100123 2 11,12", "100125 1 "}));
     EXPECT_EQ(window.lblListNum.Caption(), "");
     EXPECT_EQ(window.pbBar.Max(), 3);
     EXPECT_EQ(window.pbBar.Value(), 0);
     EXPECT_EQ(desktop.pointer, Pointer::Default);
 }
 
-TEST_F(VerifyPhotos, Run_NothingToDo_Completes) { EXPECT_EQ(StatusAfterRun(), Completed); }
-
 TEST_F(VerifyPhotos, Run_SomethingFails_IsToldInTheStatus) {
-    GivenListing(100123, 1);
     EXPECT_TRUE(StatusAfterRun().starts_with("Abort - no photo ")) << window.lblStatus.Caption();
     host.onQuery = [](const std::string&) -> FakeTable { throw Error(1, "db", "The database is gone"); };
     EXPECT_EQ(StatusAfterRun(), "Abort - The database is gone");
@@ -112,26 +93,24 @@ TEST_F(VerifyPhotos, Run_SomethingFails_IsToldInTheStatus) {
 }
 
 TEST_F(VerifyPhotos, Buttons_WhileItRunsAndAfter_OfferWhatIsPossible) {
-    EXPECT_FALSE(window.cmdCancel.Enabled());
-    EXPECT_EQ(StatusAfterRun(1,
-                             [this] {
-                                 EXPECT_TRUE(window.cmdCancel.Enabled());
-                                 EXPECT_FALSE(window.cmdStart.Enabled());
-                                 EXPECT_FALSE(window.cmdExit.Enabled());
-                                 EXPECT_FALSE(window.Unload(CloseReason::Frame));
-                             }),
+    listings.rows.clear();
+    const auto buttons = [&] {
+        return std::vector{window.cmdStart.Enabled(), window.cmdCancel.Enabled(), window.cmdExit.Enabled()};
+    };
+    EXPECT_EQ(StatusAfterRun([&] {
+                  EXPECT_EQ(buttons(), (std::vector{false, true, false}));
+                  EXPECT_FALSE(window.Unload(CloseReason::Frame));
+              }),
               Completed);
-    EXPECT_FALSE(window.cmdCancel.Enabled());
-    EXPECT_TRUE(window.cmdStart.Enabled());
+    EXPECT_EQ(buttons(), (std::vector{true, false, true}));
     window.cmdExit.Press();
     EXPECT_FALSE(window.IsLoaded());
 }
 
-TEST_F(VerifyPhotos, Cancel_InEitherPhase_StopsThere) {
-    GivenListing(100123, 1);
+TEST_F(VerifyPhotos, CancelOrUnload_InEitherPhase_StopsThere) {
     GivenFile("3/100123z.jpg");
-    host.Publish(100123, 1, 1);
-    EXPECT_EQ(StatusAfterRun(1, [this] { window.cmdCancel.Press(); }), "Abort - Operation Canceled");
+    host.Publish(100123, {1, 1});
+    EXPECT_EQ(StatusAfterRun([this] { window.cmdCancel.Press(); }), Cancelled);
     EXPECT_TRUE(Has("3/100123z.jpg"));
     EXPECT_TRUE(host.queries.empty());
 
@@ -143,19 +122,14 @@ TEST_F(VerifyPhotos, Cancel_InEitherPhase_StopsThere) {
         else
             desktop.AtPendingEvents(1, cancelWhenSearching);
     };
-    EXPECT_EQ(StatusAfterRun(1, cancelWhenSearching), "Abort - Operation Canceled");
-    EXPECT_TRUE(searching);
-    EXPECT_FALSE(Has("3/100123z.jpg"));
+    EXPECT_EQ(StatusAfterRun(cancelWhenSearching), Cancelled);
+    EXPECT_TRUE(searching && !Has("3/100123z.jpg"));
     EXPECT_EQ(window.lblCount.Caption(), "1");
     EXPECT_TRUE(host.fetched.empty());
-    EXPECT_TRUE(window.cmdExit.Enabled());
-}
 
-TEST_F(VerifyPhotos, Unload_WhileItRuns_StopsTheRunFirst) {
-    GivenFile("3/100999a.jpg");
-    StatusAfterRun(1, [this] { EXPECT_FALSE(window.Unload(CloseReason::Host)); });
-    EXPECT_TRUE(Has("3/100999a.jpg"));
-    EXPECT_FALSE(window.IsLoaded());
+    GivenFile("3/100123z.jpg");
+    StatusAfterRun([this] { EXPECT_FALSE(window.Unload(CloseReason::Host)); });
+    EXPECT_TRUE(Has("3/100123z.jpg") && !window.IsLoaded());
 }
 
 }  // namespace

@@ -90,6 +90,8 @@ ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
     tree.setRootIsDecorated(false);
     tree.setItemsExpandable(false);
     tree.setUniformRowHeights(true);
+    // Pictures make high rows: row by row, the list would end with a gap below its last one.
+    if (tree.iconSize().isValid()) tree.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     tree.setAllColumnsShowFocus(true);
     tree.setSelectionMode(QAbstractItemView::SingleSelection);
     tree.setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -1,0 +1,64 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "base/Clock.h"
+#include "base/Error.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace lumarin {
+
+TEST(Clock, SecondsOfYear_LeapYears_Count) {
+    EXPECT_EQ(SecondsOfYear({.year = 2026, .month = 1, .day = 1}), 0);
+    EXPECT_EQ(SecondsOfYear({.year = 2026, .month = 3, .day = 1}), 59 * 86400);
+    EXPECT_EQ(SecondsOfYear({.year = 2024, .month = 12, .day = 31, .hour = 23, .minute = 59, .second = 59}),
+              366 * 86400 - 1);
+    EXPECT_GE(SystemClock().Now().year, 2024);
+}
+
+TEST(Numbers, RoundToWhole_Halves_GoToEven) {
+    const std::pair<double, int> cases[] = {{0.5, 0},  {1.5, 2},   {2.5, 2},
+                                            {-0.5, 0}, {-1.5, -2}, {299.4999, 299}};
+    for (const auto& [value, expected] : cases) EXPECT_EQ(RoundToWhole(value), expected) << value;
+    EXPECT_THROW(RoundToWhole(3e9), Error);
+    EXPECT_THROW(RoundToWhole(std::nan("")), Error);
+}
+
+TEST(Numbers, ParseListingNumber_OnlyPlainPositiveNumbers_AreTaken) {
+    EXPECT_EQ(ParseListingNumber("100123"), 100123);
+    EXPECT_EQ(ParseListingNumber("2147483647"), 2147483647);
+    for (const char* bad :
+         {"", "0", "0123", "-5", "+5", " 5", "5 ", "5;DROP", "1e3", "2147483648", "1,2", "५"})
+        EXPECT_FALSE(ParseListingNumber(bad)) << bad;
+}
+
+TEST(Numbers, LeadingInteger_SettingsValues_ReadAsThePlatformDoes) {
+    const std::pair<const char*, int> cases[] = {{"12", 12}, {" 7 photos", 7}, {"-3", -3},
+                                                 {"x9", 0},  {"", 0},          {"4294967297", 1}};
+    for (const auto& [value, expected] : cases) EXPECT_EQ(LeadingInteger(value), expected) << value;
+}
+
+TEST(Text, Utf16_HostileInput_SurvivesOrIsReplaced) {
+    const std::u16string unpaired = {u'a', 0xD800, u'b', 0xDC00, 0xD83D, 0xDE00};
+    EXPECT_EQ(text::ToUtf16(text::FromUtf16(unpaired)), unpaired);
+    // Overlong, cut short, stray continuation, beyond the last code point.
+    for (const char* bad : {"\xC0\x80", "\xE2\x82", "\x80", "\xF5\x80\x80\x80", "\xF4\x90\x80\x80"})
+        EXPECT_EQ(text::ToUtf16(bad).front(), 0xFFFD) << bad;
+}
+
+TEST(Text, CodePage_AllBytes_SurviveTheRoundTrip) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+    EXPECT_EQ(text::ToCodePage(text::FromCodePage(all)), all);
+    EXPECT_EQ(text::FromCodePage("\x80\xE9"), "€é");
+    EXPECT_EQ(text::ToCodePage("Łódź"), "?\xF3\x64?");
+}
+
+TEST(Text, ContainsIgnoringCase_Letters_CompareRegardlessOfCase) {
+    EXPECT_TRUE(text::ContainsIgnoringCase("Vue du CÔTÉ jardin", "côté"));
+    EXPECT_FALSE(text::ContainsIgnoringCase("Front", "/photos/front.jpg"));
+    EXPECT_TRUE(text::ContainsIgnoringCase("Front", ""));
+}
+
+}  // namespace lumarin

@@ -1,0 +1,149 @@
+#include "listing/PhotoJournal.h"
+
+#include <gtest/gtest.h>
+
+#include "base/Files.h"
+#include "listing/ListingFiles.h"
+#include "listing/StateFile.h"
+#include "support/TemporaryFolder.h"
+
+namespace lumarin {
+namespace {
+
+using photo_journal::Operation;
+using Codes = std::vector<std::string>;
+using Photos = std::vector<std::string>;
+
+ListingState StateOf(const Codes& codes) {
+    ListingState state;
+    state.ListNum = 5;
+    state.PhotoCount = static_cast<int>(codes.size());
+    for (std::size_t i = 0; i < codes.size(); ++i) state.Photos[i].DescCode = codes[i];
+    return state;
+}
+
+/// A listing's folder as a killed run left it. A photo is known by its content: "A" was the first, and so on.
+class JournalTest : public ::testing::Test {
+protected:
+    void GivenFile(const std::string& ending, const std::string& content) {
+        files::WriteWhole(folder.Path() + "5" + ending, content);
+    }
+    void GivenState(const Codes& codes) { state_file::Write(folder.Path() + "5.dat", StateOf(codes)); }
+    void GivenJournal(Operation operation, int first, int second, const Codes& codes) {
+        photo_journal::Write(folder.Path(), {operation, first, second, StateOf(codes)});
+    }
+    /// "code:content" of each photo after the recovery, which must also leave no other photo file.
+    Photos Recovered() {
+        const ListingState state = photo_journal::Recover(folder.Path(), 5);
+        Photos photos;
+        for (int i = 0; i < state.PhotoCount; ++i)
+            photos.push_back(state.Photos[static_cast<std::size_t>(i)].DescCode + ":" +
+                             files::ReadAll(folder.Path() + listing_files::PhotoName(5, i)));
+        EXPECT_EQ(listing_files::List(folder.Path(), 5, ".jpg").size(), photos.size());
+        EXPECT_TRUE(listing_files::List(folder.Path(), 5, ".tmp").empty());
+        return photos;
+    }
+
+    testing::TemporaryFolder folder;
+};
+
+TEST_F(JournalTest, Work_KilledAnywhere_IsUndoneOrFinished) {
+    const Photos before = {"a:A", "bb:BB", "ccc:CCC"}, moved = {"bb:BB", "a:A", "ccc:CCC"};
+    const Photos removed = {"a:A", "ccc:CCC"};
+    const struct {
+        std::optional<Operation> journal;
+        std::map<std::string, std::string> files;
+        Photos recovered;
+    } cases[] = {
+        {{}, {{"a.jpg", "A"}, {"b.tmp", "BB"}, {"c.jpg", "CCC"}}, before},  // a move's first rename
+        {{}, {{"b.tmp", "BB"}, {"b.jpg", "A"}, {"c.jpg", "CCC"}}, before},  // its second
+        {Operation::Move, {{"b.tmp", "BB"}, {"b.jpg", "A"}, {"c.jpg", "CCC"}}, moved},
+        {Operation::Move, {{"a.jpg", "BB"}, {"b.jpg", "A"}, {"c.jpg", "CCC"}}, moved},
+        {Operation::Remove, {{"a.jpg", "A"}, {"b.jpg", "BB"}, {"c.jpg", "CCC"}}, removed},
+        {Operation::Remove, {{"a.jpg", "A"}, {"c.jpg", "CCC"}}, removed},
+        {Operation::Remove, {{"a.jpg", "A"}, {"b.jpg", "CCC"}}, removed},
+    };
+    for (const auto& [journal, files, recovered] : cases) {
+        SCOPED_TRACE(&recovered - &cases[0].recovered);
+        listing_files::DeleteAll(folder.Path(), 5);
+        GivenState({"a", "bb", "ccc"});
+        if (journal == Operation::Move) GivenJournal(Operation::Move, 1, 0, {"bb", "a", "ccc"});
+        if (journal == Operation::Remove) GivenJournal(Operation::Remove, 1, 0, {"a", "ccc"});
+        for (const auto& [ending, content] : files) GivenFile(ending, content);
+        EXPECT_EQ(Recovered(), recovered);
+    }
+}
+
+TEST_F(JournalTest, Remove_OfAFullListing_KilledAtOnce_IsFinished) {
+    Codes codes;
+    for (int i = 0; i < MaximumPhotoSlots; ++i) {
+        GivenFile(std::string(1, static_cast<char>('a' + i)) + ".jpg", std::to_string(i));
+        codes.push_back(std::to_string(i));
+    }
+    codes.erase(codes.begin());
+    GivenJournal(Operation::Remove, 0, 0, codes);
+    const Photos photos = Recovered();
+    ASSERT_EQ(photos.size(), 25U);
+    EXPECT_EQ(photos[0] + " " + photos[24], "1:1 25:25");
+}
+
+TEST_F(JournalTest, Add_Killed_TakesThePhotoInUnlessItIsADuplicate) {
+    GivenState({"a"});
+    GivenFile("a.jpg", "A");
+    GivenFile("b.jpg", "X");
+    EXPECT_EQ(Recovered(), Photos{"a:A"});
+    GivenFile("b.jpg", "BB");
+    EXPECT_EQ(Recovered(), (Photos{"a:A", "2110:BB"}));
+}
+
+TEST_F(JournalTest, Journal_Damaged_FallsBackOnTheStateFile) {
+    GivenState({"a"});
+    GivenFile("a.jpg", "A");
+    for (const std::string& journal :
+         {std::string("LJ1\x01\x7F\x7F", 6) + state_file::Encode(StateOf({"z"})), std::string("LJ")}) {
+        GivenFile(".jnl", journal);
+        EXPECT_EQ(Recovered(), Photos{"a:A"});
+    }
+}
+
+ListingState SomeState() {
+    ListingState state;
+    state.ListNum = 100123;
+    state.PhotoCount = 2;
+    state.StreetNumber = "12";
+    state.StreetName = "Élysée Ave";
+    state.Photos[0] = {"2110", "Front", "b"};
+    state.Photos[1] = {"2111", "", ""};
+    return state;
+}
+
+TEST(StateFile, Encode_Layout_IsTheOneOnTheWire) {
+    const std::string bytes = state_file::Encode(SomeState());
+    const std::string start(
+        "\x1B\x87\x01\x00\x02\x00\x00\x00\x02\x00"
+        "12\x00\x00\x0A\x00\xC9lys\xE9"
+        "e Ave\x04\x00"
+        "2110",
+        32);
+    EXPECT_EQ(bytes.substr(0, start.size()), start);
+    // All 26 entries always, empty texts as a length of 0.
+    const std::size_t texts = std::string("12Elysee Ave2110Frontb2111").size();
+    EXPECT_EQ(bytes.size(), 8 + (3 + 26 * 3) * 2 + texts);
+}
+
+TEST(StateFile, Write_ShorterState_LeavesTheOldEndAndReadsBack) {
+    const testing::TemporaryFolder folder;
+    const std::string path = folder.Path() + "100123.dat";
+    ListingState state = SomeState();
+    state_file::Write(path, state);
+    const std::string longer = files::ReadAll(path);
+    state.StreetName = "";
+    state_file::Write(path, state);
+    const std::string written = files::ReadAll(path);
+    EXPECT_EQ(written.size(), longer.size());
+    EXPECT_EQ(written.substr(state_file::EncodedSize(written)), longer.substr(longer.size() - 10));
+    EXPECT_EQ(state_file::Read(path), state);
+}
+
+}  // namespace
+}  // namespace lumarin

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "base/Files.h"
+#include "platform/vips/VipsImaging.h"
+#include "platform_vips/Samples.h"
+
+namespace lumarin::samples {
+
+/// The library and a folder for its files.
+class PicturesTest : public ::testing::Test {
+protected:
+    std::unique_ptr<SourcePicture> Open(const std::string& bytes, const std::string& name = "picture") {
+        files::WriteWhole(folder / name, bytes);
+        return imaging.Open(folder / name);
+    }
+    /// The number of the error that this ends with, 0 without one.
+    template <class Work>
+    static int ErrorOf(Work work) {
+        try {
+            work();
+            return 0;
+        } catch (const ImagingError& error) {
+            return error.Number();
+        }
+    }
+    static std::pair<int, int> SizeOf(const auto& picture) { return {picture.width, picture.height}; }
+    std::string Destination() const { return folder / "destination"; }
+
+    Folder folder;
+    vips::VipsImaging imaging;
+};
+
+}  // namespace lumarin::samples
