@@ -10,9 +10,9 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr std::int64_t Hour = 60 * 60 * 1000;  // milliseconds
-constexpr int LongestBias = 24 * 60;           // minutes
-constexpr auto Switch = hours(2);              // of the day, at the beginning and at the end
+constexpr std::int64_t Hour = 3'600'000;  // milliseconds
+constexpr int LongestBias = 24 * 60;      // minutes
+constexpr auto Switch = hours(2);         // of the day, at the beginning and at the end
 
 std::int64_t Milliseconds(const LocalTime& time) {
     const year_month_day date(year(time.year), month(static_cast<unsigned>(time.month)),

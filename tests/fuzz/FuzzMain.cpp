@@ -37,11 +37,14 @@ public:
     }
 
 private:
+    static auto At(auto& bytes, std::size_t offset) {
+        return bytes.begin() + static_cast<std::ptrdiff_t>(offset);
+    }
     std::size_t Below(std::size_t limit) { return limit == 0 ? 0 : random_() % limit; }
 
     void Change(Bytes& bytes) {
         const std::size_t from = Below(bytes.size() + 1), count = Below(bytes.size() - from + 1);
-        const auto at = bytes.begin() + from;
+        const auto at = At(bytes, from);
         const auto byte = static_cast<std::uint8_t>(Below(2) == 0 ? 0xFF : Below(256));
         switch (Below(6)) {
             case 0:
@@ -58,12 +61,12 @@ private:
                 break;
             case 4: {  // a piece of another seed
                 const Bytes& other = seeds_[Below(seeds_.size())];
-                const auto piece = other.begin() + Below(other.size() + 1);
-                bytes.insert(at, piece, piece + Below(static_cast<std::size_t>(other.end() - piece) + 1));
+                const std::size_t piece = Below(other.size() + 1);
+                bytes.insert(at, At(other, piece), At(other, piece + Below(other.size() - piece + 1)));
                 break;
             }
             default:
-                bytes.erase(at, at + count);
+                bytes.erase(at, At(bytes, from + count));
         }
     }
 
@@ -75,7 +78,7 @@ private:
 
 int main(int argc, char** argv) {
     if (argc < 2) return std::fprintf(stderr, "usage: %s SEED_FOLDER [RUNS [SEED]]\n", argv[0]), 2;
-    const long runs = argc > 2 ? std::atol(argv[2]) : 20000;
+    const long runs = argc > 2 ? std::strtol(argv[2], nullptr, 10) : 20000;
     const std::vector<Bytes> seeds = ReadSeeds(argv[1]);
     if (seeds.empty()) return std::fprintf(stderr, "no seeds in %s\n", argv[1]), 2;
     for (const Bytes& seed : seeds) LLVMFuzzerTestOneInput(seed.data(), seed.size());

@@ -16,7 +16,7 @@ namespace judges = lumarin::judges;
 
 namespace {
 
-constexpr std::size_t Largest = 1000 * 1024;
+constexpr std::size_t Largest = 1'024'000;  // 1000 KB
 
 }  // namespace
 
