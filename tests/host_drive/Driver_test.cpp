@@ -106,7 +106,7 @@ TEST_F(DriverTest, Press_HandlerAsks_IsAnsweredWhileItWaits) {
     form->cmdDo.Click = [this] { Ask(); };
     const auto answers = Do({press, "message", press, "answer yes", "message"});
     EXPECT_TRUE(answers[0]["ok"].toBool());
-    const QJsonValue message = answers[1];
+    const QJsonValue& message = answers[1];
     EXPECT_EQ(message["title"].toString() + message["text"].toString() + message["icon"].toString(),
               "Sure?Go on?question");
     EXPECT_EQ(message["buttons"].toArray().size(), 2);

@@ -146,8 +146,9 @@ TEST_F(frmLumarinTest, Reopen_AfterAKill_ShowsTheListingsAgain) {
     window->Menu.ClickTool("Open");
     for (const char* left : {"100200.dat", "100123c.jpg.part", "VEL42A101.zip"})
         GivenWorkingFile(left, "garbage");
-    static std::vector<frmLumarin*> killed;  // nothing is unloaded; held, so that it is no leak
-    killed.push_back(window.release());
+    // Nothing is unloaded; held to the very end, so that it is no leak.
+    static frmLumarin* volatile killed;
+    killed = window.release();
     ExpectUnreadableWork();
     Open();
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100123", "100124"}));

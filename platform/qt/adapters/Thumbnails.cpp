@@ -16,7 +16,7 @@ namespace {
 /// cache of pixmaps, where it outlives the list.
 class ThumbnailEngine final : public QIconEngine {
 public:
-    explicit ThumbnailEngine(const QPixmap& pixmap) : pixmap_(pixmap) {}
+    explicit ThumbnailEngine(QPixmap pixmap) : pixmap_(std::move(pixmap)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
         painter->drawPixmap(rect, pixmap_);
@@ -52,7 +52,7 @@ QIcon Thumbnails::Of(const QString& file, QSize size, double pixelRatio) {
                             .arg(size.height())
                             .arg(pixelRatio);
     if (const QIcon* made = made_.object(key)) return *made;
-    const QIcon thumbnail(new ThumbnailEngine(Make(file, size, pixelRatio)));
+    QIcon thumbnail(new ThumbnailEngine(Make(file, size, pixelRatio)));
     made_.insert(key, new QIcon(thumbnail));
     return thumbnail;
 }

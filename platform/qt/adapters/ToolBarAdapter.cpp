@@ -223,7 +223,9 @@ void ToolBarAdapter::Clicked(const std::string& name) {
     // The toolkit turns a check mark by itself; what it shows is the code's to say.
     const ToolBar::Tool& tool = Bound()->At(name);
     if (tool.checkable) ActionOf(tool)->setChecked(tool.checked);
-    const std::string clicked = name;  // the action, and this name with it, may go meanwhile
+    // The action, and this name with it, may go meanwhile.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const std::string clicked = name;
     Bound()->ClickTool(clicked);
 }
 
