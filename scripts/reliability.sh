@@ -30,7 +30,7 @@ run() {  # the test program's name, what to run of it, what its figures look lik
         cat "$log"
         status=1
     fi
-    grep -E '^\[ +(OK|FAILED) \].*ms\)$|^[0-9]+ faults$|^seed ' "$log" || true
+    grep -E '^\[ +(OK|FAILED) \].*ms\)$|^[1-9][0-9]* faults$|^seed ' "$log" || true
     rm -f "$log"
 }
 for program in "${programs[@]}"; do run "$program" reliability '*'; done

@@ -126,19 +126,19 @@ TEST_F(Sweep, Packages_AtTheServer_ChangeNothingOrAreRefusedWithAReason) {
     for (const char* name : {"../100123a.jpg", "/etc/passwd", "100124a.jpg/", "..\\x.jpg", "C:x.jpg",
                              "100123a.jpg", "100124A.jpg", "100124{.jpg"})
         packages.emplace_back(name, PackageBuilder(fine).Entry(name, photo).Bytes());
-    packages.emplace_back("zeros", PackageBuilder()
-                                       .Listing(100124, {{"2110", ""}})
-                                       .Entry("100124a.jpg", std::string(100'000'000, '\0'))
-                                       .Bytes(true));
+    std::string zeros;
+    zeros.resize(100'000'000);
+    packages.emplace_back(
+        "zeros", PackageBuilder().Listing(100124, {{"2110", ""}}).Entry("100124a.jpg", zeros).Bytes(true));
     packages.emplace_back("no listing", PackageBuilder().Listing(-1, {}).Bytes());
     packages.emplace_back("nothing in it", "");
     host::Server& server = host.common.ListingServer();
-    for (const auto& [name, bytes] : packages) {
-        SCOPED_TRACE(name);
+    for (const Sample& package : packages) {
+        SCOPED_TRACE(package.first);
         MessagesOf([&] {
             try {
                 server.Uploads().Begin("p.zip");
-                server.Uploads().Append(std::as_bytes(std::span(bytes)));
+                server.Uploads().Append(std::as_bytes(std::span(package.second)));
                 server.Uploads().End();
                 server.ApplyPackage("p.zip");
             } catch (const Error& error) {

@@ -31,7 +31,7 @@ TEST(ProcessedMarker, OtherFiles_GetALongerCommentOrAreRefused) {
     const std::string bare("\xFF\xD8\xFF\xDB\x00\x04\x00\x01\xFF\xD9", 10);
     const std::string marked = WithProcessedMarker(bare);
     EXPECT_TRUE(HasProcessedMarker(marked));
-    const auto commentLength = static_cast<std::size_t>(marked[5]);
+    const auto commentLength = std::size_t{static_cast<unsigned char>(marked[5])};
     EXPECT_EQ(marked.substr(0, 4) + marked.substr(4 + commentLength), "\xFF\xD8\xFF\xFE" + bare.substr(2));
     EXPECT_THROW(WithProcessedMarker("GIF89a"), ImagingError);
 }

@@ -147,7 +147,7 @@ TEST_F(frmLumarinTest, Reopen_AfterAKill_ShowsTheListingsAgain) {
     for (const char* left : {"100200.dat", "100123c.jpg.part", "VEL42A101.zip"})
         GivenWorkingFile(left, "garbage");
     // Nothing is unloaded; held to the very end, so that it is no leak.
-    static frmLumarin* volatile killed;
+    [[maybe_unused]] static frmLumarin* volatile killed;
     killed = window.release();
     ExpectUnreadableWork();
     Open();

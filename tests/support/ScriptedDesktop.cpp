@@ -44,7 +44,9 @@ Answer ScriptedDesktop::ShowMessage(const Message& message, const Form*) {
     }
     const Expectation expected = expected_.front();
     expected_.pop_front();
-    if (!expected.title.empty()) EXPECT_EQ(message.title, expected.title) << message.text;
+    if (!expected.title.empty()) {
+        EXPECT_EQ(message.title, expected.title) << message.text;
+    }
     return expected.answer;
 }
 
