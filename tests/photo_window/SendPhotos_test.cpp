@@ -76,7 +76,7 @@ TEST_F(SendPhotosTest, Send_RefusedOrNotPacked_SaysSoAndKeepsEverything) {
 
 TEST_F(SendPhotosTest, Send_CancelledInTheProgressWindow_AbortsAndKeepsEverything) {
     GivenUnsentPhoto();
-    archiver.length = 5120 * 4;
+    archiver.length = std::size_t{5120} * 4;
     host.onUpload = [&](const std::string&) {
         if (host.uploads.size() == 3)
             static_cast<frmProgress*>(desktop.shown["frmProgress"])->cmdCancel.Press();
