@@ -8,9 +8,9 @@
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
 
 #include <functional>
 #include <optional>

@@ -6,9 +6,9 @@
 #include "host/server/Server.h"
 #include "host_services/HostFixture.h"
 
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
 
 #include <filesystem>
 #include <set>

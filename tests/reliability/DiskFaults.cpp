@@ -2,11 +2,11 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
+#include <csignal>
 
 #include <cerrno>
 #include <climits>
@@ -167,6 +167,7 @@ using namespace lumarin::disk_faults;
 
 extern "C" {
 
+// Parameters and arguments come with their parentheses. NOLINTBEGIN(bugprone-macro-parentheses)
 #define REPLACE_OPEN(name)                                                                                \
     int name(const char* path, int flags, ...) {                                                          \
         va_list rest;                                                                                     \
@@ -179,6 +180,7 @@ extern "C" {
     result name parameters {                                                      \
         return Does<result>(fate, failure, [&] { return REAL(name) arguments; }); \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 REPLACE_OPEN(open)
 REPLACE_OPEN(open64)

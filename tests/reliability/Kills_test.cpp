@@ -111,8 +111,8 @@ bool IsOutcome(const Story& story, Known found) {
 /// One program: takes up the work, and goes on until it is killed.
 class Victim {
 public:
-    Victim(const std::string& folder, unsigned seed, int report)
-        : random_(seed), seed_(seed), report_(report), folder_(folder) {}
+    Victim(std::string folder, unsigned seed, int report)
+        : random_(seed), seed_(seed), report_(report), folder_(std::move(folder)) {}
 
     void Live(const Story& story) {
         constexpr int MostCalls = 150;

@@ -151,7 +151,7 @@ void Workplace::Select(const std::string& listing) {
 }
 
 std::string Workplace::CameraFile(const std::string& name, const std::string& bytes) const {
-    const std::string path = camera_.Path() + name;
+    std::string path = camera_.Path() + name;
     if (!files::FileExists(path)) files::WriteWhole(path, bytes);
     return path;
 }
