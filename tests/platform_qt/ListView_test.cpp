@@ -107,6 +107,7 @@ TEST_F(ListViewTest, User_KeysHeaderAndButtons_RaiseTheirEvents) {
 
 TEST_F(ListViewTest, ManyRows_ShownAndScrolled_ReadOnlyWhatIsSeen) {
     std::vector<PackedRow> rows;
+    rows.reserve(100000);
     for (int i = 0; i < 100000; ++i) rows.emplace_back(ListView::Row{.text = std::to_string(i)});
     form->lisRows.AddRows(std::move(rows));
     Show();
