@@ -1,11 +1,8 @@
 // bench_document build PDF FOLDER: makes a document of all the folder's PNG files, in one batch.
 // bench_document grow PDF FOLDER PAGES: makes one page by page, each opened, added and closed, and prints the
 // median milliseconds of five additions that end with the 10th page and of five that end with the last.
-// bench_document overhead PDF: prints how many bytes a page has besides its picture.
 // bench_document page PDF PICTURE color|bilevel: prints the milliseconds of making a page's picture, adding
 // it and closing the document.
-
-#include <qpdf/QPDF.hh>
 
 #include <algorithm>
 #include <chrono>
@@ -77,16 +74,6 @@ void Grow(const std::string& pdf, const std::vector<std::string>& pictures, std:
                 Median({times.end() - 5, times.end()}));
 }
 
-void Overhead(const std::string& path) {
-    QPDF pdf;
-    pdf.processFile(path.c_str());
-    const auto& pages = pdf.getAllPages();
-    auto bytes = static_cast<long long>(files::FileLength(path));
-    for (QPDFObjectHandle object : pdf.getAllObjects())
-        if (object.isStreamOfType("", "/Image")) bytes -= object.getDict().getKey("/Length").getIntValue();
-    std::printf("%.0f\n", static_cast<double>(bytes) / static_cast<double>(pages.size()));
-}
-
 void OnePage(const std::string& pdf, const std::string& picture, PageColors colors) {
     QpdfLibrary library;
     vips::VipsImaging imaging;
@@ -111,8 +98,6 @@ int main(int count, char** arguments) {
         if (words.size() == 3 && words[0] == "build") {
             QpdfLibrary library;
             AddBatch(library, library.AdultPdfCreate(words[1]), PicturesIn(words[2]));
-        } else if (words.size() == 2 && words[0] == "overhead") {
-            Overhead(words[1]);
         } else if (words.size() == 4 && words[0] == "grow") {
             Grow(words[1], PicturesIn(words[2]), std::max<std::size_t>(10, std::stoul(words[3])));
         } else if (words.size() == 4 && words[0] == "page") {

@@ -6,8 +6,8 @@ document() {
     "$bin/documents/bench_pages" "$inputs/documents"
     ours "document, $1" "$2" "$bin/documents/bench_document" build "$ours_pdf" "$inputs/documents/$1"
     peer img2pdf 0.67 img2pdf -o "$peer_pdf" "$inputs/documents/$1"/*.png
-    our_bytes=$("$bin/documents/bench_document" overhead "$ours_pdf")
-    peer_bytes=$("$bin/documents/bench_document" overhead "$peer_pdf")
+    our_bytes=$("$bin/documents/bench_overhead" "$ours_pdf")
+    peer_bytes=$("$bin/documents/bench_overhead" "$peer_pdf")
     ratio=$(awk "BEGIN { printf \"%.2f\", $our_bytes / $peer_bytes }")
     line "  bytes a page" "$our_bytes" - "img2pdf" "$peer_bytes" - "$ratio" "<= 1.1" "$(calculate "$ratio <= 1.1")"
     our_bytes=$(stat -c %s "$ours_pdf") peer_bytes=$(stat -c %s "$peer_pdf")

@@ -71,6 +71,7 @@ void Paper::CombineNeighbours(Combine combine, float divisor) {
 
 GreyPixels Paper::Whiten(const GreyPixels& picture) const {
     std::vector<Between> columns;
+    columns.reserve(static_cast<std::size_t>(picture.width));
     for (int x = 0; x < picture.width; ++x) columns.push_back(CellsAt(x, cellSide_, across_));
     std::vector<float> factors(static_cast<std::size_t>(across_) + 1);
 

@@ -134,8 +134,7 @@ VImage Enlarge(const Decoded& decoded, const PixelRect& cut, int width, int heig
 
 VImage Resample(const Decoded& decoded, const PixelRect& cut, int width, int height) {
     const bool enlarged = width > cut.width || height > cut.height;
-    const VImage image =
-        enlarged ? Enlarge(decoded, cut, width, height) : Reduce(decoded, cut, width, height);
+    VImage image = enlarged ? Enlarge(decoded, cut, width, height) : Reduce(decoded, cut, width, height);
     if (image.width() == width && image.height() == height) return image;
     return image.embed(0, 0, width, height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
 }
