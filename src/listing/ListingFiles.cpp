@@ -43,9 +43,18 @@ void GiveUp(const std::string& folder, std::int32_t listNum) {
 }
 
 void SetAside(const std::string& folder, std::int32_t listNum) {
-    const std::string aside = folder + "Set aside" + files::Separator;
+    const std::string all = folder + "Set aside" + files::Separator;
+    std::string aside = all;
     files::EnsureFolder(aside);
-    for (const std::string& name : List(folder, listNum)) files::Rename(folder + name, aside + name);
+    for (int number = 2; !List(aside, listNum).empty(); ++number) {
+        aside = all + std::to_string(number) + files::Separator;
+        files::EnsureFolder(aside);
+    }
+    const std::string state = StateName(listNum);
+    for (const std::string& name : List(folder, listNum))
+        if (name != state) files::Rename(folder + name, aside + name);
+    // As long as it is here, whatever is left counts as work that cannot be read.
+    files::Rename(folder + state, aside + state);
 }
 
 }  // namespace lumarin::listing_files

@@ -28,7 +28,8 @@ void DeleteAll(const std::string& folder, std::int32_t listNum);
 /// Deletes the listing's state and what else can be deleted of it. When this throws, nothing was deleted.
 void GiveUp(const std::string& folder, std::int32_t listNum);
 
-/// Moves all files of the listing into the sub-folder "Set aside", out of the way of a fresh load.
+/// Moves all files of the listing, its state last, out of the way of a fresh load: into the sub-folder "Set
+/// aside", or a numbered one in it when files of the listing lie there already.
 void SetAside(const std::string& folder, std::int32_t listNum);
 
 }  // namespace lumarin::listing_files

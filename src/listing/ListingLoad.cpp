@@ -74,8 +74,15 @@ void clsPMListingRec::FillFrom(const Recordset& listing, const std::string& phot
 }
 
 void clsPMListingRec::FetchPhotos(const std::string& version) {
-    for (int index = 0; index < state_.PhotoCount; ++index)
-        files::Copy(owner_->Host().Common().FetchPhoto(state_.ListNum, index + 1, version), PhotoPath(index));
+    int index = 0;
+    try {
+        for (; index < state_.PhotoCount; ++index)
+            files::Copy(owner_->Host().Common().FetchPhoto(state_.ListNum, index + 1, version),
+                        PhotoPath(index));
+    } catch (...) {
+        for (; index >= 0; --index) files::TryDelete(PhotoPath(index));
+        throw;
+    }
 }
 
 LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const std::string& folder,
@@ -98,10 +105,6 @@ LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const 
         FetchPhotos(listing->Field("PhotoVersion").Text());
     } catch (const DatabaseFailed&) {
         return LoadResult::Failed;
-    } catch (...) {
-        for (int index = 0; index < state_.PhotoCount && index < MaximumPhotoSlots; ++index)
-            files::TryDelete(PhotoPath(index));
-        throw;
     }
     SaveState();
     AddRow();

@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "listing/ListingFiles.h"
 #include "photo_window/PhotoTools.h"
 #include "photo_window/PhotoUpload.h"
 
@@ -179,6 +180,10 @@ LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const s
         return LookupResult::NotFound;
     }
     clsPMListingRec* added = record.get();
+    // What could not be read of it was set aside; the listing's files are those of the new work now.
+    std::erase_if(unreadableStates_, [added](const auto& unreadable) {
+        return unreadable.first == listing_files::StateName(added->ListNum());
+    });
     records_[std::to_string(added->ListNum())] = std::move(record);
     MakeCurrent(added);
     return LookupResult::Found;
