@@ -8,18 +8,29 @@ namespace {
 
 constexpr std::int32_t Maximum = 1000;
 
+/// A feeder with two sheets.
+struct TwoSheets final : Scanner {
+    std::vector<ScannerSource> Sources(const WhileWaiting&) override { return {}; }
+    ScanOutcome Acquire(const ScanOrder&, const ScanEvents& events) override {
+        for (const int page : {1, 2})
+            if (events.pageArrived({std::make_shared<Picture>(Picture{9, 9, {}}), page, true}) ==
+                AfterPage::Stop)
+                break;
+        return ScanOutcome::Finished;
+    }
+};
+
 class MakePdf : public testing::WindowTest {
 protected:
     MakePdf() {
         imaging.pictures["/in/a.png"] = imaging.pictures["/in/b.png"] = {1275, 2100};
-        imaging.pictures["/in/none.png"] = {0, 100};
         Renew();
     }
 
     /// The builder of the next run of the program.
     void Renew(std::int32_t listing = 100123) {
         window.reset();
-        window = std::make_unique<frmMakePDF>(MakePdfPorts{desktop, imaging, pdf, link});
+        window = std::make_unique<frmMakePDF>(MakePdfPorts{desktop, imaging, pdf, link, &scanner});
         window->SetDocument(listing, Maximum);
         window->CloseForm = [this] {
             ++closed;
@@ -50,6 +61,7 @@ protected:
     }
 
     testing::FakePdfLibrary pdf;
+    TwoSheets scanner;
     std::unique_ptr<frmMakePDF> window;
     int closed = 0;
 };
@@ -76,49 +88,25 @@ TEST_F(MakePdf, Import_WritesEachPictureAsAPageAndClosesTheFile) {
 }
 
 TEST_F(MakePdf, RefusedPictures_LeaveThePagesThatAreThere) {
-    imaging.pageLengths = {900, 101, 100};
+    imaging.pageLengths = {900, 101, 100, 100};
     Open([&] {
         Add("/in/a.png");
         desktop.Expect("Cannot add file:\n/in/b.png\nMaximum size exceeded", "File is too large");
         Add("/in/b.png");
-        desktop.Expect("Unable to process File: /in/none.png\nImage Height or width equals zero", "Make PDF");
-        Add("/in/none.png");
         imaging.openFailure = ImagingError(InvalidPictureError, "It is no picture.");
         desktop.Expect("Lead error (-9)\n/in/text.png\nIt is no picture.");
         Add("/in/text.png");
         imaging.openFailure.reset();
+        pdf.failsToClose = true;
+        desktop.Expect("the library failed");
+        Add("/in/b.png");
+        ExpectPages(1, "900");
+        pdf.failsToClose = false;
         Add("/in/b.png");  // exactly the maximum
         desktop.Expect("No photo on the clipboard", "From Clipboard");
         Click("paste");
         ExpectPages(2, "1000");
     });
-}
-
-TEST_F(MakePdf, LibraryFails_NothingOfTheBatchStaysInTheList) {
-    Open([&] {
-        pdf.failsToBegin = true;
-        desktop.Expect("Error Creating/Opening PDF file");
-        Add("/in/a.png");
-        pdf.failsToBegin = false;
-        Add("/in/a.png");
-        pdf.failsToClose = true;
-        desktop.Expect("the library failed");
-        Add("/in/b.png");
-        ExpectPages(1, "100");
-        pdf.failsToClose = false;
-        Add("/in/b.png");
-        ExpectPages(2, "200");
-    });
-}
-
-TEST_F(MakePdf, CancelDuringAnImport_StopsItAndKeepsTheWindow) {
-    Open([&] {
-        desktop.AtPendingEvents(2, [&] { window->cmdCancel.Press(); });
-        Add("/in|a.png|b.png");
-        ExpectPages(1, "100");
-        EXPECT_TRUE(window->IsShown());
-    });
-    EXPECT_EQ(closed, 0);
 }
 
 TEST_F(MakePdf, OK_ChecksBeforeAnythingIsSent) {
@@ -136,7 +124,6 @@ TEST_F(MakePdf, OK_ChecksBeforeAnythingIsSent) {
         desktop.Expect("File is too large!\nFilesize of 2KB exceeds maximum allowed (1000)");
         window->cmdOK.Press();
         EXPECT_EQ(closed, 0);
-        EXPECT_TRUE(window->IsShown());
         window->SetDocument(100123, 1050);
         window->cmdOK.Press();
     });
@@ -145,9 +132,11 @@ TEST_F(MakePdf, OK_ChecksBeforeAnythingIsSent) {
     EXPECT_TRUE(Exists(".pdf"));
 }
 
-TEST_F(MakePdf, CancelNewAndCloseBox_AskBeforePagesAreThrownAway) {
+TEST_F(MakePdf, CancelNewAndCloseBox_StopAddingAndAskBeforePagesAreThrownAway) {
     Open([&] {
-        Add("/in/a.png");
+        desktop.AtPendingEvents(2, [&] { window->cmdCancel.Press(); });
+        Add("/in|a.png|b.png");
+        EXPECT_TRUE(window->IsShown());
         WillAsk(Answer::No);
         Click("new");
         WillAsk(Answer::No);
@@ -172,20 +161,20 @@ TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
     Renew(200200);
     const std::string other =
         "A document that was begun for listing #100123 has not been sent. Do you want to throw its pages "
-        "away "
-        "and begin a new one?\n\nNo keeps them: select that listing to go on with its document.";
+        "away and begin a new one?\n\nNo keeps them: select that listing to go on with its document.";
     desktop.Expect(other, Answer::No);
     window->Display(nullptr);
+    files::WriteWhole(window->PdfPath(), std::string(130, ' '));  // it ended before the list was written
     Renew();
     desktop.Expect(
-        "A document of 1 page was begun for this listing and has not been sent. Do you want to go on with "
+        "A document of 2 pages was begun for this listing and has not been sent. Do you want to go on with "
         "it?\n\nNo throws its pages away.",
         Answer::Yes);
     pdf.calls.clear();
     Open([&] {
         EXPECT_EQ(window->LinkText() + window->lbmBM.Cell(0, 1), "Plana.png");
         Add("/in/b.png");
-        ExpectPages(2, "200");
+        ExpectPages(3, "230");
     });
     EXPECT_EQ(pdf.calls.at(1), "open");
     Renew(200200);
@@ -193,14 +182,15 @@ TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
     Open([&] { EXPECT_FALSE(Exists(".pdf")); });
 }
 
-TEST_F(MakePdf, SaveAndPreview_UseTheFileAsItIs) {
+TEST_F(MakePdf, Tools_AddPagesAndUseTheFileAsItIs) {
     const std::string copy = host.CityFolder() + "copy.pdf";
     Open([&] {
         Add("/in/a.png");
         desktop.Choose(copy);
         desktop.clipboardFiles = {"/in/b.png"};
-        for (const char* tool : {"save", "preview", "help", "paste"}) Click(tool);
-        ExpectPages(2, "200");
+        for (const char* tool : {"save", "preview", "help", "paste", "AcquireSingle", "AcquireMultiple"})
+            Click(tool);
+        ExpectPages(5, "500");
     });
     EXPECT_EQ(desktop.saveDialogs.at(0).name, "100123.pdf");
     EXPECT_EQ(files::ReadAll(copy).size(), 100U);

@@ -8,32 +8,29 @@ namespace {
 using PromptLinkText = testing::WindowTest;
 
 TEST_F(PromptLinkText, OK_ChecksInOrderAndKeepsTheWindowOpen) {
-    const std::pair<const char*, const char*> good{},
-        noDescription{"Please enter a description for your document", "Document description is missing"},
-        noAddress{"Please enter the internet address (URL) where your document is located",
-                  "Document URL is missing"},
-        programFile{"Internet address (URL) cannot point to an exe file", "Invalid Document URL"};
+    const std::string noDescription = "Please enter a description for your document",
+                      noAddress = "Please enter the internet address (URL) where your document is located",
+                      programFile = "Internet address (URL) cannot point to an exe file";
     const struct {
         bool descriptionOnly;
         const char *description, *address;
-        std::pair<const char*, const char*> refusal;
+        std::string refusal;
     } cases[] = {
         {false, "  ", "", noDescription},
         {true, "", "http://x", noDescription},
         {false, "Map", " ", noAddress},
         {false, "Map", "http://x/a.Exe ", programFile},
-        {false, " Map ", " http://x/a.exe?x=1 ", good},
-        {false, "Map", "x.exe/", good},
-        {true, "Map", "", good},
+        {false, " Map ", " http://x/a.exe?x=1 ", ""},
+        {true, "Map", "", ""},
     };
     for (const auto& c : cases) {
-        const bool refused = c.refusal.first != nullptr;
+        const bool refused = !c.refusal.empty();
         frmPromptLinkText window(desktop);
         desktop.Play("frmPromptLinkText", [&](Form&) {
             EXPECT_EQ(window.fraUrl.Visible(), !c.descriptionOnly);
             window.txtLinkText.SetText(c.description);
             window.txtUrl.SetText(c.address);
-            if (refused) desktop.Expect(c.refusal.first, c.refusal.second);
+            if (refused) desktop.Expect(c.refusal);
             window.cmdOK.Press();
             EXPECT_EQ(window.IsShown(), refused);
             if (refused && c.descriptionOnly) window.Unload(CloseReason::Frame);
@@ -41,8 +38,7 @@ TEST_F(PromptLinkText, OK_ChecksInOrderAndKeepsTheWindowOpen) {
         });
         window.Display(c.descriptionOnly);
         EXPECT_EQ(window.Cancelled(), refused);
-        EXPECT_EQ(window.LinkText().find(' '), std::string::npos);
-        EXPECT_EQ(window.txtUrl.Text(), window.Url());
+        EXPECT_EQ((window.LinkText() + window.Url()).find(' '), std::string::npos);
     }
 }
 

@@ -35,22 +35,30 @@ protected:
     std::unique_ptr<clsLumarin> job = std::make_unique<clsLumarin>(ports);
 };
 
-TEST_F(clsLumarinTest, Start_ThenUnloadObj_ShowsOwnedWindowAndGivesTheToolBack) {
-    job->Start(host, 7, tool);
-    EXPECT_FALSE(tool.enabled);
-    EXPECT_EQ(desktop.shownWith["frmLumarin"], &host.MainForm());
-    job->UnloadObj();
-    ExpectOver();
-    EXPECT_TRUE(host.endedJobs.empty());
-    EXPECT_THROW(job->UnloadObj(), Error);
-}
-
-TEST_F(clsLumarinTest, Start_BadPhotoSize_FailsAndLeavesTheToolDisabled) {
-    files::WriteWhole(host.CityFolder() + "CityInfo.ini", "[Lumarin]\nPhoto Size=480,300\n");
-    EXPECT_THROW(job->Start(host, 7, tool), Error);
-    EXPECT_FALSE(tool.enabled);
-    Drop();
-    ExpectOver();
+TEST_F(clsLumarinTest, Start_ThenEndedByTheHostOrTheFrame_ShowsOwnedWindowAndGivesTheToolBack) {
+    for (const auto& [which, name] : {std::pair{0, "frmLumarin"}, {1, "frmAddDocument"}}) {
+        host.switchValue = which;
+        host.onEndJob = [&](int) { job->UnloadObj(); };
+        for (const bool byFrame : {false, true}) {
+            SCOPED_TRACE(name);
+            if (which == 1)
+                desktop.Play("frmListnumPrompt", [&](Form& prompt) {
+                    EXPECT_TRUE(desktop.shown.empty());
+                    prompt.Hide();
+                });
+            job->Start(host, 7, tool);
+            EXPECT_FALSE(tool.enabled);
+            EXPECT_EQ(desktop.shownWith[name], &host.MainForm());
+            host.endedJobs.clear();
+            if (byFrame)
+                desktop.shown[name]->Unload(CloseReason::Frame);
+            else
+                job->UnloadObj();
+            EXPECT_EQ(host.endedJobs.size(), byFrame ? 1 : 0);
+            ExpectOver();
+            EXPECT_THROW(job->UnloadObj(), Error);
+        }
+    }
 }
 
 TEST_F(clsLumarinTest, Start_SecondInstance_BothUseTheLaterHost) {
@@ -65,26 +73,6 @@ TEST_F(clsLumarinTest, Start_SecondInstance_BothUseTheLaterHost) {
     EXPECT_EQ(later.endedJobs, std::vector<int>{1});
     job->UnloadObj();
     laterJob.UnloadObj();
-}
-
-TEST_F(clsLumarinTest, FrameClose_HostDropsTheJobAtOnce_WindowIsGoneAndToolIsBack) {
-    host.onEndJob = [&](int) { job->UnloadObj(); };
-    job->Start(host, 7, tool);
-    EXPECT_TRUE(desktop.shown["frmLumarin"]->Unload(CloseReason::Frame));
-    EXPECT_EQ(host.endedJobs, std::vector<int>{7});
-    ExpectOver();
-}
-
-TEST_F(clsLumarinTest, Start_SwitchOne_OpensTheDocumentManagerOnceAListingWasAskedFor) {
-    host.switchValue = 1;
-    desktop.Play("frmListnumPrompt", [&](Form& form) {
-        EXPECT_TRUE(desktop.shown.empty());
-        form.Hide();
-    });
-    job->Start(host, 7, tool);
-    EXPECT_EQ(desktop.shownWith["frmAddDocument"], &host.MainForm());
-    Drop();
-    ExpectOver();
 }
 
 TEST_F(clsLumarinTest, Start_WindowClosesItself_HostMayDropTheJobFromWithin) {

@@ -1,7 +1,6 @@
 #include <QByteArray>
 #include <QMimeData>
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,8 +10,8 @@
 
 /// Whatever another program offers under the names that file managers use, every file that is read from it
 /// is a path, and reaches the import as it was read.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+FUZZ(const std::string& input) {
+    const auto bytes = QByteArray::fromStdString(input);
     for (const bool isText : {false, true}) {
         QMimeData dropped;
         dropped.setData("text/uri-list", bytes);
@@ -24,5 +23,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (const std::string& path : files) PROMISE(!path.empty() && path.find('\0') == std::string::npos);
         PROMISE(lumarin::SelectedPaths(lumarin::AsSelection(files)) == files);
     }
-    return 0;
 }

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdint>
 #include <string>
 
 #include "base/Error.h"
@@ -28,10 +27,9 @@ void UnlessRefused(Work work) {
 
 /// Whatever a host says of a server and its files: it is refused, or nothing in it can become another
 /// command, host or path.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
+FUZZ(const std::string& bytes) {
     const std::string folder = bytes.substr(0, bytes.find('\n'));
-    const std::string list = bytes.substr(std::min(folder.size() + 1, size));
+    const std::string list = bytes.substr(std::min(folder.size() + 1, bytes.size()));
     UnlessRefused([&] {
         const FtpServer server = ftp::ParseServer(bytes);
         PROMISE(server.address.size() > 6 && server.address.find_first_of("/@?#% ", 6) == std::string::npos);
@@ -48,5 +46,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const ftp::Send parts = ftp::ParseSendCommand(bytes);
         PROMISE(ftp::SendCommand(parts.localPath, parts.remoteName) == bytes);
     });
-    return 0;
 }

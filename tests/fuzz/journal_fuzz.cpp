@@ -1,4 +1,3 @@
-#include <cstdint>
 #include <set>
 
 #include "base/Error.h"
@@ -39,9 +38,9 @@ std::set<std::string> PhotosIn(const std::string& folder) {
 
 /// Whatever stands in a listing's journal: at most the one photo that it says was being removed goes, and a
 /// start that is broken off and done again finds what the first one left.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ(const std::string& journal) {
     static const testing::TemporaryFolder folder;
-    Prepare(folder.Path(), std::string(reinterpret_cast<const char*>(data), size));
+    Prepare(folder.Path(), journal);
     try {
         const ListingState state = photo_journal::Recover(folder.Path(), Listing);
         const auto left = PhotosIn(folder.Path());
@@ -52,5 +51,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         PROMISE(!error.Description().empty());
         PROMISE(PhotosIn(folder.Path()).size() + 1 >= Photos);
     }
-    return 0;
 }

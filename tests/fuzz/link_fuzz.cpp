@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdint>
 #include <string>
 
 #include "base/Text.h"
@@ -12,8 +11,7 @@ using namespace lumarin;
 
 /// Whatever is typed as a link: its command keeps its fields and its line, and what is taken for a web
 /// address has no scheme of another kind in front, however it is hidden.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string typed(reinterpret_cast<const char*>(data), size);
+FUZZ(const std::string& typed) {
     for (const std::string& command :
          {AddLinkCommand({"U", "A"}, 7, typed, typed), AddFileCommand({"U", "A"}, 7, "f.pdf", typed) + "|"}) {
         PROMISE(std::count(command.begin(), command.end(), '|') == 6);
@@ -27,5 +25,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     if (const auto draft = ParseDraft(typed))
         PROMISE(DraftText(*ParseDraft(DraftText(*draft))) == DraftText(*draft));
-    return 0;
 }

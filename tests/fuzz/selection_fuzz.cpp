@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,19 +14,15 @@ namespace {
 
 using namespace lumarin;
 
-constexpr const char* FolderInSeeds = "PHOTOS";
-
 /// A folder whose names invite wrong cuts: blanks, extensions within names, other extensions, odd case.
-const std::string& PhotoFolder() {
-    static const testing::TemporaryFolder folder;
-    static const std::string photos = [] {
+struct PhotoFolder : testing::TemporaryFolder {
+    PhotoFolder() {
         for (const char* name :
              {"front.jpg", "a.jpg b.jpg", "b.jpg", "rear view.JPG", "plan.tiff", "my plan.bmp"})
-            files::WriteWhole(folder.Path() + name, "x");
-        return folder.Path().substr(0, folder.Path().size() - 1);
-    }();
-    return photos;
-}
+            files::WriteWhole(Path() + name, "x");
+    }
+    const std::string path = Path().substr(0, Path().size() - 1);
+};
 
 /// Everything but what the split may add, drop or write otherwise.
 std::string Letters(const std::string& selection) {
@@ -50,9 +45,9 @@ void CheckPaths(const std::string& selection) {
 
 /// Whatever a dialog or a drop gives: the split changes nothing but the places between the names, is done
 /// once, and every path that comes out is one; and full paths come through as they were.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
-    const std::string selection = text::ReplaceAll(bytes, FolderInSeeds, PhotoFolder());
+FUZZ(const std::string& bytes) {
+    static const PhotoFolder folder;
+    const std::string selection = text::ReplaceAll(bytes, "PHOTOS", folder.path);
     const std::string normalized = clsLTDlg().NormalizeSelection(selection);
     PROMISE(Letters(normalized) == Letters(selection));
     PROMISE(clsLTDlg().NormalizeSelection(normalized) == normalized);
@@ -63,5 +58,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<std::string> paths = text::Split(selection, '\0');
     std::erase(paths, "");
     PROMISE(SelectedPaths(AsSelection(paths)) == paths);
-    return 0;
 }

@@ -1,13 +1,11 @@
-#include <cstdint>
 #include <string>
 
 #include "entry/Settings.h"
 #include "fuzz/Promise.h"
 
 /// Whatever the file holds, a value that is written is read back, and another value stays what it was.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ(const std::string& bytes) {
     namespace settings = lumarin::settings;
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
     std::string before, after, value;
     const bool had = settings::FindValue(bytes, "Photos", "Default Import Dir", before);
     const std::string written = settings::WithValue(bytes, "Lumarin", "FilePreview", "True");
@@ -15,5 +13,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     PROMISE(settings::FindValue(written, "Photos", "Default Import Dir", after) == had);
     PROMISE(before == after);
     PROMISE(settings::WithValue(written, "Lumarin", "FilePreview", "True") == written);
-    return 0;
 }

@@ -1,6 +1,5 @@
 #include <sqlite3.h>
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,13 +13,6 @@
 #include "host/database/SqlTranslator.h"
 
 namespace {
-
-host::Database& EmptyDatabase() {
-    static host::Database database(":memory:", host::DatabaseUse::Changes);
-    static const bool prepared = (host::EnsureSchema(database), true);
-    PROMISE(prepared);
-    return database;
-}
 
 /// Nothing when it is refused, which takes a reason.
 template <class Read>
@@ -44,9 +36,11 @@ void CheckTokens(const std::vector<host::SqlToken>& tokens, std::size_t length) 
 /// SQLite may refuse it: a column or table that there is not.
 void CheckTranslation(const std::string& sql) {
     PROMISE(sql.starts_with("SELECT ") && sql.find('\0') == std::string::npos);
+    static host::Database database(":memory:", host::DatabaseUse::Changes);
+    [[maybe_unused]] static const bool prepared = (host::EnsureSchema(database), true);
     sqlite3_stmt* statement = nullptr;
     const char* rest = nullptr;
-    const int code = sqlite3_prepare_v2(EmptyDatabase().Handle(), sql.c_str(), -1, &statement, &rest);
+    const int code = sqlite3_prepare_v2(database.Handle(), sql.c_str(), -1, &statement, &rest);
     if (code == SQLITE_OK) {
         PROMISE(statement != nullptr && rest == sql.c_str() + sql.size());
         PROMISE(sqlite3_stmt_readonly(statement) != 0 && sqlite3_stmt_isexplain(statement) == 0);
@@ -58,12 +52,10 @@ void CheckTranslation(const std::string& sql) {
 }  // namespace
 
 /// Whatever the text, it is refused with a reason or becomes one SELECT statement and nothing behind it.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view sql(reinterpret_cast<const char*>(data), size);
+FUZZ(std::string_view sql) {
     const auto tokens = Accepted([&] { return host::TokenizeSql(sql); });
     if (tokens) CheckTokens(*tokens, sql.size());
     const auto translated = Accepted([&] { return host::TranslateSelect(sql); });
     PROMISE(tokens || !translated);
     if (translated) CheckTranslation(*translated);
-    return 0;
 }

@@ -1,4 +1,3 @@
-#include <cstdint>
 #include <string_view>
 
 #include "base/Error.h"
@@ -6,8 +5,7 @@
 #include "listing/StateFile.h"
 
 /// Whatever the bytes, they are refused with a reason or read as a state that survives being written.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+FUZZ(std::string_view bytes) {
     try {
         const lumarin::ListingState state = lumarin::state_file::Decode(bytes);
         PROMISE(state.PhotoCount >= 0 && state.PhotoCount <= lumarin::MaximumPhotoSlots && state.ListNum > 0);
@@ -17,5 +15,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     } catch (const lumarin::Error& error) {
         PROMISE(!error.Description().empty());
     }
-    return 0;
 }

@@ -1,7 +1,5 @@
 #include "host/drive/Driver.h"
 
-#include <QClipboard>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
@@ -57,11 +55,6 @@ protected:
             desktop.ShowMessage({"Go on?", "Sure?", Buttons::YesNo, Icon::Question}, form.get());
         form->lblNote.SetCaption(answer == Answer::Yes ? "Yes" : "No");
     }
-    /// What a handler does that takes its time.
-    static void WorkForAWhile() {
-        QElapsedTimer time;
-        for (time.start(); time.elapsed() < 100;) QCoreApplication::processEvents();
-    }
 
     const QString press = "press frmEveryKind.cmdDo";
     Driver driver;
@@ -72,20 +65,10 @@ TEST_F(DriverTest, Controls_WorkedAsAPerson_ShowIt) {
     form->lisRows.DoubleClick = [&] {
         form->lblNote.SetCaption(form->lisRows.At(form->lisRows.Selected()).text);
     };
-    const struct {
-        QStringList commands;
-        const char* control;
-        const char* member;
-        QJsonValue value;
-    } cases[] = {
-        {{"set frmEveryKind.txtText \"old\"", "set frmEveryKind.txtText \"Grüße 1\""},
-         "txtText",
-         "text",
-         "Grüße 1"},
-        {{"set frmEveryKind.txtText abc", "key frmEveryKind.txtText Home", "key frmEveryKind.txtText Delete"},
-         "txtText",
-         "text",
-         "bc"},
+    const std::tuple<QStringList, const char*, const char*, QJsonValue> cases[] = {
+        {{"set frmEveryKind.txtText \"Grüße 1\""}, "txtText", "text", "Grüße 1"},
+        {{"key frmEveryKind.txtText Shift+x"}, "txtText", "text", "Grüße 1X"},
+        {{"set frmEveryKind.txtText b"}, "txtText", "text", "b"},
         {{"set frmEveryKind.txtText \"\""}, "txtText", "text", ""},
         {{"set frmEveryKind.hsbLevel -250"}, "hsbLevel", "value", -250},
         {{"set frmEveryKind.cmbChoice Kitchen"}, "cmbChoice", "selected", 1},
@@ -94,10 +77,9 @@ TEST_F(DriverTest, Controls_WorkedAsAPerson_ShowIt) {
         {{"select frmEveryKind.lisRows 150"}, "lisRows", "selected", 150},
         {{"double frmEveryKind.lisRows 120"}, "lblNote", "text", "220"},
     };
-    for (const auto& given : cases) {
-        const QJsonValue state =
-            Last(given.commands + QStringList{QString("get frmEveryKind.") + given.control});
-        EXPECT_EQ(state[given.member], given.value) << given.commands.last().toStdString();
+    for (const auto& [commands, control, member, value] : cases) {
+        const QJsonValue state = Last(commands + QStringList{QString("get frmEveryKind.") + control});
+        EXPECT_EQ(state[member], value) << commands.last().toStdString();
     }
     EXPECT_FALSE(driver.HadErrors());
 }
@@ -123,7 +105,7 @@ TEST_F(DriverTest, Message_HandlerStillAtWork_WaitsForItsQuestion) {
         progress.setObjectName("frmProgress");
         progress.show();
         form->SetEnabled(false);
-        WorkForAWhile();
+        QTest::qWait(100);
         form->SetEnabled(true);
         progress.hide();
         Ask();
@@ -147,37 +129,16 @@ TEST_F(DriverTest, Get_WindowDisabledByTheProgram_WaitsUntilItIsEnabled) {
     EXPECT_EQ(NoteAfter({press}), "done");
 }
 
-TEST_F(DriverTest, DragAndDrop_AreSeenByTheControl) {
-    std::vector<std::string> seen, dropped;
-    const auto note = [&](const std::string& what) {
-        return [&seen, what](const Mouse& mouse) {
-            seen.push_back(what + std::to_string(static_cast<int>(mouse.x / TwipsPerPixel)) + "," +
-                           std::to_string(static_cast<int>(mouse.y / TwipsPerPixel)));
-        };
+TEST_F(DriverTest, Drag_IsSeenByTheControl) {
+    std::vector<double> seen;
+    int moves = 0;
+    form->fraStage.MouseDown = form->fraStage.MouseUp = [&](const Mouse& mouse) {
+        seen.insert(seen.end(), {mouse.x / TwipsPerPixel, mouse.y / TwipsPerPixel});
     };
-    form->fraStage.MouseDown = note("down ");
-    form->fraStage.MouseMove = note("move ");
-    form->fraStage.MouseUp = note("up ");
-    form->picPhoto.FilesDropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
-    form->picPhoto.SetAcceptsFiles(true);
-    Do({"drag frmEveryKind.fraStage 150 120 190 -40",
-        "drop frmEveryKind.picPhoto \"/tmp/a b.jpg\" /tmp/c.png"});
-    ASSERT_GE(seen.size(), 7u);
-    EXPECT_EQ(seen[0], "move 150,120") << "the pointer is there before the button goes down";
-    EXPECT_EQ(seen[1], "down 150,120");
-    EXPECT_EQ(seen[seen.size() - 2], "move 190,-40");
-    EXPECT_EQ(seen.back(), "up 190,-40");
-    EXPECT_EQ(dropped, (std::vector<std::string>{"/tmp/a b.jpg", "/tmp/c.png"}));
-}
-
-TEST_F(DriverTest, ShotAndClipboard_OfAPicture_HoldIt) {
-    QTemporaryDir folder;
-    const QString file = '"' + folder.filePath("new folder/shot.png") + '"';
-    Do({"shot frmEveryKind " + file, "clipboard " + file});
-    EXPECT_EQ(QApplication::clipboard()->image().size(), Window().size());
-    Do({"clipboard clear"});
-    EXPECT_TRUE(QApplication::clipboard()->image().isNull());
-    EXPECT_FALSE(driver.HadErrors());
+    form->fraStage.MouseMove = [&](const Mouse&) { ++moves; };
+    Do({"drag frmEveryKind.fraStage 150 120 190 -40"});
+    EXPECT_EQ(seen, (std::vector<double>{150, 120, 190, -40}));
+    EXPECT_GE(moves, 5);
 }
 
 TEST_F(DriverTest, Menu_RightClick_NamesToolsAndClosesIt) {
@@ -202,18 +163,16 @@ TEST_F(DriverTest, Choose_FileDialogWaits_ChoosesOrCancels) {
     form->cmdDo.Click = [&] { chosen = desktop.ChooseFiles(dialog, form.get()); };
     std::vector<QJsonValue> answers;
     const auto chosenAfter = [&](const QStringList& commands) {
-        answers = Do(commands + QStringList{"get frmEveryKind"});
+        answers = Do(QStringList{press} + commands + QStringList{"get frmEveryKind"});
         return QByteArray::fromStdString(chosen).replace('\0', '|').toStdString();
     };
     for (const bool preview : {false, true}) {
         SCOPED_TRACE(preview);
         dialog.preview = preview;
-        EXPECT_EQ(chosenAfter({press, "get fileDialog.previewPixels", both}),
-                  dialog.folder + "|a b.JPG|c.jpg");
+        EXPECT_EQ(chosenAfter({"get fileDialog.previewPixels", both}), dialog.folder + "|a b.JPG|c.jpg");
         EXPECT_EQ(answers[1]["text"].isString(), preview);
-        EXPECT_EQ(chosenAfter({press, "choose " + one}), one.toStdString());
-        EXPECT_EQ(chosenAfter({press, "choose " + one + "x", "choose"}), "");
-        EXPECT_TRUE(answers[1].toObject().contains("error"));
+        EXPECT_EQ(chosenAfter({"choose " + one}), one.toStdString());
+        EXPECT_EQ(chosenAfter({"choose"}), "");
     }
 }
 
@@ -233,29 +192,23 @@ TEST_F(DriverTest, Choose_SaveDialogWaits_NamesAFileAndAsksBeforeItIsReplaced) {
 }
 
 TEST_F(DriverTest, Browser_WebAddressesOfTheProgram_AreWrittenDownAndNothingElseIsOpened) {
-    const struct {
-        const char* address;
-        const char* opened;  ///< "" for an address that is refused
-    } cases[] = {
+    // An address and what is opened, "" where it is refused.
+    const std::pair<const char*, const char*> cases[] = {
         {"http://example.org/a b?c=%20d", "http://example.org/a%20b?c=%20d"},
-        {" HTTPS://example.org ", "https://example.org"},
-        {"www.example.org", "http://www.example.org"},
         {"www.example.org:8080/x", "http://www.example.org:8080/x"},
         {"Docs.localhost:81\\VELTRANE\\Docs\\4\\5\\12345_17.pdf",
          "http://docs.localhost:81/VELTRANE/Docs/4/5/12345_17.pdf"},
         {"file:///etc/passwd", ""},
         {"javascript:alert(1)", ""},
-        {"mailto:a@example.org", ""},
         {"http://", ""},
-        {"", ""},
     };
     QStringList expected;
-    for (const auto& given : cases) {
-        if (*given.opened != '\0') {
-            desktop.OpenInBrowser(given.address);
-            expected += given.opened;
+    for (const auto& [address, opened] : cases) {
+        if (*opened != '\0') {
+            desktop.OpenInBrowser(address);
+            expected += opened;
         } else {
-            EXPECT_THROW(desktop.OpenInBrowser(given.address), Error) << given.address;
+            EXPECT_THROW(desktop.OpenInBrowser(address), Error) << address;
         }
     }
     EXPECT_THROW(desktop.OpenDocument("/no/such.pdf"), Error);
@@ -264,29 +217,21 @@ TEST_F(DriverTest, Browser_WebAddressesOfTheProgram_AreWrittenDownAndNothingElse
 
 TEST_F(DriverTest, Commands_ThatCannotBeDone_SayWhy) {
     form->cmbChoice.SetEnabled(false);
-    const struct {
-        const char* command;
-        const char* reason;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
+        {"key frmEveryKind.txtText Entr", "no key \"Entr\""},
         {"fly", "no command \"fly\""},
         {"set frmEveryKind.txtText", "Usage: set"},
-        {"get frmNone", "no window \"frmNone\""},
         {"press frmEveryKind.cmdNone", "no control \"cmdNone\""},
-        {"press frmEveryKind", "must be named"},
         {"tool frmEveryKind.Paste", "\"Paste\" is disabled"},
         {"set frmEveryKind.cmbChoice Front", "\"cmbChoice\" is disabled"},
         {"press frmEveryKind.cmdHidden", "\"cmdHidden\" is not visible"},
-        {"set frmEveryKind.hsbLevel 501", "goes from -500 to 500"},
-        {"select frmEveryKind.lisRows 200", "has no row 200"},
-        {"select frmEveryKind.txtText 0", "is no list"},
-        {"drop frmEveryKind.lblNote x.jpg", "takes no files"},
         {"answer Yes", "No message waits"},
         {"choose x", "No file dialog waits"},
         {"wait frmNone 1", "has not appeared"},
     };
-    for (const auto& given : cases) {
-        const QString error = Last({given.command})["error"].toString();
-        EXPECT_TRUE(error.contains(given.reason)) << given.command << ": " << error.toStdString();
+    for (const auto& [command, reason] : cases) {
+        const QString error = Last({command})["error"].toString();
+        EXPECT_TRUE(error.contains(reason)) << command << ": " << error.toStdString();
     }
     EXPECT_TRUE(driver.HadErrors());
 }

@@ -17,16 +17,17 @@
 
 namespace host {
 
-/// A server in a folder of its own that knows the sale listings 1001 and 1002 and the rental 5001.
+/// A server in a folder of its own. The sale listing 1001 is an agent's own, 1002 another agent's of the same
+/// board, the rental 5001 the first one's.
 class ServerTest : public ::testing::Test {
 protected:
     ServerTest() {
-        Database database(DatabasePath(folder_.Path()), DatabaseUse::Changes);
-        EnsureSchema(database);
-        database.Run(
-            "INSERT INTO Listings (ListNum) VALUES (1001), (1002); INSERT INTO Rentals (ListNum) VALUES "
-            "(5001)");
         Restart();
+        Database(DatabasePath(folder_.Path()), DatabaseUse::Changes)
+            .Run(
+                "INSERT INTO Listings (ListNum, ListAgentId, ListOfficeId, BoardId) VALUES "
+                "(1001, 'A101', 'OF1', 1), (1002, 'A202', 'OF2', 1);"
+                "INSERT INTO Rentals (ListNum, ListAgentId, BoardId) VALUES (5001, 'A101', 2)");
     }
 
     void Restart() {
@@ -35,10 +36,8 @@ protected:
     }
 
     static void Upload(Server& server, const std::string& name, std::string_view bytes) {
-        constexpr std::size_t Chunk = 5120;
         server.Uploads().Begin(name);
-        for (std::size_t at = 0; at < bytes.size(); at += Chunk)
-            server.Uploads().Append(std::as_bytes(std::span(bytes.substr(at, Chunk))));
+        server.Uploads().Append(std::as_bytes(std::span(bytes)));
         server.Uploads().End();
     }
 
@@ -53,8 +52,7 @@ protected:
                   .Listing(1001, {{"2110", ""}, {"2111", ""}, {"2115", ""}})
                   .Entry("1001a.jpg", TinyJpeg(100, 'a'))
                   .Entry("1001b.jpg", TinyJpeg(200, 'b'))
-                  .Entry("1001c.jpg", TinyJpeg(300, 'c')),
-              "first.zip");
+                  .Entry("1001c.jpg", TinyJpeg(300, 'c')));
     }
 
     /// "count|version|descriptions" of the listing's row; "" without one.
@@ -92,7 +90,7 @@ protected:
         }
         int status = 0;
         waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status));
+        ASSERT_EQ(WTERMSIG(status), SIGKILL);
         Restart();
     }
 

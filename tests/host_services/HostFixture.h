@@ -14,26 +14,21 @@ public:
     void Prog(int, int) override {}
 };
 
-/// A data folder that holds the demo data, made once for all tests; a test that changes it uses another.
+/// A data folder that holds the demo data, made once for all tests, which leave it as it is.
 const std::string& SeededFolder();
 
 /// The host over a data folder.
 struct TestHost {
-    explicit TestHost(HostOptions options)
-        : common(std::move(options), mainForm, [this](int job) { endedJob = job; }) {}
+    explicit TestHost(HostOptions options) : common(std::move(options), mainForm, {}) {}
 
-    std::unique_ptr<lumarin::Recordset> Execute(const std::string& sql) {
-        return lumarin::RequestService<lumarin::DbInterface>(common)->Execute("VELTRANE", sql);
-    }
-    /// The first column of every row, joined by blanks.
+    /// A column of every row, joined by blanks.
     std::string Keys(const std::string& sql, const char* column) {
         std::string keys;
-        for (const auto rows = Execute(sql); !rows->Eof(); rows->MoveNext())
-            keys += (keys.empty() ? "" : " ") + rows->Field(column).Text();
+        const auto rows = lumarin::RequestService<lumarin::DbInterface>(common)->Execute("VELTRANE", sql);
+        for (; !rows->Eof(); rows->MoveNext()) keys += (keys.empty() ? "" : " ") + rows->Field(column).Text();
         return keys;
     }
 
-    int endedJob = -1;
     NoMainForm mainForm;
     HostVelCommon common;
 };

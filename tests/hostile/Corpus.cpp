@@ -131,8 +131,8 @@ std::vector<std::string> Texts() {
         "(1)~ 100123 ~100123\n~Zo\u00EB~\u042D'\u0127\u022A~\uFF07 OR 1=1~\U00026C00'~\xC3' OR 1=1~"
         "\xED\xA1\x9B'~\xFF\xFE'~NULL~x\n--",
         '~');
-    inputs.push_back(std::string("x\0' OR 1=1", 11));
-    inputs.push_back(std::string(100'000, '\''));
+    inputs.emplace_back("x\0' OR 1=1", 10);
+    inputs.emplace_back(100'000, '\'');
     return inputs;
 }
 

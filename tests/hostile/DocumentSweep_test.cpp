@@ -1,7 +1,4 @@
-#include "documents/frmAddDocument.h"
-#include "documents/frmPromptLinkText.h"
 #include "hostile/SweepTest.h"
-#include "platform/qpdf/QpdfLibrary.h"
 
 namespace lumarin {
 namespace {
@@ -12,41 +9,25 @@ using hostile::Sample;
 class DocumentSweep : public hostile::SweepTest {
 protected:
     DocumentSweep() {
-        Write(folder.Path() + "city/CityInfo.ini", "[Lumarin]\nDocMaxSize=100000\n");
-        desktop.BeLenient([this](Form& form) { Work(form); });
-        manager =
-            std::make_unique<frmAddDocument>(DocumentWindowPorts{desktop, imaging, pdf, clock, link, engine});
-        manager->Init(2);
-        manager->Show(nullptr);
-        Try("the first", [this] { manager->ActiveBar1.ClickTool("miAddUrl"); });
-    }
-
-    void Work(Form& form) {
-        if (auto* number = dynamic_cast<frmListnumPrompt*>(&form)) {
-            number->txtPropertyId.SetText(hostile::Good);
-            number->cmdOK.Press();
-        } else if (auto* prompt = dynamic_cast<frmPromptLinkText*>(&form)) {
-            prompt->txtLinkText.SetText(description);
-            prompt->txtUrl.SetText(address);
-            prompt->cmdOK.Press();
-            if (prompt->IsShown()) prompt->cmdCancel.Press();
-        } else if (auto* builder = dynamic_cast<frmMakePDF*>(&form)) {
-            build(*builder);
-        }
+        Write(folder + "city/CityInfo.ini", "[Lumarin]\nDocMaxSize=100000\n");
+        documentsListing = hostile::Good;
+        linkText = "kept";
+        OpenDocuments();
+        Try("the first", [this] { AddLink(); });
     }
 
     /// One document comes of it or a message says why not, soon, and the first stays as it was.
     void Try(const std::string& name, const std::function<void()>& attempt) {
         SCOPED_TRACE(name);
-        const int before = manager->lvFiles.Count();
+        const int before = documents->lvFiles.Count();
         const std::size_t messages = MessagesOf(attempt);
-        EXPECT_NE(manager->lvFiles.Count() == before + 1, messages > 0);
-        EXPECT_EQ(manager->lvFiles.At(0).text, "kept");
+        EXPECT_NE(documents->lvFiles.Count() == before + 1, messages > 0);
+        EXPECT_EQ(documents->lvFiles.At(0).text, "kept");
     }
 
     /// A document of one page.
     std::string Pdf() {
-        const std::string path = folder.Path() + "new.pdf";
+        const std::string path = folder + "new.pdf";
         const PdfHandle handle = pdf.AdultPdfCreate(path);
         AddPage(handle);
         pdf.AdultPdfClose(handle);
@@ -75,25 +56,20 @@ protected:
             pdfs.push_back(sample);
         return pdfs;
     }
-
-    QpdfLibrary pdf;
-    std::unique_ptr<frmAddDocument> manager;
-    std::string description = "kept", address = "example.org/kept";
-    std::function<void(frmMakePDF&)> build;
 };
 
 TEST_F(DocumentSweep, Files_AddedAsTheyAre_GiveADocumentOrAMessage) {
-    Write(folder.Path() + "new.pdf", Pdf());
-    for (const std::string& path : StrangePaths(folder.Path() + "new.pdf", ".pdf"))
+    Write(folder + "new.pdf", Pdf());
+    for (const std::string& path : StrangePaths(folder + "new.pdf", ".pdf"))
         Try(path, [&] {
-            description = std::to_string(manager->lvFiles.Count());  // the same twice is one repeated command
+            linkText = std::to_string(documents->lvFiles.Count());  // the same twice is one repeated command
             desktop.Choose(path);
-            manager->ActiveBar1.ClickTool("miAddExistingFile");
+            documents->ActiveBar1.ClickTool("miAddExistingFile");
         });
 }
 
 TEST_F(DocumentSweep, BegunDocuments_Broken_TakeAPageOrSayWhyNot) {
-    const std::string path = folder.Path() + "begun.pdf";
+    const std::string path = folder + "begun.pdf";
     for (const auto& [name, bytes] : Pdfs()) {
         SCOPED_TRACE(name);
         Write(path, bytes);
@@ -108,7 +84,7 @@ TEST_F(DocumentSweep, BegunDocuments_Broken_TakeAPageOrSayWhyNot) {
 }
 
 TEST_F(DocumentSweep, Pictures_AsPages_GiveAPageOrAMessageEach) {
-    description = "pages";
+    linkText = "pages";
     const std::vector<Sample> pictures = hostile::Pictures();
     build = [&](frmMakePDF& builder) {
         constexpr std::size_t Batch = 40;
@@ -125,22 +101,22 @@ TEST_F(DocumentSweep, Pictures_AsPages_GiveAPageOrAMessageEach) {
             EXPECT_EQ(builder.lbmBM.Count() - pages + desktop.messages.size() - messages, paths.size())
                 << pictures[first].first;
         }
-        builder.txtLinkText.SetText(description);
+        builder.txtLinkText.SetText(linkText);
         builder.cmdOK.Press();
     };
-    manager->ActiveBar1.ClickTool("miMakePdf");
-    ASSERT_EQ(manager->lvFiles.Count(), 2);
+    BuildPdf();
+    ASSERT_EQ(documents->lvFiles.Count(), 2);
     const std::string sent =
-        host.common.ListingServer().DocumentFile(100123, std::stoll(manager->lvFiles.At(1).key));
+        host.common.ListingServer().DocumentFile(100123, std::stoll(documents->lvFiles.At(1).key));
     EXPECT_GT(pdf.AdultPdfOpen(sent), 0) << pdf.LastFailure();
 }
 
 TEST_F(DocumentSweep, Texts_TypedAsDescriptionAndAddress_GiveALinkOrAMessage) {
     for (const std::string& text : hostile::Texts()) {
-        description = text;
-        address = "example.org/" + text;
-        Try(text.substr(0, 60), [this] { manager->ActiveBar1.ClickTool("miAddUrl"); });
-        manager->cmdPreview.Press();
+        linkText = text;
+        linkAddress = "example.org/" + text;
+        Try(text.substr(0, 60), [this] { AddLink(); });
+        documents->cmdPreview.Press();
     }
 }
 

@@ -4,59 +4,40 @@
 #include <sys/stat.h>
 
 #include <chrono>
-#include <filesystem>
 
 #include "base/Files.h"
-#include "host/database/Schema.h"
-#include "host_services/HostFixture.h"
 #include "hostile/Corpus.h"
-#include "photo_window/frmLumarin.h"
-#include "platform/vips/VipsImaging.h"
-#include "platform/zip/LibzipArchiver.h"
 #include "platform_vips/Samples.h"
-#include "support/ScriptedDesktop.h"
+#include "reliability/Workplace.h"
 
 namespace lumarin::hostile {
 
 inline const std::string Good = "100123";
 
+struct ListingsFolder : testing::TemporaryFolder {
+    ListingsFolder() { reliability::Workplace::AddListings(Path(), {Good, "100124"}); }
+};
+
 /// An agent with one photo of listing 100123, and then all that can go wrong beside it.
-class SweepTest : public ::testing::Test {
+class SweepTest : ListingsFolder, public ::testing::Test, protected reliability::Workplace {
 protected:
-    SweepTest() : host({.dataFolder = folder.Path()}) {
-        host::Database database(host::DatabasePath(folder.Path()), host::DatabaseUse::Changes);
-        host::EnsureSchema(database);
-        database.Run(
-            "INSERT INTO Listings (ListNum, StreetName, ListAgentId)"
-            " VALUES (100123, 'Oak', 'A101'), (100124, 'Elm', 'A101')");
-        link.Set(host.common);
+    SweepTest() : Workplace(Path()) {
         files::EnsureFolder(incoming);
-        desktop.BeLenient([](Form& form) {
-            if (form.Name() != "frmPhotoCrop") return;
-            auto& crop = static_cast<frmPhotoCrop&>(form);
-            crop.hsbControl(0).SetValue(100);
-            crop.cmdCenterWidth.Press();
-            crop.cmdCapture.Press();
-            if (crop.IsShown()) crop.cmdCancel.Press();
+        desktop.BeLenient([this](Form& form) {
+            if (auto* crop = dynamic_cast<frmPhotoCrop*>(&form)) {
+                crop->hsbControl(0).SetValue(100);
+                crop->cmdCenterWidth.Press();
+            }
+            Play(form);
         });
         Write(incoming + "good.png", samples::Encode(samples::Detailed(480, 300), ".png"));
     }
 
     static void Write(const std::string& path, const std::string& bytes) { files::WriteWhole(path, bytes); }
 
-    void Open() {
-        window =
-            std::make_unique<frmLumarin>(PhotoWindowPorts{desktop, imaging, archiver, clock, link, engine});
-        window->Init(1);
-        window->Show(nullptr);
-    }
-    void Enter() {
-        window->txtID.SetText(Good);
-        window->txtID.PressKey(13);
-    }
     void GivenGoodPhoto() {
         Open();
-        Enter();
+        Load(Good);
         window->PhotoList.DropFiles({incoming + "good.png"});
         ASSERT_EQ(window->PhotoList.Count(), 1);
         goodPhoto = files::ReadAll(working + Good + "a.jpg");
@@ -106,16 +87,7 @@ protected:
         return path.empty() ? "" : files::ReadAll(path);
     }
 
-    testing::TemporaryFolder folder;
-    host::TestHost host;
-    HostLink link;
-    testing::ScriptedDesktop desktop;
-    vips::VipsImaging imaging;
-    zip::LibzipArchiver archiver;
-    SystemClock clock;
-    NoEngineVersion engine;
-    std::unique_ptr<frmLumarin> window;
-    const std::string incoming = folder.Path() + "incoming/", working = folder.Path() + "user/Photo Import/";
+    const std::string incoming = folder + "incoming/", working = folder + "user/Photo Import/";
     std::string goodPhoto;
 };
 

@@ -1,8 +1,5 @@
-#include <filesystem>
-
 #include "base/Text.h"
 #include "host_server/PackageBuilder.h"
-#include "hostile/Corpus.h"
 #include "hostile/SweepTest.h"
 #include "listing/StateFile.h"
 
@@ -85,7 +82,7 @@ TEST_F(Sweep, WorkingFolder_FullOfStrangeFiles_KeepsThemAndSendsTheRest) {
 }
 
 TEST_F(Sweep, Settings_Strange_WindowWorksOrSaysWhatIsWrong) {
-    const std::string usual = files::ReadAll(folder.Path() + "city/CityInfo.ini");
+    const std::string usual = files::ReadAll(folder + "city/CityInfo.ini");
     std::vector<Sample> contents = hostile::Damaged("CityInfo.ini", usual);
     for (const char* line :
          {"Photo Size=", "Photo Size=0,0,0,0,0", "Photo Size=-1,-1,35,35000,4",
@@ -97,17 +94,16 @@ TEST_F(Sweep, Settings_Strange_WindowWorksOrSaysWhatIsWrong) {
     contents.emplace_back("many sections", text::ReplaceAll(std::string(20'000, '['), "[", "[Lumarin\n"));
     for (const auto& [name, bytes] : contents) {
         SCOPED_TRACE(name);
-        Write(folder.Path() + "city/CityInfo.ini", bytes);
-        Write(folder.Path() + "user/User.ini",
+        Write(folder + "city/CityInfo.ini", bytes);
+        Write(folder + "user/User.ini",
               bytes + "\n[Photos]\nDefault Import Dir=\x01/\nStart Up Position=1e300,nan\n");
-        try {
-            Open();
-        } catch (const Error& error) {
-            EXPECT_FALSE(error.Description().empty());
+        Open();
+        const std::size_t messages = desktop.messages.size();
+        if (window == nullptr) {
+            EXPECT_FALSE(LastMessage().empty());
             continue;
         }
-        const std::size_t messages = desktop.messages.size();
-        Enter();
+        Load(Good);
         window->PhotoList.DropFiles({incoming + "good.png"});
         EXPECT_TRUE(window->PhotoList.Count() > 0 || desktop.messages.size() > messages);
         window->Menu.ClickTool("FilePreview");
@@ -128,8 +124,8 @@ TEST_F(Sweep, Packages_AtTheServer_ChangeNothingOrAreRefusedWithAReason) {
         packages.emplace_back(name, PackageBuilder(fine).Entry(name, photo).Bytes());
     std::string zeros;
     zeros.resize(100'000'000);
-    packages.emplace_back(
-        "zeros", PackageBuilder().Listing(100124, {{"2110", ""}}).Entry("100124a.jpg", zeros).Bytes(true));
+    const auto huge = PackageBuilder().Listing(100124, {{"2110", ""}}).Entry("100124a.jpg", zeros);
+    packages.emplace_back("zeros", huge.Bytes(true));
     packages.emplace_back("no listing", PackageBuilder().Listing(-1, {}).Bytes());
     packages.emplace_back("nothing in it", "");
     host::Server& server = host.common.ListingServer();

@@ -24,7 +24,6 @@ TEST(Selection, FolderIsThere_NamesAreTakenFromIt) {
     const std::pair<const char*, const char*> cases[] = {
         {"/a.jpg my house.jpg", "|a.jpg|my house.jpg"},
         {"/my house.jpg a.jpg", "|my house.jpg|a.jpg"},
-        {"/ a.jpg  my house.jpg ", "|a.jpg|my house.jpg"},
         {" a.jpg my house.jpg", "|a.jpg|my house.jpg"},  // folder and names, blanks only
         {"/A.JPG b.jpg", "|a.jpg|B.JPG"},                // as they are written there
         {"/a.jpg front.jpg copy.jpg B.JPG", "|a.jpg|front.jpg copy.jpg|B.JPG"},
@@ -43,7 +42,6 @@ TEST(Selection, FolderIsUnknown_NamesEndAfterAPicturesExtension) {
         {std::string("C:\\Photos\0a.jpg b.jpg\0c.jpg", 27), "C:\\Photos|a.jpg b.jpg|c.jpg"},
         {"C:\\Photos\\a.jpg my house.jpg", "C:\\Photos|a.jpg|my house.jpg"},
         {"C:\\a.jpg b.jpg", "C:\\|a.jpg|b.jpg"},
-        {"/a.jpg b.jpg", "/|a.jpg|b.jpg"},
         {"C:\\Photos\\a.HEIC b.WebP c.png", "C:\\Photos|a.HEIC|b.WebP|c.png"},
         {"\\\\server\\photos\\a.jpg b.jpg", "\\\\server\\photos|a.jpg|b.jpg"},
         {"\\\\server\\photos a.jpg b.jpg", "\\\\server\\photos|a.jpg|b.jpg"},

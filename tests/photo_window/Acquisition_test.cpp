@@ -16,24 +16,20 @@ protected:
     }
 };
 
-TEST_F(AcquisitionTest, AcquireMultiple_FeederPages_GoThroughTheCropWindowOneByOne) {
-    scanner.pages = 4;
-    WillCapture({300, 400});
+TEST_F(AcquisitionTest, AcquireMultiple_FeederGoesOnAndTheGlassAsks) {
+    scanner.pages = 5;
+    WillCapture({300});
     desktop.Play("frmPhotoCrop", [](frmPhotoCrop& crop) {
-        EXPECT_EQ(crop.Caption() + crop.lblPicture.Caption(), "Photo from TwainPicture 3");
+        EXPECT_EQ(crop.Caption() + crop.lblPicture.Caption(), "Photo from TwainPicture 2");
         crop.cmdAbort.Press();
     });
-    EXPECT_EQ(Acquire("AcquireMultiple"), 2);
-    EXPECT_EQ(scanner.handedOver, 3);
-}
-
-TEST_F(AcquisitionTest, AcquireMultiple_FromTheGlass_AsksForTheNext) {
-    scanner.pages = 5;
+    EXPECT_EQ(Acquire("AcquireMultiple"), 1);
+    EXPECT_EQ(scanner.handedOver, 2);
     scanner.feeder = false;
-    WillCapture({300, 400});
+    WillCapture({400, 500});
     for (const Answer answer : {Answer::Yes, Answer::No})
         desktop.Expect("Do you want to acquire another picture? Change the original first.", answer);
-    EXPECT_EQ(Acquire("AcquireMultiple"), 2);
+    EXPECT_EQ(Acquire("AcquireMultiple"), 3);
 }
 
 TEST_F(AcquisitionTest, AcquireSingle_DeviceFails_IsReportedAndToolsComeBack) {
@@ -51,24 +47,27 @@ TEST_F(AcquisitionTest, Acquire_CancelledWhileTheDeviceWorks_HandsNothingOver) {
     EXPECT_EQ(Acquire("AcquireSingle") + scanner.handedOver, 0);
 }
 
-TEST_F(AcquisitionTest, SelectSource_Chosen_IsTheOneThatIsAcquiredFrom) {
-    scanner.sources = {{"dev:0", "Maker", "Flat", "flatbed scanner"}, {"dev:1", "", "", ""}};
-    desktop.Play("frmSelectSource", [](frmSelectSource& choice) {
-        choice.lisSources.Select(1);
-        choice.cmdOK.Press();
-    });
+TEST_F(AcquisitionTest, SelectSource_EveryWayOut_DecidesWhatIsAcquiredFrom) {
+    const std::pair<std::function<void(frmSelectSource&)>, const char*> cases[] = {
+        {[](auto& choice) { choice.cmdOK.Press(); }, "dev:0"},  // none was chosen before
+        {[](auto& choice) { choice.lisSources.Select(1), choice.cmdOK.Press(); }, "dev:1"},
+        {[](auto& choice) { choice.cmdOK.Press(); }, "dev:1"},
+        {[](auto& choice) { choice.lisSources.Select(0), choice.cmdCancel.Press(); }, "dev:1"},
+        {[](auto& choice) { choice.lisSources.Select(0), choice.lisSources.DoubleClicked(); }, "dev:0"},
+    };
+    desktop.Expect(NoScannerSource);
     Acquire("SelectSource");
-    WillCapture({300});
-    Acquire("AcquireSingle");
-    EXPECT_EQ(scanner.order->source, "dev:1");
-}
-
-TEST_F(AcquisitionTest, Tools_ListingFull_AreDisabled) {
-    GivenListing(100123, {1, 2, 3, 4});
-    OpenWith({"100123"});
-    EXPECT_FALSE(window->Menu.IsEnabled("AcquireSingle"));
-    window->Menu.ClickTool("DeletePhoto");
-    EXPECT_TRUE(window->Menu.IsEnabled("AcquireSingle"));
+    scanner.sources = {{"dev:0", "Maker", "Flat", "flatbed scanner"}, {"dev:1", "", "", ""}};
+    for (const auto& [choose, source] : cases) {
+        desktop.Play("frmSelectSource", [&choose = choose](frmSelectSource& choice) {
+            EXPECT_EQ(choice.lisSources.Cell(0, 0) + "," + choice.lisSources.Cell(1, 0), "Maker Flat,dev:1");
+            choose(choice);
+        });
+        Acquire("SelectSource");
+        desktop.Play("frmPhotoCrop", [](frmPhotoCrop& crop) { crop.cmdCancel.Press(); });
+        Acquire("AcquireSingle");
+        EXPECT_EQ(scanner.order->source, source);
+    }
 }
 
 }  // namespace

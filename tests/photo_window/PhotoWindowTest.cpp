@@ -5,7 +5,6 @@
 namespace lumarin::testing {
 
 void FakeArchiver::Create(const std::string& archive, const std::vector<std::string>& files) {
-    if (failure) throw Error(*failure);
     packaged.clear();
     for (const std::string& file : files) {
         packaged.push_back(text::AfterLastSeparator(file));
@@ -32,9 +31,12 @@ PhotoWindowTest::PhotoWindowTest() {
     host.onQuery = [this](const std::string& sql) { return Answered(sql); };
 }
 
-void PhotoWindowTest::GivenListing(std::int32_t number, const std::vector<std::size_t>& lengths) {
+void PhotoWindowTest::GivenListing(std::int32_t number, const std::vector<std::size_t>& lengths,
+                                   const std::string& descriptionCodes) {
     host.Publish(number, lengths);
-    listings_[number] = lengths;
+    Listing& listing = listings_[number] = {lengths.size(), "", descriptionCodes};
+    for (const std::size_t length : lengths)
+        listing.sizes += (listing.sizes.empty() ? "" : ",") + std::to_string(length);
 }
 
 void PhotoWindowTest::Open() {
@@ -62,15 +64,13 @@ void PhotoWindowTest::WillCapture(const std::vector<std::size_t>& lengths) {
     }
 }
 
-void PhotoWindowTest::GivenWorkingFile(const std::string& name, const std::string& bytes) {
+void PhotoWindowTest::GivenUnreadableWork(const std::string& number) {
     files::EnsureFolder(host.WorkingFolder());
-    files::WriteWhole(host.WorkingFolder() + name, bytes);
-}
-
-void PhotoWindowTest::ExpectUnreadableWork() {
+    files::WriteWhole(host.WorkingFolder() + number + ".dat", "garbage");
+    files::WriteWhole(host.WorkingFolder() + number + "a.jpg", "precious");
     desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " +
-                   host.WorkingFolder() +
-                   "\n\n100200.dat\nThe saved state of a listing cannot be read: it is cut short at byte 7");
+                   host.WorkingFolder() + "\n\n" + number +
+                   ".dat\nThe saved state of a listing cannot be read: it is cut short at byte 7");
 }
 
 std::set<std::string> PhotoWindowTest::WorkingFiles() const {
@@ -85,24 +85,20 @@ PhotoWindowTest::Texts PhotoWindowTest::ListTexts(const ListView& list) {
 }
 
 FakeTable PhotoWindowTest::Answered(const std::string& sql) const {
-    const auto sizes = [](const std::vector<std::size_t>& lengths) {
-        std::string list;
-        for (const std::size_t length : lengths) list += (list.empty() ? "" : ",") + std::to_string(length);
-        return list;
-    };
     if (sql.starts_with("SELECT PhoListNum")) {
         FakeTable versions{{"PhoListNum", "PhotoVersion"}, {}};
-        for (const auto& [number, lengths] : listings_)
-            if (!lengths.empty()) versions.rows.push_back({number, sizes(lengths)});
+        for (const auto& [number, listing] : listings_)
+            if (listing.count > 0) versions.rows.push_back({number, listing.sizes});
         return versions;
     }
     if (sql.find(" As SelectedId") != std::string::npos) return {};
     const auto found = listings_.find(std::stoi(sql.substr(sql.rfind(" = ") + 3)));
-    if (found == listings_.end() || sql.find("From Listings") == std::string::npos) return {};
-    const auto& [number, lengths] = *found;
+    if (found == listings_.end()) return {};
+    const auto& [number, listing] = *found;
     return {{"ListNum", "PhotoCount", "PhotoVersion", "PhotoDesc", "StreetNumber", "StreetName",
-             "StreetDirection", "ListAgentId"},
-            {{number, lengths.size(), sizes(lengths), {}, number % 100, "Elm St", "N", "A101"}}};
+             "StreetDirection", "ListOfficeId", "ListAgentId", "BoardId"},
+            {{number, listing.count, listing.sizes, listing.codes, number % 100, "Elm St", "N", "OF1", "A101",
+              "1"}}};
 }
 
 }  // namespace lumarin::testing

@@ -13,7 +13,6 @@ struct FakeArchiver final : ZipArchiver {
     std::vector<std::string> packaged;            ///< plain names
     std::map<std::string, std::string> contents;  ///< bytes by plain name, as they were then
     std::size_t length = 100;
-    std::optional<Error> failure;
 };
 
 /// A scanner with as many pages as the test puts in.
@@ -38,17 +37,16 @@ protected:
     PhotoWindowTest();
 
     /// A listing of the database with published photos of these lengths; no lengths: no row in Photo.
-    void GivenListing(std::int32_t number, const std::vector<std::size_t>& lengths = {});
+    void GivenListing(std::int32_t number, const std::vector<std::size_t>& lengths = {},
+                      const std::string& descriptionCodes = {});
     void Open();  ///< makes and initialises the window
     void Enter(const std::string& number);
     /// The window with these listings, each with the photos that were given.
     void OpenWith(const std::vector<std::string>& numbers);
     /// What the agent does in the crop window for each coming photo: the length of the captured file.
     void WillCapture(const std::vector<std::size_t>& lengths);
-    /// A file of the working folder, left by an earlier run.
-    void GivenWorkingFile(const std::string& name, const std::string& bytes);
-    /// What is said of an unreadable 100200.dat.
-    void ExpectUnreadableWork();
+    /// A state that cannot be read, with a photo, left by an earlier run; the window will say so.
+    void GivenUnreadableWork(const std::string& number);
     std::set<std::string> WorkingFiles() const;
     static Texts ListTexts(const ListView& list);
 
@@ -57,8 +55,12 @@ protected:
     std::unique_ptr<frmLumarin> window;
 
 private:
+    struct Listing {
+        std::size_t count = 0;
+        std::string sizes, codes;
+    };
     FakeTable Answered(const std::string& sql) const;
-    std::map<std::int32_t, std::vector<std::size_t>> listings_;
+    std::map<std::int32_t, Listing> listings_;
 };
 
 }  // namespace lumarin::testing

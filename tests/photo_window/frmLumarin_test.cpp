@@ -1,7 +1,6 @@
 #include "photo_window/frmLumarin.h"
 
 #include "PhotoWindowTest.h"
-#include "entry/Settings.h"
 #include "lookup/frmFindProperty.h"
 
 namespace lumarin {
@@ -15,17 +14,16 @@ TEST_F(frmLumarinTest, Enter_ListingNumbers_GathersEachOnce) {
     EXPECT_FALSE(window->cmdAdd.Enabled());
     OpenWith({"100123", "100124", "100123"});
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100123", "100124"}));
+    EXPECT_EQ(window->RecList.At(0).subItems, (Texts{"23", "N", "Elm St"}));
     EXPECT_EQ(window->RecList.Selected(), 0);
     EXPECT_EQ(window->PhotoList.Count(), 3);
     EXPECT_TRUE(window->cmdAdd.Enabled() && window->Menu.IsEnabled("Open") && window->cmdSend.Enabled());
     EXPECT_EQ(window->RecList.Columns()[2].caption, "Dir");
-}
-
-TEST_F(frmLumarinTest, Enter_UnknownNumber_SaysSoInTheRightWords) {
+    window->RecList.Select(1);
+    EXPECT_EQ(window->PhotoList.Count(), 0);
+    EXPECT_FALSE(window->Menu.IsEnabled("Copy"));
     desktop.Expect("0123 Is not a valid listing number", "Listing not found");
-    OpenWith({});
     Enter("0123");
-    EXPECT_TRUE(host.queries.empty());
     desktop.Expect("No listings Found for Elm");
     EXPECT_EQ(window->LookUpListing("999", "Elm"), LookupResult::NotFound);
 }
@@ -46,19 +44,28 @@ TEST_F(frmLumarinTest, Open_SeveralFiles_AbortEndsAndCancelSkips) {
 }
 
 TEST_F(frmLumarinTest, SmartLoad_FileNames_ChooseTheListing) {
-    GivenListing(12345);
+    const char* refused[] = {"123.jpg", "1234567a.jpg", "123456", "a12345.jpg"};
+    const char* taken[] = {"1234.jpg", "12345-front.jpg", "123456a"};
+    std::string selection = "/12345", told;
+    for (const std::string name : refused) {
+        selection += "|" + name;
+        told += "/12345/" + name +
+                " was not imported: its name does not start with a listing number (4 to 6 digits, and "
+                "something behind them).\n";
+    }
+    for (const std::string name : taken) {
+        selection += "|" + name;
+        imaging.pictures["/12345/" + name] = {800, 500, false};
+        GivenListing(std::stoi(name));
+    }
     Open();
-    imaging.pictures["/in/12345-front.jpg"] = {800, 500, false};
-    WillCapture({300});
-    desktop.Choose(Selection("/in|12345-front.jpg|123.jpg|99999x.jpg"));
+    WillCapture({300, 400, 500});
+    desktop.Choose(Selection(selection + "|99999x.jpg"));
     desktop.Expect("99999 Is not a valid listing number");
-    desktop.Expect(
-        "/in/123.jpg was not imported: its name does not start with a listing number (4 to 6 digits, and "
-        "something behind them).\n"
-        "/in/99999x.jpg was not imported: there is no listing 99999 to put it in.",
-        "frmLumarin-SmartLoad");
+    desktop.Expect(told + "/12345/99999x.jpg was not imported: there is no listing 99999 to put it in.",
+                   "frmLumarin-SmartLoad");
     window->Menu.ClickTool("SmartLoad");
-    EXPECT_EQ(ListTexts(window->RecList), Texts{"12345"});
+    EXPECT_EQ(ListTexts(window->RecList), (Texts{"1234", "12345", "123456"}));
     EXPECT_EQ(window->PhotoList.Count(), 1);
 }
 
@@ -97,22 +104,6 @@ TEST_F(frmLumarinTest, Clipboard_CopyThenPaste_AsksAtTheEnd) {
     EXPECT_EQ(desktop.clipboard, nullptr);
 }
 
-TEST_F(frmLumarinTest, ListingClicked_AnotherOne_SavesTheFirstAndShowsIt) {
-    GivenListing(100123, {100, 200});
-    OpenWith({"100123"});
-    window->PhotoList.Select(1);
-    EXPECT_TRUE(window->PhotoList.PressKey({.key = Key::Up, .control = true}));
-    EXPECT_EQ(window->PhotoList.Selected(), 0);
-    EXPECT_TRUE(WorkingFiles().contains("100123.jnl"));
-    GivenListing(100124);
-    Enter("100124");
-    window->RecList.Select(0);
-    window->RecList.Select(1);
-    EXPECT_FALSE(WorkingFiles().contains("100123.jnl"));  // its state file is up to date
-    EXPECT_EQ(window->PhotoList.Count(), 0);
-    EXPECT_FALSE(window->Menu.IsEnabled("Copy"));
-}
-
 TEST_F(frmLumarinTest, RemoveListing_WithUnsentChanges_Asks) {
     GivenListing(100123, {100, 200});
     OpenWith({"100124", "100123"});
@@ -122,39 +113,19 @@ TEST_F(frmLumarinTest, RemoveListing_WithUnsentChanges_Asks) {
         EXPECT_EQ(window->RecList.Count(), 2);
         desktop.Expect(
             "The changes to the photos of listing 100123 were not sent. Do you want to remove the listing "
-            "and "
-            "lose them?",
+            "and lose them?",
             answer);
         window->cmdRemove.Press();
     }
     EXPECT_EQ(ListTexts(window->RecList), Texts{"100124"});
     EXPECT_EQ(window->RecList.Selected(), 0);
+    files::WriteWhole(host.WorkingFolder() + "1001241a.jpg", "another listing's");
     window->RecList.PressKey({Key::Delete});  // unchanged: no question
     EXPECT_EQ(window->RecList.Count(), 0);
-    EXPECT_TRUE(WorkingFiles().empty());
+    EXPECT_EQ(WorkingFiles(), std::set<std::string>{"1001241a.jpg"});
     for (const char* tool : {"Open", "SendPhotos", "DeletePhoto", "View", "Copy", "RemoveEntry"})
         EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
     EXPECT_FALSE(window->cmdRemove.Enabled() || window->cmdSend.Enabled() || window->imgMain.AcceptsFiles());
-}
-
-TEST_F(frmLumarinTest, Reopen_AfterAKill_ShowsTheListingsAgain) {
-    GivenListing(100123, {100});
-    OpenWith({"100123", "100124"});
-    window->RecList.Select(0);
-    WillCapture({300});
-    desktop.Choose("/in/a.png");
-    window->Menu.ClickTool("Open");
-    for (const char* left : {"100200.dat", "100123c.jpg.part", "VEL42A101.zip"})
-        GivenWorkingFile(left, "garbage");
-    // Nothing is unloaded; held to the very end, so that it is no leak.
-    [[maybe_unused]] static frmLumarin* volatile killed;
-    killed = window.release();
-    ExpectUnreadableWork();
-    Open();
-    EXPECT_EQ(ListTexts(window->RecList), (Texts{"100123", "100124"}));
-    EXPECT_EQ(window->PhotoList.Count(), 2);
-    EXPECT_FALSE(WorkingFiles().contains("100123c.jpg.part") || WorkingFiles().contains("VEL42A101.zip"));
-    EXPECT_TRUE(WorkingFiles().contains("100200.dat"));
 }
 
 TEST_F(frmLumarinTest, Unload_MovedAndImported_WritesOnlyWhatChanged) {
@@ -171,32 +142,36 @@ TEST_F(frmLumarinTest, Unload_MovedAndImported_WritesOnlyWhatChanged) {
               "[Photos]\r\nDefault Import Dir=/in/\r\nStart Up Position=2415.5,1830\r\n");
 }
 
-TEST_F(frmLumarinTest, FilePreview_Toggled_IsStoredForTheInstallation) {
-    Open();
-    window->Menu.ClickTool("FilePreview");
-    EXPECT_EQ(settings::ReadText(host.CityFolder() + "CityInfo.ini", "Lumarin", "FilePreview", ""), "False");
-    Open();
-    EXPECT_FALSE(window->Menu.IsChecked("FilePreview"));
+TEST_F(frmLumarinTest, StartUpPosition_OnlyTheFarEdges_PullTheWindowBack) {
+    const struct {
+        const char* position;
+        double left, top;
+    } cases[] = {
+        {"99999,99999", 2700, 4560},
+        {"-500,-500", -500, -500},
+        {"2415.5,1830", 2415.5, 1830},
+        {"here", 1, 100},
+        {"7", 1, 100},
+    };
+    for (const auto& [position, left, top] : cases) {
+        files::WriteWhole(host.UserFolder() + "User.ini",
+                          std::string("[Photos]\nStart Up Position=") + position);
+        Open();
+        EXPECT_EQ(window->Bounds(), (Rect{left, top, 16500, 10800})) << position;
+    }
 }
 
-TEST_F(frmLumarinTest, ContextMenu_DescriptionChosen_ChangesThePhoto) {
-    GivenListing(100123, {100, 200});
-    OpenWith({"100123"});
-    window->PhotoList.Select(1);
-    window->PhotoList.MouseWentUp({MouseButton::Right, 0, 0});
-    window->RecList.MouseWentUp({MouseButton::Right, 0, 0});
-    EXPECT_EQ(desktop.poppedUp, (Texts{"PhotoPopup", "ListingPopup"}));
-    window->Menu.ClickTool("View_2112");
-    EXPECT_EQ(ListTexts(window->PhotoList), (Texts{"Front", "Kitchen"}));
-}
-
-TEST_F(frmLumarinTest, SortNames_Set_KeepsTheListSorted) {
-    files::WriteWhole(host.CityFolder() + "CityInfo.ini", "[Lumarin]\nSortNames=1\n");
+TEST_F(frmLumarinTest, SettingsOfTheInstallation_AreFollowedAndKept) {
+    files::WriteWhole(host.CityFolder() + "CityInfo.ini", "[Lumarin]\nSortNames=1\nPhoto Maximum=99\n");
     OpenWith({"100150", "100109", "100120"});
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100109", "100120", "100150"}));  // by house number
+    EXPECT_EQ(window->lblPhotos.Caption(), "Listing 100120: 0 of 26 photos");
     window->RecList.ClickColumn(0);
     window->RecList.ClickColumn(0);
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100150", "100120", "100109"}));
+    window->Menu.ClickTool("FilePreview");
+    Open();
+    EXPECT_FALSE(window->Menu.IsChecked("FilePreview"));
 }
 
 TEST_F(frmLumarinTest, Browse_ChosenListing_IsEnteredAsIfTyped) {
@@ -213,13 +188,19 @@ TEST_F(frmLumarinTest, Browse_ChosenListing_IsEnteredAsIfTyped) {
         << host.queries[0];
 }
 
-TEST_F(frmLumarinTest, ViewerHelpAndExit_Open_TheirWindowsAndEndTheJob) {
-    GivenListing(100123, {100});
-    imaging.pictures[host.WorkingFolder() + "100123a.jpg"] = {480, 300, true};
+TEST_F(frmLumarinTest, MenusViewerHelpAndExit_DoTheirWork) {
+    GivenListing(100123, {100, 200});
+    imaging.pictures[host.WorkingFolder() + "100123b.jpg"] = {480, 300, true};
     OpenWith({"100123"});
+    window->PhotoList.Select(1);
+    window->PhotoList.MouseWentUp({MouseButton::Right, 0, 0});
+    window->RecList.MouseWentUp({MouseButton::Right, 0, 0});
+    EXPECT_EQ(desktop.poppedUp, (Texts{"PhotoPopup", "ListingPopup"}));
+    window->Menu.ClickTool("View_2112");
+    EXPECT_EQ(ListTexts(window->PhotoList), (Texts{"Front", "Kitchen"}));
     window->imgMain.MouseWentUp({MouseButton::Left, 10, 10});
     ASSERT_TRUE(desktop.shown.contains("frmPhotoViewer"));
-    EXPECT_EQ(desktop.shown["frmPhotoViewer"]->Caption(), "Front - 100123");
+    EXPECT_EQ(desktop.shown["frmPhotoViewer"]->Caption(), "Kitchen - 100123");
     window->Menu.ClickTool("miHelp");
     EXPECT_EQ(desktop.helpPages.at(0), std::make_pair(host.HelpFilePath(), window->HelpContext()));
     window->Menu.ClickTool("Exit");

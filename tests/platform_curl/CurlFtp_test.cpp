@@ -9,8 +9,7 @@
 
 #include "base/Files.h"
 #include "platform_curl/FtpServer.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedDesktop.h"
+#include "support/WindowTest.h"
 #include "util/FtpJob.h"
 #include "util/frmFTP.h"
 
@@ -22,7 +21,7 @@ using std::chrono::steady_clock;
 
 constexpr const char* Agent = "|agent|se|cret";
 
-class CurlFtpTest : public ::testing::Test {
+class CurlFtpTest : public WindowTest {
 protected:
     CurlFtpTest() { files::EnsureFolder(Remote()); }
 
@@ -59,12 +58,6 @@ TEST_F(CurlFtpTest, Window_SendsSeveralFilesToAMissingFolder) {
                                  GivenFile("Küche größer 厨房.jpg", "kitchen"), GivenFile("empty", "")};
     std::string list;
     for (const std::string& path : paths) list += path + '\0';
-
-    ScriptedDesktop desktop;
-    FakeHost host;
-    HostLink link;
-    link.Set(host);
-    const SystemClock clock;
     CurlFtp ftp;
     frmFTP window(desktop, clock, link, ftp);
     for (const std::string folderName : {"", "Büro 7/in", "/abs"}) {

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QFile>
 #include <QtEndian>
 #include <QtTest/QTest>
 
 #include <random>
 
+#include "base/Files.h"
 #include "host/demo/FileMoveAnimation.h"
 #include "platform/qt/widgets/AnimationWidget.h"
 #include "support/TemporaryFolder.h"
@@ -58,19 +58,12 @@ TEST(AviFile, Film_WithSoundAndNestedFrames_GivesItsPictures) {
     EXPECT_TRUE(film.Frame(2).isNull());
 }
 
-TEST(AviFile, FilmOfTheHost_IsReadWholeAndHasItsIndex) {
+TEST(AviFile, FilmOfTheHost_IsReadWhole) {
     const host::Animation drawn = host::DrawFileMove();
-    const QByteArray avi = QByteArray::fromStdString(host::AviBytes(drawn));
-    const qt::AviFile film(avi);
-    ASSERT_EQ(film.FrameCount(), static_cast<int>(drawn.frames.size()));
+    const qt::AviFile film(QByteArray::fromStdString(host::AviBytes(drawn)));
+    EXPECT_EQ(film.FrameCount(), static_cast<int>(drawn.frames.size()));
     EXPECT_EQ(film.FrameMilliseconds(), 1000 / drawn.framesPerSecond);
     EXPECT_EQ(film.Frame(film.FrameCount() - 1).size(), QSize(drawn.width, drawn.height));
-    const qsizetype movie = avi.indexOf("movi"), index = avi.lastIndexOf("idx1") + 8;
-    for (qsizetype i = 0; i < film.FrameCount(); ++i) {
-        const auto at = qFromLittleEndian<qint32>(avi.data() + index + 16 * i + 8);
-        const std::string& frame = drawn.frames[static_cast<std::size_t>(i)];
-        EXPECT_TRUE(avi.mid(movie + at).startsWith(Chunk("00dc", QByteArray::fromStdString(frame)))) << i;
-    }
 }
 
 TEST(AviFile, DamagedBytes_OnlyLoseFrames) {
@@ -93,13 +86,10 @@ TEST(AviFile, DamagedBytes_OnlyLoseFrames) {
 
 TEST(AnimationWidget, Film_WhileVisible_PlaysRoundAndRound) {
     const TemporaryFolder folder;
-    QFile file(QString::fromStdString(folder.Path() + "film.avi"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(Film());
-    file.close();
+    files::WriteWhole(folder.Path() + "film.avi", Film().toStdString());
     qt::AnimationWidget widget;
     widget.SetPlaying(true);
-    widget.Open(file.fileName());
+    widget.Open(QString::fromStdString(folder.Path() + "film.avi"));
     QTest::qWait(60);
     EXPECT_EQ(widget.CurrentFrame(), 0) << "nobody sees it";
     widget.show();

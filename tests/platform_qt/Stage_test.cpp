@@ -1,5 +1,4 @@
 // Pictures, frames and the box over them: mouse, keys, drops and what is painted.
-#include <QAbstractScrollArea>
 #include <QDropEvent>
 #include <QImage>
 #include <QMimeData>
@@ -18,16 +17,13 @@ PicturePtr PlainPicture(int width, int height, std::uint8_t grey) {
     return std::make_shared<Picture>(Picture{width, height, std::vector<std::uint8_t>(bytes, grey)});
 }
 
-/// Whether the widget took the drop.
-bool Drop(QWidget& widget, const QList<QUrl>& urls) {
+void Drop(QWidget& widget, const QList<QUrl>& urls) {
     QMimeData data;
     data.setUrls(urls);
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &enter);
-    if (!enter.isAccepted()) return false;
     QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &drop);
-    return drop.isAccepted();
 }
 
 }  // namespace
@@ -42,38 +38,30 @@ protected:
     }
 };
 
-TEST_F(StageTest, Mouse_OverPictureAndFrame_CarriesTwipsOfEach) {
-    std::string events;
-    const auto note = [&](const std::string& what) {
+TEST_F(StageTest, Mouse_OnPicture_CarriesItsTwipsAndStaysWithIt) {
+    QString events;
+    const auto note = [&](const char* what) {
         return [&events, what](const Mouse& mouse) {
-            events += what + std::to_string(static_cast<int>(mouse.button)) + "@" +
-                      std::to_string(static_cast<int>(mouse.x)) + "," +
-                      std::to_string(static_cast<int>(mouse.y)) + " ";
+            events += QString("%1 %2@").arg(what).arg(static_cast<int>(mouse.button)) +
+                      QString("%1,%2 ").arg(mouse.x).arg(mouse.y);
         };
     };
-    const auto noteAll = [&](auto& control, const std::string& name) {
-        control.MouseDown = note(name + " down ");
-        control.MouseMove = note(name + " move ");
-        control.MouseUp = note(name + " up ");
-    };
-    noteAll(form->picOnStage, "picture");
-    noteAll(form->fraStage, "frame");
+    form->picOnStage.MouseDown = note("down");
+    form->picOnStage.MouseMove = note("move");
+    form->picOnStage.MouseUp = note("up");
     ShowStage();
-    form->shpBox.Move({0, 0, 1500, 1500});  // lies above both and takes nothing
+    form->shpBox.Move({0, 0, 1500, 1500});  // lies above it and takes nothing
     QWidget& stage = Widget("fraStage");
     const QPoint onPicture = stage.mapTo(&Window(), QPoint(52, 33));
     const QPoint besides = stage.mapTo(&Window(), QPoint(10, 20));
     QWindow* window = Window().windowHandle();
+    QTest::mouseMove(window, besides);
     events.clear();
     QTest::mouseMove(window, onPicture);
     QTest::mousePress(window, Qt::LeftButton, {}, onPicture);
     QTest::mouseMove(window, besides);
     QTest::mouseRelease(window, Qt::LeftButton, {}, besides);
-    QTest::mousePress(window, Qt::RightButton, {}, besides);
-    QTest::mouseRelease(window, Qt::RightButton, {}, besides);
-    EXPECT_EQ(events,
-              "picture move 0@30,45 picture down 1@30,45 picture move 1@-600,-150 picture up 1@-600,-150 "
-              "frame down 2@150,300 frame up 2@150,300 ");
+    EXPECT_EQ(events, "move 0@30,45 down 1@30,45 move 1@-600,-150 up 1@-600,-150 ");
     EXPECT_TRUE(stage.hasFocus());
 }
 
@@ -81,17 +69,15 @@ TEST_F(StageTest, Frame_Keys_GoToItAndOnOnlyWhenNotUsed) {
     std::vector<Key> keys;
     form->fraStage.KeyPressed = [&](const KeyDown& key, bool& used) {
         keys.push_back(key.key);
-        used = key.key == Key::Left && key.shift;
+        used = key.shift;
     };
     Show();
-    form->fraStage.SetFocus();
-    QKeyEvent left(QEvent::KeyPress, Qt::Key_Left, Qt::ShiftModifier);
-    QKeyEvent home(QEvent::KeyPress, Qt::Key_Home, Qt::NoModifier);
-    QApplication::sendEvent(&Widget("fraStage"), &left);
-    QApplication::sendEvent(&Widget("fraStage"), &home);
-    EXPECT_EQ(keys, (std::vector{Key::Left, Key::Home}));
-    EXPECT_TRUE(left.isAccepted());
-    EXPECT_FALSE(home.isAccepted());
+    for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
+        QKeyEvent left(QEvent::KeyPress, Qt::Key_Left, modifier);
+        QApplication::sendEvent(&Widget("fraStage"), &left);
+        EXPECT_EQ(left.isAccepted(), modifier == Qt::ShiftModifier);
+    }
+    EXPECT_EQ(keys, (std::vector{Key::Left, Key::Left}));
 }
 
 TEST_F(StageTest, Picture_OnFrameWithoutLayout_StandsWhereTheCodePutIt) {
@@ -130,26 +116,20 @@ TEST_F(StageTest, Shape_OverPicture_DimsOnlyThePictureOutsideOfIt) {
     EXPECT_EQ(Widget<qt::ShapeWidget>("shpBox").Box(), QRect(80, 10, 400, 400));
 }
 
-TEST_F(StageTest, Drop_WhereFilesAreAccepted_FilesAndOtherThingsAreToldApart) {
-    const QUrl file = QUrl::fromLocalFile("/photos/a b.jpg");
-    const QUrl page("https://example.com/x.jpg");
-    std::vector<std::vector<std::string>> drops;
+TEST_F(StageTest, Drop_FilesAndOtherThings_AreToldApart) {
+    const QUrl file = QUrl::fromLocalFile("/photos/a b.jpg"), page("https://example.com/x.jpg");
+    std::vector<std::string> dropped;
     int others = 0;
     form->picPhoto.OtherDropped = [&] { ++others; };
-    form->picPhoto.FilesDropped =
-        form->lisRows.FilesDropped = [&](const std::vector<std::string>& paths) { drops.push_back(paths); };
+    form->picPhoto.FilesDropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
     Show();
-    QWidget& list = *Widget<QAbstractScrollArea>("lisRows").viewport();
     EXPECT_FALSE(Widget("picPhoto").acceptDrops());
     form->picPhoto.SetAcceptsFiles(true);
-    form->lisRows.SetAcceptsFiles(true);
     EXPECT_TRUE(Widget("picPhoto").acceptDrops());
     Drop(Widget("picPhoto"), {page});
     EXPECT_EQ(others, 1);
-    EXPECT_TRUE(Drop(Widget("picPhoto"), {file, page}));
-    EXPECT_TRUE(Drop(list, {file, file}));
-    EXPECT_EQ(drops, (std::vector<std::vector<std::string>>{{"/photos/a b.jpg"},
-                                                            {"/photos/a b.jpg", "/photos/a b.jpg"}}));
+    Drop(Widget("picPhoto"), {file, page, file});
+    EXPECT_EQ(dropped, (std::vector<std::string>{"/photos/a b.jpg", "/photos/a b.jpg"}));
 }
 
 TEST(Conversions, Picture_ThereAndBack_KeepsPixelsWithoutPadding) {

@@ -22,22 +22,25 @@ QChar AccessKey(const QString& text) {
 
 }  // namespace
 
-TEST(Windows, EveryWindow_FitsItsDesign) {
+class Windows : public ::testing::Test {
+protected:
     qt::QtDesktop desktop;
-    EveryWindow windows(desktop);
+    EveryWindow windows{desktop};
+    const std::vector<std::unique_ptr<Form>> forms = windows.Make();
+};
+
+TEST_F(Windows, EveryWindow_FitsItsDesign) {
     QStringList designs = QDir(":/windows").entryList({"frm*.ui"});
     for (const char* ofTests : {"frmEveryKind.ui", "frmMismatched.ui"}) designs.removeAll(ofTests);
-    for (const auto& form : windows.Make()) {
+    for (const auto& form : forms) {
         EXPECT_EQ(qt::Mismatches(*form), std::vector<std::string>()) << form->Name();
         EXPECT_EQ(designs.removeAll(QString::fromStdString(form->Name()) + ".ui"), 1) << form->Name();
     }
     EXPECT_TRUE(designs.isEmpty()) << "no form for " << designs.join(' ').toStdString();
 }
 
-TEST(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
-    qt::QtDesktop desktop;
-    EveryWindow windows(desktop);
-    for (const auto& form : windows.Make()) {
+TEST_F(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
+    for (const auto& form : forms) {
         form->Load();
         auto& window = *static_cast<QWidget*>(form->NativeWindow());
         QMap<QChar, QStringList> accessKeys;
@@ -64,14 +67,11 @@ TEST(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
     }
 }
 
-TEST(Windows, EveryTool_HasItsIcon) {
-    qt::QtDesktop desktop;
-    EveryWindow windows(desktop);
-    for (const auto& form : windows.Make())
+TEST_F(Windows, EveryTool_HasItsIcon) {
+    for (const auto& form : forms)
         for (Control* control : form->Controls()) {
             const auto* bar = dynamic_cast<ToolBar*>(control);
-            if (bar == nullptr) continue;
-            for (const ToolBar::Tool& tool : bar->Tools())
+            for (const ToolBar::Tool& tool : bar != nullptr ? bar->Tools() : std::vector<ToolBar::Tool>())
                 EXPECT_EQ(qt::ToolIcon(QString::fromStdString(tool.icon)).isNull(), tool.icon.empty())
                     << tool.name;
         }

@@ -15,16 +15,6 @@ protected:
         files::WriteWhole(folder / name, bytes);
         return imaging.Open(folder / name);
     }
-    /// The number of the error that this ends with, 0 without one.
-    template <class Work>
-    static int ErrorOf(Work work) {
-        try {
-            work();
-            return 0;
-        } catch (const ImagingError& error) {
-            return error.Number();
-        }
-    }
     static std::pair<int, int> SizeOf(const auto& picture) { return {picture.width, picture.height}; }
     std::string Destination() const { return folder / "destination"; }
 

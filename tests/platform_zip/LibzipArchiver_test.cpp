@@ -47,25 +47,13 @@ TEST_F(LibzipArchiver, Files_FromSeveralFolders_AreStoredByPlainName) {
 TEST_F(LibzipArchiver, Failure_OfAnyKind_NamesTheFileAndLeavesNothing) {
     const std::string photo = GivenFile("100123a.jpg", "photo");
     const std::string sameName = GivenFile("other/100123a.jpg", "another photo");
-    const struct {
-        const char* name;
-        std::string archive;
-        std::vector<std::string> paths;
-        std::string blamed;
-    } cases[] = {
-        {"missing file", folder + "a.zip", {photo, folder + "100123b.jpg"}, "100123b.jpg"},
-        {"a folder", folder + "a.zip", {photo, folder + "other"}, "other"},
-        {"same plain name", folder + "a.zip", {photo, sameName}, sameName},
-        {"no such folder", folder + "missing/a.zip", {photo}, "missing/a.zip"},
-    };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
-        if (row.archive == folder + "a.zip") GivenFile("a.zip", "older");
+    for (const std::string& blamed : {folder + "missing.jpg", folder + "other", sameName}) {
+        const std::string archive = GivenFile("a.zip", "older");
         try {
-            archiver.Create(row.archive, row.paths);
-            ADD_FAILURE() << "was packaged";
+            archiver.Create(archive, {photo, blamed});
+            ADD_FAILURE() << blamed << " was packaged";
         } catch (const Error& error) {
-            EXPECT_NE(error.Description().find(row.blamed), std::string::npos) << error.Description();
+            EXPECT_NE(error.Description().find(blamed), std::string::npos) << error.Description();
         }
         EXPECT_EQ(NamesIn(folder), std::vector<std::string>{"100123a.jpg"});
     }

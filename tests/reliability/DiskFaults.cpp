@@ -22,7 +22,15 @@ namespace lumarin::disk_faults {
 
 namespace {
 
-enum class Use { Read, Make, Grow, Change };
+enum class Use : char { Read = 'R', Make = 'M', Grow = 'G', Change = 'C' };
+
+struct Rule {
+    std::string_view counted;  ///< the uses
+    int error;  ///< of the chosen call and of all later ones; 0 when it is about that call only
+};
+/// By kind.
+constexpr Rule Rules[] = {{"MGC", 0}, {"MG", ENOSPC}, {"MGC", EROFS}, {"RMGC", EACCES},
+                          {"R", 0},   {"MGC", 0},     {"MGC", 0}};
 
 struct State {
     char folder[PATH_MAX] = "";
@@ -34,8 +42,8 @@ struct State {
 };
 State state;
 
-/// What is to happen to a call.
-enum class Fate { Well, Error, Half, KillBehind };
+/// What is to happen to a call. One that comes to its middle writes half where it writes at all.
+enum class Fate { Well, Error, Middle };
 
 /// Without the ending of a file that is just being written: that is the same file.
 std::string_view Stem(const char* path) {
@@ -44,54 +52,31 @@ std::string_view Stem(const char* path) {
     return stem;
 }
 
-bool Counts(Use use) {
+Fate FateOf(const char* path, Use use) {
+    const Rule& rule = Rules[static_cast<int>(state.kind)];
+    if (state.folder[0] == '\0' || state.paused || !std::string_view(path).starts_with(state.folder) ||
+        rule.counted.find(static_cast<char>(use)) == std::string_view::npos)
+        return Fate::Well;
+    const bool first = ++state.calls == state.call;
+    if (!first && (state.call < 1 || state.calls < state.call || rule.error == 0)) return Fate::Well;
+    errno = rule.error;
     switch (state.kind) {
         case Kind::Full:
-            return use == Use::Make || use == Use::Grow;
-        case Kind::Locked:
-            return true;
-        case Kind::Vanished:
-            return use == Use::Read;
-        default:
-            return use != Use::Read;
-    }
-}
-
-Fate Strike(const char* path, Use use) {
-    const bool first = state.calls == state.call;
-    switch (state.kind) {
-        case Kind::None:
-            return Fate::Well;
-        case Kind::Full:
-            errno = ENOSPC;
-            return first && use == Use::Grow ? Fate::Half : Fate::Error;
-        case Kind::ReadOnly:
-            errno = EROFS;
-            return Fate::Error;
+            return first && use == Use::Grow ? Fate::Middle : Fate::Error;
         case Kind::Locked:
             if (first) std::snprintf(state.locked, sizeof state.locked, "%s", path);
-            errno = EACCES;
             return Stem(path) == Stem(state.locked) ? Fate::Error : Fate::Well;
         case Kind::Vanished:
-            if (first) unlink(path);
+            unlink(path);
             return Fate::Well;
         case Kind::Killed:
             kill(getpid(), SIGKILL);
             return Fate::Error;
         case Kind::KilledHalf:
-            return use == Use::Grow ? Fate::Half : Fate::KillBehind;
+            return Fate::Middle;
+        default:
+            return Fate::Error;
     }
-    return Fate::Well;
-}
-
-Fate FateOf(const char* path, Use use) {
-    if (state.folder[0] == '\0' || state.paused || !std::string_view(path).starts_with(state.folder) ||
-        !Counts(use))
-        return Fate::Well;
-    ++state.calls;
-    const bool later = state.kind == Kind::Full || state.kind == Kind::ReadOnly || state.kind == Kind::Locked;
-    if (state.call < 1 || state.calls < state.call || (state.calls > state.call && !later)) return Fate::Well;
-    return Strike(path, use);
 }
 
 Fate FateOf(int file, Use use) {
@@ -104,29 +89,14 @@ Fate FateOf(int file, Use use) {
     return FateOf(path, use);
 }
 
-/// The C library's own function of this name.
-template <class Function>
-Function* Real(Function*, const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
-
 template <class Result, class Call>
 Result Does(Fate fate, Result failure, Call call) {
     if (fate == Fate::Error) return failure;
     const Result result = call();
-    if (fate == Fate::KillBehind) kill(getpid(), SIGKILL);
-    return result;
-}
-
-/// Writing that may stop in the middle: `write` takes how many bytes to write.
-template <class Write>
-ssize_t Grows(Fate fate, std::size_t count, Write write) {
-    if (fate == Fate::Error) return -1;
-    const ssize_t written = write(fate == Fate::Half ? count / 2 : count);
-    if (fate != Fate::Half) return written;
+    if (fate == Fate::Well) return result;
     if (state.kind == Kind::KilledHalf) kill(getpid(), SIGKILL);
     errno = ENOSPC;
-    return -1;
+    return failure;
 }
 
 Use UseOf(const char* path, int flags) {
@@ -135,7 +105,7 @@ Use UseOf(const char* path, int flags) {
 }
 
 Use UseOf(const char* path, const char* mode) {
-    return mode[0] == 'r' && mode[1] != '+' ? Use::Read : UseOf(path, O_WRONLY | O_CREAT);
+    return UseOf(path, mode[0] == 'r' && mode[1] != '+' ? O_RDONLY : O_WRONLY | O_CREAT);
 }
 
 }  // namespace
@@ -159,15 +129,24 @@ int End() {
 
 using namespace lumarin::disk_faults;
 
-#define REAL(name)                                      \
-    ([] {                                               \
-        static auto* const real = Real(&::name, #name); \
-        return real;                                    \
-    }())
-
-extern "C" {
-
 // Parameters and arguments come with their parentheses. NOLINTBEGIN(bugprone-macro-parentheses)
+
+/// The C library's own function of this name.
+#define REAL(name)                                                                              \
+    ([] {                                                                                       \
+        static auto* const real = reinterpret_cast<decltype(&::name)>(dlsym(RTLD_NEXT, #name)); \
+        return real;                                                                            \
+    }())
+#define REPLACE(result, name, failure, fate, parameters, arguments)               \
+    result name parameters {                                                      \
+        return Does<result>(fate, failure, [&] { return REAL(name) arguments; }); \
+    }
+#define REPLACE_WRITING(name, file, count, parameters, arguments)             \
+    ssize_t name parameters {                                                 \
+        const Fate fate = FateOf(file, Use::Grow);                            \
+        if (fate == Fate::Middle) count /= 2;                                 \
+        return Does<ssize_t>(fate, -1, [&] { return REAL(name) arguments; }); \
+    }
 #define REPLACE_OPEN(name)                                                                                \
     int name(const char* path, int flags, ...) {                                                          \
         va_list rest;                                                                                     \
@@ -176,11 +155,10 @@ extern "C" {
         va_end(rest);                                                                                     \
         return Does(FateOf(path, UseOf(path, flags)), -1, [&] { return REAL(name)(path, flags, mode); }); \
     }
-#define REPLACE(result, name, failure, fate, parameters, arguments)               \
-    result name parameters {                                                      \
-        return Does<result>(fate, failure, [&] { return REAL(name) arguments; }); \
-    }
+
 // NOLINTEND(bugprone-macro-parentheses)
+
+extern "C" {
 
 REPLACE_OPEN(open)
 REPLACE_OPEN(open64)
@@ -193,39 +171,27 @@ REPLACE(int, remove, -1, FateOf(path, Use::Change), (const char* path), (path))
 REPLACE(int, unlink, -1, FateOf(path, Use::Change), (const char* path), (path))
 REPLACE(int, mkdir, -1, FateOf(path, Use::Make), (const char* path, mode_t mode), (path, mode))
 REPLACE(int, ftruncate64, -1, FateOf(file, Use::Change), (int file, off64_t length) noexcept, (file, length))
+REPLACE_WRITING(write, file, count, (int file, const void* bytes, size_t count), (file, bytes, count))
+REPLACE_WRITING(pwrite64, file, count, (int file, const void* bytes, size_t count, off64_t at),
+                (file, bytes, count, at))
+REPLACE_WRITING(writev, file, count, (int file, const iovec* parts, int count), (file, parts, count))
+REPLACE_WRITING(sendfile, to, count, (int to, int from, off_t* at, size_t count), (to, from, at, count))
 
-ssize_t write(int file, const void* bytes, size_t count) {
-    return Grows(FateOf(file, Use::Grow), count, [&](size_t n) { return REAL(write)(file, bytes, n); });
-}
-ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t at) {
-    return Grows(FateOf(file, Use::Grow), count,
-                 [&](size_t n) { return REAL(pwrite64)(file, bytes, n, at); });
-}
-ssize_t writev(int file, const iovec* parts, int count) {
-    return Grows(FateOf(file, Use::Grow), static_cast<size_t>(count),
-                 [&](size_t n) { return n == 0 ? 0 : REAL(writev)(file, parts, static_cast<int>(n)); });
-}
-ssize_t sendfile(int to, int from, off_t* at, size_t count) {
-    return Grows(FateOf(to, Use::Grow), count, [&](size_t n) { return REAL(sendfile)(to, from, at, n); });
-}
 size_t fwrite(const void* bytes, size_t size, size_t count, FILE* file) {
-    const ssize_t written = Grows(FateOf(fileno(file), Use::Grow), count, [&](size_t n) {
-        const size_t done = REAL(fwrite)(bytes, size, n, file);
-        if (n < count) fflush(file);
-        return static_cast<ssize_t>(done);
+    const Fate fate = FateOf(fileno(file), Use::Grow);
+    return Does<size_t>(fate, 0, [&] {
+        const size_t written = REAL(fwrite)(bytes, size, fate == Fate::Middle ? count / 2 : count, file);
+        if (fate == Fate::Middle) fflush(file);
+        return written;
     });
-    return written < 0 ? 0 : static_cast<size_t>(written);
 }
 int fclose(FILE* file) {
     // What waits in memory is written by this.
     const bool writes = (fcntl(fileno(file), F_GETFL) & O_ACCMODE) != O_RDONLY;
     const Fate fate = writes ? FateOf(fileno(file), Use::Grow) : Fate::Well;
-    const int error = errno;
-    const int result = REAL(fclose)(file);
-    if (state.kind == Kind::KilledHalf && fate == Fate::Half) kill(getpid(), SIGKILL);
-    if (fate == Fate::Well) return result;
-    errno = error;
-    return EOF;
+    const int error = errno, result = REAL(fclose)(file);
+    if (fate == Fate::Error) errno = error;
+    return Does(fate, EOF, [&] { return result; });
 }
 int fsync(int) { return 0; }
 int fdatasync(int) { return 0; }

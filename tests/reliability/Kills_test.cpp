@@ -22,6 +22,7 @@ namespace {
 
 /// "work LISTING" and "published LISTING" with their photos, "documents", and "draft" with its pages.
 using Known = Photos;
+using ::testing::PrintToString;
 
 /// What the programs before this one told: what was finished, and what was begun then; "" for nothing.
 struct Story {
@@ -31,35 +32,14 @@ struct Story {
     std::map<std::string, int> kills = {};  ///< by what was going on
 };
 
-constexpr char FieldEnd = '\t';
-constexpr char ListEnd = '\v';
-
-std::vector<std::string> Split(const std::string& text, char end) {
-    std::vector<std::string> parts;
-    std::istringstream in(text);
-    for (std::string part; std::getline(in, part, end);) parts.push_back(part);
-    return parts;
-}
-
+/// As lines of a report.
 std::string Text(const Known& known) {
     std::string text;
     for (const auto& [name, entries] : known) {
-        text += name + FieldEnd;
-        for (const std::string& entry : entries) text += entry + FieldEnd;
-        text += ListEnd;
+        text += "N" + name + "\n";
+        for (const std::string& entry : entries) text += "E" + entry + "\n";
     }
-    return text;
-}
-
-Known KnownFromText(const std::string& text) {
-    Known known;
-    for (const std::string& list : Split(text, ListEnd)) {
-        std::vector<std::string> entries = Split(list, FieldEnd);
-        const std::string name = entries.front();
-        entries.erase(entries.begin());
-        known[name] = entries;
-    }
-    return known;
+    return text + "S";
 }
 
 int DraftPages(const Known& known) { return std::stoi(known.at("draft").front()); }
@@ -127,10 +107,10 @@ public:
         const Known found = Look();
         if (agent_->Told() > 0) return Tell("F at the start: " + agent_->LastMessage());
         if (!IsOutcome(story, found))
-            return Tell("F lost after \"" + story.begun + "\": before " + Text(story.finished) + ", now " +
-                        Text(found));
-        if (StoredFiles() != PublishedCount(found)) return Tell("F the server has files of nothing");
-        Tell("S" + Text(found));
+            return Tell("F lost after \"" + story.begun + "\": before " + PrintToString(story.finished) +
+                        ", now " + PrintToString(found));
+        if (StrayFiles(found) != 0) return Tell("F the server has files of nothing");
+        Tell(Text(found));
         for (int action = 0; action < MostActions; ++action) Act();
     }
 
@@ -154,7 +134,7 @@ private:
         if (what == 3)
             Do("remove " + place, [&] { agent_->window->Menu.ClickTool("DeletePhoto"); });
         else if (what == 4)
-            Do("describe " + place, [&] { agent_->Describe(2117); });
+            Do("describe " + place, [&] { agent_->DescribeAsKitchen(); });
         else
             Do("move " + place, [&] { agent_->window->cmdMove(1).Press(); });
     }
@@ -180,7 +160,7 @@ private:
         work();
         if (agent_->Told() > told && !action.starts_with("import"))
             Tell("F " + action + ": " + agent_->LastMessage());
-        Tell("S" + Text(Look()));
+        Tell(Text(Look()));
     }
 
     Known Look() {
@@ -192,23 +172,21 @@ private:
         return known;
     }
 
-    static std::size_t PublishedCount(const Known& known) {
-        std::size_t count = 0;
-        for (const auto& [name, entries] : known)
-            count += name.starts_with("published ") ? entries.size() : 0;
-        return count;
-    }
-    std::size_t StoredFiles() const {
-        std::size_t count = 0;
+    /// How many more photos the server holds than are published.
+    std::ptrdiff_t StrayFiles(const Known& known) const {
+        std::ptrdiff_t files = 0;
         for (const auto& entry :
              std::filesystem::recursive_directory_iterator(host::Server::PhotoFolder(folder_)))
-            count += entry.is_regular_file();
-        return count;
+            files += entry.is_regular_file() ? 1 : 0;
+        for (const auto& [name, entries] : known)
+            if (name.starts_with("published ")) files -= std::ssize(entries);
+        return files;
     }
 
     void Tell(const std::string& line) const {
         const std::string ended = line + "\n";
-        if (write(report_, ended.data(), ended.size()) < 0 || line[0] == 'F') _exit(1);
+        if (write(report_, ended.data(), ended.size()) < 0 || line[0] == 'F' || ::testing::Test::HasFailure())
+            _exit(1);
     }
 
     std::mt19937 random_;
@@ -238,13 +216,17 @@ bool RunOne(const std::string& folder, const std::string& scratch, unsigned seed
     waitpid(child, &status, 0);
     const std::string told = files::ReadAll(report);
     std::istringstream lines(told);
+    Known found;
+    std::vector<std::string>* entries = nullptr;
     for (std::string line; std::getline(lines, line);) {
         const std::string rest = line.substr(1);
         if (line[0] == 'F') ADD_FAILURE() << "seed " << seed << rest;
         if (line[0] == 'A') story.begun = rest;
+        if (line[0] == 'N') entries = &found[rest];
+        if (line[0] == 'E') entries->push_back(rest);
         if (line[0] == 'P') story.finished["draft"] = {rest};
         if (line[0] != 'S') continue;
-        story.finished = KnownFromText(rest);
+        story.finished = std::exchange(found, {});
         story.begun.clear();
         ++story.actions;
     }

@@ -3,26 +3,26 @@
 namespace lumarin::reliability {
 namespace {
 
-const std::string Retry = "Unavailable to connect to server, do you want to retry";
-
-class ServiceFaults : public WorkTest {};
+using ServiceFaults = WorkTest;
+using TwoWindows = WorkTest;
 
 TEST_F(ServiceFaults, Send_AnyCallGoesWrong_NothingIsLostAndARetrySendsEverythingOnce) {
     GivenChanges();
     const int calls = ServiceCallsOf([&] { agent->Send(); });
     ExpectAllSent();
     ASSERT_GE(calls, 8);
-    AtEachServiceCall("send", calls, [&](int call, const ServiceFault& fault, Lasts lasts) {
+    AtEachServiceCall("send", calls, [&](const ServiceFault& fault) {
         GivenChanges();
-        GoesWrong(call, fault, lasts);
-        agent->desktop.Expect(Retry, lasts == Lasts::On ? Answer::No : Answer::Yes);
+        GoesWrong(fault);
+        agent->desktop.Expect("Unavailable to connect to server, do you want to retry",
+                              fault.lasts ? Answer::No : Answer::Yes);
         agent->Send();
-        if (lasts == Lasts::On) {
+        if (fault.lasts) {
             EXPECT_EQ(agent->Work(), work);
             EXPECT_EQ(WorkOnDisk(folder->Path()), work);
             const Photos held = agent->Published();
             EXPECT_TRUE(held == before ||
-                        (call == calls && std::string("lose") == fault.word && held == work));
+                        (fault.call == calls && std::string("lose") == fault.word && held == work));
             NothingGoesWrong();
             agent->Send();
         }
@@ -35,9 +35,9 @@ TEST_F(ServiceFaults, Load_AnyCallGoesWrong_SaysSoAndWorksTheNextTime) {
     Start();
     const int calls = ServiceCallsOf([&] { agent->Load("1001"); });
     ASSERT_EQ(calls, 3) << "a query and two photos";
-    AtEachServiceCall("load", calls, [&](int call, const ServiceFault& fault, Lasts lasts) {
+    AtEachServiceCall("load", calls, [&](const ServiceFault& fault) {
         Start();
-        GoesWrong(call, fault, lasts);
+        GoesWrong(fault);
         agent->Load("1001");
         EXPECT_EQ(agent->Told(), 1U);
         EXPECT_TRUE(agent->IsEmpty());
@@ -46,6 +46,28 @@ TEST_F(ServiceFaults, Load_AnyCallGoesWrong_SaysSoAndWorksTheNextTime) {
         agent->Load("1001");
         EXPECT_EQ(agent->Work()["1001"], before["1001"]);
     });
+}
+
+TEST_F(TwoWindows, OneSendsWhileTheOtherDoes_BothComeToTheirEnd) {
+    // From which of its turns on the other window works: before the first chunk, in the middle, at the end.
+    for (const int turn : {1, 2, 4})
+        for (const bool photosFirst : {true, false}) {
+            SCOPED_TRACE("turn " + std::to_string(turn) +
+                         (photosFirst ? " of the photos" : " of a document"));
+            GivenChanges();
+            agent->OpenDocuments();
+            bool didOther = false;
+            agent->desktop.AtPendingEvents(turn, [&] {
+                didOther = true;
+                photosFirst ? agent->AddPdf() : agent->Send();
+            });
+            photosFirst ? agent->Send() : agent->AddPdf();
+            EXPECT_TRUE(didOther);
+            EXPECT_EQ(agent->Told(), 0U) << agent->LastMessage();
+            ExpectAllSent();
+            EXPECT_EQ(agent->Documents().size(), 1U);
+            EXPECT_EQ(agent->documents->lvFiles.Count(), 1);
+        }
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <utility>
@@ -12,42 +11,36 @@
 
 namespace lumarin::reliability {
 
-/// What may become of a call of the host's services, and what the agent is then told.
+/// What becomes of a call of the host's services, or of that and all later ones.
 struct ServiceFault {
     const char* word;
-    const char* reason;
+    const char* reason;  ///< what the agent is then told
+    int call = 0;
+    bool lasts = false;
 };
-inline constexpr ServiceFault ServiceFaultKinds[] = {
-    {"fail", "The server cannot be reached"},
-    {"stall", "The server does not answer"},
-    {"lose", "The connection broke before the server had answered"}};
-enum class Lasts { Once, On };
 
-struct DiskKind {
-    const char* name;
-    disk_faults::Kind kind;
-};
-inline const std::vector<DiskKind> DiskKinds = {{"disk full", disk_faults::Kind::Full},
-                                                {"read-only", disk_faults::Kind::ReadOnly},
-                                                {"locked", disk_faults::Kind::Locked}};
+using DiskKinds = std::vector<std::pair<const char*, disk_faults::Kind>>;
+inline const DiskKinds BadDisks = {{"disk full", disk_faults::Kind::Full},
+                                   {"read-only", disk_faults::Kind::ReadOnly},
+                                   {"locked", disk_faults::Kind::Locked}};
 
 /// Three listings of which two have published photos, and what the agent then changes.
 class WorkTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        published_ = std::make_unique<testing::TemporaryFolder>();
-        Workplace::Prepare(published_->Path());
-        Workplace agent(published_->Path());
+        const testing::TemporaryFolder made;
+        Workplace::Prepare(made.Path());
+        Workplace agent(made.Path());
         agent.Open();
         agent.Load("1001");
         for (const int picture : {1, 2}) agent.Add(picture);
         agent.Load("1002");
         agent.Add(3);
         agent.Send();
+        published_ = std::make_unique<FolderCopy>(made.Path());
+        MakeChanges(agent);
         ASSERT_EQ(agent.Told(), 0U) << agent.LastMessage();
-        changed_ = std::make_unique<testing::TemporaryFolder>();
-        CopyFolder(*published_, *changed_);
-        MakeChanges(changed_->Path());
+        changed_ = std::make_unique<FolderCopy>(made.Path());
     }
     static void TearDownTestSuite() {
         published_.reset();
@@ -63,10 +56,8 @@ protected:
         work = agent->Work();
         ASSERT_EQ(work["1001"].size() + work["1002"].size() + work["1003"].size(), 7U);
     }
-    /// What becomes of a call of the host's services, or of that and all later ones.
-    void GoesWrong(int call, const ServiceFault& fault, Lasts lasts) {
-        ++faults_;
-        SetFaults("any " + std::to_string(call) + (lasts == Lasts::On ? "+ " : " ") + fault.word);
+    void GoesWrong(const ServiceFault& fault) {
+        SetFaults("any " + std::to_string(fault.call) + (fault.lasts ? "+ " : " ") + fault.word);
     }
     void NothingGoesWrong() { SetFaults(""); }
     int ServiceCallsOf(const std::function<void()>& act) {
@@ -75,33 +66,38 @@ protected:
         return agent->host.common.Faults().Calls(host::HostCall::Any);
     }
     static void AtEachServiceCall(const std::string& what, int calls,
-                                  const std::function<void(int, const ServiceFault&, Lasts)>& check) {
+                                  const std::function<void(const ServiceFault&)>& check) {
         for (int call = 1; call <= calls; ++call)
-            for (const ServiceFault& fault : ServiceFaultKinds)
-                for (const Lasts lasts : {Lasts::Once, Lasts::On}) {
+            for (ServiceFault fault : {ServiceFault{"fail", "The server cannot be reached"},
+                                       {"stall", "The server does not answer"},
+                                       {"lose", "The connection broke before the server had answered"}})
+                for (const bool lasts : {false, true}) {
                     SCOPED_TRACE(what + ", call " + std::to_string(call) + " " + fault.word +
-                                 (lasts == Lasts::On ? " from there on" : ""));
-                    check(call, fault, lasts);
+                                 (lasts ? " from there on" : ""));
+                    ++faults_;
+                    fault.call = call;
+                    fault.lasts = lasts;
+                    check(fault);
                 }
     }
     /// Acts on a disk that is well, then with each kind of fault at each of the file calls which that made.
-    void AtEachFileCall(const std::string& what, const std::vector<DiskKind>& kinds,
-                        const std::function<void()>& given, const std::function<void()>& act,
-                        const std::function<void()>& checkWell, const std::function<void()>& check) {
+    void AtEachFileCall(const std::string& what, const DiskKinds& kinds, const std::function<void()>& given,
+                        const std::function<void()>& act, const std::function<void()>& checkWell,
+                        const std::function<void()>& check) {
         const auto actOn = [&](disk_faults::Kind kind, int call) {
             given();
             disk_faults::Begin(folder->Path(), kind, call);
             act();
             return disk_faults::End();
         };
-        for (const DiskKind& kind : kinds) {
-            const int calls = actOn(kind.kind, 0);
+        for (const auto& [name, kind] : kinds) {
+            const int calls = actOn(kind, 0);
             checkWell();
             for (int call = 1; call <= calls; ++call) {
-                SCOPED_TRACE(what + ", " + kind.name + " at call " + std::to_string(call) + " of " +
+                SCOPED_TRACE(what + ", " + name + " at call " + std::to_string(call) + " of " +
                              std::to_string(calls));
                 ++faults_;
-                actOn(kind.kind, call);
+                actOn(kind, call);
                 check();
             }
         }
@@ -114,18 +110,21 @@ protected:
             for (std::size_t i = 0; i < photos.size(); ++i)
                 EXPECT_TRUE(photos[i].ends_with(":" + agent->LocalCopy(listing, static_cast<int>(i) + 1)));
     }
+    /// Does again, with the fault gone, what was told to have failed before; nothing is told of that.
+    template <class Act>
+    void ExpectWorksNow(Act act) {
+        const std::size_t told = agent->Told();
+        EXPECT_GT(told, 0U) << "it did not work, and nobody was told";
+        act();
+        EXPECT_EQ(agent->Told(), told) << agent->LastMessage();
+    }
 
     std::unique_ptr<testing::TemporaryFolder> folder;
     std::unique_ptr<Workplace> agent;
     Photos before, work;
 
 private:
-    static void CopyFolder(const testing::TemporaryFolder& from, const testing::TemporaryFolder& to) {
-        std::filesystem::copy(from.Path(), to.Path(), std::filesystem::copy_options::recursive);
-    }
-    static void MakeChanges(const std::string& dataFolder) {
-        Workplace agent(dataFolder);
-        agent.Open();
+    static void MakeChanges(Workplace& agent) {
         agent.Load("1001");
         agent.Add(4);
         agent.window->cmdMove(0).Press();
@@ -135,7 +134,6 @@ private:
         agent.window->Menu.ClickTool("DeletePhoto");
         agent.Load("1003");
         for (const int picture : {6, 7, 8}) agent.Add(picture);
-        ASSERT_EQ(agent.Told(), 0U) << agent.LastMessage();
     }
     void SetFaults(const std::string& script) {
         host::FaultScript& faults = agent->host.common.Faults();
@@ -144,8 +142,7 @@ private:
     }
     void StartOn(const testing::TemporaryFolder& given) {
         agent.reset();
-        folder = std::make_unique<testing::TemporaryFolder>();
-        CopyFolder(given, *folder);
+        folder = std::make_unique<FolderCopy>(given.Path());
         agent = std::make_unique<Workplace>(folder->Path());
         agent->Open();
         before = agent->Published();

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
 #include <ranges>
 
 #include "base/Files.h"
+#include "base/Text.h"
 #include "documents/frmPromptLinkText.h"
 #include "host/database/Schema.h"
 #include "platform_vips/Samples.h"
@@ -50,22 +50,10 @@ std::string Identity(const std::string& path) {
 int Pages(const std::string& path) {
     if (!files::FileExists(path)) return 0;
     const std::string bytes = files::ReadAll(path), mark = "/Subtype /Image";
-    int count = 0;
-    for (std::size_t at = bytes.find(mark); at != std::string::npos; at = bytes.find(mark, at + 1)) ++count;
-    return count;
+    return static_cast<int>((bytes.size() - text::ReplaceAll(bytes, mark, "").size()) / mark.size());
 }
 
 }  // namespace
-
-LocalTime HastyClock::Now() const {
-    ++minutes_;
-    const int hours = minutes_ / 60, days = hours / 24;
-    return {.year = 2026,
-            .month = 1 + days / 28 % 12,
-            .day = 1 + days % 28,
-            .hour = hours % 24,
-            .minute = minutes_ % 60};
-}
 
 std::string Workplace::Picture(int number) {
     static std::map<int, std::string> drawn;
@@ -76,46 +64,44 @@ std::string Workplace::Picture(int number) {
     return bytes;
 }
 
-std::string Workplace::LargePicture() { return samples::Encode(samples::Detailed(400, 300), ".png"); }
-
 void Workplace::Prepare(const std::string& dataFolder) {
     files::EnsureFolder(dataFolder + "city");
     files::WriteWhole(dataFolder + "city/CityInfo.ini", Settings);
+    AddListings(dataFolder, {std::begin(Listings), std::end(Listings)});
+}
+
+void Workplace::AddListings(const std::string& dataFolder, const std::vector<std::string>& numbers) {
     host::Database database(host::DatabasePath(dataFolder), host::DatabaseUse::Changes);
     host::EnsureSchema(database);
-    for (const std::string number : Listings)
+    for (const std::string& number : numbers)
         database.Run("INSERT INTO Listings (ListNum, StreetName, ListAgentId) VALUES (" + number +
                      ", 'Elm', 'A101')");
 }
 
 Workplace::Workplace(const std::string& dataFolder) : folder(dataFolder), host({.dataFolder = dataFolder}) {
     link.Set(host.common);
-    host.common.Faults().SetPatience(std::chrono::milliseconds(1));
     desktop.BeLenient([this](Form& form) { Play(form); },
                       [](const Message& message) { return AnswerTo(message).value_or(Answer::Cancel); });
 }
 
-/// What a person does in the windows that open by themselves.
 void Workplace::Play(Form& form) {
-    if (form.Name() == "frmPhotoCrop") {
-        auto& crop = static_cast<frmPhotoCrop&>(form);
-        crop.cmdCapture.Press();
-        if (crop.IsShown()) crop.cmdCancel.Press();
-    } else if (form.Name() == "frmListnumPrompt") {
-        auto& prompt = static_cast<frmListnumPrompt&>(form);
-        prompt.txtPropertyId.SetText(Listings[0]);
-        prompt.cmdOK.Press();
-    } else if (form.Name() == "frmPromptLinkText") {
-        auto& prompt = static_cast<frmPromptLinkText&>(form);
-        prompt.txtLinkText.SetText("Deed");
-        prompt.txtUrl.SetText("http://example.org/deed");
-        prompt.cmdOK.Press();
-    } else if (form.Name() == "frmMakePDF") {
-        PlayBuilder(static_cast<frmMakePDF&>(form));
+    if (auto* crop = dynamic_cast<frmPhotoCrop*>(&form)) {
+        crop->cmdCapture.Press();
+        if (crop->IsShown()) crop->cmdCancel.Press();
+    } else if (auto* prompt = dynamic_cast<frmListnumPrompt*>(&form)) {
+        prompt->txtPropertyId.SetText(documentsListing);
+        prompt->cmdOK.Press();
+    } else if (auto* typed = dynamic_cast<frmPromptLinkText*>(&form)) {
+        typed->txtLinkText.SetText(linkText);
+        typed->txtUrl.SetText(linkAddress);
+        typed->cmdOK.Press();
+        if (typed->IsShown()) typed->cmdCancel.Press();
+    } else if (auto* builder = dynamic_cast<frmMakePDF*>(&form)) {
+        build(*builder);
     }
 }
 
-void Workplace::PlayBuilder(frmMakePDF& builder) {
+void Workplace::BuildTwoPages(frmMakePDF& builder) {
     for (const int wanted : {1, 2}) {
         if (Pages(builder.PdfPath()) >= wanted) continue;
         desktop.Choose(CameraFile("page" + std::to_string(wanted) + ".jpg", Picture(wanted)));
@@ -140,16 +126,6 @@ void Workplace::Open() {
     }
 }
 
-void Workplace::Load(const std::string& listing) {
-    window->txtID.SetText(listing);
-    window->cmdAdd.Press();
-}
-
-void Workplace::Select(const std::string& listing) {
-    const int row = window->RecList.FindText(listing);
-    if (row >= 0) window->RecList.Select(row);
-}
-
 std::string Workplace::CameraFile(const std::string& name, const std::string& bytes) const {
     std::string path = camera_.Path() + name;
     if (!files::FileExists(path)) files::WriteWhole(path, bytes);
@@ -160,7 +136,10 @@ void Workplace::Add(int picture) {
     window->PhotoList.DropFiles({CameraFile(std::to_string(picture) + ".jpg", Picture(picture))});
 }
 
-void Workplace::AddLarge() { window->PhotoList.DropFiles({CameraFile("large.png", LargePicture())}); }
+void Workplace::AddLarge() {
+    window->PhotoList.DropFiles(
+        {CameraFile("large.png", samples::Encode(samples::Detailed(400, 300), ".png"))});
+}
 
 void Workplace::OpenDocuments() {
     documents.reset();
@@ -170,17 +149,7 @@ void Workplace::OpenDocuments() {
     documents->Show(nullptr);
 }
 
-void Workplace::AddPdf() {
-    desktop.Choose(CameraFile("deed.pdf", "%PDF-1.4\n" + std::string(12'000, 'd')));
-    documents->ActiveBar1.ClickTool("miAddExistingFile");
-}
-
 int Workplace::DraftPages() const { return Pages(host.common.UserFolder() + "CreatePDFTmp.pdf"); }
-
-std::size_t Workplace::DraftFiles() const {
-    const auto isDraft = [](const std::string& name) { return name.starts_with("CreatePDFTmp"); };
-    return files::List(host.common.UserFolder(), isDraft).size();
-}
 
 std::vector<std::string> Workplace::Documents() {
     host::Database database(host::DatabasePath(folder), host::DatabaseUse::Queries);
@@ -223,20 +192,14 @@ Photos Workplace::Work() {
 
 Photos Workplace::Published() {
     host::Database database(host::DatabasePath(folder), host::DatabaseUse::Queries);
-    const auto descriptions = host.common.PhotoDescriptions();
+    host::Statement rows(database,
+                         "SELECT ListNum, ifnull(Description, ServerPhotos.Code), FileName, Bytes FROM "
+                         "ServerPhotos LEFT JOIN PhotoDescriptions USING (Code) ORDER BY ListNum, Position");
     Photos published;
-    for (const std::string listing : Listings) {
-        const std::int32_t number = std::stoi(listing);
-        const auto rows = host::PhotoStore::Published(database, number);
-        if (rows.empty()) continue;
-        const std::string stored = host::Server::PhotoFolder(folder) + listing + "/";
-        for (const auto& row : rows) {
-            const auto known = std::ranges::find(descriptions, row.code,
-                                                 [](const auto& one) { return std::to_string(one.code); });
-            EXPECT_EQ(files::FileLength(stored + row.fileName), row.bytes);
-            published[listing].push_back((known == descriptions.end() ? row.code : known->text) + ":" +
-                                         Identity(stored + row.fileName));
-        }
+    while (rows.Step()) {
+        const std::string path = host::Server::PhotoFolder(folder) + rows.Text(0) + "/" + rows.Text(2);
+        EXPECT_EQ(files::FileLength(path), static_cast<std::uint64_t>(rows.Integer(3)));
+        published[rows.Text(0)].push_back(rows.Text(1) + ":" + Identity(path));
     }
     return published;
 }
@@ -246,8 +209,7 @@ std::string Workplace::LocalCopy(const std::string& listing, int photo) const {
 }
 
 Photos WorkOnDisk(const std::string& dataFolder) {
-    const testing::TemporaryFolder copy;
-    std::filesystem::copy(dataFolder, copy.Path(), std::filesystem::copy_options::recursive);
+    const FolderCopy copy(dataFolder);
     Workplace next(copy.Path());
     next.Open();
     EXPECT_EQ(next.Told(), 0U) << next.LastMessage();

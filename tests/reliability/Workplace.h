@@ -1,10 +1,12 @@
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "base/Files.h"
 #include "documents/frmAddDocument.h"
 #include "host_services/HostFixture.h"
 #include "photo_window/frmLumarin.h"
@@ -21,11 +23,17 @@ using Photos = std::map<std::string, std::vector<std::string>>;
 /// A minute has passed whenever somebody looks: no two packages have one name.
 class HastyClock final : public Clock {
 public:
-    LocalTime Now() const override;
+    LocalTime Now() const override { return {.year = 2026, .minute = ++minutes_}; }
     void SetMinutes(int minutes) { minutes_ = minutes; }
 
 private:
     mutable int minutes_ = 0;
+};
+
+struct FolderCopy : testing::TemporaryFolder {
+    explicit FolderCopy(const std::string& folder) {
+        std::filesystem::copy(folder, Path(), std::filesystem::copy_options::recursive);
+    }
 };
 
 /// An agent at work on a data folder: the photo window with everything real behind it but the screen.
@@ -35,22 +43,25 @@ public:
 
     /// Makes an empty data folder with the listings and, where the host keeps them, the settings.
     static void Prepare(const std::string& dataFolder);
-    /// A JPEG of a photo's size, which no other number gives.
-    static std::string Picture(int number);
-    /// A picture that must be made smaller.
-    static std::string LargePicture();
+    /// The listings alone.
+    static void AddListings(const std::string& dataFolder, const std::vector<std::string>& numbers);
 
     explicit Workplace(const std::string& dataFolder);
 
     /// The photo window, again when it was open before. When it cannot be opened, that is told as a message.
     void Open();
-    void Load(const std::string& listing);
-    void Select(const std::string& listing);
-    /// Imports the picture into the selected listing.
+    void Load(const std::string& listing) {
+        window->txtID.SetText(listing);
+        window->cmdAdd.Press();
+    }
+    void Select(const std::string& listing) {
+        if (const int row = window->RecList.FindText(listing); row >= 0) window->RecList.Select(row);
+    }
+    /// Imports a picture of a photo's size into the selected listing, another one for every number.
     void Add(int picture);
+    /// Imports one that must be made smaller.
     void AddLarge();
-    /// Gives the selected photo the description of this code.
-    void Describe(int code) { window->Menu.ClickTool("View_" + std::to_string(code)); }
+    void DescribeAsKitchen() { window->Menu.ClickTool("View_2117"); }
     void RemoveListing() { window->cmdRemove.Press(); }
     void Send() { window->cmdSend.Press(); }
     bool IsEmpty() const { return window == nullptr || window->RecList.Count() == 0; }
@@ -63,15 +74,20 @@ public:
     std::string LocalCopy(const std::string& listing, int photo) const;
     /// The document manager with the first listing, again when it was open before.
     void OpenDocuments();
-    void AddPdf();
+    void AddPdf() {
+        desktop.Choose(CameraFile("deed.pdf", "%PDF-1.4\n" + std::string(12'000, 'd')));
+        documents->ActiveBar1.ClickTool("miAddExistingFile");
+    }
     void AddLink() { documents->ActiveBar1.ClickTool("miAddUrl"); }
     /// Builds a document of a page of its own and one of each picture, going on with one that was begun.
     void BuildPdf() { documents->ActiveBar1.ClickTool("miMakePdf"); }
     void DeleteDocument() { documents->cmdDelete.Press(); }
     /// Pages of the document that is being built.
     int DraftPages() const;
-    /// How many files there are of it.
-    std::size_t DraftFiles() const;
+    bool HasDraftFiles() const {
+        const auto isDraft = [](const std::string& name) { return name.starts_with("CreatePDFTmp"); };
+        return !files::List(host.common.UserFolder(), isDraft).empty();
+    }
     /// What the server holds of the first listing's documents, "description|address|identity" each.
     std::vector<std::string> Documents();
 
@@ -90,13 +106,19 @@ public:
     QpdfLibrary pdf;
     std::unique_ptr<frmLumarin> window;
     std::unique_ptr<frmAddDocument> documents;
+    /// What the agent says and does in the windows that open by themselves.
+    std::string documentsListing = Listings[0], linkText = "Deed", linkAddress = "http://example.org/deed";
+    std::function<void(frmMakePDF&)> build = [this](frmMakePDF& builder) { BuildTwoPages(builder); };
     /// Told when the builder has finished a page.
     std::function<void()> pageBuilt = [] {};
 
-private:
-    std::string CameraFile(const std::string& name, const std::string& bytes) const;
+protected:
     void Play(Form& form);
-    void PlayBuilder(frmMakePDF& builder);
+
+private:
+    static std::string Picture(int number);
+    std::string CameraFile(const std::string& name, const std::string& bytes) const;
+    void BuildTwoPages(frmMakePDF& builder);
 
     testing::TemporaryFolder camera_;
 };

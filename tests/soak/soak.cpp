@@ -4,21 +4,24 @@
 // PROGRAM LISTINGS PHOTOS SLOWER, the photos of each listing and how many times slower the last steps may be
 // than the first.
 
+#include <unistd.h>
+#include <QProcess>
+
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
-#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <stdexcept>
 
 #include "base/Files.h"
 #include "host/database/Schema.h"
 #include "host/demo/LargePhoto.h"
-#include "soak/ProgramSession.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
 
-using host::testing::Holdings;
-using host::testing::ProgramSession;
-
+constexpr int Patience = 60000;
 constexpr int FirstListing = 600001;
 constexpr int SentTogether = 10;
 constexpr unsigned Pictures = 8;
@@ -30,6 +33,63 @@ constexpr std::size_t Compared = 50;
 constexpr std::size_t FewestJudged = 20;
 /// A step that takes less is never too slow: the machine's own noise is of this size.
 constexpr double SmallestMilliseconds = 5;
+
+/// What a running program holds at a moment.
+struct Holdings {
+    double megabytes = 0;
+    int descriptors = 0;
+};
+
+[[noreturn]] void Fail(const QString& reason) { throw std::runtime_error(reason.toStdString()); }
+
+/// The program, driven command by command. Everything throws std::runtime_error when the program cannot be
+/// started, ended, stalled or could not do a command.
+class ProgramSession {
+public:
+    ProgramSession(const QString& program, const QStringList& arguments) {
+        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process_.start(program, arguments + QStringList{"--drive", "-"});
+        if (!process_.waitForStarted()) Fail("cannot start " + program);
+    }
+
+    QByteArray Ask(const QString& command) {
+        process_.write(command.toUtf8() + '\n');
+        while (!process_.canReadLine())
+            if (!process_.waitForReadyRead(Patience)) Fail("no answer to " + command);
+        QByteArray answer = process_.readLine();
+        if (answer.startsWith("{\"error\"")) Fail(command + ": " + answer + Ask("message"));
+        return answer;
+    }
+
+    /// Does the commands and counts their time together as one step of this kind.
+    void Step(const std::string& kind, const QStringList& commands) {
+        const auto start = std::chrono::steady_clock::now();
+        for (const QString& command : commands) Ask(command);
+        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+        times[kind].push_back(taken.count());
+    }
+
+    Holdings Held() const {
+        const std::string folder = "/proc/" + std::to_string(process_.processId());
+        long size = 0, resident = 0;
+        std::ifstream(folder + "/statm") >> size >> resident;
+        const std::filesystem::directory_iterator descriptors(folder + "/fd");
+        return {static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / 1'048'576,
+                static_cast<int>(std::distance(begin(descriptors), end(descriptors)))};
+    }
+
+    bool EndsWell() {
+        Ask("quit");
+        if (!process_.waitForFinished(Patience)) Fail("the program does not end");
+        return process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0;
+    }
+
+    /// Milliseconds of every step so far, by kind, in order.
+    std::map<std::string, std::vector<double>> times;
+
+private:
+    QProcess process_;
+};
 
 void PrepareListings(const std::string& folder, int count) {
     lumarin::files::EnsureFolder(folder);
@@ -106,7 +166,7 @@ bool Judge(const ProgramSession& program, const std::vector<Holdings>& held, dou
                 last.megabytes <= warm.megabytes + std::max(GrowthMegabytes, warm.megabytes / 10);
     std::printf("memory      %8.1f MB  then %8.1f MB\nopen files  %8d     then %8d\n", warm.megabytes,
                 last.megabytes, warm.descriptors, last.descriptors);
-    for (const auto& [kind, times] : program.Times()) {
+    for (const auto& [kind, times] : program.times) {
         const auto some = static_cast<std::ptrdiff_t>(std::min(Compared, (times.size() + 1) / 2));
         const double first = Median({times.begin(), times.begin() + some});
         const double now = Median({times.end() - some, times.end()});
@@ -140,12 +200,13 @@ int Run(const QString& programPath, int listings, int photos, double slower) {
         held.push_back(program.Held());
     }
     bool good = Judge(program, held, slower);
-    good = program.Quit() == 0 && good;
+    good = program.EndsWell() && good;
     const std::int64_t sent = CountAtServer(folder.Path(), "ServerPhotos WHERE ListNum");
     const std::int64_t documents = CountAtServer(folder.Path(), "Documents WHERE DocListNum");
-    std::printf("at the server: %d photos of %d, %d documents of %zu\n", static_cast<int>(sent),
-                listings * photos, static_cast<int>(documents), held.size());
-    return good && sent == listings * photos && documents == std::ssize(held) ? 0 : 1;
+    const int wanted = listings * photos;
+    std::printf("at the server: %d photos of %d, %d documents of %zu\n", static_cast<int>(sent), wanted,
+                static_cast<int>(documents), held.size());
+    return good && sent == wanted && documents == std::ssize(held) ? 0 : 1;
 }
 
 }  // namespace

@@ -108,7 +108,7 @@ std::string FakeHost::PhotoFile(std::int32_t listNum, int number) const {
 
 std::string FakeHost::FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) {
     fetched.push_back(std::to_string(listingNumber) + " " + std::to_string(number) + " " + version);
-    const std::string path = PhotoFile(listingNumber, number);
+    std::string path = PhotoFile(listingNumber, number);
     if (!files::FileExists(path)) throw Error(ObjectErrorBase + 2, "FakeHost", "no photo " + path);
     return path;
 }

@@ -42,15 +42,15 @@ TEST(UTime, Conversion_FollowsBiasAndSummerTime) {
         << "the second pass of the repeated hour";
 }
 
+TEST(UTime, Now_IsTheMachinesClockInUtc) {
+    const std::int64_t now = WallClockMilliseconds(clsUTime::Now()) - WallClockMilliseconds({1970});
+    EXPECT_NEAR(static_cast<double>(now) / 1000, static_cast<double>(std::time(nullptr)), 2);
+}
+
 TEST(UTime, NonsenseIsRefused) {
     for (const LocalTime& time : {LocalTime{2023, 2, 29}, LocalTime{2024, 13, 1}, LocalTime{2024, 1, 1, 24}})
         EXPECT_THROW(clsUTime(0).ToUtc(time), ApplicationError) << time.month;
     EXPECT_THROW(clsUTime(1441), ApplicationError);
-}
-
-TEST(UTime, Now_IsTheMachinesClockInUtc) {
-    const std::int64_t now = WallClockMilliseconds(clsUTime::Now()) - WallClockMilliseconds({1970});
-    EXPECT_NEAR(static_cast<double>(now) / 1000, static_cast<double>(std::time(nullptr)), 2);
 }
 
 }  // namespace

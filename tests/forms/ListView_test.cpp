@@ -1,0 +1,74 @@
+#include "forms/ListView.h"
+
+#include <gtest/gtest.h>
+
+#include "base/Error.h"
+#include "support/ScriptedDesktop.h"
+
+namespace lumarin {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+struct ListViewTest : ::testing::Test {
+    Texts Rows() const {
+        Texts texts;
+        for (int row = 0; row < list.Count(); ++row) texts.push_back(list.At(row).text);
+        return texts;
+    }
+
+    testing::ScriptedDesktop desktop;
+    Form form{desktop, "frmTest"};
+    ListView list{form, "List"};
+};
+
+TEST_F(ListViewTest, SortBy_NumbersAndTies_CompareByValueAndLaterColumns) {
+    list.AddRow({.text = "3", .subItems = {"20", "Elm"}});
+    list.AddRow({.text = "2", .subItems = {"5", "elm"}});
+    list.AddRow({.text = "1", .subItems = {"none", "elm"}});
+    list.AddRow({.text = "4", .subItems = {"5", "Oak"}});
+    list.Select(0);
+    list.SortBy({2, 1, 0});
+    EXPECT_EQ(Rows(), (Texts{"2", "3", "1", "4"}));
+    EXPECT_EQ(list.Selected(), 1);
+    EXPECT_EQ(list.AddRow({.text = "30", .subItems = {"9", "ELM"}}), 1);
+    list.SortBy(0, false);
+    EXPECT_EQ(Rows(), (Texts{"30", "4", "3", "2", "1"}));
+    EXPECT_EQ(list.Selected(), 2);
+}
+
+TEST_F(ListViewTest, RemoveAndInsert_AroundTheSelection_KeepItOnItsRow) {
+    for (const char* text : {"a", "b", "c"}) list.AddRow({.text = text});
+    list.Select(1);
+    list.RemoveRow(0);
+    EXPECT_EQ(list.Selected(), 0);
+    list.InsertRow(0, {.text = "x"});
+    EXPECT_EQ(list.Selected(), 1);
+    list.RemoveRow(1);
+    EXPECT_EQ(list.Selected(), -1);
+    EXPECT_THROW(list.RemoveRow(2), IndexError);
+}
+
+TEST_F(ListViewTest, Row_OfAnyLengthAndBytes_ComesBackWhole) {
+    const std::string nul("a\0b", 3), longText(70'000, 'x');
+    const ListView::Row rows[] = {
+        {},
+        {.text = "t", .subItems = {"s"}, .key = "k", .tag = "g", .picture = "p"},
+        {.text = std::string(254, 'x'), .key = std::string(255, 'y')},  // just below and at a longer length
+        {.text = longText, .subItems = {"", longText, nul}, .tag = longText},
+        {.text = "t", .subItems = Texts(300, "cell")},
+    };
+    for (const ListView::Row& given : rows) {
+        const int at = list.AddRow(given);
+        const ListView::Row row = list.At(at);
+        EXPECT_TRUE(std::tie(row.text, row.key, row.tag, row.picture, row.subItems) ==
+                    std::tie(given.text, given.key, given.tag, given.picture, given.subItems))
+            << "row " << at;
+        const int cells = static_cast<int>(row.subItems.size());
+        EXPECT_EQ(list.Cell(at, cells), cells > 0 ? row.subItems.back() : row.text);
+        EXPECT_EQ(list.Cell(at, cells + 1), "");
+    }
+}
+
+}  // namespace
+}  // namespace lumarin
