@@ -2,7 +2,7 @@
 
 #include "host/database/Database.h"
 #include "host/server/ApplyStep.h"
-#include "host/server/Documents.h"
+#include "host/server/ListingDocuments.h"
 #include "host/server/PackageReader.h"
 #include "host/server/PhotoStore.h"
 #include "host/server/Spool.h"
@@ -39,7 +39,7 @@ public:
     /// after a package was applied by another program: ask again then.
     std::string PhotoFile(std::int32_t listing, int position);
 
-    /// Makes one change to a listing's documents, or throws as `ApplyPackage`; see `Documents::Apply`.
+    /// Makes one change to a listing's documents, or throws as `ApplyPackage`; see `ListingDocuments::Apply`.
     void ApplyDocument(const std::string& command, const DocumentSender& sender);
 
     /// Path of a published document; "" when there is no such file document.
@@ -68,7 +68,7 @@ private:
     Database database_;
     PhotoStore store_;
     Spool spool_;
-    Documents documents_;
+    ListingDocuments documents_;
     ApplyWatcher watcher_;
 };
 

@@ -24,10 +24,10 @@ struct DocumentSender {
 
 /// The server's listing documents: their rows and their files, which belong together. What is kept holds
 /// even when the program is killed at any moment.
-class Documents {
+class ListingDocuments {
 public:
     /// Database and spool outlive it.
-    Documents(Database& database, Spool& uploads, DocumentStore store, ApplyWatcher watcher)
+    ListingDocuments(Database& database, Spool& uploads, DocumentStore store, ApplyWatcher watcher)
         : database_(database), uploads_(uploads), store_(std::move(store)), watcher_(std::move(watcher)) {}
 
     /// Makes one change, all or nothing, and drops the upload that it used up. A command that was applied

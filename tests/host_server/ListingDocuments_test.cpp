@@ -9,7 +9,7 @@ DocumentSender Agent() { return {"VELTRANE", "A101", 10, {"OF1"}, "1", Largest};
 
 std::string Pdf(std::size_t size, char fill = 'x') { return "%PDF-" + std::string(size - 5, fill); }
 
-class DocumentsTest : public ServerTest {
+class ListingDocumentsTest : public ServerTest {
 protected:
     /// "" when the server did it, else its reason.
     std::string Reason(const std::string& command, const DocumentSender& sender = Agent()) {
@@ -39,7 +39,7 @@ protected:
     std::size_t Files() { return FilesIn("server/documents/VELTRANE/Docs/0/1/"); }
 };
 
-TEST_F(DocumentsTest, FilesAndLinks_AreAddedAndDeletedUnderIdsOfTheirOwn) {
+TEST_F(ListingDocumentsTest, FilesAndLinks_AreAddedAndDeletedUnderIdsOfTheirOwn) {
     EXPECT_EQ(Add(Pdf(Largest)), "");
     EXPECT_EQ(lumarin::files::ReadAll(folder_.Path() + "server/documents/VELTRANE/Docs/0/1/1001_1.pdf"),
               Pdf(Largest))
@@ -57,7 +57,7 @@ TEST_F(DocumentsTest, FilesAndLinks_AreAddedAndDeletedUnderIdsOfTheirOwn) {
     EXPECT_EQ(Rows(), "3 5001 Floor plan  6") << "an id is not used again";
 }
 
-TEST_F(DocumentsTest, CommandRepeatedAfterALostAnswer_ChangesNothing) {
+TEST_F(ListingDocumentsTest, CommandRepeatedAfterALostAnswer_ChangesNothing) {
     const std::string link = "ADD|VELTRANE|A101|1001||Town|http://example.org";
     EXPECT_EQ(Add(Pdf(10)) + Add(Pdf(10)), "");
     Restart();
@@ -72,7 +72,7 @@ TEST_F(DocumentsTest, CommandRepeatedAfterALostAnswer_ChangesNothing) {
     EXPECT_EQ(Rows(), "3 1001 Floor plan  10;4 1001 Town http://example.org 0");
 }
 
-TEST_F(DocumentsTest, BadCommand_IsRefusedWholeWithItsReason) {
+TEST_F(ListingDocumentsTest, BadCommand_IsRefusedWholeWithItsReason) {
     ASSERT_EQ(Reason("ADD|VELTRANE|A101|1001||Town|http://example.org"), "");
     const std::string add = "ADD|VELTRANE|A101|";
     const struct {
@@ -106,7 +106,7 @@ TEST_F(DocumentsTest, BadCommand_IsRefusedWholeWithItsReason) {
     }
 }
 
-TEST_F(DocumentsTest, Ownership_GoesByLevel) {
+TEST_F(ListingDocumentsTest, Ownership_GoesByLevel) {
     const struct {
         int level;
         const char* offices;
@@ -126,7 +126,7 @@ TEST_F(DocumentsTest, Ownership_GoesByLevel) {
     EXPECT_NE(Reason("DELETE|VELTRANE|A101|1").find("does not belong"), std::string::npos);
 }
 
-TEST_F(DocumentsTest, KilledAtAnyStep_RowAndFileBelongTogether) {
+TEST_F(ListingDocumentsTest, KilledAtAnyStep_RowAndFileBelongTogether) {
     const char *add = "ADD|VELTRANE|A101|1001|u.pdf|New", *remove = "DELETE|VELTRANE|A101|1";
     const std::string first = "1 1001 Floor plan  11", second = "2 1001 New  12";
     const struct {

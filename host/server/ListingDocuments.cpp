@@ -1,4 +1,4 @@
-#include "host/server/Documents.h"
+#include "host/server/ListingDocuments.h"
 
 #include <algorithm>
 #include <optional>
@@ -52,7 +52,7 @@ void RequirePdf(const std::string& path, std::int64_t largest) {
 
 }  // namespace
 
-void Documents::Apply(const std::string& line, const DocumentSender& sender) {
+void ListingDocuments::Apply(const std::string& line, const DocumentSender& sender) {
     const DocumentCommand command = ParseDocumentCommand(line);
     if (command.userCode != sender.userCode)
         throw Refusal("There is no user code \"" + command.userCode + "\"");
@@ -67,8 +67,8 @@ void Documents::Apply(const std::string& line, const DocumentSender& sender) {
     }
 }
 
-void Documents::AddFile(const std::string& line, const DocumentCommand& command,
-                        const DocumentSender& sender) {
+void ListingDocuments::AddFile(const std::string& line, const DocumentCommand& command,
+                               const DocumentSender& sender) {
     const std::string upload = uploads_.Finished(command.upload);
     if (upload.empty()) {
         if (WasApplied(line, AnyDigest)) return;
@@ -92,8 +92,8 @@ void Documents::AddFile(const std::string& line, const DocumentCommand& command,
 }
 
 /// The file comes before the row counts; what a killed program leaves of it is deleted at the next start.
-void Documents::Publish(const std::string& line, const DocumentCommand& command, const std::string& upload,
-                        const std::string& digest) {
+void ListingDocuments::Publish(const std::string& line, const DocumentCommand& command,
+                               const std::string& upload, const std::string& digest) {
     const std::int64_t document = InsertRow(command, files::FileLength(upload));
     Told(ApplyStep::DocumentRowWritten);
     store_.Add(command.listing, document, upload);
@@ -101,7 +101,7 @@ void Documents::Publish(const std::string& line, const DocumentCommand& command,
     Remember(line, digest);
 }
 
-void Documents::AddLink(const DocumentCommand& command, const DocumentSender& sender) {
+void ListingDocuments::AddLink(const DocumentCommand& command, const DocumentSender& sender) {
     Transaction transaction(database_);
     RequireOwn(command.listing, sender);
     Statement same(database_, "SELECT 1 FROM Documents WHERE DocListNum = ? AND DocDesc = ? AND DocUrl = ?");
@@ -113,8 +113,8 @@ void Documents::AddLink(const DocumentCommand& command, const DocumentSender& se
     Told(ApplyStep::DocumentCommitted);
 }
 
-void Documents::Delete(const std::string& line, const DocumentCommand& command,
-                       const DocumentSender& sender) {
+void ListingDocuments::Delete(const std::string& line, const DocumentCommand& command,
+                              const DocumentSender& sender) {
     Transaction transaction(database_);
     if (WasApplied(line, AnyDigest)) return;
     Statement row(database_, "SELECT DocListNum FROM Documents WHERE DocID = ?");
@@ -132,14 +132,14 @@ void Documents::Delete(const std::string& line, const DocumentCommand& command,
     Told(ApplyStep::DocumentFileDeleted);
 }
 
-void Documents::RequireOwn(std::int32_t listing, const DocumentSender& sender) {
+void ListingDocuments::RequireOwn(std::int32_t listing, const DocumentSender& sender) {
     const std::optional<Owner> owner = OwnerOf(database_, listing);
     if (!owner) throw Refusal("There is no listing " + std::to_string(listing));
     if (!MayChange(*owner, sender))
         throw Refusal("Listing " + std::to_string(listing) + " does not belong to " + sender.agent);
 }
 
-std::int64_t Documents::InsertRow(const DocumentCommand& command, std::uint64_t bytes) {
+std::int64_t ListingDocuments::InsertRow(const DocumentCommand& command, std::uint64_t bytes) {
     Statement row(database_,
                   "INSERT INTO Documents (DocListNum, DocDesc, DocUrl, DocFilesize) VALUES (?, ?, ?, ?) "
                   "RETURNING DocID");
@@ -150,18 +150,18 @@ std::int64_t Documents::InsertRow(const DocumentCommand& command, std::uint64_t 
     return document;
 }
 
-std::string Documents::File(std::int32_t listing, std::int64_t document) {
+std::string ListingDocuments::File(std::int32_t listing, std::int64_t document) {
     Statement row(database_, "SELECT 1 FROM Documents WHERE DocID = ? AND DocListNum = ? AND DocUrl = ''");
     const bool found = row.Bind(1, document).Bind(2, std::int64_t{listing}).Step();
     return found ? store_.Path(listing, document) : std::string();
 }
 
-bool Documents::WasApplied(const std::string& line, const std::string& digest) {
+bool ListingDocuments::WasApplied(const std::string& line, const std::string& digest) {
     Statement found(database_, "SELECT 1 FROM AppliedCommands WHERE Command = ?1 AND ?2 IN ('', Digest)");
     return found.Bind(1, line).Bind(2, digest).Step();
 }
 
-void Documents::Remember(const std::string& line, const std::string& digest) {
+void ListingDocuments::Remember(const std::string& line, const std::string& digest) {
     Statement(database_, "INSERT INTO AppliedCommands (Command, Digest) VALUES (?, ?)")
         .Bind(1, line)
         .Bind(2, digest)

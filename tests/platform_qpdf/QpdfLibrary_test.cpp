@@ -41,7 +41,7 @@ Picture Rendered(const std::string& pdf, int page) {
     return rendered->Preview(rendered->Width(), rendered->Height());
 }
 
-class QpdfDocuments : public ::testing::Test {
+class QpdfLibraryTest : public ::testing::Test {
 protected:
     std::string GivenFile(const std::string& name, const std::string& bytes) {
         files::WriteWhole(folder / name, bytes);
@@ -65,7 +65,7 @@ protected:
     std::optional<QpdfLibrary> library{std::in_place};  ///< `emplace` is a new start of the program
 };
 
-TEST_F(QpdfDocuments, Picture_OfEveryKind_IsSeenPixelForPixelAtItsPlaceOrRefused) {
+TEST_F(QpdfLibraryTest, Picture_OfEveryKind_IsSeenPixelForPixelAtItsPlaceOrRefused) {
     const VImage photo = Detailed(203, 157);
     const VImage grey = As(photo.extract_band(0), VIPS_INTERPRETATION_B_W);
     const VImage letters =
@@ -121,7 +121,7 @@ TEST_F(QpdfDocuments, Picture_OfEveryKind_IsSeenPixelForPixelAtItsPlaceOrRefused
     }
 }
 
-TEST_F(QpdfDocuments, Document_OpenedAgain_KeepsPagesAndProperties) {
+TEST_F(QpdfLibraryTest, Document_OpenedAgain_KeepsPagesAndProperties) {
     const struct {
         const char* name;
         std::string between;  ///< what another program does to the file between two batches
@@ -160,7 +160,7 @@ TEST_F(QpdfDocuments, Document_OpenedAgain_KeepsPagesAndProperties) {
     EXPECT_FALSE(files::FileExists(files::UnfinishedName(pdf))) << "something was left beside";
 }
 
-TEST_F(QpdfDocuments, Document_ThatCannotBeWritten_LeavesTheOldFileAlone) {
+TEST_F(QpdfLibraryTest, Document_ThatCannotBeWritten_LeavesTheOldFileAlone) {
     const std::string small = GivenFile("small.png", Encode(Plain(9, 9, {5, 9, 200}), ".png"));
     const std::string large = GivenFile("large.png", Encode(Detailed(900, 600), ".png"));
     PdfHandle handle = library->AdultPdfCreate(pdf);
