@@ -1,7 +1,7 @@
 // bench_document build PDF FOLDER: makes a document of all the folder's PNG files, in one batch.
 // bench_document grow PDF FOLDER PAGES: makes one page by page, each opened, added and closed, and prints the
 // median milliseconds of five additions that end with the 10th page and of five that end with the last.
-// bench_document page PDF PICTURE color|bilevel: prints the milliseconds of making a page's picture, adding
+// bench_document page PDF PICTURE colour|bilevel: prints the milliseconds of making a page's picture, adding
 // it and closing the document.
 
 #include <algorithm>
@@ -21,6 +21,7 @@
 namespace {
 
 using namespace lumarin;
+using lumarin::qpdf::QpdfLibrary;
 
 void Check(const QpdfLibrary& library, bool done) {
     if (!done) throw Error(1, "bench_document", library.LastFailure());
@@ -74,16 +75,16 @@ void Grow(const std::string& pdf, const std::vector<std::string>& pictures, std:
                 Median({times.end() - 5, times.end()}));
 }
 
-void OnePage(const std::string& pdf, const std::string& picture, PageColors colors) {
+void OnePage(const std::string& pdf, const std::string& picture, PageColours colours) {
     QpdfLibrary library;
     vips::VipsImaging imaging;
     const std::string page = pdf + ".png";
     const auto source = imaging.Open(picture);
-    const bool bilevel = colors == PageColors::BlackAndWhite;
+    const bool bilevel = colours == PageColours::BlackAndWhite;
     const double scale = std::min(
         {1.0, (bilevel ? 2550.0 : 1275.0) / source->Width(), (bilevel ? 4200.0 : 2100.0) / source->Height()});
     const PageOrder order{RoundToWhole(source->Width() * scale), RoundToWhole(source->Height() * scale),
-                          colors};
+                          colours};
     const double written = Milliseconds([&] { source->WritePage(order, page); });
     const auto length = files::FileLength(page);
     const double added = Milliseconds([&] { AddBatch(library, library.AdultPdfCreate(pdf), {page}); });
@@ -102,7 +103,7 @@ int main(int count, char** arguments) {
             Grow(words[1], PicturesIn(words[2]), std::max<std::size_t>(10, std::stoul(words[3])));
         } else if (words.size() == 4 && words[0] == "page") {
             OnePage(words[1], words[2],
-                    words[3] == "bilevel" ? PageColors::BlackAndWhite : PageColors::Color);
+                    words[3] == "bilevel" ? PageColours::BlackAndWhite : PageColours::Colour);
         } else {
             return 2;
         }

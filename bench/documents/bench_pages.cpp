@@ -1,4 +1,4 @@
-// bench_pages FOLDER: draws the inputs. color/ holds 100 pages in colour, a photo and a scanned sheet in
+// bench_pages FOLDER: draws the inputs. colour/ holds 100 pages in colour, a photo and a scanned sheet in
 // turn, bilevel/ 100 sheets of one bit a pixel, as a document's pages are written. sources/ holds one picture
 // of each kind, before it is made a page: photo.jpg, sheet.png and screenshot.png.
 
@@ -15,7 +15,7 @@
 
 namespace {
 
-using lumarin::PageColors;
+using lumarin::PageColours;
 using lumarin::PageOrder;
 using lumarin::vips::VipsImaging;
 using ::vips::VImage;
@@ -29,7 +29,7 @@ VImage Noise(int width, int height, double sigma, int seed) {
                               VImage::option()->set("mean", 0)->set("sigma", sigma)->set("seed", seed));
 }
 
-VImage AsColors(const VImage& image) {
+VImage AsColours(const VImage& image) {
     return image.cast(VIPS_FORMAT_UCHAR)
         .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
 }
@@ -45,7 +45,7 @@ VImage Photo(int width, int height, int seed) {
                         shapes(width / 12, 30, 1) + shapes(width / 80, 20, 2) + shapes(8, 12, 3) +
                         Noise(width, height, 4, seed);
     const VImage tint = shapes(width / 30, 14, 4);
-    return AsColors(VImage::bandjoin({luma, luma + tint * 0.4, luma - tint}));
+    return AsColours(VImage::bandjoin({luma, luma + tint * 0.4, luma - tint}));
 }
 
 /// Paragraphs of words that nobody has to read.
@@ -73,7 +73,7 @@ VImage TextMask(int words, int dotsPerInch, int width, int height, int seed) {
 VImage Sheet(int height) {
     const VImage ink = TextMask(height / 5, 300, SheetWidth, height, 1).gaussblur(1.2);
     const VImage luma = ink.linear(-0.82, 238) + Noise(SheetWidth, height, 2.5, 1);
-    return AsColors(VImage::bandjoin({luma, luma, luma - 6}));
+    return AsColours(VImage::bandjoin({luma, luma, luma - 6}));
 }
 
 /// Flat areas with letters and no grain at all.
@@ -84,7 +84,7 @@ VImage Screenshot() {
         screen.draw_rect({255, 255, 255}, 40, 100 + row * 88, 420 + row * 100, 70,
                          VImage::option()->set("fill", true));
     const VImage ink = TextMask(300, 96, 1920, 1200, 7).linear(-1.0 / 255, 1);
-    return AsColors(screen * ink);
+    return AsColours(screen * ink);
 }
 
 lumarin::PicturePtr InMemory(const VImage& image) {
@@ -95,18 +95,18 @@ lumarin::PicturePtr InMemory(const VImage& image) {
         lumarin::Picture{image.width(), image.height(), {bytes, bytes + size}});
 }
 
-void WritePages(const std::string& folder, PageColors colors) {
+void WritePages(const std::string& folder, PageColours colours) {
     if (std::filesystem::exists(folder)) return;
     std::filesystem::create_directories(folder + ".part");
     const VImage photo = Photo(2000 + 20 * PageCount, 1500 + 10 * PageCount, 1).copy_memory();
     const VImage sheet = Sheet(SheetHeight + 60 * PageCount).copy_memory();
     VipsImaging imaging;
     for (int page = 0; page < PageCount; ++page) {
-        const bool isPhoto = colors == PageColors::Color && page % 2 == 0;
+        const bool isPhoto = colours == PageColours::Colour && page % 2 == 0;
         const VImage image = isPhoto ? photo.crop(20 * page, 10 * page, 2000, 1500)
                                      : sheet.crop(0, 60 * page, SheetWidth, SheetHeight);
-        PageOrder order{1275, isPhoto ? 956 : 1650, colors};
-        if (colors == PageColors::BlackAndWhite) order = {SheetWidth, SheetHeight, colors};
+        PageOrder order{1275, isPhoto ? 956 : 1650, colours};
+        if (colours == PageColours::BlackAndWhite) order = {SheetWidth, SheetHeight, colours};
         char name[16];
         std::snprintf(name, sizeof name, "/%03d.png", page + 1);
         imaging.FromMemory(InMemory(image))->WritePage(order, folder + ".part" + name);
@@ -131,8 +131,8 @@ int main(int count, char** arguments) {
         VipsImaging().FromMemory(std::make_shared<lumarin::Picture>(lumarin::Picture{1, 1, {0, 0, 0}}));
         std::filesystem::create_directories(folder);
         if (!std::filesystem::exists(folder + "/sources/screenshot.png")) WriteSources(folder + "/sources");
-        WritePages(folder + "/color", PageColors::Color);
-        WritePages(folder + "/bilevel", PageColors::BlackAndWhite);
+        WritePages(folder + "/colour", PageColours::Colour);
+        WritePages(folder + "/bilevel", PageColours::BlackAndWhite);
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;

@@ -16,14 +16,14 @@ document() {
         "$(calculate "$ratio <= 1.1")"
 }
 
-row_document_color() { document color 256; }
+row_document_colour() { document colour 256; }
 row_document_bilevel() { document bilevel 64; }
 
 # Opened, added, closed: the 200th time against the 10th.
 row_document_grow() {
     local kind tenth last ratio
     "$bin/documents/bench_pages" "$inputs/documents"
-    for kind in color bilevel; do
+    for kind in colour bilevel; do
         read -r tenth last < <("$bin/documents/bench_document" grow "$out/grow.pdf" "$inputs/documents/$kind" 200)
         ratio=$(awk "BEGIN { printf \"%.2f\", $last / $tenth }")
         line "200th, $kind" "$last" - "10th page" "$tenth" - "$ratio" "<= 2" "$(calculate "$ratio <= 2")"
@@ -35,7 +35,7 @@ row_document_page() {
     local source kind picture added bytes
     "$bin/documents/bench_pages" "$inputs/documents"
     for source in photo.jpg sheet.png screenshot.png; do
-        for kind in color bilevel; do
+        for kind in colour bilevel; do
             read -r picture added bytes < <("$bin/documents/bench_document" page "$out/page.pdf" \
                 "$inputs/documents/sources/$source" "$kind")
             line "page, $kind" "$picture" - "add and close" "$added" - - "${source%.*}, $((bytes / 1000)) kB" 1

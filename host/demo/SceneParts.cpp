@@ -11,10 +11,10 @@ namespace host {
 
 namespace {
 
-QColor Varied(const QColor& color, Chance& chance, int amount) {
+QColor Varied(const QColor& colour, Chance& chance, int amount) {
     const int change = chance.Below(2 * amount + 1) - amount;
     const auto channel = [change](int value) { return std::clamp(value + change, 0, 255); };
-    return {channel(color.red()), channel(color.green()), channel(color.blue())};
+    return {channel(colour.red()), channel(colour.green()), channel(colour.blue())};
 }
 
 void PaintCloud(QPainter& painter, double x, double y, double size, int opacity, Chance& chance) {
@@ -29,7 +29,7 @@ void PaintCloud(QPainter& painter, double x, double y, double size, int opacity,
     }
 }
 
-/// Many small strokes of slightly different color make a surface of leaves.
+/// Many small strokes of slightly different colour make a surface of leaves.
 void PaintLeaves(QPainter& painter, const QPointF& center, double width, double height, const QColor& base,
                  Chance& chance) {
     constexpr int Leaves = 170;
@@ -84,9 +84,9 @@ void PaintLawn(QPainter& painter, double width, double top, Chance& chance) {
         const double depth = chance.Between(0, 1);
         const double x = chance.Between(0, width);
         const double y = top + (300 - top) * depth;
-        QColor color = Varied(base, chance, 22);
-        color.setAlpha(150);
-        painter.setPen(QPen(color, 0.4 + depth * 0.5));
+        QColor colour = Varied(base, chance, 22);
+        colour.setAlpha(150);
+        painter.setPen(QPen(colour, 0.4 + depth * 0.5));
         painter.drawLine(QPointF(x, y), QPointF(x + chance.Between(-1.5, 1.5), y - 1.5 - depth * 4));
     }
     painter.setPen(Qt::NoPen);

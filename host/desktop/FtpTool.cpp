@@ -31,7 +31,7 @@ void FtpTool::Open() {
 void FtpTool::Send(const lumarin::frmFTP::Order& order) {
     desktop_.SetHelpFile(link_.Common().HelpFilePath());
     const bool ownCertificates = lumarin::files::FileExists(certificates_);
-    lumarin::CurlFtp transfer({ownCertificates ? certificates_ : ""});
+    lumarin::curl::CurlFtp transfer({ownCertificates ? certificates_ : ""});
     lumarin::frmFTP window(desktop_, clock_, link_, transfer);
     lumarin::FtpResult result;
     window.SendFiles(order, result, &mainWindow_);

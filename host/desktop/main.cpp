@@ -128,8 +128,8 @@ private:
     lumarin::zip::LibzipArchiver archiver_;
     lumarin::SystemClock clock_;
     lumarin::NoEngineVersion engine_;
-    lumarin::QpdfLibrary pdf_;
-    lumarin::SaneScanner scanner_;
+    lumarin::qpdf::QpdfLibrary pdf_;
+    lumarin::sane::SaneScanner scanner_;
     // Destroys windows that were given up late, and these use what stands above.
     lumarin::qt::QtDesktop desktop_;
     host::MainWindow mainWindow_;

@@ -140,7 +140,7 @@ std::unique_ptr<lumarin::HostService> HostVelCommon::MakeService(const std::stri
     if (name == lumarin::DbInterface::ServiceName)
         return std::make_unique<DbService>(queries_, options_.connection);
     if (name == lumarin::PhotoInterface::ServiceName)
-        return std::make_unique<PhotoService>(server_, options_.connection, lastRefusal_);
+        return std::make_unique<PhotoService>(server_, options_.connection);
     if (name == lumarin::DocInterface::ServiceName) return std::make_unique<DocService>(server_, Sender());
     constexpr std::int32_t CannotCreate = 429;
     throw lumarin::Error(CannotCreate, "ServiceBroker", "The host has no service \"" + name + "\"");

@@ -63,8 +63,6 @@ public:
     std::vector<lumarin::PhotoDescription> PhotoDescriptions() const override;
     std::vector<lumarin::ListingStatus> ListingStatuses() const override { return ListingStatusTable(); }
 
-    /// Why the server refused the last package; "" when it took it.
-    const std::string& LastRefusal() const { return lastRefusal_; }
     Server& ListingServer() { return server_; }
     /// What goes wrong from now on.
     FaultScript& Faults() { return options_.faults; }
@@ -85,7 +83,6 @@ private:
     Server server_;
     PhotoTree photos_;
     mutable Database queries_;
-    std::string lastRefusal_;
     std::string webHost_ = "localhost";
 };
 

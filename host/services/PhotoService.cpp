@@ -26,15 +26,13 @@ int PhotoService::BatchUpdate(const std::string& connectionName, const std::stri
                               lumarin::BatchKind kind) {
     constexpr int Applied = 0;
     constexpr int Refused = 1;
-    lastRefusal_.clear();
     try {
         RequireConnection(connectionName, connectionName_);
         if (kind != lumarin::BatchKind::PhotoPackage)
             throw Refusal("There is no update of kind " + std::to_string(static_cast<int>(kind)));
         server_.ApplyPackage(packageName);
         return Applied;
-    } catch (const lumarin::Error& error) {
-        lastRefusal_ = error.Description();
+    } catch (const lumarin::Error&) {
         return Refused;
     }
 }

@@ -7,17 +7,16 @@
 
 namespace host {
 
-/// The service "PhotoInterface" over the listing server; the server, and the text that takes the reason of
-/// a refused package, outlive it. What was begun belongs to the server: an object that has begun nothing goes
-/// on with what was begun last.
+/// The service "PhotoInterface" over the listing server, which outlives it. What was begun belongs to the
+/// server: an object that has begun nothing goes on with what was begun last.
 class PhotoService final : public lumarin::PhotoInterface {
 public:
-    PhotoService(Server& server, std::string connectionName, std::string& lastRefusal)
-        : server_(server), connectionName_(std::move(connectionName)), lastRefusal_(lastRefusal) {}
+    PhotoService(Server& server, std::string connectionName)
+        : server_(server), connectionName_(std::move(connectionName)) {}
 
     void UploadPhotoFile(const std::string& name, lumarin::UploadMode mode) override;
     void UploadPhotoFile(std::span<const std::byte> chunk) override;
-    /// 0 when the package is applied, 1 when it is refused.
+    /// 0 when the package is applied, 1 when it is refused; the server's log says why.
     int BatchUpdate(const std::string& connectionName, const std::string& packageName,
                     lumarin::BatchKind kind) override;
 
@@ -26,7 +25,6 @@ private:
 
     Server& server_;
     std::string connectionName_;
-    std::string& lastRefusal_;
     bool begun_ = false;
 };
 

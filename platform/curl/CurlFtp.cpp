@@ -11,12 +11,7 @@
 #include "platform/curl/CurlConnection.h"
 #include "platform/curl/Failures.h"
 
-namespace lumarin {
-
-using curl::CurlConnection;
-using curl::FailedTransfer;
-using curl::SendOrder;
-using curl::Sockets;
+namespace lumarin::curl {
 
 namespace {
 
@@ -159,4 +154,4 @@ void CurlFtp::Poll() {
 
 void CurlFtp::Cancel() { worker_->Drop(); }
 
-}  // namespace lumarin
+}  // namespace lumarin::curl

@@ -5,7 +5,7 @@
 
 #include "util/FtpTransfer.h"
 
-namespace lumarin {
+namespace lumarin::curl {
 
 /// The transfer port over libcurl. The library waits for a server in a few places even when it is asked not
 /// to, so a thread of its own works the connection; that connection is kept for the files of one window.
@@ -36,4 +36,4 @@ private:
     std::unique_ptr<Worker> worker_;
 };
 
-}  // namespace lumarin
+}  // namespace lumarin::curl

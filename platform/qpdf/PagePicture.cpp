@@ -54,19 +54,19 @@ std::string TryPacking(std::string rows, std::uint32_t width, std::uint32_t heig
     }
 }
 
-QPDFObjectHandle ColorSpace(const PngFile& png) {
-    switch (png.colors) {
-        case PngColors::Gray:
+QPDFObjectHandle ColourSpace(const PngFile& png) {
+    switch (png.colours) {
+        case PngColours::Grey:
             return QPDFObjectHandle::newName("/DeviceGray");
-        case PngColors::Rgb:
+        case PngColours::Rgb:
             return QPDFObjectHandle::newName("/DeviceRGB");
-        case PngColors::Indexed:
+        case PngColours::Indexed:
             break;
     }
-    const auto colors = static_cast<long long>(png.palette.size() / 3);
+    const auto colours = static_cast<long long>(png.palette.size() / 3);
     return QPDFObjectHandle::newArray(
         {QPDFObjectHandle::newName("/Indexed"), QPDFObjectHandle::newName("/DeviceRGB"),
-         QPDFObjectHandle::newInteger(colors - 1), QPDFObjectHandle::newString(png.palette)});
+         QPDFObjectHandle::newInteger(colours - 1), QPDFObjectHandle::newString(png.palette)});
 }
 
 PngFile ReadPngFile(const std::string& path) {
@@ -89,7 +89,7 @@ QPDFObjectHandle PictureMaker::Make(QPDF& pdf, const std::string& pngPath) {
     properties.replaceKey("/Subtype", QPDFObjectHandle::newName("/Image"));
     properties.replaceKey("/Width", QPDFObjectHandle::newInteger(png.width));
     properties.replaceKey("/Height", QPDFObjectHandle::newInteger(png.height));
-    properties.replaceKey("/ColorSpace", ColorSpace(png));
+    properties.replaceKey("/ColorSpace", ColourSpace(png));
     properties.replaceKey("/BitsPerComponent", QPDFObjectHandle::newInteger(png.bitDepth));
     if (!isPacked) {
         SetDataOfFile(picture, png);
@@ -108,9 +108,9 @@ void PictureMaker::SetData(QPDFObjectHandle& picture, std::string bytes, const c
 }
 
 void PictureMaker::SetDataOfFile(QPDFObjectHandle& picture, PngFile& png) {
-    const int colors = png.colors == PngColors::Rgb ? 3 : 1;
+    const int colours = png.colours == PngColours::Rgb ? 3 : 1;
     SetData(picture, std::move(png.data), "/FlateDecode",
-            "<< /Predictor 15 /Colors " + std::to_string(colors) + " /BitsPerComponent " +
+            "<< /Predictor 15 /Colors " + std::to_string(colours) + " /BitsPerComponent " +
                 std::to_string(png.bitDepth) + " /Columns " + std::to_string(png.width) + " >>");
 }
 

@@ -40,14 +40,14 @@ Chunk TakeChunk(std::string_view& rest) {
     return {checked.substr(0, 4), checked.substr(4)};
 }
 
-bool IsDepthOf(PngColors colors, int depth) {
+bool IsDepthOf(PngColours colours, int depth) {
     const bool small = depth == 1 || depth == 2 || depth == 4;
-    switch (colors) {
-        case PngColors::Gray:
+    switch (colours) {
+        case PngColours::Grey:
             return small || depth == 8 || depth == 16;
-        case PngColors::Rgb:
+        case PngColours::Rgb:
             return depth == 8 || depth == 16;
-        case PngColors::Indexed:
+        case PngColours::Indexed:
             return small || depth == 8;
     }
     return false;
@@ -60,14 +60,14 @@ PngFile ReadHeader(const Chunk& chunk) {
     png.width = BigEndian(chunk.content);
     png.height = BigEndian(chunk.content.substr(4));
     png.bitDepth = at(8);
-    const int colors = at(9);
+    const int colours = at(9);
     if (png.width == 0 || png.height == 0 || at(10) != 0 || at(11) != 0 || at(12) > 1) RefuseDamaged();
     if (static_cast<std::uint64_t>(png.width) * png.height > MostPixels)
         throw PdfError("The page's picture has too many pixels.");
-    if (colors == 4 || colors == 6) throw PdfError("The page's picture has transparent parts.");
+    if (colours == 4 || colours == 6) throw PdfError("The page's picture has transparent parts.");
     if (at(12) != 0) throw PdfError("The page's picture is interlaced.");
-    png.colors = static_cast<PngColors>(colors);
-    if (!IsDepthOf(png.colors, png.bitDepth)) RefuseDamaged();
+    png.colours = static_cast<PngColours>(colours);
+    if (!IsDepthOf(png.colours, png.bitDepth)) RefuseDamaged();
     return png;
 }
 
@@ -82,7 +82,7 @@ bool IsPalette(const PngFile& png) {
 }  // namespace
 
 std::size_t PngFile::RowBytes() const {
-    const std::uint64_t samples = static_cast<std::uint64_t>(width) * (colors == PngColors::Rgb ? 3 : 1);
+    const std::uint64_t samples = static_cast<std::uint64_t>(width) * (colours == PngColours::Rgb ? 3 : 1);
     return static_cast<std::size_t>((samples * static_cast<unsigned>(bitDepth) + 7) / 8);
 }
 
@@ -107,7 +107,7 @@ PngFile ReadPng(std::string_view bytes) {
         else if (!IsForInformation(chunk))
             RefuseDamaged();
     }
-    if (png.data.empty() || (png.colors == PngColors::Indexed && !IsPalette(png))) RefuseDamaged();
+    if (png.data.empty() || (png.colours == PngColours::Indexed && !IsPalette(png))) RefuseDamaged();
     return png;
 }
 

@@ -7,14 +7,14 @@
 namespace lumarin::qpdf {
 
 /// What a sample of the picture stands for; the numbers are the file format's.
-enum class PngColors : std::uint8_t { Gray = 0, Rgb = 2, Indexed = 3 };
+enum class PngColours : std::uint8_t { Grey = 0, Rgb = 2, Indexed = 3 };
 
 /// A PNG file taken apart; its pixels stay packed.
 struct PngFile {
     std::uint32_t width = 0;
     std::uint32_t height = 0;
     int bitDepth = 0;
-    PngColors colors = PngColors::Gray;
+    PngColours colours = PngColours::Grey;
     std::string palette;  ///< three bytes a colour
     std::string data;     ///< the packed rows, each with its filter byte first
 

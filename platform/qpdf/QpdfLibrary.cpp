@@ -8,10 +8,7 @@
 #include "platform/qpdf/PdfDocument.h"
 #include "platform/qpdf/PdfError.h"
 
-namespace lumarin {
-
-using qpdf::PdfDocument;
-using qpdf::PdfError;
+namespace lumarin::qpdf {
 
 namespace {
 
@@ -139,4 +136,4 @@ PdfStatus QpdfLibrary::AdultPdfClose(PdfHandle handle) {
     });
 }
 
-}  // namespace lumarin
+}  // namespace lumarin::qpdf

@@ -6,11 +6,9 @@
 
 #include "documents/PdfLibrary.h"
 
-namespace lumarin {
+namespace lumarin::qpdf {
 
-namespace qpdf {
 class PdfDocument;
-}
 
 /// The PDF library over QPDF. Pictures go into the document as they lie in their PNG file; only those of
 /// one bit a pixel are packed anew, for fax, where that is smaller. What is added is kept in memory until the
@@ -42,15 +40,14 @@ public:
 private:
     template <typename Step>
     PdfStatus Guarded(Step step);
-    PdfHandle Begin(std::unique_ptr<qpdf::PdfDocument> document);
-    qpdf::PdfDocument& DocumentOf(PdfHandle handle);
+    PdfHandle Begin(std::unique_ptr<PdfDocument> document);
+    PdfDocument& DocumentOf(PdfHandle handle);
     void RefuseOpenPath(const std::string& path) const;
 
-    std::map<PdfHandle, std::unique_ptr<qpdf::PdfDocument>> documents_;
-    std::unique_ptr<qpdf::PdfDocument>
-        closed_;  ///< the last one, which will likely be opened for the next page
+    std::map<PdfHandle, std::unique_ptr<PdfDocument>> documents_;
+    std::unique_ptr<PdfDocument> closed_;  ///< the last one, which will likely be opened for the next page
     PdfHandle lastHandle_ = 0;
     std::string failure_;
 };
 
-}  // namespace lumarin
+}  // namespace lumarin::qpdf

@@ -6,7 +6,7 @@
 #include "imaging/Imaging.h"
 #include "imaging/Scanner.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 namespace {
 
@@ -116,4 +116,4 @@ Picture PageAssembler::Take() {
     return std::move(picture_);
 }
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

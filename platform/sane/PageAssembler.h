@@ -8,7 +8,7 @@
 
 #include "forms/Picture.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 /// Makes one picture from the frames of a page: grey, colour, or red, green and blue in three passes, each
 /// with 1, 8 or 16 bits a sample, and of known or unknown length. Throws ScannerError for a frame of another
@@ -36,4 +36,4 @@ private:
     Picture picture_;
 };
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

@@ -6,7 +6,7 @@
 #include "platform/sane/SaneOptions.h"
 #include "platform/sane/SaneStatus.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 namespace {
 
@@ -97,4 +97,4 @@ bool SaneDevice::ReadFrame(PageAssembler& page, const std::atomic<bool>& cancell
     return false;
 }
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

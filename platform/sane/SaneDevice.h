@@ -12,7 +12,7 @@
 #include "imaging/Scanner.h"
 #include "platform/sane/PageAssembler.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 /// Device settings by their name in the scanner library, applied in this order.
 using SaneSettings = std::vector<std::pair<std::string, std::string>>;
@@ -43,4 +43,4 @@ private:
     int pages_ = 0;
 };
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

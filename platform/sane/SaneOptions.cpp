@@ -8,7 +8,7 @@
 #include "base/Numbers.h"
 #include "platform/sane/SaneStatus.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 namespace {
 
@@ -108,4 +108,4 @@ void SaneOptions::Write(const Option& option, void* value) const {
     if (status != SANE_STATUS_INVAL && status != SANE_STATUS_UNSUPPORTED) CheckSane(status);
 }
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

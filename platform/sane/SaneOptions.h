@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace lumarin {
+namespace lumarin::sane {
 
 /// The settings of one open device. A setting that the device does not have, or not at present, is left
 /// out silently: every device has others. All numbers are in the setting's own unit.
@@ -37,4 +37,4 @@ private:
     SANE_Handle device_;
 };
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

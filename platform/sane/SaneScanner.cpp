@@ -9,7 +9,7 @@
 
 #include "platform/sane/SaneStatus.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 namespace {
 
@@ -135,4 +135,4 @@ ScanOutcome SaneScanner::AcquirePages(const std::shared_ptr<Session>& session, c
     }
 }
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

@@ -8,7 +8,7 @@
 #include "platform/sane/SaneDevice.h"
 #include "platform/sane/Worker.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 /// The scanner port over libsane. The devices are worked by a thread of its own, so that a device that
 /// keeps still never keeps the caller. One object a program.
@@ -44,4 +44,4 @@ private:
     Worker worker_;                     ///< last: its jobs use the members above
 };
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

@@ -4,7 +4,7 @@
 
 #include "imaging/Scanner.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 namespace {
 
@@ -41,4 +41,4 @@ void CheckSane(SANE_Status status) {
     if (status != SANE_STATUS_GOOD) throw ScannerError(StatusText(status));
 }
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

@@ -1,6 +1,6 @@
 #include "platform/sane/Worker.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 
 Worker::Worker() : thread_([this] { Work(); }) {}
 
@@ -38,4 +38,4 @@ void Worker::Work() {
     }
 }
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <thread>
 
-namespace lumarin {
+namespace lumarin::sane {
 
 /// One thread that does jobs in the order in which they were posted. The destructor waits until all of
 /// them are done.
@@ -31,4 +31,4 @@ private:
     std::thread thread_;
 };
 
-}  // namespace lumarin
+}  // namespace lumarin::sane

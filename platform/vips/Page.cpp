@@ -14,7 +14,7 @@ namespace {
 /// How hard the packer tries. Measured on photos, scanned sheets and screen pictures: in colour everything
 /// above 3 takes longer and gets larger on photos (its rule for matches changes there), and 5 saves grey
 /// pages another 3 to 12 percent for a few milliseconds. Beyond that the time doubles for each percent.
-int CompressionOf(PageColors colors) { return colors == PageColors::Color ? 3 : 5; }
+int CompressionOf(PageColours colours) { return colours == PageColours::Colour ? 3 : 5; }
 
 VImage GreyImage(const GreyPixels& grey) {
     VipsImage* image = vips_image_new_from_memory(grey.values.data(), grey.values.size(), grey.width,
@@ -31,11 +31,11 @@ GreyPixels ToGrey(const Picture& picture) {
     return {grey.width(), grey.height(), {bytes, bytes + size}};
 }
 
-std::string EncodePng(const VImage& image, PageColors colors, VipsForeignPngFilter filter) {
+std::string EncodePng(const VImage& image, PageColours colours, VipsForeignPngFilter filter) {
     void* bytes = nullptr;
     std::size_t size = 0;
-    const int bitDepth = colors == PageColors::BlackAndWhite ? 1 : 8;
-    if (vips_pngsave_buffer(image.get_image(), &bytes, &size, "compression", CompressionOf(colors), "filter",
+    const int bitDepth = colours == PageColours::BlackAndWhite ? 1 : 8;
+    if (vips_pngsave_buffer(image.get_image(), &bytes, &size, "compression", CompressionOf(colours), "filter",
                             filter, "bitdepth", bitDepth, "strip", TRUE, nullptr) != 0)
         throw VError();
     const std::unique_ptr<void, decltype(&g_free)> owner(bytes, &g_free);
@@ -44,9 +44,9 @@ std::string EncodePng(const VImage& image, PageColors colors, VipsForeignPngFilt
 
 // Photos get a third smaller with the rows' filters, pictures with flat areas up to a sixth larger; no rule
 // tells them apart as surely as trying.
-std::string EncodeSmallest(const VImage& image, PageColors colors) {
-    std::string plain = EncodePng(image, colors, VIPS_FOREIGN_PNG_FILTER_NONE);
-    std::string filtered = EncodePng(image, colors, VIPS_FOREIGN_PNG_FILTER_ALL);
+std::string EncodeSmallest(const VImage& image, PageColours colours) {
+    std::string plain = EncodePng(image, colours, VIPS_FOREIGN_PNG_FILTER_NONE);
+    std::string filtered = EncodePng(image, colours, VIPS_FOREIGN_PNG_FILTER_ALL);
     return std::min(plain, filtered, [](const std::string& left, const std::string& right) {
         return left.size() < right.size();
     });
@@ -54,11 +54,11 @@ std::string EncodeSmallest(const VImage& image, PageColors colors) {
 
 }  // namespace
 
-std::string EncodePage(const Picture& picture, PageColors colors) {
-    if (colors == PageColors::Color) return EncodeSmallest(ImageOver(picture), colors);
+std::string EncodePage(const Picture& picture, PageColours colours) {
+    if (colours == PageColours::Colour) return EncodeSmallest(ImageOver(picture), colours);
     GreyPixels grey = ToGrey(picture);
-    if (colors == PageColors::BlackAndWhite) MakeBlackAndWhite(grey);
-    return EncodeSmallest(GreyImage(grey), colors);
+    if (colours == PageColours::BlackAndWhite) MakeBlackAndWhite(grey);
+    return EncodeSmallest(GreyImage(grey), colours);
 }
 
 }  // namespace lumarin::vips

@@ -7,6 +7,6 @@
 namespace lumarin::vips {
 
 /// The bytes of a page's PNG file. Throws VError.
-std::string EncodePage(const Picture& picture, PageColors colors);
+std::string EncodePage(const Picture& picture, PageColours colours);
 
 }  // namespace lumarin::vips

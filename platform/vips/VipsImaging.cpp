@@ -49,7 +49,7 @@ public:
         const Picture page = Guarded(InvalidPictureError, [&] {
             return Render(*stored_, {0, 0, Width(), Height()}, order.width, order.height);
         });
-        const std::string png = Guarded(PictureWriteError, [&] { return EncodePage(page, order.colors); });
+        const std::string png = Guarded(PictureWriteError, [&] { return EncodePage(page, order.colours); });
         try {
             files::WriteWhole(destination, png);
         } catch (const FileError& error) {

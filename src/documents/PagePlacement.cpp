@@ -21,8 +21,8 @@ constexpr std::int32_t Margin = 27;
 
 }  // namespace
 
-PixelSize WithinLimit(PixelSize size, PageColors colors) {
-    const PixelSize& limit = colors == PageColors::BlackAndWhite ? FineLimit : NormalLimit;
+PixelSize WithinLimit(PixelSize size, PageColours colours) {
+    const PixelSize& limit = colours == PageColours::BlackAndWhite ? FineLimit : NormalLimit;
     if (size.width > limit.width) size = {limit.width, size.height * limit.width / size.width};
     if (size.height > limit.height) size = {size.width * limit.height / size.height, limit.height};
     return size;

@@ -13,7 +13,7 @@ struct PixelSize {
 };
 
 /// The size reduced to what a page of this colour mode may have, proportions kept; never enlarged.
-PixelSize WithinLimit(PixelSize size, PageColors colors);
+PixelSize WithinLimit(PixelSize size, PageColours colours);
 
 /// Where a picture is drawn on its page, in whole points from the upper left corner.
 struct PagePlace {

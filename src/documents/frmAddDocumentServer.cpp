@@ -154,7 +154,7 @@ bool frmAddDocument::TryUpload(const std::string& path, const std::string& serve
                                const std::string& description) {
     FileUpload upload(desktop(), ports_.host, ports_.clock);
     const Remembered<FileUpload> stoppable(upload_, upload);
-    if (upload.Send(path, serverFile, this) == FileSent::Canceled) return false;
+    if (upload.Send(path, serverFile, this) == FileSent::Cancelled) return false;
     const std::string command = AddFileCommand(User(), listing_, serverFile, description);
     if (!AtServer([&] { return Update(command); })) return false;
     upload.Keep();

@@ -101,7 +101,7 @@ private:
     void MakeThumbnail(std::size_t page, PixelSize size);
     void AddRow(std::size_t page);
     void ShowDocument();
-    PageColors Colors() const;
+    PageColours Colours() const;
     std::int32_t PageSize() const;
 
     MakePdfPorts ports_;

@@ -20,14 +20,14 @@ std::int32_t WholePixels(double length) { return std::max(1, RoundToWhole(length
 
 }  // namespace
 
-PageColors frmMakePDF::Colors() const {
+PageColours frmMakePDF::Colours() const {
     switch (cboDocType.ListIndex()) {
         case 1:
-            return PageColors::Gray;
+            return PageColours::Grey;
         case 2:
-            return PageColors::BlackAndWhite;
+            return PageColours::BlackAndWhite;
         default:
-            return PageColors::Color;
+            return PageColours::Colour;
     }
 }
 
@@ -107,8 +107,8 @@ bool frmMakePDF::AddPage(const std::string& name,
 
 bool frmMakePDF::WritePage(SourcePicture& picture, const std::string& name) {
     const PixelSize size =
-        WithinLimit({static_cast<double>(picture.Width()), static_cast<double>(picture.Height())}, Colors());
-    picture.WritePage({WholePixels(size.width), WholePixels(size.height), Colors()}, files_.Image());
+        WithinLimit({static_cast<double>(picture.Width()), static_cast<double>(picture.Height())}, Colours());
+    picture.WritePage({WholePixels(size.width), WholePixels(size.height), Colours()}, files_.Image());
     const auto bytes = static_cast<std::int64_t>(files::FileLength(files_.Image()));
     if (draft_.Bytes() + bytes > maximumBytes_) {
         Refuse("Cannot add file:\n" + name + "\nMaximum size exceeded", "File is too large");
@@ -127,7 +127,7 @@ void frmMakePDF::MakeThumbnail(std::size_t page, PixelSize size) {
     try {
         ports_.imaging.Open(files_.Image())
             ->WritePage({WholePixels(size.width * scale), WholePixels(size.height * scale),
-                         Colors() == PageColors::Color ? PageColors::Color : PageColors::Gray},
+                         Colours() == PageColours::Colour ? PageColours::Colour : PageColours::Grey},
                         files_.Thumbnail(page));
     } catch (const std::exception&) {
         files::TryDelete(files_.Thumbnail(page));  // the page stands in the list without a picture

@@ -48,6 +48,6 @@ struct Mouse {
 };
 
 /// Shapes of the mouse pointer.
-enum class Pointer { Default, Hourglass, SizeWestEast, SizeNorthSouth, SizeAll, Cross };
+enum class Pointer { Default, Hourglass, SizeWestEast, SizeNorthSouth, SizeAll };
 
 }  // namespace lumarin

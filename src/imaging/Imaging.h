@@ -59,13 +59,13 @@ struct CaptureOrder {
 };
 
 /// How many colours a page of a document keeps.
-enum class PageColors { Color, Gray, BlackAndWhite };
+enum class PageColours { Colour, Grey, BlackAndWhite };
 
 /// One page of a document: the whole picture resampled to `width` x `height` pixels.
 struct PageOrder {
     int width = 0;
     int height = 0;
-    PageColors colors = PageColors::Color;
+    PageColours colours = PageColours::Colour;
 };
 
 /// One opened picture. Its size, preview and captures are those of the upright picture in sRGB, 24 bits,

@@ -16,7 +16,7 @@ int PhotoUpload::Apply(const std::string& packageName) {
 
 UploadOutcome PhotoUpload::Send(const std::string& packagePath, const std::string& packageName,
                                 const OwnerWindow* owner) {
-    if (file_.Send(packagePath, packageName, owner) == FileSent::Canceled) return UploadOutcome::Canceled;
+    if (file_.Send(packagePath, packageName, owner) == FileSent::Cancelled) return UploadOutcome::Cancelled;
     const int result = Apply(packageName);
     file_.Keep();  // applied or refused: the server has dealt with the package
     if (result != 0) throw UpdateRefused(result);

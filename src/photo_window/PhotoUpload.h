@@ -14,7 +14,7 @@ public:
                 "The server refused the update (result " + std::to_string(result) + ")") {}
 };
 
-enum class UploadOutcome { Applied, Canceled };
+enum class UploadOutcome { Applied, Cancelled };
 
 /// Sends one package, with the progress window, and has the server apply it.
 class PhotoUpload {

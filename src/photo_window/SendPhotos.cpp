@@ -118,7 +118,7 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
             upload_ = &upload;
             const UploadOutcome outcome = upload.Send(workingFolder_ + packageName, packageName, this);
             upload_ = nullptr;
-            if (outcome == UploadOutcome::Canceled) {
+            if (outcome == UploadOutcome::Cancelled) {
                 RestoreRecords();
                 return false;
             }

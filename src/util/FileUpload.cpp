@@ -52,7 +52,7 @@ FileSent FileUpload::Send(const std::string& path, const std::string& serverName
             AtServer([&] { service_->UploadPhotoFile("", UploadMode::End); });
         }
         if (!whole) Abandon();
-        return whole ? FileSent::Whole : FileSent::Canceled;
+        return whole ? FileSent::Whole : FileSent::Cancelled;
     } catch (...) {
         Abandon();
         throw;

@@ -27,7 +27,7 @@ auto AtServer(Step step) {
     }
 }
 
-enum class FileSent { Whole, Canceled };
+enum class FileSent { Whole, Cancelled };
 
 /// Sends one file through the photo service in chunks, with the progress window. The server drops what it
 /// got unless the caller says that it is to be kept.

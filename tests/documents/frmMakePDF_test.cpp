@@ -77,7 +77,7 @@ TEST_F(MakePdf, Import_WritesEachPictureAsAPageAndClosesTheFile) {
         window->optLegal.Choose();
         Add("/in/a.png");
     });
-    EXPECT_EQ(imaging.pages.at(0).colors, PageColors::Gray);
+    EXPECT_EQ(imaging.pages.at(0).colours, PageColours::Grey);
     EXPECT_EQ(pdf.calls,
               (Texts{"load " + host.ProgramFolder() + "QorCreatePdf.dll", "create",
                      "info 100123 PDF,100123,Qor Veltrane - Create Document,0,Host text",  //

@@ -55,7 +55,8 @@ TEST(PhotoService, BadPackage_BegunByOneServiceObjectEndedByAnother_IsRefusedWit
     goesOn->UploadPhotoFile(std::as_bytes(std::span("no package")));
     goesOn->UploadPhotoFile("", lumarin::UploadMode::End);
     EXPECT_EQ(goesOn->BatchUpdate("VELTRANE", "p.zip", lumarin::BatchKind::PhotoPackage), 1);
-    EXPECT_NE(host.common.LastRefusal().find("as a zip archive"), std::string::npos);
+    const std::string log = files::ReadAll(Server::Folder(SeededFolder()) + "server.log");
+    EXPECT_NE(log.find("refused p.zip: The package cannot be read as a zip archive"), std::string::npos);
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 namespace lumarin::testing {
 namespace {
 
+using curl::CurlFtp;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 

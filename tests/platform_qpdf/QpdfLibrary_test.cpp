@@ -62,7 +62,7 @@ protected:
 
     samples::Folder folder;
     const std::string pdf = folder / "CreatePDFTmp.pdf";
-    std::optional<QpdfLibrary> library{std::in_place};  ///< `emplace` is a new start of the program
+    std::optional<qpdf::QpdfLibrary> library{std::in_place};  ///< `emplace` is a new start of the program
 };
 
 TEST_F(QpdfLibraryTest, Picture_OfEveryKind_IsSeenPixelForPixelAtItsPlaceOrRefused) {

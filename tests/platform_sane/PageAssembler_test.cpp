@@ -7,7 +7,7 @@
 
 #include "imaging/Scanner.h"
 
-namespace lumarin {
+namespace lumarin::sane {
 namespace {
 
 using Bytes = std::vector<SANE_Byte>;
@@ -72,4 +72,4 @@ TEST(PageAssembler, BadFrame_IsRefused) {
 }
 
 }  // namespace
-}  // namespace lumarin
+}  // namespace lumarin::sane

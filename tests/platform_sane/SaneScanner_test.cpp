@@ -9,7 +9,7 @@
 #include <functional>
 #include <stdexcept>
 
-namespace lumarin {
+namespace lumarin::sane {
 namespace {
 
 using lumarin::testing::TemporaryFolder;
@@ -146,4 +146,4 @@ TEST_F(SaneScannerTest, Acquire_DeviceMissingOrFailing_TellsTheUserWhatIsWrong) 
 }
 
 }  // namespace
-}  // namespace lumarin
+}  // namespace lumarin::sane

@@ -28,9 +28,9 @@ TEST_F(Page, File_OfEachColourMode_HasItsBitsAndSizeAndNothingElse) {
     VImage stored = Detailed(400, 640);
     stored.set("exif-ifd0-ImageDescription", "private");
     const auto source = Open(Encode(stored, ".jpg[Q=95]"));
-    const std::pair<PageOrder, int> cases[] = {{{200, 320, PageColors::Color}, 24},
-                                               {{200, 320, PageColors::Gray}, 8},
-                                               {{201, 321, PageColors::BlackAndWhite}, 1}};
+    const std::pair<PageOrder, int> cases[] = {{{200, 320, PageColours::Colour}, 24},
+                                               {{200, 320, PageColours::Grey}, 8},
+                                               {{201, 321, PageColours::BlackAndWhite}, 1}};
     for (const auto& [order, bits] : cases) {
         SCOPED_TRACE(bits);
         const VImage page = Written(*source, order);
@@ -65,7 +65,7 @@ TEST_F(Page, BlackAndWhite_LettersInAnyLight_AreInkOnPlainPaper) {
     };
     for (const auto& row : cases) {
         const auto source = imaging.FromMemory(InMemory(row.image));
-        const VImage page = Written(*source, {ink.width(), ink.height(), PageColors::BlackAndWhite});
+        const VImage page = Written(*source, {ink.width(), ink.height(), PageColours::BlackAndWhite});
         const double wrong = ((page < 128) != (row.expected > 128)).avg() / 255;
         EXPECT_LT(wrong, 0.004) << row.name;
     }
@@ -74,7 +74,7 @@ TEST_F(Page, BlackAndWhite_LettersInAnyLight_AreInkOnPlainPaper) {
 TEST_F(Page, BlackAndWhite_Photo_KeepsItsLightAndShade) {
     const VImage photo = Detailed(600, 400);
     const auto source = imaging.FromMemory(InMemory(photo));
-    const VImage page = Written(*source, {600, 400, PageColors::BlackAndWhite});
+    const VImage page = Written(*source, {600, 400, PageColours::BlackAndWhite});
     const VImage grey = photo.colourspace(VIPS_INTERPRETATION_B_W).shrink(25, 25);
     EXPECT_LT((page.shrink(25, 25) - grey).abs().avg(), 6);
     EXPECT_GT(grey.deviate(), 15) << "there is no light and shade";

@@ -103,7 +103,7 @@ public:
     zip::LibzipArchiver archiver;
     HastyClock clock;
     NoEngineVersion engine;
-    QpdfLibrary pdf;
+    qpdf::QpdfLibrary pdf;
     std::unique_ptr<frmLumarin> window;
     std::unique_ptr<frmAddDocument> documents;
     /// What the agent says and does in the windows that open by themselves.

@@ -30,8 +30,6 @@ Qt::CursorShape ShapeOf(Pointer pointer) {
             return Qt::SizeVerCursor;
         case Pointer::SizeAll:
             return Qt::SizeAllCursor;
-        case Pointer::Cross:
-            return Qt::CrossCursor;
         case Pointer::Default:
             break;
     }
