@@ -75,7 +75,7 @@ public:
           scanner_({host::ScannerConfiguration(user.dataFolder), {}}),
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
-          web_(common_.ListingServer(), user.connection),
+          web_(user.dataFolder, user.connection),
           jobs_({desktop_, imaging_, archiver_, clock_, engine_, pdf_, &scanner_}, common_, mainWindow_),
           ftpTool_(desktop_, common_, mainWindow_, user.dataFolder + "ftp.pem") {
         if (web_.Port() > 0)

@@ -10,14 +10,28 @@ namespace host {
 
 namespace files = lumarin::files;
 
+namespace {
+
+/// Where a document lies below "Docs", in the folder tree and in its address alike.
+std::string PlaceOf(std::int32_t listing, std::int64_t document, const std::string& separator) {
+    std::string place;
+    for (const std::int32_t digits : {listing / 10, listing})
+        place.append(std::to_string(digits % 10)).append(separator);
+    return place + std::to_string(listing) + "_" + std::to_string(document) + ".pdf";
+}
+
+}  // namespace
+
 DocumentStore::DocumentStore(std::string folder, const std::string& userCode)
-    : root_(std::move(folder) + userCode + files::Separator + "Docs" + files::Separator) {}
+    : userCode_(userCode),
+      root_(std::move(folder) + userCode + files::Separator + "Docs" + files::Separator) {}
 
 std::string DocumentStore::Path(std::int32_t listing, std::int64_t document) const {
-    std::string path = root_;
-    for (const std::int32_t digits : {listing / 10, listing})
-        path.append(std::to_string(digits % 10)).append(files::Separator);
-    return path + std::to_string(listing) + "_" + std::to_string(document) + ".pdf";
+    return root_ + PlaceOf(listing, document, files::Separator);
+}
+
+std::string DocumentStore::Address(std::int32_t listing, std::int64_t document) const {
+    return "/" + userCode_ + "/Docs/" + PlaceOf(listing, document, "/");
 }
 
 void DocumentStore::Add(std::int32_t listing, std::int64_t document, const std::string& upload) const {
@@ -43,6 +57,11 @@ void DocumentStore::Sweep(Database& database) const {
     // From the innermost outwards; a folder that holds something stays.
     for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder)
         std::filesystem::remove(*folder, ignored);
+}
+
+bool IsFileDocument(Database& database, std::int32_t listing, std::int64_t document) {
+    Statement row(database, "SELECT 1 FROM Documents WHERE DocID = ? AND DocListNum = ? AND DocUrl = ''");
+    return row.Bind(1, document).Bind(2, std::int64_t{listing}).Step();
 }
 
 }  // namespace host

@@ -16,13 +16,19 @@ public:
     DocumentStore(std::string folder, const std::string& userCode);
 
     std::string Path(std::int32_t listing, std::int64_t document) const;
+    /// The path part of the document's web address, from its first slash.
+    std::string Address(std::int32_t listing, std::int64_t document) const;
     /// Copies an uploaded file to a document's place; it appears there whole or not at all.
     void Add(std::int32_t listing, std::int64_t document, const std::string& upload) const;
     /// Deletes the files that no row of the database names, and the folders that become empty.
     void Sweep(Database& database) const;
 
 private:
+    std::string userCode_;
     std::string root_;
 };
+
+/// Whether the listing has this document, and it is a file, not a link.
+bool IsFileDocument(Database& database, std::int32_t listing, std::int64_t document);
 
 }  // namespace host

@@ -151,9 +151,7 @@ std::int64_t ListingDocuments::InsertRow(const DocumentCommand& command, std::ui
 }
 
 std::string ListingDocuments::File(std::int32_t listing, std::int64_t document) {
-    Statement row(database_, "SELECT 1 FROM Documents WHERE DocID = ? AND DocListNum = ? AND DocUrl = ''");
-    const bool found = row.Bind(1, document).Bind(2, std::int64_t{listing}).Step();
-    return found ? store_.Path(listing, document) : std::string();
+    return IsFileDocument(database_, listing, document) ? store_.Path(listing, document) : std::string();
 }
 
 bool ListingDocuments::WasApplied(const std::string& line, const std::string& digest) {

@@ -2,19 +2,27 @@
 
 #include <memory>
 #include <string>
+#include <thread>
 
-#include "host/server/Server.h"
+#include "host/server/DocumentStore.h"
 
-class QHttpServer;
+namespace httplib {
+class Server;
+struct Request;
+struct Response;
+}  // namespace httplib
 
 namespace host {
 
 /// Shows published documents and the help pages of the document windows to the browsers of this machine, at
-/// the addresses that the component composes. Answers while the program's events run; user-interface thread.
+/// the addresses that the component composes. Answers in threads of its own, with a database connection per
+/// request, so a browser never waits for a window.
 class WebServer {
 public:
-    /// `documents` outlives it. Without a free port nothing is served and `Port` is 0.
-    WebServer(Server& documents, std::string userCode);
+    /// Serves the documents of this data folder, which ends in a separator; `userCode` is a part of their
+    /// addresses. Without a free port nothing is served and `Port` is 0.
+    WebServer(const std::string& dataFolder, const std::string& userCode);
+    /// Returns when the requests that are being answered have ended.
     ~WebServer();
     WebServer(const WebServer&) = delete;
     WebServer& operator=(const WebServer&) = delete;
@@ -23,16 +31,18 @@ public:
 
 private:
     struct Page {
-        std::string type;
+        std::string type;  ///< "" when there is no such page
         std::string bytes;
     };
 
+    void Answer(const httplib::Request& request, httplib::Response& response) const;
     Page Find(const std::string& path) const;
     Page FindDocument(const std::string& path) const;
 
-    Server& documents_;
-    std::string userCode_;
-    std::unique_ptr<QHttpServer> server_;
+    std::string database_;
+    DocumentStore store_;
+    std::unique_ptr<httplib::Server> server_;
+    std::thread listening_;
     int port_ = 0;
 };
 
