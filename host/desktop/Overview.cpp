@@ -1,27 +1,32 @@
 #include "host/desktop/Overview.h"
 
+#include "entry/UserScope.h"
 #include "host/services/ListingStatuses.h"
 
 namespace host {
 
 namespace {
 
-constexpr int OfficeLevel = 60;
-constexpr int BoardLevel = 90;
-constexpr int UnrestrictedLevel = 100;
+using lumarin::UserScope;
 
-/// The condition on listings for this level; its one parameter is what `ScopeValue` gives.
-const char* ScopeCondition(int level) {
-    if (level >= UnrestrictedLevel) return "?1 = ''";
-    if (level >= BoardLevel) return "BoardId = ?1";
-    if (level >= OfficeLevel) return "ListOfficeId = ?1";
-    return "ListAgentId = ?1";
-}
+/// A user's part of the listings: a condition with one parameter, and what that parameter stands for.
+struct Share {
+    const char* condition;
+    std::string value;
+};
 
-std::string ScopeValue(const HostOptions& user) {
-    if (user.level >= UnrestrictedLevel) return "";
-    if (user.level >= BoardLevel) return user.board;
-    return user.level >= OfficeLevel ? user.office : user.agent;
+Share ShareOf(const HostOptions& user) {
+    switch (lumarin::ScopeOf(user.level)) {
+        case UserScope::Unrestricted:
+            return {"?1 = ''", ""};
+        case UserScope::Board:
+            return {"BoardId = ?1", user.board};
+        case UserScope::Office:
+            return {"ListOfficeId = ?1", user.office};
+        case UserScope::Agent:
+            break;
+    }
+    return {"ListAgentId = ?1", user.agent};
 }
 
 std::string ListingQuery(const std::string& table, const std::string& kind, const std::string& condition) {
@@ -47,10 +52,10 @@ Overview ReadOverview(Database& database, const HostOptions& user) {
                user.agent);
     overview.officeName = NameOf(database, "SELECT OffName1 FROM Office WHERE OffOfficeId = ?1", user.office);
 
-    const std::string condition = ScopeCondition(user.level);
-    Statement statement(database, ListingQuery("Listings", "Sale", condition) + " UNION ALL " +
-                                      ListingQuery("Rentals", "Rental", condition) + " ORDER BY 1");
-    statement.Bind(1, ScopeValue(user));
+    const Share share = ShareOf(user);
+    Statement statement(database, ListingQuery("Listings", "Sale", share.condition) + " UNION ALL " +
+                                      ListingQuery("Rentals", "Rental", share.condition) + " ORDER BY 1");
+    statement.Bind(1, share.value);
     while (statement.Step())
         overview.listings.push_back({statement.Text(0), statement.Text(1), statement.Text(2),
                                      statement.Text(3), ListingStatusText(statement.Text(4)),
@@ -59,9 +64,17 @@ Overview ReadOverview(Database& database, const HostOptions& user) {
 }
 
 std::string LevelName(int level) {
-    if (level >= UnrestrictedLevel) return "unrestricted";
-    if (level >= BoardLevel) return "board";
-    return level >= OfficeLevel ? "office" : "agent";
+    switch (lumarin::ScopeOf(level)) {
+        case UserScope::Unrestricted:
+            return "unrestricted";
+        case UserScope::Board:
+            return "board";
+        case UserScope::Office:
+            return "office";
+        case UserScope::Agent:
+            break;
+    }
+    return "agent";
 }
 
 }  // namespace host

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "base/Files.h"
+#include "entry/UserScope.h"
 #include "host/server/Digest.h"
 #include "host/server/Refusal.h"
 
@@ -12,10 +13,7 @@ namespace host {
 namespace {
 
 namespace files = lumarin::files;
-
-constexpr int OfficeLevel = 60;
-constexpr int BoardLevel = 90;
-constexpr int UnrestrictedLevel = 100;
+using lumarin::UserScope;
 
 constexpr const char* AnyDigest = "";
 
@@ -34,10 +32,18 @@ std::optional<Owner> OwnerOf(Database& database, std::int32_t listing) {
 }
 
 bool MayChange(const Owner& owner, const DocumentSender& sender) {
-    if (sender.level >= UnrestrictedLevel) return true;
-    if (sender.level >= BoardLevel) return owner.board == sender.board;
-    if (sender.level < OfficeLevel) return owner.agent == sender.agent;
-    return std::find(sender.offices.begin(), sender.offices.end(), owner.office) != sender.offices.end();
+    switch (lumarin::ScopeOf(sender.level)) {
+        case UserScope::Unrestricted:
+            return true;
+        case UserScope::Board:
+            return owner.board == sender.board;
+        case UserScope::Office:
+            return std::find(sender.offices.begin(), sender.offices.end(), owner.office) !=
+                   sender.offices.end();
+        case UserScope::Agent:
+            break;
+    }
+    return owner.agent == sender.agent;
 }
 
 void RequirePdf(const std::string& path, std::int64_t largest) {

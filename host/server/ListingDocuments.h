@@ -16,7 +16,7 @@ namespace host {
 struct DocumentSender {
     std::string userCode;
     std::string agent;
-    int level = 0;  ///< below 60 agent, 60 to 89 office, 90 to 99 board, 100 and over unrestricted
+    int level = 0;                     ///< the user's level, see `lumarin::ScopeOf`
     std::vector<std::string> offices;  ///< those that he may act for
     std::string board;
     std::int64_t largestFile = 0;  ///< bytes

@@ -3,6 +3,7 @@
 #include "base/Files.h"
 #include "base/Numbers.h"
 #include "entry/Settings.h"
+#include "entry/UserScope.h"
 #include "host/database/Schema.h"
 #include "host/services/DataFolder.h"
 #include "host/services/DbService.h"
@@ -14,8 +15,6 @@ namespace host {
 namespace {
 
 namespace files = lumarin::files;
-
-constexpr int OfficeLevel = 60;
 
 HostOptions Prepared(HostOptions options) {
     options.dataFolder = PrepareDataFolder(options.dataFolder);
@@ -122,7 +121,7 @@ DocumentSender HostVelCommon::Sender() const {
 }
 
 bool HostVelCommon::HasSeveralOffices() const {
-    return options_.level >= OfficeLevel && CompanyOffices().size() > 1;
+    return lumarin::ScopeOf(options_.level) >= lumarin::UserScope::Office && CompanyOffices().size() > 1;
 }
 
 std::vector<lumarin::PhotoDescription> HostVelCommon::PhotoDescriptions() const {

@@ -2,13 +2,19 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "entry/UserScope.h"
 
 namespace lumarin {
 
 namespace {
-constexpr int UnrestrictedLevel = 100;
-constexpr int BoardLevel = 90;
-constexpr int OfficeLevel = 60;
+
+/// Where offices are managed they count alone; the user's own is among them if it is to count.
+bool ManagesOffice(const VelCommon& host, const std::string& office) {
+    const std::string managed = host.ManagedOffices();
+    if (managed.empty()) return office == host.OfficeId();
+    return managed.find("'" + office + "'") != std::string::npos;
+}
+
 }  // namespace
 
 std::optional<std::int32_t> TypedListingNumber(const std::string& typed) {
@@ -18,15 +24,17 @@ std::optional<std::int32_t> TypedListingNumber(const std::string& typed) {
 }
 
 bool MayChangeDocuments(const VelCommon& host, const Recordset& listing) {
-    const int level = host.UserLevel();
-    if (level >= UnrestrictedLevel) return true;
-    if (level >= BoardLevel) return listing.Field("BoardID").Text() == host.UserBoardId();
-    if (level < OfficeLevel) return listing.Field("ListAgentId").Text() == host.AgentId();
-    const std::string office = listing.Field("ListOfficeId").Text();
-    const std::string managed = host.ManagedOffices();
-    // Where offices are managed they count alone; the user's own is among them if it is to count.
-    if (managed.empty()) return office == host.OfficeId();
-    return managed.find("'" + office + "'") != std::string::npos;
+    switch (ScopeOf(host.UserLevel())) {
+        case UserScope::Unrestricted:
+            return true;
+        case UserScope::Board:
+            return listing.Field("BoardID").Text() == host.UserBoardId();
+        case UserScope::Office:
+            return ManagesOffice(host, listing.Field("ListOfficeId").Text());
+        case UserScope::Agent:
+            break;
+    }
+    return listing.Field("ListAgentId").Text() == host.AgentId();
 }
 
 std::string ListingAddress(const Recordset& listing) {

@@ -61,7 +61,7 @@ public:
     virtual class ServiceBroker& ServiceBroker() = 0;
 
     virtual bool IsOffline() const = 0;
-    /// Below 60 agent, 60 to 89 office, 90 to 99 board, 100 and over unrestricted.
+    /// A number that `ScopeOf` (UserScope.h) reads.
     virtual int UserLevel() const = 0;
     virtual std::string UserBoardId() const = 0;
     /// Office identifiers that the user may act for, in both forms in which they are looked for: with a

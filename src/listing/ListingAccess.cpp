@@ -1,22 +1,28 @@
 #include "listing/ListingAccess.h"
 
+#include "entry/UserScope.h"
+
 namespace lumarin {
 
 namespace {
-constexpr int UnrestrictedLevel = 100;
-constexpr int BoardLevel = 90;
-constexpr int OfficeLevel = 60;
+
+bool IsOfOffice(const VelCommon& host, const std::string& office) {
+    if (office == host.OfficeId()) return true;
+    return host.HasSeveralOffices() && host.ManagedOffices().find("," + office + ",") != std::string::npos;
+}
+
 }  // namespace
 
 bool MayOpenListing(const VelCommon& host, const Recordset& listing) {
-    const int level = host.UserLevel();
-    if (level >= UnrestrictedLevel) return true;
-    if (level >= BoardLevel) return listing.Field("BoardID").Text() == host.UserBoardId();
-    if (level >= OfficeLevel) {
-        const std::string office = listing.Field("ListOfficeId").Text();
-        if (office == host.OfficeId()) return true;
-        return host.HasSeveralOffices() &&
-               host.ManagedOffices().find("," + office + ",") != std::string::npos;
+    switch (ScopeOf(host.UserLevel())) {
+        case UserScope::Unrestricted:
+            return true;
+        case UserScope::Board:
+            return listing.Field("BoardID").Text() == host.UserBoardId();
+        case UserScope::Office:
+            return IsOfOffice(host, listing.Field("ListOfficeId").Text());
+        case UserScope::Agent:
+            break;
     }
     return listing.Field("ListAgentId").Text() == host.AgentId();
 }

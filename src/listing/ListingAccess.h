@@ -8,8 +8,8 @@
 namespace lumarin {
 
 /// Whether the signed-on user may open the listing of the current row (columns BoardId, ListOfficeId,
-/// ListAgentId): at level 100 any, at 90 those of the own board, at 60 those of the own office or of the
-/// offices the user works for, below that the own ones.
+/// ListAgentId): an unrestricted user any, a board's user those of that board, an office's user those of the
+/// own office and of the offices the user works for, an agent the own ones.
 bool MayOpenListing(const VelCommon& host, const Recordset& listing);
 
 }  // namespace lumarin

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "entry/UserScope.h"
 #include "lookup/clsAllowedStatuses.h"
 
 namespace lumarin {
@@ -12,11 +13,6 @@ constexpr int HelpPage = 4;
 constexpr int NameTab = 0;
 constexpr int StreetTab = 1;
 constexpr double KeyColumnWidth = 600;
-
-// Users from these levels on see more than their own listings.
-constexpr int OfficeLevel = 60;
-constexpr int BoardLevel = 90;
-constexpr int UnrestrictedLevel = 100;
 
 // The first rows appear at once, and the window answers between portions. A list that is kept sorted takes
 // fewer and larger ones the longer it gets, because each costs a merge.
@@ -158,12 +154,12 @@ bool frmFindProperty::ChooseListingOwner(int defaultOwnerFilter) {
     } else if (defaultOwnerFilter != ByUserLevel) {
         cmbListingOwner.SetListIndex(std::max(defaultOwnerFilter, 0));
     } else {
-        const int level = host_.Common().UserLevel();
-        ChooseListingOwner(level < OfficeLevel  ? show::MyListings
-                           : level < BoardLevel ? show::CompanyListings
-                                                : show::AllListings);
-        if (level >= BoardLevel && level < UnrestrictedLevel) boardId_ = host_.Common().UserBoardId();
-        return level < BoardLevel;  // all listings of a board are too many to be what anybody looks for
+        const UserScope scope = ScopeOf(host_.Common().UserLevel());
+        ChooseListingOwner(scope == UserScope::Agent    ? show::MyListings
+                           : scope == UserScope::Office ? show::CompanyListings
+                                                        : show::AllListings);
+        if (scope == UserScope::Board) boardId_ = host_.Common().UserBoardId();
+        return scope < UserScope::Board;  // all listings of a board are too many to be what anybody looks for
     }
     return true;
 }
