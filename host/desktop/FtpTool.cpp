@@ -25,10 +25,11 @@ FtpTool::FtpTool(lumarin::Desktop& desktop, lumarin::VelCommon& common, MainWind
 
 void FtpTool::Open() {
     FtpDialog dialog(desktop_, &mainWindow_);
-    if (dialog.exec() == QDialog::Accepted) Send(dialog.Order());
+    while (dialog.exec() == QDialog::Accepted && Send(dialog.Order()) == lumarin::FtpOutcome::Failed) {
+    }
 }
 
-void FtpTool::Send(const lumarin::frmFTP::Order& order) {
+lumarin::FtpOutcome FtpTool::Send(const lumarin::frmFTP::Order& order) {
     desktop_.SetHelpFile(link_.Common().HelpFilePath());
     const bool ownCertificates = lumarin::files::FileExists(certificates_);
     lumarin::curl::CurlFtp transfer({ownCertificates ? certificates_ : ""});
@@ -42,6 +43,7 @@ void FtpTool::Send(const lumarin::frmFTP::Order& order) {
                              ? "The sending failed; " + count + " sent."
                              : "Cancelled; " + count + " sent.";
     mainWindow_.statusBar()->showMessage(text);
+    return result.outcome;
 }
 
 }  // namespace host

@@ -11,7 +11,8 @@
 
 namespace host {
 
-/// The main window's tool "Send File": asks for a server and files, and has the component send them.
+/// The main window's tool "Send File": asks for a server and files, and has the component send them. What
+/// failed is asked for again, with everything that was entered.
 class FtpTool : public QObject {
 public:
     /// Adds itself to the main window's toolbar. `certificates` is a file of certificates to trust instead of
@@ -21,7 +22,7 @@ public:
 
 private:
     void Open();
-    void Send(const lumarin::frmFTP::Order& order);
+    lumarin::FtpOutcome Send(const lumarin::frmFTP::Order& order);
 
     lumarin::Desktop& desktop_;
     MainWindow& mainWindow_;

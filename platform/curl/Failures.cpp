@@ -8,6 +8,12 @@ namespace {
 
 constexpr std::size_t LongestReply = 300;  // bytes: the text stands in a message box
 
+/// The library's words of what happened, or of its kind where they are only an error number.
+std::string Detail(const Circumstances& at) {
+    const bool isNumber = at.detail.empty() || at.detail.find("errno") != std::string::npos;
+    return isNumber ? curl_easy_strerror(at.code) : at.detail;
+}
+
 FtpFailure Sentence(const Circumstances& at) {
     const std::string server = "The server \"" + at.server + "\"";
     switch (at.code) {
@@ -17,6 +23,11 @@ FtpFailure Sentence(const Circumstances& at) {
             return {server + " has a name or port that cannot be used.", false};
         case CURLE_COULDNT_CONNECT:
             return {server + " cannot be reached."};
+        case CURLE_SEND_ERROR:
+        case CURLE_RECV_ERROR:
+        case CURLE_GOT_NOTHING:
+        case CURLE_PARTIAL_FILE:
+            return {server + " has ended the connection."};
         case CURLE_OPERATION_TIMEDOUT:
             // The library takes a server that hangs up by its own decision for one that is silent.
             if (at.reply.starts_with("421")) return {server + " has ended the connection."};
@@ -31,15 +42,14 @@ FtpFailure Sentence(const Circumstances& at) {
             return {server + " does not take the file."};
         case CURLE_PEER_FAILED_VERIFICATION:
         case CURLE_SSL_CACERT_BADFILE:
-            return {server + " has a certificate that is not trusted here (" + at.detail + ").", false};
+            return {server + " has a certificate that is not trusted here (" + Detail(at) + ").", false};
         case CURLE_USE_SSL_FAILED:
             return {server + " does not offer an encrypted connection.", false};
         case CURLE_SSL_CONNECT_ERROR:
-            return {"An encrypted connection to \"" + at.server + "\" could not be made (" + at.detail +
+            return {"An encrypted connection to \"" + at.server + "\" could not be made (" + Detail(at) +
                     ")."};
         default:
-            return {"The connection to the server \"" + at.server + "\" failed (" +
-                    (at.detail.empty() ? curl_easy_strerror(at.code) : at.detail) + ")."};
+            return {"The connection to the server \"" + at.server + "\" failed (" + Detail(at) + ")."};
     }
 }
 

@@ -17,14 +17,18 @@ constexpr const char* Protocol = "ftp://";
 
 [[noreturn]] void Refuse(const std::string& text) { throw ApplicationError("frmFTP-Send", text); }
 
-/// A control character or a quote could end the text early and begin another command.
-void CheckText(const std::string& what, std::string_view text) {
-    const bool isHarmless = std::all_of(text.begin(), text.end(), [](char c) {
+/// Names stand between double quotes in a command; user and password stand in none.
+enum class Quotes { Harmless, Harmful };
+
+/// A control character, or a quote in a name, could end the text early and begin another command.
+void CheckText(const std::string& what, std::string_view text, Quotes quotes) {
+    const bool isHarmless = std::all_of(text.begin(), text.end(), [quotes](char c) {
         const auto code = static_cast<unsigned char>(c);
-        return code >= ' ' && code != 0x7F && c != '"';
+        return code >= ' ' && code != 0x7F && (c != '"' || quotes == Quotes::Harmless);
     });
     if (!isHarmless)
-        Refuse(what + " must not contain quotes, line breaks or other control characters. Nothing was sent.");
+        Refuse(what + " must not contain " + (quotes == Quotes::Harmful ? "quotes, " : "") +
+               "line breaks or other control characters. Nothing was sent.");
 }
 
 /// Whatever else may stand in an address would make another host, a user or a path of it.
@@ -34,8 +38,8 @@ bool IsHostCharacter(char c) {
 }
 
 void CheckNames(std::string_view localPath, std::string_view remoteName) {
-    CheckText("The name of a file to send", localPath);
-    CheckText("The remote folder", remoteName);
+    CheckText("The name of a file to send", localPath, Quotes::Harmful);
+    CheckText("The remote folder", remoteName, Quotes::Harmful);
     if (localPath.empty() || remoteName.empty() || remoteName.back() == '/')
         Refuse("The name of a file to send is missing.");
 }
@@ -45,7 +49,6 @@ void CheckNames(std::string_view localPath, std::string_view remoteName) {
 FtpServer ParseServer(std::string_view description) {
     const std::size_t hostEnd = std::min(description.find(PartSeparator), description.size());
     const std::string_view host = text::Trim(description.substr(0, hostEnd));
-    CheckText("The name of the FTP server", description.substr(0, hostEnd));
     if (host.empty()) Refuse("The name of the FTP server is missing.");
     if (!std::all_of(host.begin(), host.end(), IsHostCharacter))
         Refuse("\"" + std::string(host) + "\" is not the name of an FTP server.");
@@ -54,13 +57,13 @@ FtpServer ParseServer(std::string_view description) {
     const std::string_view rest = description.substr(std::min(hostEnd + 1, description.size()));
     const std::size_t userEnd = rest.find(PartSeparator);
     if (userEnd == std::string_view::npos || userEnd == 0) {
-        CheckText("The user name for the FTP server", rest);
+        CheckText("The user name for the FTP server", rest, Quotes::Harmless);
         return server;
     }
     server.user = rest.substr(0, userEnd);
     server.password = rest.substr(userEnd + 1);
-    CheckText("The user name for the FTP server", server.user);
-    CheckText("The password for the FTP server", server.password);
+    CheckText("The user name for the FTP server", server.user, Quotes::Harmless);
+    CheckText("The password for the FTP server", server.password, Quotes::Harmless);
     return server;
 }
 

@@ -7,8 +7,8 @@
 #include "util/FtpTransfer.h"
 
 /// The texts in which a host says what goes where. Each function throws ApplicationError, in words for the
-/// user, for a part that is missing or that could change the shape of a command: one with double quotes, line
-/// breaks or other control characters.
+/// user, for a part that is missing or that could change the shape of a command: one with line breaks or
+/// other control characters, or a name with double quotes.
 namespace lumarin::ftp {
 
 /// "host", or "host|user|password"; the host may have ":" and a port. Without both further parts, or with an

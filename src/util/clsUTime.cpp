@@ -12,14 +12,20 @@ using namespace std::chrono;
 
 constexpr std::int64_t Hour = 3'600'000;  // milliseconds
 constexpr int LongestBias = 24 * 60;      // minutes
-constexpr auto Switch = hours(2);         // of the day, at the beginning and at the end
+constexpr int FirstYear = 1, LastYear = 9999;
+constexpr auto Switch = hours(2);  // of the day, at the beginning and at the end
+
+constexpr bool IsWithin(int value, int first, int last) { return value >= first && value <= last; }
+
+/// The library keeps a year in two bytes, month and day in one each, so their ranges come first.
+bool IsDate(const LocalTime& time) {
+    return IsWithin(time.year, FirstYear, LastYear) && IsWithin(time.month, 1, 12) &&
+           IsWithin(time.day, 1, 31) && (year(time.year) / time.month / time.day).ok();
+}
 
 std::int64_t Milliseconds(const LocalTime& time) {
-    const year_month_day date(year(time.year), month(static_cast<unsigned>(time.month)),
-                              day(static_cast<unsigned>(time.day)));
-    const auto isWithin = [](int value, int end) { return value >= 0 && value < end; };
-    if (!date.ok() || !isWithin(time.hour, 24) || !isWithin(time.minute, 60) || !isWithin(time.second, 60) ||
-        !isWithin(time.millisecond, 1000))
+    if (!IsDate(time) || !IsWithin(time.hour, 0, 23) || !IsWithin(time.minute, 0, 59) ||
+        !IsWithin(time.second, 0, 59) || !IsWithin(time.millisecond, 0, 999))
         throw ApplicationError("clsUTime", "This is not a date and time.");
     return WallClockMilliseconds(time);
 }

@@ -26,11 +26,12 @@ public:
     /// The machine's clock, whatever its zone.
     static UtcTime Now();
 
-    /// Throws ApplicationError for what is no date or time. The hour that the end of summer time repeats is
-    /// taken as summer time; the one that its beginning leaves out as standard time (02:30 is 03:30).
+    /// Throws ApplicationError for what is no date or time of the years 1 to 9999. The hour that the end of
+    /// summer time repeats is taken as summer time; the one that its beginning leaves out as standard time
+    /// (02:30 is 03:30).
     UtcTime ToUtc(const LocalTime& local) const;
 
-    /// Throws ApplicationError for what is no date or time.
+    /// Throws as `ToUtc`.
     LocalTime ToLocal(const UtcTime& utc) const;
 
 private:

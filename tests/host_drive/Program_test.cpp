@@ -67,6 +67,16 @@ TEST_F(ProgramTest, PhotosSentAndWindowClosed_StartPageAndToolFollow) {
     EXPECT_EQ(run.answers[12]["enabled"], true);
 }
 
+TEST_F(ProgramTest, SendFile_Failed_IsAskedForAgainWithItsEntries) {
+    const ProgramRun run =
+        Drive({"tool frmMain.SendFile", "set dlgSendFile.txtServer localhost:1", "press dlgSendFile.cmdAdd",
+               "choose " HOST_PROGRAM, "press dlgSendFile.cmdSend", "wait messageBox", "answer Cancel",
+               "wait dlgSendFile", "get dlgSendFile.txtServer", "get dlgSendFile.lstFiles", "quit"});
+    ASSERT_EQ(run.exitCode, 0) << run.errors;
+    EXPECT_EQ(run.answers[8]["text"], "localhost:1");
+    EXPECT_EQ(run.answers[9]["rows"].toArray().size(), 1);
+}
+
 TEST_F(ProgramTest, StartPage_ByUserAndLevel_ShowsTheListingsInReach) {
     const std::pair<QStringList, qsizetype> cases[] = {
         {{"--level", "59"}, 11},

@@ -20,7 +20,7 @@ using curl::CurlFtp;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr const char* Agent = "|agent|se|cret";
+constexpr const char* Agent = "|agent|se|cr\"et";
 
 class CurlFtpTest : public WindowTest {
 protected:
@@ -92,10 +92,10 @@ TEST_F(CurlFtpTest, Failures_AreToldAndNeverTakenForSuccess) {
         {"stalls in the middle", "stall data", Agent, "did not answer for 1 seconds"},
         {"stalls at the end", "stall 226", Agent, "did not answer for 1 seconds"},
         {"stalls after it", "stall 213", Agent, "did not answer for 1 seconds"},
-        {"dies at the login", "die 230", Agent, "The connection to the server"},
-        {"dies in the middle", "die data", Agent, "The connection to the server"},
-        {"dies at the end", "die 226", Agent, "The connection to the server"},
-        {"dies after it", "die 213", Agent, "The connection to the server"},
+        {"dies at the login", "die 230", Agent, "has ended the connection"},
+        {"dies in the middle", "die data", Agent, "has ended the connection"},
+        {"dies at the end", "die 226", Agent, "has ended the connection"},
+        {"dies after it", "die 213", Agent, "has ended the connection"},
     };
     std::vector<std::future<std::string>> told;  // all at once: most of them wait for a time-out
     for (const auto& one : cases)

@@ -79,7 +79,7 @@ if fault == "tls":
     handler.tls_control_required = handler.tls_data_required = True
     write_certificate(handler.certfile)
 handler.authorizer = DummyAuthorizer()
-handler.authorizer.add_user("agent", "se|cret", folder, perm="elradfmwMT")
+handler.authorizer.add_user("agent", 'se|cr"et', folder, perm="elradfmwMT")
 handler.authorizer.add_user("guest", "guest", folder, perm="elr")
 logging.disable()
 server = FTPServer(("127.0.0.1", 0), handler)

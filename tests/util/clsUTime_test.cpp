@@ -48,7 +48,10 @@ TEST(UTime, Now_IsTheMachinesClockInUtc) {
 }
 
 TEST(UTime, NonsenseIsRefused) {
-    for (const LocalTime& time : {LocalTime{2023, 2, 29}, LocalTime{2024, 13, 1}, LocalTime{2024, 1, 1, 24}})
+    constexpr int Byte = 256, TwoBytes = 65536;  // by which a smaller number would take them for a date
+    for (const LocalTime& time : {LocalTime{2023, 2, 29}, LocalTime{2024, 13, 1}, LocalTime{2024, 1, 1, 24},
+                                  LocalTime{2024, 1 + Byte, 1}, LocalTime{2024, 1, 1 + Byte},
+                                  LocalTime{2024 + TwoBytes, 1, 1}, LocalTime{2024, 1 - Byte, 1}})
         EXPECT_THROW(clsUTime(0).ToUtc(time), ApplicationError) << time.month;
     EXPECT_THROW(clsUTime(1441), ApplicationError);
 }

@@ -92,17 +92,18 @@ TEST_F(FtpWindow, CancelCloseBoxAndEnd_EndTheTransfer) {
 
 TEST_F(FtpWindow, UnsoundOrder_IsRefusedBeforeAnythingIsSent) {
     const std::string a = folder.Path() + "a.jpg", end = " Nothing was sent.";
-    const std::string harmful = " must not contain quotes, line breaks or other control characters." + end;
+    const std::string harmful = "line breaks or other control characters." + end;
     const struct {
         std::string server, remoteFolder, list, told;
     } cases[] = {
         {"", "", a, "The name of the FTP server is missing."},
         {"a@b", "", a, "\"a@b\" is not the name of an FTP server."},
         {"host/../x", "", a, "\"host/../x\" is not the name of an FTP server."},
-        {"host|u\r\nDELE x|p", "", a, "The user name for the FTP server" + harmful},
-        {std::string("host|u|p\0q", 10), "", a, "The password for the FTP server" + harmful},
-        {"host", "in\nDELE x", a, "The remote folder" + harmful},
-        {"host", "", a + "\"", "The name of a file to send" + harmful},
+        {"host|u\r\nDELE x|p", "", a, "The user name for the FTP server must not contain " + harmful},
+        {std::string("host|u|p\0q", 10), "", a,
+         "The password for the FTP server must not contain " + harmful},
+        {"host", "in\nDELE x", a, "The remote folder must not contain quotes, " + harmful},
+        {"host", "", a + "\"", "The name of a file to send must not contain quotes, " + harmful},
         {"host", "", std::string(2, '\0'), "There is no file to send."},
         {"host", "", folder.Path(), "The name of a file to send is missing."},
         {"host", "", a + '\0' + folder.Path() + "none",
@@ -122,7 +123,7 @@ TEST_F(FtpWindow, UnsoundOrder_IsRefusedBeforeAnythingIsSent) {
 
 TEST(FtpJob, Server_IsSplitIntoItsParts) {
     const std::pair<const char*, const char*> cases[] = {
-        {" [::1]:2121 |me|p|w", "ftp://[::1]:2121 me p|w"},
+        {" [::1]:2121 |me|p|\"w", "ftp://[::1]:2121 me p|\"w"},
         {"host|me|", "ftp://host me "},
         {"host|me", "ftp://host Anonymous Anonymous"},
         {"host||", "ftp://host Anonymous Anonymous"},
