@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "documents/PdfLibrary.h"
+#include "documents/builder/PdfLibrary.h"
 
 namespace lumarin::qpdf {
 

@@ -52,26 +52,4 @@ void EnableListingTools(ToolBar& bar, bool enabled) {
     for (const char* tool : {"miAddExistingFile", "miMakePdf", "miAddUrl"}) bar.EnableTool(tool, enabled);
 }
 
-void BuildPdfTools(ToolBar& bar) {
-    AddTool(bar, "new", "&New", "Throw the pages away and start a new document", "document-new", "Ctrl+N");
-    AddTool(bar, "save", "&Save As...", "Save a copy of the document on this computer", "document-save",
-            "Ctrl+S", false);
-    AddTool(bar, "preview", "Pre&view", "Look at the document as it is now", "document-preview", "Ctrl+P",
-            false);
-    AddTool(bar, "paste", "&Paste", "Add the picture on the clipboard as a page", "edit-paste", "Ctrl+V");
-    AddTool(bar, "AcquireSingle", "Acquire Single", "Scan one page", "scanner", "", false);
-    AddTool(bar, "AcquireMultiple", "Acquire Multiple", "Scan several pages", "camera-multiple", "", false);
-    AddTool(bar, "SelectSource", "Select Source...", "Choose the scanner or camera", "preferences-system", "",
-            false);
-    AddTool(bar, "help", "&Help", "Help on making a PDF", "help-contents", "");
-    AddGroup(bar, "mnuDocument", "&Document", {"new", "-", "save", "preview"});
-    AddGroup(bar, "mnuPages", "&Pages",
-             {"paste", "-", "AcquireSingle", "AcquireMultiple", "-", "SelectSource"});
-    bar.AddBand({"mnuMakePdf", Kind::MenuBar, {"mnuDocument", "mnuPages", "help"}});
-    bar.AddBand({"Builder",
-                 Kind::ToolBar,
-                 {"new", "save", "preview", "-", "paste", "AcquireSingle", "AcquireMultiple", "SelectSource",
-                  "-", "help"}});
-}
-
 }  // namespace lumarin

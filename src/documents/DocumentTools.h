@@ -10,7 +10,4 @@ void BuildDocumentTools(ToolBar& bar);
 /// Enables what needs a listing.
 void EnableListingTools(ToolBar& bar, bool enabled);
 
-/// Fills the PDF builder's toolbar. What needs pages, and what needs a scanner, starts disabled.
-void BuildPdfTools(ToolBar& bar);
-
 }  // namespace lumarin

@@ -4,10 +4,10 @@
 #include <charconv>
 
 #include "base/Files.h"
+#include "base/SizeText.h"
 #include "documents/DocumentAddress.h"
 #include "documents/DocumentOwnership.h"
 #include "documents/DocumentTools.h"
-#include "documents/SizeText.h"
 #include "entry/Settings.h"
 
 namespace lumarin {

@@ -8,8 +8,8 @@
 
 #include "base/Clock.h"
 #include "documents/DocumentCommands.h"
+#include "documents/builder/frmMakePDF.h"
 #include "documents/clsDoc.h"
-#include "documents/frmMakePDF.h"
 #include "entry/JobWindow.h"
 #include "lookup/EngineVersion.h"
 #include "lookup/frmListnumPrompt.h"

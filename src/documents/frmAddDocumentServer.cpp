@@ -1,9 +1,9 @@
 #include "base/Files.h"
+#include "base/SizeText.h"
 #include "base/Text.h"
-#include "documents/DocumentFolder.h"
-#include "documents/SizeText.h"
 #include "documents/frmAddDocument.h"
 #include "documents/frmPromptLinkText.h"
+#include "util/DocumentFolder.h"
 
 // What the document manager changes at the server. A local file is given up only after its record is there.
 

@@ -5,6 +5,7 @@
 #include "base/Clock.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "base/SizeText.h"
 #include "base/Text.h"
 
 namespace lumarin {
@@ -20,6 +21,20 @@ TEST(Numbers, RoundToWhole_Halves_GoToEven) {
     for (const auto& [value, expected] : cases) EXPECT_EQ(RoundToWhole(value), expected) << value;
     EXPECT_THROW(RoundToWhole(3e9), Error);
     EXPECT_THROW(RoundToWhole(std::nan("")), Error);
+}
+
+TEST(SizeText, RoundsUpInItsOwnUnits) {
+    const std::pair<std::int64_t, const char*> cases[] = {
+        {0, ""},
+        {1023, "1023"},
+        {1024, "1KB"},
+        {1025, "2KB"},
+        {1023999, "1000KB"},
+        {1024000, "1MB"},
+        {1024001, "2MB"},
+        {5'000'000'000, "4883MB"},
+    };
+    for (const auto& [bytes, expected] : cases) EXPECT_EQ(SizeText(bytes), expected) << bytes;
 }
 
 TEST(Numbers, ParseListingNumber_OnlyPlainPositiveNumbers_AreTaken) {

@@ -1,7 +1,7 @@
 #include "documents/frmAddDocument.h"
 
-#include "FakePdfLibrary.h"
 #include "documents/frmPromptLinkText.h"
+#include "support/FakePdfLibrary.h"
 #include "support/WindowTest.h"
 
 namespace lumarin {

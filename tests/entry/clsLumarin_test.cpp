@@ -1,7 +1,7 @@
 #include "entry/job/clsLumarin.h"
 
-#include "documents/FakePdfLibrary.h"
 #include "photo_window/frmLumarin.h"
+#include "support/FakePdfLibrary.h"
 #include "support/WindowTest.h"
 
 namespace lumarin {

@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "documents/DocumentAddress.h"
 #include "documents/DocumentCommands.h"
-#include "documents/PdfDraft.h"
+#include "documents/builder/PdfDraft.h"
 #include "fuzz/Promise.h"
 
 using namespace lumarin;

@@ -1,9 +1,9 @@
 #include <string>
 
 #include "base/Files.h"
-#include "documents/DocumentFolder.h"
 #include "fuzz/Promise.h"
 #include "support/TemporaryFolder.h"
+#include "util/DocumentFolder.h"
 
 /// A file passes for a PDF exactly when it goes on behind the header.
 FUZZ(const std::string& bytes) {

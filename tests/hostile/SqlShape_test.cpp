@@ -1,6 +1,5 @@
 #include <set>
 
-#include "documents/FakePdfLibrary.h"
 #include "documents/frmAddDocument.h"
 #include "host/database/Schema.h"
 #include "host/database/SqlTranslator.h"
@@ -8,6 +7,7 @@
 #include "lookup/SearchModes.h"
 #include "lookup/frmFindProperty.h"
 #include "photo_window/PhotoWindowTest.h"
+#include "support/FakePdfLibrary.h"
 
 namespace lumarin {
 namespace {

@@ -3,7 +3,6 @@
 #include <memory>
 #include <vector>
 
-#include "documents/FakePdfLibrary.h"
 #include "documents/frmAddDocument.h"
 #include "documents/frmPromptLinkText.h"
 #include "imaging/FakeImaging.h"
@@ -15,6 +14,7 @@
 #include "lookup/frmListnumPrompt.h"
 #include "photo_window/frmLumarin.h"
 #include "support/FakeHost.h"
+#include "support/FakePdfLibrary.h"
 #include "util/frmBusy.h"
 #include "util/frmFTP.h"
 #include "util/frmProgress.h"

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "base/Clock.h"
-#include "documents/PdfLibrary.h"
+#include "documents/builder/PdfLibrary.h"
 #include "entry/JobWindow.h"
 #include "entry/VelCommon.h"
 #include "forms/Desktop.h"

@@ -2,9 +2,9 @@
 
 #include "base/Files.h"
 #include "base/Numbers.h"
+#include "base/SizeText.h"
 #include "base/Text.h"
-#include "documents/SizeText.h"
-#include "documents/frmMakePDF.h"
+#include "documents/builder/frmMakePDF.h"
 
 // The pages of the PDF builder: scaling and writing a picture, and the batches in which they are added.
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "documents/PagePlacement.h"
-#include "documents/PdfLibrary.h"
+#include "documents/builder/PagePlacement.h"
+#include "documents/builder/PdfLibrary.h"
 
 namespace lumarin {
 

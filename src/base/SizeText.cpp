@@ -1,4 +1,4 @@
-#include "documents/SizeText.h"
+#include "base/SizeText.h"
 
 namespace lumarin {
 

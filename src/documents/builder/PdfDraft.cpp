@@ -1,4 +1,4 @@
-#include "documents/PdfDraft.h"
+#include "documents/builder/PdfDraft.h"
 
 #include <charconv>
 #include <numeric>

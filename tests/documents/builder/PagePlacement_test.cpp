@@ -1,24 +1,10 @@
+#include "documents/builder/PagePlacement.h"
+
 #include <gtest/gtest.h>
 
-#include "documents/PagePlacement.h"
-#include "documents/PdfLibrary.h"
-#include "documents/SizeText.h"
+#include "documents/builder/PdfLibrary.h"
 
 namespace lumarin {
-
-TEST(SizeText, RoundsUpInItsOwnUnits) {
-    const std::pair<std::int64_t, const char*> cases[] = {
-        {0, ""},
-        {1023, "1023"},
-        {1024, "1KB"},
-        {1025, "2KB"},
-        {1023999, "1000KB"},
-        {1024000, "1MB"},
-        {1024001, "2MB"},
-        {5'000'000'000, "4883MB"},
-    };
-    for (const auto& [bytes, expected] : cases) EXPECT_EQ(SizeText(bytes), expected) << bytes;
-}
 
 TEST(PagePlacement, Picture_IsReducedToItsModesLimitAndFillsThePageFromTheTop) {
     const struct {

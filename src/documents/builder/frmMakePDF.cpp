@@ -1,10 +1,10 @@
-#include "documents/frmMakePDF.h"
+#include "documents/builder/frmMakePDF.h"
 
 #include "base/Files.h"
+#include "base/SizeText.h"
 #include "base/Text.h"
-#include "documents/DocumentFolder.h"
-#include "documents/DocumentTools.h"
-#include "documents/SizeText.h"
+#include "documents/builder/PdfTools.h"
+#include "util/DocumentFolder.h"
 #include "util/PictureAcquisition.h"
 
 namespace lumarin {

@@ -1,6 +1,6 @@
-#include "documents/frmMakePDF.h"
+#include "documents/builder/frmMakePDF.h"
 
-#include "FakePdfLibrary.h"
+#include "support/FakePdfLibrary.h"
 #include "support/WindowTest.h"
 
 namespace lumarin {

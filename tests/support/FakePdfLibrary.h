@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/Files.h"
-#include "documents/PdfLibrary.h"
+#include "documents/builder/PdfLibrary.h"
 
 namespace lumarin::testing {
 

@@ -1,9 +1,9 @@
-#include "documents/PagePlacement.h"
+#include "documents/builder/PagePlacement.h"
 
 #include <algorithm>
 
 #include "base/Numbers.h"
-#include "documents/PdfLibrary.h"
+#include "documents/builder/PdfLibrary.h"
 
 namespace lumarin {
 

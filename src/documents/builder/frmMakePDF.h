@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "documents/PdfDraft.h"
-#include "documents/PdfPages.h"
+#include "documents/builder/PdfDraft.h"
+#include "documents/builder/PdfPages.h"
 #include "entry/HostLink.h"
 #include "forms/Controls.h"
 #include "forms/Desktop.h"

@@ -1,4 +1,4 @@
-#include "documents/PdfPages.h"
+#include "documents/builder/PdfPages.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "documents/DocumentFolder.h"
+#include "util/DocumentFolder.h"
 
 #include "base/Files.h"
 #include "base/Text.h"
