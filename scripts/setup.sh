@@ -42,12 +42,16 @@ fi
 echo "Installing ${missing[*]}" >&2
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
-install() {
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q update &&
-        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends install "${missing[@]}"
-}
-if ! install >"$log" 2>&1; then
+apt() { "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q "$@"; }
+# An index of somebody else's that cannot be refreshed is no reason to stop while the packages can be had.
+refreshed=yes
+apt update >"$log" 2>&1 || refreshed=no
+if ! apt -y --no-install-recommends install "${missing[@]}" >>"$log" 2>&1; then
     cat "$log" >&2
     echo "setup.sh: the packages could not be installed" >&2
     exit 1
+fi
+if [[ $refreshed == no ]]; then
+    grep '^[EW]:' "$log" >&2 || true
+    echo "setup.sh: warning: not every package index could be refreshed; all packages could be installed" >&2
 fi
