@@ -1,24 +1,17 @@
 #include "base/Files.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <type_traits>
 
 #include "base/Error.h"
+#include "base/FileSystem.h"
 
 namespace lumarin::files {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-fs::path ToPath(std::string_view utf8) {
-    return fs::path(reinterpret_cast<const char8_t*>(utf8.data()),
-                    reinterpret_cast<const char8_t*>(utf8.data() + utf8.size()));
-}
 
 std::string ToUtf8(const fs::path& path) {
     const std::u8string utf8 = path.u8string();
@@ -39,8 +32,6 @@ auto LastPart(const Path& path) {
 void Check(const std::error_code& problem, const char* operation, const std::string& path) {
     if (problem) throw FileError(operation, path, problem.message());
 }
-
-std::string LastReason() { return errno != 0 ? std::strerror(errno) : "input/output error"; }
 
 /// Removes the unfinished copy unless the work beside the file came to its end.
 class UnfinishedFile {

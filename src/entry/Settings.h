@@ -3,30 +3,23 @@
 #include <cstdint>
 #include <string>
 
-/// The component's settings: INI files in the system's single-byte code page, with the rules of the
-/// platform's private-profile operations. Section and key names are not case-sensitive; blanks around
-/// keys and values are dropped, as is one pair of quotes around a value.
+/// The component's settings: INI files in the system's single-byte code page, or in UTF-8 where the file says
+/// so, with the rules of the platform's private-profile operations. Section and key names are not
+/// case-sensitive; blanks around keys and values are dropped, as is one pair of quotes around a value.
 namespace lumarin::settings {
 
 /// The first 249 characters of the value, or `fallback` when file, section or key is missing.
 std::string ReadText(const std::string& file, const std::string& section, const std::string& key,
                      const std::string& fallback);
 
-/// The value's leading whole number (0 when it does not start with one), or `fallback` when it is missing.
+/// The value's leading whole number (0 when it does not start with one), or `fallback` when it is missing or
+/// empty.
 std::int32_t ReadInteger(const std::string& file, const std::string& section, const std::string& key,
                          std::int32_t fallback);
 
-/// Sets one value and leaves every other line as it is. False when the file could not be written.
+/// Sets one value and leaves every other line as it is, and the file its owner, mode and links
+/// (`files::Rewrite`). False when the file could not be written.
 bool WriteText(const std::string& file, const std::string& section, const std::string& key,
                const std::string& value) noexcept;
-
-/// `ReadText` on the bytes of a settings file, without the cut at 249 characters; for tests and tools.
-/// Returns false when section or key is missing.
-bool FindValue(const std::string& bytes, const std::string& section, const std::string& key,
-               std::string& value);
-
-/// The settings file's bytes with one value set.
-std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key,
-                      const std::string& value);
 
 }  // namespace lumarin::settings

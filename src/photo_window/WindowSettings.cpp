@@ -29,8 +29,8 @@ WindowSettings ReadWindowSettings(const VelCommon& host) {
     // Kept for the whole installation although each user switches it for himself: that is deliberate.
     read.filePreview = text::EqualsIgnoringCase(
         settings::ReadText(CityInfo(host), OwnSection, "FilePreview", "True"), "True");
-    read.photoMaximum =
-        std::min(settings::ReadInteger(CityInfo(host), OwnSection, "Photo Maximum", 4), MaximumPhotoSlots);
+    read.photoMaximum = std::clamp(settings::ReadInteger(CityInfo(host), OwnSection, "Photo Maximum", 4), 0,
+                                   MaximumPhotoSlots);
     read.sortNames = settings::ReadInteger(CityInfo(host), OwnSection, "SortNames", 0) != 0;
     read.importFolder = settings::ReadText(UserIni(host), PhotosSection, ImportKey, "");
     read.startUpPosition = settings::ReadText(UserIni(host), PhotosSection, PositionKey, DefaultPosition);

@@ -11,7 +11,7 @@ namespace lumarin {
 struct WindowSettings {
     std::string photoSize;
     bool filePreview = true;
-    int photoMaximum = 4;  ///< at most as many as there are photo slots
+    int photoMaximum = 4;  ///< 0 to the number of photo slots
     bool sortNames = false;
     std::string importFolder;
     std::string startUpPosition;

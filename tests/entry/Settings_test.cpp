@@ -1,8 +1,13 @@
 #include "entry/Settings.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
 
 #include "base/Files.h"
+#include "base/Rewrite.h"
+#include "entry/SettingsText.h"
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
@@ -29,7 +34,7 @@ TEST(Settings, Read_FileForms_AreReadAsThePlatformDoes) {
     for (const auto& [key, text] : texts)
         EXPECT_EQ(settings::ReadText(file, "Lumarin", key, "default"), text) << key;
     EXPECT_EQ(settings::ReadText(folder.Path() + "none.ini", "Lumarin", "x", "default"), "default");
-    for (const auto& [key, number] : {std::pair{"Number", -12}, {"Mark", 0}, {"Empty", 0}, {"Late", 4}})
+    for (const auto& [key, number] : {std::pair{"Number", -12}, {"Mark", 0}, {"Empty", 4}, {"Late", 4}})
         EXPECT_EQ(settings::ReadInteger(file, "Lumarin", key, 4), number) << key;
 }
 
@@ -39,9 +44,62 @@ TEST(Settings, Write_OneValue_LeavesTheRestUntouched) {
         {"[s]\nK = old\n; note\nx=1\n", "[s]\nk=v\n; note\nx=1\n"},
         {"[S]\r\na=1\r\n\r\n[T]\r\nk=t\r\n", "[S]\r\na=1\r\nk=v\r\n\r\n[T]\r\nk=t\r\n"},
         {"[T]\nk=t", "[T]\nk=t\n[S]\nk=v\n"},
+        {"\xEF\xBB\xBF[S]\nu=\xC3\xA9\nk=t\n", "\xEF\xBB\xBF[S]\nu=\xC3\xA9\nk=v\n"},
     };
     for (const auto& [before, after] : cases) EXPECT_EQ(settings::WithValue(before, "S", "k", "v"), after);
     EXPECT_EQ(settings::WithValue("", "S", "k", "a\r\n[X]"), "[S]\r\nk=a [X]\r\n");  // no line of its own
+    EXPECT_EQ(settings::FindValue(cases[4].first, "S", "u"), "é");
+}
+
+/// A file that others use too: 0666, with a second name, behind a link, in a folder that may not be written.
+/// For root everything can be written, so somebody else does it.
+TEST(Settings, Write_SharedFile_StaysTheSameFile) {
+    namespace fs = std::filesystem;
+    const testing::TemporaryFolder folder, other;
+    const std::string file = folder.Path() + "CityInfo.ini", link = other.Path() + "link.ini";
+    files::WriteWhole(file, "[S]\nk=a long old value\n");
+    fs::create_hard_link(file, other.Path() + "second.ini");
+    fs::create_symlink(file, link);
+    constexpr auto ReadAndWrite = static_cast<fs::perms>(0666), ReadOnlyFolder = static_cast<fs::perms>(0555);
+    fs::permissions(file, ReadAndWrite);
+    for (const auto& [path, value] : {std::pair{link, "v"}, {file, "a new and even longer value"}}) {
+        if (path == file) fs::permissions(folder.Path(), ReadOnlyFolder);
+        const uid_t user = geteuid();
+        if (path == file && user == 0) ASSERT_EQ(seteuid(65534), 0);
+        EXPECT_TRUE(settings::WriteText(path, "S", "k", value));
+        ASSERT_EQ(seteuid(user), 0);
+        EXPECT_EQ(files::ReadAll(file), std::string("[S]\nk=") + value + "\n");
+        EXPECT_TRUE(fs::is_symlink(link) && fs::equivalent(file, other.Path() + "second.ini"));
+        EXPECT_EQ(fs::status(file).permissions(), ReadAndWrite);
+        EXPECT_FALSE(fs::exists(files::ChangeName(path)));
+    }
+}
+
+TEST(Settings, Read_WriteWasInterrupted_IsFinishedUnlessSomebodyElseWrote) {
+    const testing::TemporaryFolder folder;
+    const std::string file = folder.Path() + "User.ini";
+    const std::string before = "[S]\nk=old\nx=1\n", after = "[S]\nk=a new one\nx=1\n",
+                      shorter = "[S]\nk=n\nx=1\n";
+    const auto kept = [&](const std::string& wanted) {
+        return std::to_string(before.size()) + "\n" + before + wanted;
+    };
+    const std::tuple<const char*, std::string, std::string, std::string> cases[] = {
+        {"not begun", before, kept(after), before},
+        {"in the middle", after.substr(0, 9) + before.substr(9), kept(after), after},
+        {"behind the old end", after.substr(0, before.size() + 2), kept(after), after},
+        {"not yet cut", shorter + before.substr(shorter.size()), kept(shorter), shorter},
+        {"somebody else wrote", "[S]\nk=other\n", kept(after), "[S]\nk=other\n"},
+        {"damaged copy", after.substr(0, 9) + before.substr(9), "99\n",
+         after.substr(0, 9) + before.substr(9)},
+    };
+    for (const auto& [name, bytes, change, read] : cases) {
+        files::WriteWhole(file, bytes);
+        files::WriteWhole(files::ChangeName(file), change);
+        EXPECT_EQ(files::ReadRewritten(file), read) << name;
+        EXPECT_EQ(files::ReadAll(file), read) << name;
+        EXPECT_TRUE(settings::WriteText(file, "S", "k", "next"));
+        EXPECT_FALSE(files::FileExists(files::ChangeName(file))) << name;
+    }
 }
 
 }  // namespace

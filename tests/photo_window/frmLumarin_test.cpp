@@ -1,6 +1,7 @@
 #include "photo_window/frmLumarin.h"
 
 #include "PhotoWindowTest.h"
+#include "entry/Settings.h"
 #include "lookup/frmFindProperty.h"
 
 namespace lumarin {
@@ -170,8 +171,10 @@ TEST_F(frmLumarinTest, SettingsOfTheInstallation_AreFollowedAndKept) {
     window->RecList.ClickColumn(0);
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100150", "100120", "100109"}));
     window->Menu.ClickTool("FilePreview");
+    settings::WriteText(host.CityFolder() + "CityInfo.ini", "Lumarin", "Photo Maximum", "-1");
     Open();
     EXPECT_FALSE(window->Menu.IsChecked("FilePreview"));
+    EXPECT_TRUE(window->lblPhotos.Caption().ends_with("0 of 0 photos")) << window->lblPhotos.Caption();
 }
 
 TEST_F(frmLumarinTest, Browse_ChosenListing_IsEnteredAsIfTyped) {

@@ -171,6 +171,8 @@ REPLACE(int, remove, -1, FateOf(path, Use::Change), (const char* path), (path))
 REPLACE(int, unlink, -1, FateOf(path, Use::Change), (const char* path), (path))
 REPLACE(int, mkdir, -1, FateOf(path, Use::Make), (const char* path, mode_t mode), (path, mode))
 REPLACE(int, ftruncate64, -1, FateOf(file, Use::Change), (int file, off64_t length) noexcept, (file, length))
+REPLACE(int, truncate, -1, FateOf(path, Use::Change), (const char* path, off_t length) noexcept,
+        (path, length))
 REPLACE_WRITING(write, file, count, (int file, const void* bytes, size_t count), (file, bytes, count))
 REPLACE_WRITING(pwrite64, file, count, (int file, const void* bytes, size_t count, off64_t at),
                 (file, bytes, count, at))

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/Files.h"
+#include "base/Rewrite.h"
 #include "reliability/WorkTest.h"
 
 namespace lumarin::reliability {
@@ -112,7 +113,7 @@ TEST_F(DiskFaults, Send_AnyFileVanishes_IsToldAndCostsNoOtherPhoto) {
 
 TEST_F(DiskFaults, Settings_AnyFileCallGoesWrong_AreOldOrNew) {
     const auto toggle = [&] { agent->window->Menu.ClickTool("FilePreview"); };
-    const auto read = [&] { return files::ReadAll(folder->Path() + "city/CityInfo.ini"); };
+    const auto read = [&] { return files::ReadRewritten(folder->Path() + "city/CityInfo.ini"); };
     Start();
     const std::string old = read();
     std::string changed;
