@@ -1,6 +1,9 @@
 #include "documents/DocumentOwnership.h"
 
-#include "base/Numbers.h"
+#include <cmath>
+#include <limits>
+
+#include "base/NumericText.h"
 #include "base/Text.h"
 #include "entry/UserScope.h"
 
@@ -18,9 +21,10 @@ bool ManagesOffice(const VelCommon& host, const std::string& office) {
 }  // namespace
 
 std::optional<std::int32_t> TypedListingNumber(const std::string& typed) {
-    std::string digits = text::ReplaceAll(std::string(text::Trim(typed)), ",", "");
-    digits.erase(0, digits.find_first_not_of('0'));
-    return ParseListingNumber(digits);
+    const auto value = NumericValue(typed);
+    constexpr double Largest = std::numeric_limits<std::int32_t>::max();
+    if (!value || *value < 1 || *value > Largest || *value != std::floor(*value)) return std::nullopt;
+    return static_cast<std::int32_t>(*value);
 }
 
 bool MayChangeDocuments(const VelCommon& host, const Recordset& listing) {

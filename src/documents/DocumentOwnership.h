@@ -9,8 +9,8 @@
 
 namespace lumarin {
 
-/// The listing number that was typed, without thousands separators and leading zeros; nothing when no
-/// listing can have it.
+/// The listing number that was typed, in any form of a number ("100,123", "1e5"); nothing when no listing can
+/// have it.
 std::optional<std::int32_t> TypedListingNumber(const std::string& typed);
 
 /// Whether the user may change the documents of the listing in the current row (columns ListAgentId,

@@ -1,10 +1,6 @@
 #include "lookup/frmListnumPrompt.h"
 
-#include <charconv>
-#include <string_view>
-#include <system_error>
-
-#include "base/Text.h"
+#include "base/NumericText.h"
 #include "lookup/frmFindProperty.h"
 
 namespace lumarin {
@@ -13,32 +9,6 @@ namespace {
 
 constexpr int HelpPage = 5;
 constexpr int Backspace = 8, CtrlV = 22, CtrlC = 3, EnterKey = 13;
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-/// Whether a person would call the text a number: a sign, digits with thousands separators anywhere
-/// between or after them, a fraction and an exponent, in the range of double precision.
-bool IsNumeric(std::string_view text) {
-    text = text::Trim(text);
-    const bool negative = text.starts_with('-');
-    if (negative || text.starts_with('+')) text.remove_prefix(1);
-    if (text.starts_with(',')) return false;
-
-    std::string plain(negative ? "-" : "");
-    bool fraction = false;
-    for (const char c : text) {
-        fraction = fraction || c == '.' || c == 'e' || c == 'E';
-        if (c != ',')
-            plain += c;
-        else if (fraction)
-            return false;
-    }
-    const std::string_view digits = std::string_view(plain).substr(negative ? 1 : 0);
-    if (digits.empty() || !(IsDigit(digits.front()) || digits.front() == '.')) return false;
-    double value = 0;
-    const auto [end, problem] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    return problem == std::errc{} && end == plain.data() + plain.size();
-}
 
 }  // namespace
 
@@ -71,7 +41,7 @@ void frmListnumPrompt::FilterKey(KeyPress& key) {
 }
 
 void frmListnumPrompt::AcceptNumber() {
-    if (IsNumeric(txtPropertyId.Text())) {
+    if (NumericValue(txtPropertyId.Text())) {
         Hide();
         return;
     }

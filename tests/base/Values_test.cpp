@@ -5,6 +5,7 @@
 #include "base/Clock.h"
 #include "base/Error.h"
 #include "base/Numbers.h"
+#include "base/NumericText.h"
 #include "base/SizeText.h"
 #include "base/Text.h"
 
@@ -43,6 +44,62 @@ TEST(Numbers, ParseListingNumber_OnlyPlainPositiveNumbers_AreTaken) {
     for (const char* bad :
          {"", "0", "0123", "-5", "+5", " 5", "5 ", "5;DROP", "1e3", "2147483648", "1,2", "५"})
         EXPECT_FALSE(ParseListingNumber(bad)) << bad;
+}
+
+TEST(Numbers, NumericValue_TextsOfEveryForm_AreWhatThePlatformTakes) {
+    const std::pair<const char*, std::optional<double>> cases[] = {{"100123", 100123},
+                                                                   {" \t100,123 ", 100123},
+                                                                   {"-5", -5},
+                                                                   {"+1.", 1},
+                                                                   {".5", .5},
+                                                                   {"1,000.25", 1000.25},
+                                                                   {"1,2,,3.4,5,", 123.45},
+                                                                   {"1e3", 1000},
+                                                                   {"2E-3", .002},
+                                                                   {"1d5", 100000},
+                                                                   {"1,D+2", 100},
+                                                                   {"5-", -5},
+                                                                   {"5 + ", 5},
+                                                                   {"- 5", -5},
+                                                                   {"$5", 5},
+                                                                   {"5$", 5},
+                                                                   {"($1,23,,3.4,,,5,,E6$)", -1233.45e6},
+                                                                   {"(5)", -5},
+                                                                   {"( 5 )", -5},
+                                                                   {"$ -5", -5},
+                                                                   {"&H10", 16},
+                                                                   {"&hfF", 255},
+                                                                   {"&O17", 15},
+                                                                   {"&17", 15},
+                                                                   {"", {}},
+                                                                   {" ", {}},
+                                                                   {".", {}},
+                                                                   {"-", {}},
+                                                                   {"$", {}},
+                                                                   {"()", {}},
+                                                                   {"(5", {}},
+                                                                   {"5)", {}},
+                                                                   {"((5))", {}},
+                                                                   {"--1", {}},
+                                                                   {"-1-", {}},
+                                                                   {"$$1", {}},
+                                                                   {"1 2", {}},
+                                                                   {",1", {}},
+                                                                   {"1.2.3", {}},
+                                                                   {"12x", {}},
+                                                                   {"e5", {}},
+                                                                   {"1e", {}},
+                                                                   {"1e5e5", {}},
+                                                                   {"1e999", {}},
+                                                                   {"inf", {}},
+                                                                   {"nan", {}},
+                                                                   {"0x10", {}},
+                                                                   {"&", {}},
+                                                                   {"&HG", {}},
+                                                                   {"&O8", {}},
+                                                                   {"&H11111111111111111", {}},
+                                                                   {"٥", {}}};
+    for (const auto& [text, value] : cases) EXPECT_EQ(NumericValue(text), value) << text;
 }
 
 TEST(Text, Utf16_HostileInput_SurvivesOrIsReplaced) {

