@@ -20,7 +20,7 @@ class FormWindow;
 /// LUMARIN_THEME=light or dark), fonts, icons. Call once, before any window.
 void SetUpApplication(QApplication& application);
 
-/// The desktop on Qt Widgets. A form's window is built from its design, ":/windows/<form name>.ui". The
+/// The desktop on Qt Widgets. A form's window is built from its design, `windows/<form name>.ui`. The
 /// native window of a form is its QWidget. A window that is unloaded from within one of its own events
 /// is hidden at once and destroyed when no dialog or modal window waits any more.
 class QtDesktop final : public Desktop {

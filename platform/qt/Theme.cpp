@@ -6,12 +6,10 @@
 #include <QProxyStyle>
 
 #include "platform/qt/QtDesktop.h"
+#include "platform/qt/WindowLoader.h"
 
 // Outside of any namespace, as the toolkit wants it.
-static void UseResources() {
-    Q_INIT_RESOURCE(lumarin_windows);
-    Q_INIT_RESOURCE(lumarin_icons);
-}
+static void UseResources() { Q_INIT_RESOURCE(lumarin_icons); }
 
 namespace lumarin::qt {
 
@@ -91,6 +89,7 @@ bool WantsDark() {
 
 void SetUpApplication(QApplication& application) {
     UseResources();
+    AddWindowDesigns();
     const bool dark = WantsDark();
     QApplication::setStyle(new ColouredStyle(PaletteOf(dark ? Dark : Light)));
     QFont font = QApplication::font();

@@ -1,38 +1,24 @@
 #include "platform/qt/WindowLoader.h"
 
-#include <QFile>
 #include <QRegularExpression>
-#include <QUiLoader>
 #include <QWidget>
+
+#include <map>
 
 #include "base/Error.h"
 #include "forms/Control.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/adapters/Adapters.h"
-#include "platform/qt/widgets/AnimationWidget.h"
-#include "platform/qt/widgets/FrameWidget.h"
-#include "platform/qt/widgets/PictureWidget.h"
-#include "platform/qt/widgets/ShapeWidget.h"
 
 namespace lumarin::qt {
 
 namespace {
 
-/// Knows our own widgets besides the toolkit's.
-class Loader final : public QUiLoader {
-public:
-    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
-        QWidget* widget = nullptr;
-        if (className == "PictureWidget") widget = new PictureWidget(parent);
-        if (className == "FrameWidget") widget = new FrameWidget(parent);
-        if (className == "ShapeWidget") widget = new ShapeWidget(parent);
-        if (className == "AnimationWidget") widget = new AnimationWidget(parent);
-        if (widget == nullptr) return QUiLoader::createWidget(className, parent, name);
-        widget->setObjectName(name);
-        return widget;
-    }
-};
+std::map<std::string, WindowMaker>& Designs() {
+    static std::map<std::string, WindowMaker> designs;
+    return designs;
+}
 
 std::string MismatchOf(const Control& control, const QWidget& window) {
     if (!NeedsWidget(control.Kind())) return {};
@@ -48,15 +34,19 @@ std::string MismatchOf(const Control& control, const QWidget& window) {
 
 }  // namespace
 
+void AddDesign(const std::string& formName, WindowMaker maker) { Designs()[formName] = maker; }
+
+std::vector<std::string> DesignNames() {
+    std::vector<std::string> names;
+    for (const auto& [name, maker] : Designs()) names.push_back(name);
+    return names;
+}
+
 std::unique_ptr<QWidget> BuildWindow(const std::string& formName) {
-    QFile design(":/windows/" + ToQt(formName) + ".ui");
-    if (!design.open(QIODevice::ReadOnly))
+    const auto design = Designs().find(formName);
+    if (design == Designs().end())
         throw ApplicationError(formName + "-Load", "The window " + formName + " has no design");
-    Loader loader;
-    std::unique_ptr<QWidget> window(loader.load(&design));
-    if (window == nullptr)
-        throw ApplicationError(formName + "-Load",
-                               "The design of " + formName + " is damaged: " + FromQt(loader.errorString()));
+    std::unique_ptr<QWidget> window = design->second();
     window->setObjectName(ToQt(formName));
     ApplyIconNames(*window);
     return window;

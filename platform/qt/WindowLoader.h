@@ -12,8 +12,26 @@ class Form;
 
 namespace lumarin::qt {
 
-/// Builds a window from its design, the resource ":/windows/<form name>.ui"; it is hidden, and carries the
-/// form's name as its object name. Throws Error when there is no such design or it is damaged.
+using WindowMaker = std::unique_ptr<QWidget> (*)();
+
+/// Makes a design known under the form's name. The build calls it for each file of `windows/`.
+void AddDesign(const std::string& formName, WindowMaker maker);
+/// Makes the component's own designs known; the build writes it (see Resources.cmake).
+void AddWindowDesigns();
+/// The forms that have a design.
+std::vector<std::string> DesignNames();
+
+/// A window of the class that a compiled design asks for, set up by it.
+template <class Window, class Design>
+std::unique_ptr<QWidget> MakeFrom(void (Design::*setUp)(Window*)) {
+    auto window = std::make_unique<Window>();
+    Design design;
+    (design.*setUp)(window.get());
+    return window;
+}
+
+/// Builds a window from its design; it is hidden, and carries the form's name as its object name. Throws
+/// Error when there is no such design.
 std::unique_ptr<QWidget> BuildWindow(const std::string& formName);
 
 /// What keeps the controls of a form and the widgets of its design from being bound, a sentence each:

@@ -1,8 +1,11 @@
 // Each kind of control and its widget, both ways.
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTabWidget>
+#include <QToolButton>
 
 #include "base/Error.h"
 #include "platform/qt/Conversions.h"
@@ -147,6 +150,16 @@ TEST(Mismatches, DesignThatDoesNotFit_AllAreNamedAtOnce) {
         ControlArray<Button, 2> cmdGood{*this, "cmdGood"};
         lumarin::Timer tmrTick{*this, "tmrTick"};
     };
+    qt::AddDesign("frmMismatched", [] {
+        auto window = std::make_unique<QWidget>();
+        const auto add = [](QWidget* widget, const char* name) { widget->setObjectName(name); };
+        add(new QLabel(window.get()), "txtText");
+        add(new QPushButton(window.get()), "pushButton_2");
+        add(new QPushButton(window.get()), "cmdTwice");
+        add(new QPushButton(window.get()), "cmdTwice");
+        add(new QToolButton(window.get()), "cmdGood_0");
+        return window;
+    });
     qt::QtDesktop desktop;
     Mismatched form(desktop);
     EXPECT_EQ(qt::Mismatches(form), (std::vector<std::string>{

@@ -4,6 +4,10 @@
 
 #include "platform/qt/QtDesktop.h"
 
+namespace lumarin::qt {
+void AddTestDesigns();  // made by the build of windows/
+}
+
 int main(int argumentCount, char** arguments) {
     ::testing::InitGoogleTest(&argumentCount, arguments);
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -11,5 +15,6 @@ int main(int argumentCount, char** arguments) {
     QApplication application(argumentCount, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     lumarin::qt::SetUpApplication(application);
+    lumarin::qt::AddTestDesigns();
     return RUN_ALL_TESTS();
 }
