@@ -13,7 +13,9 @@ void PhotoService::UploadPhotoFile(const std::string& name, lumarin::UploadMode 
         case lumarin::UploadMode::End:
             return server_.Uploads().End(Sender());
         case lumarin::UploadMode::Abort:
-            return server_.Uploads().Abort(Sender());
+            // A begin that failed is aborted too: what another sends must not go with it.
+            if (begun_) server_.Uploads().Abort(this);
+            return;
     }
     throw Refusal("An upload has no mode " + std::to_string(static_cast<int>(mode)));
 }

@@ -57,7 +57,8 @@ enum class BatchKind { PhotoPackage = 2 };
 
 /// The service "PhotoInterface": one file at a time goes to the server. Call order: Begin with the
 /// file's name, its bytes in chunks, End; Abort with "" drops what was sent, also after End. A failure
-/// to reach the server throws Error and leaves nothing begun.
+/// to reach the server throws Error. It leaves open whether the server did the step and only its answer was
+/// lost: Abort follows then, and drops nothing where this object has nothing at the server.
 class PhotoInterface : public HostService {
 public:
     static constexpr const char* ServiceName = "PhotoInterface";

@@ -41,10 +41,10 @@ bool FileUpload::SendChunks(const std::string& path) {
 }
 
 FileSent FileUpload::Send(const std::string& path, const std::string& serverName, const OwnerWindow* owner) {
-    auto service = AtServer([&] { return RequestService<PhotoInterface>(host_.Common()); });
-    AtServer([&] { service->UploadPhotoFile(serverName, UploadMode::Begin); });
-    service_ = std::move(service);
+    service_ = AtServer([&] { return RequestService<PhotoInterface>(host_.Common()); });
     try {
+        // When this fails, only its answer may be lost: the abort goes out all the same.
+        AtServer([&] { service_->UploadPhotoFile(serverName, UploadMode::Begin); });
         bool whole = false;
         {
             const ShownProgress shown(progress_, owner);

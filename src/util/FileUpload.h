@@ -62,7 +62,7 @@ private:
     Desktop& desktop_;
     HostLink& host_;
     frmProgress progress_;
-    std::unique_ptr<PhotoInterface> service_;  ///< while the server has an upload of ours
+    std::unique_ptr<PhotoInterface> service_;  ///< while the server may have an upload of ours
     bool stopped_ = false;
 };
 

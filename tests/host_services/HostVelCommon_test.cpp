@@ -53,6 +53,7 @@ TEST(PhotoService, BadPackage_BegunByOneServiceObjectEndedByAnother_IsRefusedWit
     const auto goesOn = lumarin::RequestService<lumarin::PhotoInterface>(host.common);
     begins->UploadPhotoFile("p.zip", lumarin::UploadMode::Begin);
     goesOn->UploadPhotoFile(std::as_bytes(std::span("no package")));
+    goesOn->UploadPhotoFile("", lumarin::UploadMode::Abort);  // it has begun nothing
     goesOn->UploadPhotoFile("", lumarin::UploadMode::End);
     EXPECT_EQ(goesOn->BatchUpdate("VELTRANE", "p.zip", lumarin::BatchKind::PhotoPackage), 1);
     const std::string log = files::ReadAll(Server::Folder(SeededFolder()) + "server.log");

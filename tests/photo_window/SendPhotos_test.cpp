@@ -100,7 +100,9 @@ TEST_F(SendPhotosTest, Send_ListingsWithoutPhotos_AreAskedForOnceAndUnreadableWo
     desktop.Expect(Retry, Answer::Yes);
     window->cmdSend.Press();
     EXPECT_EQ(archiver.packaged, Texts{"100124.dat"});
-    EXPECT_EQ(host.uploads.at(2) + host.uploads.at(3), "chunk 5120end") << "no empty chunk behind the last";
+    const std::string begin = "begin VEL42A101.zip";
+    EXPECT_EQ(host.uploads, (Texts{begin, "abort", begin, "chunk 5120", "end", "apply VEL42A101.zip"}))
+        << "no empty chunk behind the last, and nothing left of a begin whose answer was lost";
     EXPECT_EQ(desktop.messages.at(1).buttons, Buttons::YesNo);
     EXPECT_EQ(WorkingFiles(), (std::set<std::string>{"100200.dat", "100200a.jpg"}));
 }
