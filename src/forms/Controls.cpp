@@ -122,6 +122,13 @@ void TabStrip::SetTabVisible(int tab, bool visible) {
     Changed();
 }
 
+std::string TabStrip::TabNote(int tab) const {
+    const auto found = notes_.find(tab);
+    return found == notes_.end() ? std::string() : found->second;
+}
+
+void TabStrip::SetTabNote(int tab, const std::string& note) { Set(notes_[tab], note); }
+
 void NumberBox::SetRange(std::int32_t min, std::int32_t max) {
     min_ = min;
     max_ = max;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -163,12 +164,16 @@ public:
     /// A hidden page cannot be brought to the front; the caller leaves it first. All are visible at first.
     bool TabVisible(int tab) const { return !hidden_.contains(tab); }
     void SetTabVisible(int tab, bool visible);
+    /// A few words that stand behind a page's caption; "" for none.
+    std::string TabNote(int tab) const;
+    void SetTabNote(int tab, const std::string& note);
 
     Event<> Click;
 
 private:
     int tab_ = 0;
     std::set<int> hidden_;
+    std::map<int, std::string> notes_;
 };
 
 /// A box for a whole number, which may be left empty.

@@ -86,7 +86,10 @@ bool Form::Unload(CloseReason reason) {
     if (!loaded_) return true;
     if (runningCommand_) {
         unloadWhenDone_ = unloadWhenDone_ || reason != CloseReason::Frame;
-        if (unloadWhenDone_) Guarded("QueryUnload", [this] { OnStopRequested(); });
+        Guarded("QueryUnload", [&] {
+            if (reason == CloseReason::Frame) OnCloseRefused();
+            if (unloadWhenDone_) OnStopRequested();
+        });
         return false;
     }
     bool closes = true;

@@ -123,6 +123,9 @@ protected:
     virtual void OnUnload() {}
     /// The window is to go while one of its commands runs: the command should end soon.
     virtual void OnStopRequested() {}
+    /// The frame's close command, or Escape in a dialog, came while a command runs, and was refused. A
+    /// command that can be cancelled may take it for that.
+    virtual void OnCloseRefused() {}
     /// Shows what went wrong; a window may word some errors its own way. `source` is "window-command".
     virtual void ReportError(const std::string& source, const std::exception& error);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <utility>
 
 #include "base/Error.h"
 #include "base/Numbers.h"
@@ -132,16 +133,23 @@ void ListView::Insert(int at, PackedRow row) {
 void ListView::RemoveRow(int row) {
     CheckRow(row);
     rows_.erase(rows_.begin() + row);
-    if (selected_ == row) selected_ = -1;
-    if (selected_ > row) --selected_;
+    const bool wasSelected = selected_ == row;
+    if (wasSelected) selected_ = -1;
+    if (wasSelected)
+        for (const int other : SelectedRows()) selected_ = other;
+    else if (selected_ > row)
+        --selected_;
     if (View() != nullptr) ListView_()->RowRemoved(row);
+    if (wasSelected) Raise("SelectionChange", SelectionChange);
 }
 
 template <class Change>
 void ListView::ChangeRow(int row, Change change) {
     Row changed = At(row);
     change(changed);
+    const bool marked = rows_[static_cast<std::size_t>(row)].IsMarked();
     rows_[static_cast<std::size_t>(row)] = changed;
+    rows_[static_cast<std::size_t>(row)].SetMarked(marked);
     if (View() != nullptr) ListView_()->RowChanged(row);
 }
 
@@ -159,14 +167,29 @@ void ListView::SetPicture(int row, const std::string& picture) {
 
 void ListView::Clear() {
     rows_.clear();
-    selected_ = -1;
+    const bool hadSelected = std::exchange(selected_, -1) >= 0;
     if (View() != nullptr) ListView_()->ListReset();
+    if (hadSelected) Raise("SelectionChange", SelectionChange);
 }
 
-void ListView::Select(int row) {
-    if (row >= 0) CheckRow(row);
-    selected_ = row < 0 ? -1 : row;
+std::vector<int> ListView::SelectedRows() const {
+    std::vector<int> selected;
+    if (!multiSelect_ && selected_ >= 0) selected.push_back(selected_);
+    for (int row = 0; multiSelect_ && row < Count(); ++row)
+        if (rows_[static_cast<std::size_t>(row)].IsMarked()) selected.push_back(row);
+    return selected;
+}
+
+void ListView::SelectRows(const std::vector<int>& rows) {
+    for (const int row : rows) CheckRow(row);
+    if (multiSelect_) {
+        for (PackedRow& row : rows_) row.SetMarked(false);
+        for (const int row : rows) rows_[static_cast<std::size_t>(row)].SetMarked(true);
+    }
+    const bool stays = std::find(rows.begin(), rows.end(), selected_) != rows.end();
+    if (!stays) selected_ = rows.empty() ? -1 : rows.back();
     if (View() != nullptr) ListView_()->SelectionChanged();
+    Raise("SelectionChange", SelectionChange);
     if (selected_ >= 0) Raise("ItemClick", ItemClick, selected_);
 }
 

@@ -27,7 +27,7 @@ public:
 };
 
 /// A report-style list: columns, and rows of texts. The first column is the row's text, the others its
-/// sub-items. Rows are counted from 0. At most one row is selected; -1 is none.
+/// sub-items. Rows are counted from 0. At most one row is selected unless several can be; -1 is none.
 class ListView : public Control {
 public:
     enum class Sizing { Fixed, GrowsWithTexts };
@@ -69,9 +69,17 @@ public:
     /// Removes all rows; the columns stay.
     void Clear();
 
+    bool MultiSelect() const { return multiSelect_; }
+    /// Lets the user select several rows.
+    void SetMultiSelect(bool several) { Set(multiSelect_, several); }
+    /// One of the selected rows.
     int Selected() const { return selected_; }
+    /// All of them, from the top.
+    std::vector<int> SelectedRows() const;
     /// By code and by the user alike; raises `ItemClick` when a row is selected, also the same one again.
-    void Select(int row);
+    void Select(int row) { SelectRows(row < 0 ? std::vector<int>() : std::vector<int>{row}); }
+    /// The same for these rows and no others; more than one only where several can be selected.
+    void SelectRows(const std::vector<int>& rows);
 
     /// Sorts by a column, texts that are whole numbers by their value, and keeps the list so from now
     /// on. The selected row stays selected.
@@ -96,6 +104,7 @@ public:
     void DropOther() { Raise("OLEDragDrop", OtherDropped); }
 
     Event<int> ItemClick, ColumnClick;
+    Event<> SelectionChange;  ///< rows were selected, or none is any more
     Event<const KeyDown&, bool&> KeyPressed;
     Event<Mouse> MouseUp;
     Event<> DoubleClick;
@@ -116,7 +125,8 @@ private:
 
     std::vector<Column> columns_;
     std::vector<PackedRow> rows_;
-    int selected_ = -1;
+    int selected_ = -1;  ///< where several can be selected, all of them are marked
+    bool multiSelect_ = false;
     std::vector<int> sortColumns_;
     bool sortAscending_ = true;
     bool acceptsFiles_ = false;

@@ -7,8 +7,9 @@ namespace lumarin {
 
 namespace {
 
-// A length is one byte, or this mark and four bytes. The row is the number of its sub-items, and then text,
-// sub-items, key, tag and picture, each behind its length.
+// A length is one byte, or this value and four bytes. The row is its mark, the number of its sub-items, and
+// then text, sub-items, key, tag and picture, each behind its length.
+constexpr std::size_t MarkBytes = 1;
 constexpr unsigned char LongLength = 255;
 
 std::size_t BytesFor(std::size_t length) { return length < LongLength ? 1 : 1 + sizeof(std::uint32_t); }
@@ -65,12 +66,13 @@ private:
 }  // namespace
 
 PackedRow::PackedRow(const ListRow& row) {
-    std::size_t bytes = BytesFor(row.subItems.size()) + BytesFor(row.text) + BytesFor(row.key) +
+    std::size_t bytes = MarkBytes + BytesFor(row.subItems.size()) + BytesFor(row.text) + BytesFor(row.key) +
                         BytesFor(row.tag) + BytesFor(row.picture);
     for (const std::string& subItem : row.subItems) bytes += BytesFor(subItem);
     parts_ = std::make_unique_for_overwrite<char[]>(bytes);
 
-    Writer writer(parts_.get());
+    SetMarked(false);
+    Writer writer(parts_.get() + MarkBytes);
     writer.Length(row.subItems.size());
     writer.Part(row.text);
     for (const std::string& subItem : row.subItems) writer.Part(subItem);
@@ -78,14 +80,14 @@ PackedRow::PackedRow(const ListRow& row) {
 }
 
 std::string_view PackedRow::Cell(int column) const {
-    Reader reader(parts_.get());
+    Reader reader(parts_.get() + MarkBytes);
     if (column < 0 || static_cast<std::size_t>(column) > reader.Length()) return {};
     for (; column > 0; --column) reader.Part();
     return reader.Part();
 }
 
 ListRow PackedRow::Unpacked() const {
-    Reader reader(parts_.get());
+    Reader reader(parts_.get() + MarkBytes);
     ListRow row;
     row.subItems.resize(reader.Length());
     row.text = reader.Part();

@@ -30,6 +30,10 @@ public:
     std::string_view Cell(int column) const;
     ListRow Unpacked() const;
 
+    /// A mark that goes with the row wherever it is moved; none at first.
+    bool IsMarked() const { return parts_[0] != 0; }
+    void SetMarked(bool marked) { parts_[0] = marked ? 1 : 0; }
+
 private:
     std::unique_ptr<char[]> parts_;
 };

@@ -41,11 +41,14 @@ frmFindProperty::frmFindProperty(const LookupPorts& ports)
     fpAddrMin.SetRange(0, 2147483647);
     fpAddrMax.SetRange(0, 2147483647);
     lisIncludestatuses.SetVisible(false);
+    List.SetMultiSelect(true);
     tmrRows.SetInterval(1);
 
     cmdShowMatches.Click = [this] { RunCommand("ShowMatches", [this] { ShowMatches(); }); };
     cmdOK.Click = [this] { Confirm(); };
     cmdCancel.Click = [this] { Close(); };
+    sstTab.Click = [this] { ShowNotes(); };
+    List.SelectionChange = [this] { cmdOK.SetEnabled(List.Selected() >= 0); };
     List.ColumnClick = [this](int column) { SortByColumn(column); };
     List.DoubleClick = [this] {
         if (List.Selected() >= 0) Confirm();
@@ -85,7 +88,8 @@ bool frmFindProperty::FindProperty(const SearchContext& searchContext, int flags
         ShowModal(owner);
     });
     StopSearch();
-    if (confirmed_ && List.Selected() >= 0) selectedIds.push_back(List.At(List.Selected()).key);
+    if (confirmed_)
+        for (const int row : List.SelectedRows()) selectedIds.push_back(List.At(row).key);
     return !selectedIds.empty();
 }
 
@@ -113,11 +117,32 @@ void frmFindProperty::Prepare(int statusDefault) {
     cmbStreetDirection.SetListIndex(0);
     fpAddrMin.SetValue(std::nullopt);
     fpAddrMax.SetValue(std::nullopt);
+    ShowNotes();
     List.Clear();
     List.ClearColumns();
+    cmdOK.SetEnabled(false);
     lblMatchCount.SetCaption("");
     FillStatuses(statusDefault);
     FillListingOwners();
+}
+
+/// What stands on the tab behind narrows the search too, so it can be read on the tab.
+void frmFindProperty::ShowNotes() {
+    const bool nameInFront = sstTab.Tab() == NameTab;
+    sstTab.SetTabNote(NameTab, nameInFront ? "" : txtOwnerName.Text());
+    sstTab.SetTabNote(StreetTab, nameInFront ? StreetNote() : "");
+}
+
+std::string frmFindProperty::StreetNote() {
+    const PropertyCriteria criteria = Criteria();
+    const auto [low, high] = std::minmax(criteria.addressMin, criteria.addressMax);
+    std::string numbers;
+    if (high > 0) numbers = std::to_string(high);
+    if (high > 0 && low != high) numbers = std::to_string(low) + "-" + numbers;
+    std::string note = criteria.streetName;
+    for (const std::string& part : {criteria.streetDirection, numbers})
+        if (!part.empty()) note += (note.empty() ? "" : " ") + part;
+    return note;
 }
 
 void frmFindProperty::FillStatuses(int statusDefault) {

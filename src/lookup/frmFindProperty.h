@@ -12,7 +12,7 @@
 
 namespace lumarin {
 
-/// Finds a record by name or street address and hands its key to the caller.
+/// Finds records by name or street address and hands the keys of the chosen ones to the caller.
 ///
 /// A search runs its statement at once and then fills the list in portions from a timer, so that the
 /// window answers however long the result is: it can be sorted, searched again, confirmed or closed while
@@ -29,8 +29,9 @@ public:
     static constexpr int ByUserLevel = 5;
     static constexpr int ActiveStatus = 2;  ///< for `statusDefault`; any other number is all statuses
 
-    /// Shows the window modal above `owner`. True when the user confirmed a row; `selectedIds` holds its
-    /// key then, and is empty otherwise. What fails is reported in the window. The window stays loaded.
+    /// Shows the window modal above `owner`. True when the user confirmed rows; `selectedIds` holds their
+    /// keys then, from the top, and is empty otherwise. What fails is reported in the window. The window
+    /// stays loaded.
     bool FindProperty(const SearchContext& searchContext, int flags, int defaultOwnerFilter,
                       int statusDefault, std::vector<std::string>& selectedIds,
                       const OwnerWindow* owner = nullptr);
@@ -59,6 +60,8 @@ protected:
 
 private:
     void Prepare(int statusDefault);
+    void ShowNotes();
+    std::string StreetNote();
     void FillStatuses(int statusDefault);
     void FillListingOwners();
     /// Returns whether a search at once makes sense for this user.

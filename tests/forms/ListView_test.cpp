@@ -49,6 +49,34 @@ TEST_F(ListViewTest, RemoveAndInsert_AroundTheSelection_KeepItOnItsRow) {
     EXPECT_THROW(list.RemoveRow(2), IndexError);
 }
 
+TEST_F(ListViewTest, SeveralSelected_SortedMergedAndRemoved_StaySelected) {
+    std::string events;
+    list.ItemClick = [&](int row) { events += std::to_string(row) + " "; };
+    list.SelectionChange = [&] { events += "changed "; };
+    const auto selected = [&] {
+        Texts texts;
+        for (const int row : list.SelectedRows()) texts.push_back(list.At(row).text);
+        return texts;
+    };
+    list.SetMultiSelect(true);
+    for (const char* text : {"4", "2", "3", "1"}) list.AddRow({.text = text});
+    list.SelectRows({0, 2});
+    list.SortBy(0);
+    std::vector<PackedRow> more;
+    more.emplace_back(ListView::Row{.text = "0"});
+    list.AddRows(std::move(more));
+    list.SetSubItems(4, {"x"});
+    EXPECT_EQ(selected(), (Texts{"3", "4"}));
+    list.RemoveRow(list.Selected());
+    EXPECT_EQ(selected(), Texts{"4"});
+    EXPECT_EQ(list.Selected(), 3);
+    list.Select(0);
+    EXPECT_EQ(selected(), Texts{"0"});
+    list.SelectRows({});
+    EXPECT_EQ(list.Selected(), -1);
+    EXPECT_EQ(events, "changed 2 changed changed 0 changed ");
+}
+
 TEST_F(ListViewTest, Row_OfAnyLengthAndBytes_ComesBackWhole) {
     const std::string nul("a\0b", 3), longText(70'000, 'x');
     const ListView::Row rows[] = {

@@ -155,6 +155,39 @@ TEST_F(FindProperty, Rows_SortedAndConfirmed_GiveTheKey) {
     }
 }
 
+TEST_F(FindProperty, SeveralRows_Confirmed_GiveAllTheirKeys) {
+    host.onQuery = [](const std::string&) { return SomeListings(20); };
+    EXPECT_TRUE(Open(Listings, 3, 2, 0, [&] {
+        EXPECT_FALSE(window.cmdOK.Enabled());
+        window.List.SelectRows({7, 3});
+        window.List.ClickColumn(2);
+        EXPECT_TRUE(window.cmdOK.Enabled());
+        window.cmdOK.Press();
+    }));
+    EXPECT_EQ(selected, (Texts{"8", "4"}));  // from the top, house numbers falling
+    Open(Listings, 3, 2, 0, [&] {
+        EXPECT_FALSE(window.cmdOK.Enabled());
+        window.List.Select(0);
+        window.cmdShowMatches.Press();
+        EXPECT_FALSE(window.cmdOK.Enabled());
+    });
+}
+
+TEST_F(FindProperty, Criteria_OnTheTabBehind_CanBeReadOnIt) {
+    Open(Listings, 1, 2, 0, [&] {
+        window.txtOwnerName.SetText("O'Br");
+        EXPECT_EQ(window.sstTab.TabNote(0), "");
+        window.sstTab.SetTab(1);
+        EXPECT_EQ(window.sstTab.TabNote(0), "O'Br");
+        window.txtStreetName.SetText("Elm");
+        window.cmbStreetDirection.SetListIndex(1);
+        window.fpAddrMin.SetValue(100);
+        window.sstTab.SetTab(0);
+        EXPECT_EQ(window.sstTab.TabNote(0) + "|" + window.sstTab.TabNote(1), "|Elm N 0-100");
+    });
+    Open(Listings, 1, 2, 0, [&] { EXPECT_EQ(window.sstTab.TabNote(1), ""); });
+}
+
 TEST_F(FindProperty, LongResult_StillComing_CanBeSortedRepeatedAndStopped) {
     host.onQuery = [](const std::string&) { return SomeListings(5000); };
     Open(Listings, 3, 2, 0, [&] {

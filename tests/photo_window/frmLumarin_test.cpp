@@ -177,16 +177,17 @@ TEST_F(frmLumarinTest, SettingsOfTheInstallation_AreFollowedAndKept) {
     EXPECT_TRUE(window->lblPhotos.Caption().ends_with("0 of 0 photos")) << window->lblPhotos.Caption();
 }
 
-TEST_F(frmLumarinTest, Browse_ChosenListing_IsEnteredAsIfTyped) {
+TEST_F(frmLumarinTest, Browse_ChosenListings_AreEnteredAsIfTyped) {
     GivenListing(100124);
+    GivenListing(100125);
     Open();
     desktop.Play("frmFindProperty", [](frmFindProperty& search) {
-        search.List.AddRow({.text = "100124", .key = "100124"});
-        search.List.Select(0);
+        for (const char* number : {"100124", "100125"}) search.List.AddRow({.text = number, .key = number});
+        search.List.SelectRows({0, 1});
         search.cmdOK.Press();
     });
     window->cmdBrowse.Press();
-    EXPECT_EQ(ListTexts(window->RecList), Texts{"100124"});
+    EXPECT_EQ(ListTexts(window->RecList), (Texts{"100124", "100125"}));
     EXPECT_NE(host.queries.at(0).find("(LstStatus = '2001' And ListAgentID = 'A101')"), std::string::npos)
         << host.queries[0];
 }

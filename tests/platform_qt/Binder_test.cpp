@@ -31,6 +31,7 @@ TEST_F(BinderTest, State_SetBeforeAndAfterLoading_IsShownAndRaisesNothingAgain) 
     form->cmbChoice.SetVisible(false);
     for (int time = 0; time < 2; ++time) form->hsbLevel.SetValue(9999);
     form->sstPages.SetTab(1);
+    form->sstPages.SetTabNote(0, "R&D");
     form->numCount.SetValue(42);
     form->optWay(1).Choose();
     form->pbDone.SetMax(7);
@@ -56,6 +57,7 @@ TEST_F(BinderTest, State_SetBeforeAndAfterLoading_IsShownAndRaisesNothingAgain) 
     };
     for (const auto& [widget, property, value] : shown)
         EXPECT_EQ(Widget(widget).property(property), value) << widget << "." << property;
+    EXPECT_TRUE(Widget<QTabWidget>("sstPages").tabText(0).endsWith(": R&&D"));
     EXPECT_EQ(form->hsbLevel.Value(), 500) << "within its range";
     EXPECT_EQ(changes, 5) << "one for each control that was set";
 }
@@ -80,6 +82,10 @@ TEST_F(BinderTest, UserInput_ReachesTheControls) {
     QTest::keyClicks(&Widget("numCount"), "77");
     EXPECT_EQ(form->numCount.Value(), 50) << "kept within the range";
     EXPECT_EQ(Widget<QLineEdit>("numCount").text(), "77") << "while it is typed";
+    Widget<QLineEdit>("numCount").selectAll();
+    Widget<QLineEdit>("numCount").insert("99999999999");
+    EXPECT_EQ(Widget<QLineEdit>("numCount").text(), "50") << "as far as one can go";
+    QTest::keyClicks(&Widget("numCount"), "-");
     for (const int way : {1, 0}) {
         QWidget& button = Widget(way == 1 ? "optWay_1" : "optWay_0");
         QTest::mouseClick(&button, Qt::LeftButton, {}, {5, button.height() / 2});

@@ -96,6 +96,29 @@ TEST_F(ListViewTest, User_MouseKeysAndHeader_RaiseTheirEvents) {
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder) << "the arrow follows the list, not the click";
 }
 
+TEST_F(ListViewTest, SeveralRows_ChosenByMouseAndKeys_StayChosenWhenSorted) {
+    form->lisRows.SetMultiSelect(true);
+    Add({"1", "2", "3", "4"});
+    Show();
+    const auto click = [&](int row, Qt::KeyboardModifiers keys) {
+        QTest::mouseClick(Tree().viewport(), Qt::LeftButton, keys,
+                          Tree().visualRect(Tree().model()->index(row, 0)).center());
+        return form->lisRows.SelectedRows();
+    };
+    using Chosen = std::vector<int>;
+    EXPECT_EQ(click(0, Qt::NoModifier), Chosen{0});
+    EXPECT_EQ(click(2, Qt::ControlModifier), (Chosen{0, 2}));
+    form->lisRows.SortBy(0, false);
+    EXPECT_EQ(form->lisRows.SelectedRows(), (Chosen{1, 3}));
+    EXPECT_EQ(Tree().selectionModel()->selectedRows().size(), 2);
+    EXPECT_EQ(click(1, Qt::NoModifier), Chosen{1});
+    EXPECT_EQ(click(3, Qt::ShiftModifier), (Chosen{1, 2, 3}));
+    EXPECT_EQ(click(1, Qt::NoModifier), Chosen{1});
+    EXPECT_EQ(click(1, Qt::ControlModifier), Chosen{});
+    QTest::keyClick(&Tree(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(form->lisRows.SelectedRows(), (Chosen{0, 1, 2, 3}));
+}
+
 TEST_F(ListViewTest, RowsThatFollow_AreShownALittleLaterAndWhenSomebodyNeedsThem) {
     Show();
     const auto add = [&](std::initializer_list<const char*> texts) {

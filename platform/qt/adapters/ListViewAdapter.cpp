@@ -71,7 +71,9 @@ private:
     void FitColumnsLater();
     void FitColumns();
 
-    void UserSelected(int row);
+    QItemSelection SelectionOf(const std::vector<int>& rows) const;
+    std::vector<int> RowsInView() const;
+    void UserSelected();
     void UserPressed(int row);
     bool AskForMenu(const QContextMenuEvent& event);
 
@@ -93,7 +95,6 @@ ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
     // Pictures make high rows: row by row, the list would end with a gap below its last one.
     if (tree.iconSize().isValid()) tree.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     tree.setAllColumnsShowFocus(true);
-    tree.setSelectionMode(QAbstractItemView::SingleSelection);
     tree.setSelectionBehavior(QAbstractItemView::SelectRows);
     tree.setEditTriggers(QAbstractItemView::NoEditTriggers);
     tree.setTextElideMode(Qt::ElideRight);
@@ -111,10 +112,7 @@ ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
         const bool held = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
         if (held && View().header()->underMouse()) sizedByUser_ = true;
     });
-    connect(tree.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        const QModelIndexList rows = View().selectionModel()->selectedRows();
-        UserSelected(rows.isEmpty() ? -1 : rows.front().row());
-    });
+    connect(tree.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { UserSelected(); });
     connect(&tree, &QTreeView::pressed, this, [this](const QModelIndex& index) { UserPressed(index.row()); });
     connect(&tree, &QTreeView::doubleClicked, this, [this] {
         if (Bound() != nullptr) Bound()->DoubleClicked();
@@ -123,6 +121,8 @@ ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
 }
 
 void ListViewAdapter::ShowState() {
+    View().setSelectionMode(Bound()->MultiSelect() ? QAbstractItemView::ExtendedSelection
+                                                   : QAbstractItemView::SingleSelection);
     View().setAcceptDrops(Bound()->AcceptsFiles());
     View().viewport()->setAcceptDrops(Bound()->AcceptsFiles());
     ShowPictureSize();
@@ -149,14 +149,38 @@ void ListViewAdapter::ShowSortOrder() {
 }
 
 void ListViewAdapter::ShowSelection() {
-    const int row = Bound()->Selected();
-    if (row >= model_->rowCount()) CatchUp();
+    const std::vector<int> rows = Bound()->SelectedRows();
+    if (!rows.empty() && rows.back() >= model_->rowCount()) CatchUp();
+    if (rows == RowsInView()) return;
     applying_ = true;
-    if (row < 0)
+    if (rows.empty())
         View().selectionModel()->clear();
     else
-        View().setCurrentIndex(model_->index(row, 0));
+        View().setCurrentIndex(model_->index(Bound()->Selected(), 0));
+    if (rows.size() > 1)
+        View().selectionModel()->select(SelectionOf(rows),
+                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     applying_ = false;
+}
+
+/// One range for rows that follow each other: all rows of a long list are usually selected together.
+QItemSelection ListViewAdapter::SelectionOf(const std::vector<int>& rows) const {
+    QItemSelection selection;
+    for (std::size_t first = 0, next = 0; first < rows.size(); first = next) {
+        while (next < rows.size() && rows[next] - rows[first] == static_cast<int>(next - first)) ++next;
+        selection.select(model_->index(rows[first], 0), model_->index(rows[next - 1], 0));
+    }
+    return selection;
+}
+
+/// The rows that the view shows as selected, from the top.
+std::vector<int> ListViewAdapter::RowsInView() const {
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : View().selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
 }
 
 void ListViewAdapter::InsertRow(int row) {
@@ -200,16 +224,18 @@ void ListViewAdapter::Reset() {
     FitColumnsLater();
 }
 
-void ListViewAdapter::UserSelected(int row) {
+void ListViewAdapter::UserSelected() {
     if (applying_ || Bound() == nullptr) return;
-    if (row < 0) return ShowSelection();  // a click beside the rows chooses nothing else
+    const std::vector<int> rows = RowsInView();
+    // A click beside the rows chooses nothing else. Of several rows the last one can be given up.
+    if (rows.empty() && !Bound()->MultiSelect()) return ShowSelection();
     selectedByPress_ = true;
-    Bound()->Select(row);
+    Bound()->SelectRows(rows);
 }
 
 /// A press on the row that was selected already counts as choosing it once more.
 void ListViewAdapter::UserPressed(int row) {
-    if (Bound() != nullptr && !selectedByPress_) Bound()->Select(row);
+    if (Bound() != nullptr && !selectedByPress_ && !Bound()->MultiSelect()) Bound()->Select(row);
 }
 
 /// Many rows come in one turn; the columns are measured once, when the first of them are there.

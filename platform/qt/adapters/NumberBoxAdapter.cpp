@@ -1,6 +1,6 @@
-#include <QIntValidator>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 
 #include <optional>
@@ -17,20 +17,21 @@ namespace {
 class NumberBoxAdapter final : public AdapterFor<NumberBox, QLineEdit> {
 public:
     NumberBoxAdapter(NumberBox& control, QLineEdit& edit) : AdapterFor(control, edit) {
-        auto* digits = new QIntValidator(&edit);
-        digits->setLocale(QLocale::c());
-        edit.setValidator(digits);
+        edit.setValidator(new QRegularExpressionValidator(&edit));
         connect(&edit, &QLineEdit::textChanged, this, [this] { TakeText(); });
     }
 
 private:
-    std::optional<std::int32_t> Typed() const { return ParseInteger(FromQt(View().text())); }
-
     void TakeText() {
         if (Bound() == nullptr) return;
+        const std::string text = FromQt(View().text());
+        std::optional<std::int32_t> typed = ParseInteger(text);
+        const bool tooLong = !typed && text.find_first_of("0123456789") != std::string::npos;
+        if (tooLong) typed = text.starts_with('-') ? Bound()->Min() : Bound()->Max();
         typing_ = true;
-        Bound()->SetValue(Typed());
+        Bound()->SetValue(typed);
         typing_ = false;
+        if (tooLong) ShowValue();
     }
 
     /// A number that was kept within the range, or half a number, is put right when the user is done.
@@ -42,9 +43,11 @@ private:
     }
 
     void ShowState() override {
-        const auto* digits = static_cast<const QIntValidator*>(View().validator());
-        if (digits->bottom() != Bound()->Min() || digits->top() != Bound()->Max())
-            const_cast<QIntValidator*>(digits)->setRange(Bound()->Min(), Bound()->Max());
+        const QString allowed = Bound()->Min() < 0 ? "-?[0-9]*" : "[0-9]*";
+        auto& filter =
+            static_cast<QRegularExpressionValidator&>(const_cast<QValidator&>(*View().validator()));
+        if (filter.regularExpression().pattern() != allowed)
+            filter.setRegularExpression(QRegularExpression(allowed));
         if (!typing_) ShowValue();
     }
 

@@ -2,11 +2,14 @@
 #include <QTabWidget>
 
 #include "forms/Controls.h"
+#include "platform/qt/Conversions.h"
 #include "platform/qt/adapters/Adapters.h"
 
 namespace lumarin::qt {
 
 namespace {
+
+constexpr int WidestNote = 160;  // pixels
 
 class TabStripAdapter final : public AdapterFor<TabStrip, QTabWidget> {
 public:
@@ -14,14 +17,27 @@ public:
         connect(&tabs, &QTabWidget::currentChanged, this, [this](int tab) {
             if (Bound() != nullptr) Bound()->SetTab(tab);
         });
+        for (int tab = 0; tab < tabs.count(); ++tab) captions_ += tabs.tabText(tab);
     }
 
 private:
     void ShowState() override {
         const QSignalBlocker blocker(View());
-        for (int tab = 0; tab < View().count(); ++tab) View().setTabVisible(tab, Bound()->TabVisible(tab));
+        for (int tab = 0; tab < View().count(); ++tab) {
+            View().setTabVisible(tab, Bound()->TabVisible(tab));
+            View().setTabText(tab, captions_[tab] + NoteText(tab));
+        }
         View().setCurrentIndex(Bound()->Tab());
     }
+
+    QString NoteText(int tab) const {
+        const QString note = ToQt(Bound()->TabNote(tab));
+        if (note.isEmpty()) return {};
+        // A "&" would mark an access key.
+        return ": " + View().fontMetrics().elidedText(note, Qt::ElideRight, WidestNote).replace('&', "&&");
+    }
+
+    QStringList captions_;
 };
 
 }  // namespace
