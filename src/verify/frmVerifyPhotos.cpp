@@ -70,10 +70,13 @@ frmVerifyPhotos::frmVerifyPhotos(Desktop& desktop, HostLink& host)
 
 void frmVerifyPhotos::OnStopRequested() { cmdCancel.SetEnabled(false); }
 
+void frmVerifyPhotos::OnCloseRefused() { cmdCancel.Press(); }
+
 void frmVerifyPhotos::Verify() {
+    cmdCancel.SetEnabled(true);
+    cmdCancel.SetFocus();
     cmdStart.SetEnabled(false);
     cmdExit.SetEnabled(false);
-    cmdCancel.SetEnabled(true);
     try {
         const HourglassPointer hourglass(desktop());
         Run();
@@ -83,9 +86,10 @@ void frmVerifyPhotos::Verify() {
         lblStatus.SetCaption(std::string("Abort - ") + error.what());
     }
     lblListNum.SetCaption("");
-    cmdCancel.SetEnabled(false);
     cmdStart.SetEnabled(true);
     cmdExit.SetEnabled(true);
+    cmdStart.SetFocus();
+    cmdCancel.SetEnabled(false);
     pbBar.SetValue(0);
 }
 

@@ -29,6 +29,7 @@ public:
 
 protected:
     void OnStopRequested() override;
+    void OnCloseRefused() override;
 
 private:
     struct TextHash {
