@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
-#include <regex>
 #include <vector>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "host/server/Refusal.h"
+#include "host/server/WebAddress.h"
 
 namespace host {
 
@@ -44,13 +44,10 @@ std::string Description(const std::string& field) {
     return description;
 }
 
-/// What stands before the first colon is a scheme unless a port follows it.
 std::string Address(const std::string& field) {
     std::string address(text::Trim(field));
-    static const std::regex otherScheme("^(?!https?://.)[a-z][a-z0-9+.-]*:(?![0-9]+([/?#\\\\]|$))",
-                                        std::regex::icase);
     if (address.empty()) throw Refusal("The link has no address");
-    if (std::regex_search(address, otherScheme))
+    if (!IsWebAddress(address))
         throw Refusal("\"" + address + "\" is not the address of a web page (http or https)");
     return address;
 }

@@ -21,7 +21,7 @@ struct DocumentCommand {
 };
 
 /// Reads a command's fields, which "|" separates. Throws Refusal for anything that is no command, an empty
-/// description, and an address that is not one of the web; an address may lack its scheme.
+/// description, and an address that is not one of the web (see `IsWebAddress`).
 DocumentCommand ParseDocumentCommand(std::string_view text);
 
 }  // namespace host

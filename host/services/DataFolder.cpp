@@ -15,7 +15,7 @@ constexpr const char* DefaultSettings =
     "FilePreview=True\r\n"
     "Photo Maximum=10\r\n"
     "SortNames=0\r\n"
-    "DocMaxSize=1000\r\n";
+    "DocMaxSize=8000\r\n";
 
 void WriteMissing(const std::string& path, const char* bytes) {
     if (!files::FileExists(path)) files::WriteWhole(path, bytes);

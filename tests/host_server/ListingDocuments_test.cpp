@@ -92,8 +92,6 @@ TEST_F(ListingDocumentsTest, BadCommand_IsRefusedWholeWithItsReason) {
         {add + "1001|u.pdf|Plan", "not in PDF format", "%PDF-"},
         {add + "1001|u.pdf|Plan", "not in PDF format", "<html> %PDF-1.4"},
         {add + "1001|u.pdf|Plan|http://example.org", "either a file or a link"},
-        {add + "1001||Plan|FILE:///etc/passwd", "not the address of a web page"},
-        {add + "1001||Plan|https://", "not the address of a web page"},
         {"DELETE|VELTRANE|A101|0", "\"0\" is no document id"},
         {"DELETE|VELTRANE|A101|2", "no document 2"},
     };
@@ -104,6 +102,32 @@ TEST_F(ListingDocumentsTest, BadCommand_IsRefusedWholeWithItsReason) {
         EXPECT_EQ(Rows(), "1 1001 Town http://example.org 0") << bad.command;
         EXPECT_EQ(Files(), 0U) << bad.command;
     }
+}
+
+TEST_F(ListingDocumentsTest, Address_ThatNoBrowserOpens_IsRefused) {
+    const char* const opened[] = {
+        "www.example.org/my tour.html", "HTTP://intranet",  "localhost/a?b=c:d", "tour:8080",
+        "https://[::1]:443/x",          "grüße.example.#7", "10.0.0.1\\x"};
+    const char* const refused[] = {"Virtual tour",
+                                   "tour",
+                                   "tour.",
+                                   "http://Virtual tour",
+                                   "https://",
+                                   "http:x.y",
+                                   "FILE:///etc/passwd",
+                                   "javascript:1+1",
+                                   "www..example.org",
+                                   "me@example.org",
+                                   "x.y:65536",
+                                   "[x.y]",
+                                   ".",
+                                   "/x.y"};
+    for (const std::string address : opened)
+        EXPECT_EQ(Reason("ADD|VELTRANE|A101|1001||Plan|" + address), "") << address;
+    for (const std::string address : refused)
+        EXPECT_NE(Reason("ADD|VELTRANE|A101|1001||Plan|" + address).find("not the address of a web page"),
+                  std::string::npos)
+            << address;
 }
 
 TEST_F(ListingDocumentsTest, Ownership_GoesByLevel) {
