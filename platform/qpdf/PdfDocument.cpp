@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <set>
 
 #include "base/Files.h"
 #include "platform/qpdf/FilePipeline.h"
@@ -25,6 +26,36 @@ Object PictureContent(QPDF& pdf, const PageSize& page, const Placement& at) {
     return Object::newStream(&pdf, "q " + std::to_string(at.width) + " 0 0 " + std::to_string(at.height) +
                                        " " + std::to_string(at.left) + " " + std::to_string(bottom) +
                                        " cm /Picture Do Q\n");
+}
+
+/// Pages that one group of the page tree holds. A page that is added writes its group anew and the list of
+/// the groups, so that a document of many pages does not grow by the whole list each time.
+constexpr int GroupSize = 20;
+
+/// The last group when this library made it and it has room.
+std::optional<Object> OpenGroup(Object& pages) {
+    Object groups = pages.getKey("/Kids");
+    if (groups.getArrayNItems() == 0) return std::nullopt;
+    Object last = groups.getArrayItem(groups.getArrayNItems() - 1);
+    const bool isOurs = last.isIndirect() && last.isDictionary() && last.getObjGen() != pages.getObjGen() &&
+                        last.getKeys() == std::set<std::string>{"/Count", "/Kids", "/Parent", "/Type"} &&
+                        last.getKey("/Kids").isArray() && last.getKey("/Count").isInteger();
+    if (!isOurs || last.getKey("/Kids").getArrayNItems() >= GroupSize) return std::nullopt;
+    return last;
+}
+
+Object MakeGroup(QPDF& pdf, Object& pages) {
+    Object group = pdf.makeIndirectObject(Object::newDictionary());
+    group.replaceKey("/Type", Object::newName("/Pages"));
+    group.replaceKey("/Parent", pages);
+    group.replaceKey("/Kids", Object::newArray());
+    group.replaceKey("/Count", Object::newInteger(0));
+    pages.getKey("/Kids").appendItem(group);
+    return group;
+}
+
+void CountPage(Object& node) {
+    node.replaceKey("/Count", Object::newInteger(node.getKey("/Count").getIntValue() + 1));
 }
 
 Object NumberArray(std::initializer_list<int> numbers) {
@@ -134,11 +165,14 @@ void PdfDocument::EndPage() {
 // The library's own function looks at every page that is there already.
 void PdfDocument::Append(QPDFObjectHandle page) {
     Object pages = pdf_->getRoot().getKey("/Pages");
-    Object list = pages.getKey("/Kids");
-    page.replaceKey("/Parent", pages);
-    list.appendItem(page);
-    pages.replaceKey("/Count", Object::newInteger(pages.getKey("/Count").getIntValue() + 1));
-    for (const Object& object : {page, list, pages}) Remember(object);
+    const std::optional<Object> open = OpenGroup(pages);
+    Object group = open ? *open : MakeGroup(*pdf_, pages);
+    page.replaceKey("/Parent", group);
+    group.getKey("/Kids").appendItem(page);
+    CountPage(group);
+    CountPage(pages);
+    for (const Object& object : {page, group, group.getKey("/Kids"), pages, pages.getKey("/Kids")})
+        Remember(object);
     hasPages_ = true;
 }
 
@@ -152,6 +186,7 @@ void PdfDocument::Write() {
     if (page_ && page_->picture.isInitialized()) throw PdfError("The last page has not been ended.");
     if (!hasPages_) throw PdfError("The document has no pages.");
     pictures_.Finish();
+    if (changed_.empty()) return pictures_.Forget();  // the file has everything
     file_.Replace(end_ ? end_->length : 0, [this](FilePipeline& file) {
         if (end_)
             end_ = WriteUpdate(*pdf_, changed_, *end_, file);

@@ -27,26 +27,32 @@ std::string FindReader(const VSource& source) {
 
 class StoredFile final : public StoredPicture {
 public:
-    explicit StoredFile(std::string path) : path_(std::move(path)) {
+    StoredFile(std::string path, int page) : path_(std::move(path)), page_(page) {
         const VSource source = Source();
         const std::string reader = FindReader(source);
         isJpeg_ = reader == "VipsForeignLoadJpegSource";
         isWebp_ = reader == "VipsForeignLoadWebpSource";
-        ReadHeader(VImage::new_from_source(source, "", ReadOptions()));
+        isTiff_ = reader == "VipsForeignLoadTiffSource";
+        ReadHeader(VImage::new_from_source(source, "", PageOptions()));
     }
 
     int Width() const override { return width_; }
     int Height() const override { return height_; }
     int Orientation() const override { return orientation_; }
+    int PageCount() const override { return pageCount_; }
     bool IsPlainJpeg() const override { return isJpeg_ && has24Bits_ && orientation_ == 1; }
 
     Decoded Decode(double reduction) const override {
         if (isJpeg_) return DecodeJpeg(reduction);
         if (isWebp_ && reduction > 2.0) return DecodeWebp(2.0 / reduction);
-        return {Read(ReadOptions)};
+        return {Read([this] { return PageOptions(); })};
     }
 
 private:
+    VOption* PageOptions() const {
+        VOption* options = ReadOptions();
+        return page_ == 0 ? options : options->set("page", page_);
+    }
     VSource Source() const { return VSource::new_from_file(path_.c_str()); }
 
     /// The options are made when the file is open: the library takes them over then, and nobody before.
@@ -62,6 +68,8 @@ private:
         if (static_cast<std::int64_t>(width_) * height_ > MaximumPixels)
             throw ImagingError(InvalidPictureError, InvalidPictureText);
         has24Bits_ = image.bands() == 3 && image.format() == VIPS_FORMAT_UCHAR;
+        // The frames of an animation are not pages.
+        if (isTiff_) pageCount_ = vips_image_get_n_pages(image.get_image());
         orientation_ = std::clamp(vips_image_get_orientation(image.get_image()), 1, 8);
     }
 
@@ -85,6 +93,9 @@ private:
     }
 
     std::string path_;
+    int page_ = 0;
+    int pageCount_ = 1;
+    bool isTiff_ = false;
     bool isJpeg_ = false;
     bool isWebp_ = false;
     bool has24Bits_ = false;
@@ -100,6 +111,7 @@ public:
     int Width() const override { return picture_->width; }
     int Height() const override { return picture_->height; }
     int Orientation() const override { return 1; }
+    int PageCount() const override { return 1; }
     bool IsPlainJpeg() const override { return false; }
     Decoded Decode(double) const override { return {ImageOver(*picture_)}; }
 
@@ -109,10 +121,10 @@ private:
 
 }  // namespace
 
-std::unique_ptr<StoredPicture> OpenFile(const std::string& path) {
+std::unique_ptr<StoredPicture> OpenFile(const std::string& path, int page) {
     // Reading a pipe or a device might never end.
     if (!files::FileExists(path)) throw ImagingError(InvalidPictureError, InvalidPictureText);
-    return std::make_unique<StoredFile>(path);
+    return std::make_unique<StoredFile>(path, page);
 }
 
 std::unique_ptr<StoredPicture> OpenPixels(PicturePtr picture) {

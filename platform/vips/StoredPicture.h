@@ -25,6 +25,7 @@ public:
     virtual int Height() const = 0;
     /// 1 to 8 as in EXIF; 1 is upright.
     virtual int Orientation() const = 0;
+    virtual int PageCount() const = 0;
     virtual bool IsPlainJpeg() const = 0;
 
     /// The picture, to be read in one pass from top to bottom. `reduction` is how many stored pixels go
@@ -33,8 +34,9 @@ public:
     virtual Decoded Decode(double reduction) const = 0;
 };
 
-/// Reads the header. Throws VError or ImagingError when the file is not a picture or has too many pixels.
-std::unique_ptr<StoredPicture> OpenFile(const std::string& path);
+/// Reads the header of a page, counted from 0. Throws VError or ImagingError when the file is not a picture,
+/// has no such page or too many pixels.
+std::unique_ptr<StoredPicture> OpenFile(const std::string& path, int page);
 
 /// Shares the pixels with the caller. An empty picture is an ImagingError.
 std::unique_ptr<StoredPicture> OpenPixels(PicturePtr picture);

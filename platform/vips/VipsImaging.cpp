@@ -21,6 +21,7 @@ public:
 
     int Width() const override { return UprightWidth(*stored_); }
     int Height() const override { return UprightHeight(*stored_); }
+    int PageCount() const override { return stored_->PageCount(); }
     bool IsPlainJpeg() const override { return stored_->IsPlainJpeg(); }
 
     Picture Preview(int width, int height) override {
@@ -63,8 +64,10 @@ private:
 
 }  // namespace
 
-std::unique_ptr<SourcePicture> VipsImaging::Open(const std::string& path) {
-    return std::make_unique<VipsPicture>(Guarded(InvalidPictureError, [&] { return OpenFile(path); }));
+std::unique_ptr<SourcePicture> VipsImaging::Open(const std::string& path) { return OpenPage(path, 0); }
+
+std::unique_ptr<SourcePicture> VipsImaging::OpenPage(const std::string& path, int page) {
+    return std::make_unique<VipsPicture>(Guarded(InvalidPictureError, [&] { return OpenFile(path, page); }));
 }
 
 std::unique_ptr<SourcePicture> VipsImaging::FromMemory(PicturePtr picture) {

@@ -14,6 +14,7 @@ namespace lumarin::vips {
 class VipsImaging final : public Imaging {
 public:
     std::unique_ptr<SourcePicture> Open(const std::string& path) override;
+    std::unique_ptr<SourcePicture> OpenPage(const std::string& path, int page) override;
     std::unique_ptr<SourcePicture> FromMemory(PicturePtr picture) override;
     Picture Thumbnail(const std::string& path, int longestSide) override;
 };

@@ -77,6 +77,8 @@ public:
     /// Size of the upright picture in pixels.
     virtual int Width() const = 0;
     virtual int Height() const = 0;
+    /// Of a TIFF file; 1 for every other picture.
+    virtual int PageCount() const = 0;
     /// Whether the source is a JPEG file of 24 bits a pixel, stored upright.
     virtual bool IsPlainJpeg() const = 0;
 
@@ -102,6 +104,9 @@ public:
     /// ImagingError with InvalidPictureError when it is no picture, is cut short (a JPEG's whole data are
     /// checked here only as far as the file's end shows it) or has more than MaximumPixels.
     virtual std::unique_ptr<SourcePicture> Open(const std::string& path) = 0;
+
+    /// A page of a picture file, counted from 0; only TIFF files have more than that one. Throws as `Open`.
+    virtual std::unique_ptr<SourcePicture> OpenPage(const std::string& path, int page) = 0;
 
     /// A picture that is in memory already (clipboard, scanner).
     virtual std::unique_ptr<SourcePicture> FromMemory(PicturePtr picture) = 0;

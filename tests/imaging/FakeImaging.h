@@ -19,6 +19,7 @@ public:
     struct Source {
         int width = 0, height = 0;
         bool plainJpeg = false;
+        int pages = 1;
     };
 
     /// A JPEG's start, file header, one table and end.
@@ -40,6 +41,7 @@ public:
         if (openFailure) throw Error(*openFailure);
         return std::make_unique<Opened>(*this, pictures.at(path));
     }
+    std::unique_ptr<SourcePicture> OpenPage(const std::string& path, int) override { return Open(path); }
     std::unique_ptr<SourcePicture> FromMemory(PicturePtr picture) override {
         ++opened;
         return std::make_unique<Opened>(*this, Source{picture->width, picture->height});
@@ -64,6 +66,7 @@ private:
         ~Opened() override { --library_.openNow; }
         int Width() const override { return source_.width; }
         int Height() const override { return source_.height; }
+        int PageCount() const override { return source_.pages; }
         bool IsPlainJpeg() const override { return source_.plainJpeg; }
         Picture Preview(int width, int height) override {
             ++library_.previews;

@@ -160,6 +160,27 @@ TEST_F(QpdfLibraryTest, Document_OpenedAgain_KeepsPagesAndProperties) {
     EXPECT_FALSE(files::FileExists(files::UnfinishedName(pdf))) << "something was left beside";
 }
 
+TEST_F(QpdfLibraryTest, Document_OfManyBatches_KeepsToThePromisedOverheads) {
+    const std::string png = GivenFile("page.png", Encode(Plain(1275, 2100, {5, 9, 200}), ".png"));
+    const std::string author = "Zo\u00EB (\\)\r", title = "100123 PDF";
+    std::size_t most = PdfDocumentOverhead + PdfPropertyOverhead * (author.size() + title.size());
+    constexpr std::size_t Pages = 300;
+    for (std::size_t page = 0; page < Pages; ++page) {
+        if (page == 290) library.emplace();  // a new start of the program
+        const PdfHandle handle = page == 0 ? library->AdultPdfCreate(pdf) : library->AdultPdfOpen(pdf);
+        if (page == 0) library->AdultPdfAddInfo(handle, title, "", "", "0", author);
+        ASSERT_TRUE(AddPage(handle, png));
+        ASSERT_EQ(library->AdultPdfClose(handle), PdfStatus::Done);
+        ASSERT_LE(files::FileLength(pdf), most + files::FileLength(png) + PdfPageOverhead + page);
+        most = files::FileLength(pdf);
+    }
+    library->AdultPdfClose(library->AdultPdfOpen(pdf));
+    EXPECT_EQ(files::FileLength(pdf), most) << "nothing was added";
+    OutputOf("qpdf --check " + pdf);
+    EXPECT_NE(OutputOf("pdfinfo " + pdf).find("Pages:           " + std::to_string(Pages)),
+              std::string::npos);
+}
+
 TEST_F(QpdfLibraryTest, Document_ThatCannotBeWritten_LeavesTheOldFileAlone) {
     const std::string small = GivenFile("small.png", Encode(Plain(9, 9, {5, 9, 200}), ".png"));
     const std::string large = GivenFile("large.png", Encode(Detailed(900, 600), ".png"));

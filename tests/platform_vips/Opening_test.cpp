@@ -23,6 +23,16 @@ TEST_F(Opening, Format_WhateverItsName_IsReadByContent) {
         }
 }
 
+TEST_F(Opening, Page_OfATiffFile_IsOpenedByItsNumber) {
+    VImage pages = Quadrants(64, 40, "RGBW").join(Quadrants(64, 40, "WBGR"), VIPS_DIRECTION_VERTICAL).copy();
+    pages.set("page-height", 40);
+    EXPECT_EQ(Open(Encode(pages, ".tif"), "plans")->PageCount(), 2);
+    EXPECT_EQ(QuadrantsOf(imaging.OpenPage(folder / "plans", 0)->Preview(64, 40)), "RGBW");
+    EXPECT_EQ(QuadrantsOf(imaging.OpenPage(folder / "plans", 1)->Preview(64, 40)), "WBGR");
+    EXPECT_THROW(imaging.OpenPage(folder / "plans", 2), ImagingError);
+    EXPECT_EQ(Open(Encode(pages, ".gif"))->PageCount(), 1) << "the frames of an animation are not pages";
+}
+
 TEST_F(Opening, Orientation_EachOfTheEight_StandsUpright) {
     // Stored quadrants of one upright picture "RGBW", by where its first row and column are seen.
     const char* stored[] = {"RGBW", "GRWB", "WBGR", "BWRG", "RBGW", "GWRB", "WGBR", "BRWG"};

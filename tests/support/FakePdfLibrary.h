@@ -13,7 +13,7 @@ namespace lumarin::testing {
 class FakePdfLibrary final : public PdfLibrary {
 public:
     std::vector<std::string> calls;
-    std::size_t overhead = 0;  ///< bytes that a document has besides its pictures
+    std::size_t overhead = 0, pageOverhead = 0;  ///< bytes of a document and a page besides the pictures
     bool failsToClose = false;
 
     PdfStatus Load(const std::string& path) override { return Called("load " + path); }
@@ -32,7 +32,7 @@ public:
                       std::to_string(second) + "," + third + "," + fourth);
     }
     PdfStatus AdultPdfAddImage(PdfHandle, const std::string& imagePath) override {
-        length_ += files::FileLength(imagePath);
+        length_ += files::FileLength(imagePath) + pageOverhead;
         return Called("image");
     }
     PdfStatus AdultPdfClose(PdfHandle) override {

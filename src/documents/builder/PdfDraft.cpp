@@ -12,8 +12,7 @@ namespace lumarin {
 
 namespace {
 
-constexpr std::string_view Heading = "PDF draft 1";
-constexpr const char* AddedLast = "Pages added last";
+constexpr std::string_view Heading = "PDF draft 2";
 
 std::string OneLine(std::string text) {
     for (const char* lineBreak : {"\n", "\r"}) text = text::ReplaceAll(text, lineBreak, " ");
@@ -24,45 +23,68 @@ template <class Number>
 std::optional<Number> WholeNumber(std::string_view text) {
     Number number = 0;
     const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (problem != std::errc{} || end != text.data() + text.size() || number < 0) return std::nullopt;
+    if (problem != std::errc{} || end != text.data() + text.size() || text.starts_with('-'))
+        return std::nullopt;
     return number;
 }
 
-std::optional<PdfDraft::Page> ParsePage(const std::string& line) {
-    const std::size_t blank = line.find(' ');
-    const auto bytes = WholeNumber<std::int64_t>(std::string_view(line).substr(0, blank));
-    if (blank == std::string::npos || !bytes || *bytes > INT32_MAX) return std::nullopt;
-    return PdfDraft::Page{line.substr(blank + 1), *bytes};
+/// False when the value is none of a page.
+bool AddPage(PdfDraft& draft, std::string_view value) {
+    const std::size_t blank = value.find(' ');
+    const auto bytes = WholeNumber<std::int64_t>(value.substr(0, blank));
+    if (blank == std::string_view::npos || !bytes || *bytes > INT32_MAX) return false;
+    draft.pages.push_back({std::string(value.substr(blank + 1)), *bytes});
+    return true;
+}
+
+template <class Number>
+bool SetNumber(Number& target, std::string_view value) {
+    const auto number = WholeNumber<Number>(value);
+    if (number) target = *number;
+    return number.has_value();
+}
+
+/// False when the line is none of a draft.
+bool TakeLine(PdfDraft& draft, std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) return false;
+    const std::string_view key = line.substr(0, equals);
+    const std::string_view value = line.substr(equals + 1);
+    if (key == "listing") return SetNumber(draft.listing, value);
+    if (key == "length") return SetNumber(draft.pdfLength, value);
+    if (key == "written") return SetNumber(draft.writtenPages, value);
+    if (key == "page") return AddPage(draft, value);
+    if (key == "description") draft.description = value;
+    return true;
 }
 
 }  // namespace
 
-std::int64_t PdfDraft::Bytes() const {
+std::int64_t PdfDraft::PictureBytes() const {
     return std::accumulate(pages.begin(), pages.end(), std::int64_t{0},
                            [](std::int64_t sum, const Page& page) { return sum + page.bytes; });
 }
 
+std::string PdfDraft::PageCountText() const {
+    return std::to_string(pages.size()) + (pages.size() == 1 ? " page" : " pages");
+}
+
 std::string DraftText(const PdfDraft& draft) {
-    std::string text = std::string(Heading) + "\n" + std::to_string(draft.listing) + "\n" +
-                       std::to_string(draft.pdfLength) + "\n" + OneLine(draft.description) + "\n";
+    std::string text = std::string(Heading) + "\nlisting=" + std::to_string(draft.listing) +
+                       "\ndescription=" + OneLine(draft.description) +
+                       "\nlength=" + std::to_string(draft.pdfLength) +
+                       "\nwritten=" + std::to_string(draft.writtenPages) + "\n";
     for (const PdfDraft::Page& page : draft.pages)
-        text += std::to_string(page.bytes) + " " + OneLine(page.source) + "\n";
+        text += "page=" + std::to_string(page.bytes) + " " + OneLine(page.source) + "\n";
     return text;
 }
 
 std::optional<PdfDraft> ParseDraft(const std::string& text) {
     const std::vector<std::string> lines = text::Split(text, '\n');
-    constexpr std::size_t FirstPage = 4;
-    if (lines.size() <= FirstPage || lines[0] != Heading || !lines.back().empty()) return std::nullopt;
-    const auto listing = WholeNumber<std::int32_t>(lines[1]);
-    const auto length = WholeNumber<std::int64_t>(lines[2]);
-    if (!listing || !length) return std::nullopt;
-    PdfDraft draft{*listing, lines[3], *length, {}};
-    for (std::size_t i = FirstPage; i + 1 < lines.size(); ++i) {
-        const auto page = ParsePage(lines[i]);
-        if (!page) return std::nullopt;
-        draft.pages.push_back(*page);
-    }
+    if (lines.front() != Heading || !lines.back().empty()) return std::nullopt;
+    PdfDraft draft;
+    for (std::size_t i = 1; i + 1 < lines.size(); ++i)
+        if (!TakeLine(draft, lines[i])) return std::nullopt;
     return draft;
 }
 
@@ -72,20 +94,22 @@ std::string PdfDraftFiles::Thumbnail(std::size_t page) const {
 
 bool PdfDraftFiles::HasPdf() const { return files::FileExists(Pdf()); }
 
+std::int64_t PdfDraftFiles::PdfLength() const {
+    return HasPdf() ? static_cast<std::int64_t>(files::FileLength(Pdf())) : 0;
+}
+
 std::optional<PdfDraft> PdfDraftFiles::Read() const {
     if (!HasPdf() || !files::FileExists(State())) return std::nullopt;
     auto draft = ParseDraft(files::ReadAll(State()));
     if (!draft) return std::nullopt;
-    // The program ended after the document was written and before this was.
-    const auto length = static_cast<std::int64_t>(files::FileLength(Pdf()));
-    if (length > draft->pdfLength) draft->pages.push_back({AddedLast, length - draft->pdfLength});
+    const bool hasFollowed = PdfLength() != draft->pdfLength;
+    if (!hasFollowed && draft->writtenPages < draft->pages.size()) draft->pages.resize(draft->writtenPages);
+    draft->writtenPages = draft->pages.size();
+    draft->pdfLength = PdfLength();
     return draft;
 }
 
-void PdfDraftFiles::Write(PdfDraft& draft) const {
-    draft.pdfLength = HasPdf() ? static_cast<std::int64_t>(files::FileLength(Pdf())) : 0;
-    files::WriteWhole(State(), DraftText(draft));
-}
+void PdfDraftFiles::Write(const PdfDraft& draft) const { files::WriteWhole(State(), DraftText(draft)); }
 
 void PdfDraftFiles::DeleteAll() const {
     if (HasPdf()) files::Delete(Pdf());

@@ -8,7 +8,8 @@
 
 namespace lumarin {
 
-/// A document that is being built, as it is kept beside its PDF file for the case that the program ends.
+/// A document that is being built, as it is kept beside its PDF file for the case that the program ends. It
+/// is written before its PDF file, which follows by one page or more.
 struct PdfDraft {
     struct Page {
         std::string source;      ///< file name, or where else the picture came from
@@ -17,14 +18,18 @@ struct PdfDraft {
 
     std::int32_t listing = 0;
     std::string description;
-    std::int64_t pdfLength = 0;  ///< bytes of the PDF file that has these pages
+    std::int64_t pdfLength = 0;    ///< bytes of the PDF file when it was last known
+    std::size_t writtenPages = 0;  ///< that it had then, from the first; it has all of them when it differs
     std::vector<Page> pages;
 
-    /// The document's running size: what its pages have as PNG files.
-    std::int64_t Bytes() const;
+    /// What the pages have as PNG files.
+    std::int64_t PictureBytes() const;
+    /// "1 page", "2 pages".
+    std::string PageCountText() const;
 };
 
-/// One text of lines. `ParseDraft` takes any bytes; nothing for those that are no draft.
+/// One text of lines "key=value". `ParseDraft` takes any bytes; nothing for those that are no draft. It
+/// passes over keys that it does not know.
 std::string DraftText(const PdfDraft& draft);
 std::optional<PdfDraft> ParseDraft(const std::string& text);
 
@@ -41,11 +46,12 @@ public:
     std::string Thumbnail(std::size_t page) const;
 
     bool HasPdf() const;
-    /// What is known of the PDF file that is there; pages that were added after the draft was last written
-    /// are one entry more. Nothing when there is no draft of it.
+    /// Bytes of the PDF file; 0 when there is none.
+    std::int64_t PdfLength() const;
+    /// The document as its PDF file has it. Nothing when there is no draft of it.
     std::optional<PdfDraft> Read() const;
-    /// Sets the draft's PDF length. Throws FileError.
-    void Write(PdfDraft& draft) const;
+    /// Throws FileError.
+    void Write(const PdfDraft& draft) const;
     /// Deletes all of them, the PDF file first. Throws FileError when that cannot be deleted.
     void DeleteAll() const;
 

@@ -21,6 +21,16 @@ enum class PdfFunction : std::int32_t {
 inline constexpr std::int32_t PdfLetterPage = 5;  ///< 612 x 792 points
 inline constexpr std::int32_t PdfLegalPage = 6;   ///< 612 x 1008 points
 
+// What a document's file has at most, besides the bytes of its pages' PNG files. Documents are built up to a
+// limit that their file must keep to, so an implementation keeps to these however often it is closed and
+// opened again between two pages.
+
+/// For each page whose picture has no palette, and a byte more for each page before it.
+inline constexpr std::int64_t PdfPageOverhead = 2048;
+/// For a document, and for each byte of its properties.
+inline constexpr std::int64_t PdfDocumentOverhead = 1024;
+inline constexpr std::int64_t PdfPropertyOverhead = 8;
+
 /// Port: the PDF library, which writes documents of pages with one picture each. Nothing throws: a
 /// function that fails answers 0 or `Failed`, leaves the file on disk as it was, and `LastFailure` tells
 /// why. Call order for a page: page size, place, image, page size 0. A page whose image failed is left out,
@@ -49,8 +59,9 @@ public:
     /// Draws a PNG file at the place set before, one a page. The file is read here and may go afterwards.
     /// Damaged ones fail, and those with transparent parts or interlaced rows.
     virtual PdfStatus AdultPdfAddImage(PdfHandle handle, const std::string& imagePath) = 0;
-    /// Writes the document whole, beside its file, and puts it in the file's place. The handle is gone
-    /// afterwards, also when this fails, as it does without a single page.
+    /// Writes the document whole, beside its file, and puts it in the file's place; a file that has
+    /// everything stays as it is. The handle is gone afterwards, also when this fails, as it does without a
+    /// single page.
     virtual PdfStatus AdultPdfClose(PdfHandle handle) = 0;
 
     /// Why the last function failed, for a message; "" when none did.

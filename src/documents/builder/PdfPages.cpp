@@ -1,8 +1,10 @@
 #include "documents/builder/PdfPages.h"
 
+#include <cstring>
 #include <utility>
 
 #include "base/Error.h"
+#include "base/Files.h"
 
 namespace lumarin {
 
@@ -32,15 +34,24 @@ void PdfPages::Check(PdfStatus status) const {
 void PdfPages::Open() {
     if (!started_) {
         handle_ = library_.AdultPdfCreate(path_);
-        const std::string listing = std::to_string(listing_);
         if (handle_ > 0)
-            Check(library_.AdultPdfAddInfo(handle_, listing + " PDF", listing, Creator, "0", hostText_));
+            Check(library_.AdultPdfAddInfo(handle_, Title(), std::to_string(listing_), Creator, "0",
+                                           hostText_));
     } else if (handle_ == 0) {
         handle_ = library_.AdultPdfOpen(path_);
     }
     if (handle_ > 0) return;
     handle_ = 0;
     throw ApplicationError(source_, "Error Creating/Opening PDF file");
+}
+
+std::int64_t PdfPages::MostBytesWith(std::int64_t pngBytes, std::size_t pagesBefore) const {
+    const std::size_t properties =
+        Title().size() + std::to_string(listing_).size() + std::strlen(Creator) + hostText_.size();
+    const std::int64_t before =
+        started_ ? static_cast<std::int64_t>(files::FileLength(path_))
+                 : PdfDocumentOverhead + PdfPropertyOverhead * static_cast<std::int64_t>(properties);
+    return before + pngBytes + PdfPageOverhead + static_cast<std::int64_t>(pagesBefore);
 }
 
 void PdfPages::Write(const std::string& imagePath, std::int32_t pageSize, const PagePlace& place) {

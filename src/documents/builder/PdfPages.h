@@ -24,6 +24,10 @@ public:
     /// What a new file is to say about itself.
     void SetInfo(std::int32_t listing, const std::string& hostText);
 
+    /// The most that the file can have with one page more, of a PNG file this large. Nothing was added since
+    /// `Close`. Throws FileError.
+    std::int64_t MostBytesWith(std::int64_t pngBytes, std::size_t pagesBefore) const;
+
     /// Adds the PNG file as a page. A page that failed leaves those before it as they are.
     void Write(const std::string& imagePath, std::int32_t pageSize, const PagePlace& place);
     /// Brings the file on disk up to date. When that fails, it is as it was before the first page since.
@@ -31,6 +35,7 @@ public:
 
 private:
     void Open();
+    std::string Title() const { return std::to_string(listing_) + " PDF"; }
     void Check(PdfStatus status) const;
 
     PdfLibrary& library_;

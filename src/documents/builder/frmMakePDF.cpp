@@ -18,8 +18,6 @@ constexpr const char* HelpPath = "/Tutorials/DocManager/CreatePDF.htm";
 constexpr const char* PictureFilter =
     "Pictures|*.jpg;*.jif;*.jpeg;*.png;*.tif;*.tiff;*.webp;*.heic;*.gif|All (*.*)|*.*";
 
-std::string PagesText(std::size_t count) { return std::to_string(count) + (count == 1 ? " page" : " pages"); }
-
 }  // namespace
 
 frmMakePDF::frmMakePDF(const MakePdfPorts& ports)
@@ -43,6 +41,7 @@ void frmMakePDF::WireEvents() {
         stop_ = true;  // a batch that runs ends; the window stays then
         if (!adding_) Cancel();
     };
+    txtLinkText.Change = [this] { KeepDescription(); };
     ActiveBar1.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
     lbmBM.FilesDropped = [this](const std::vector<std::string>& paths) {
         RunBatch("cmdAddFiles", [&] { Import(paths); });
@@ -108,6 +107,12 @@ void frmMakePDF::Refuse(const std::string& text, const std::string& title) const
                           this);
 }
 
+/// The limit was lowered since its pages were added.
+std::string frmMakePDF::TooLargeNow(const PdfDraft& draft) const {
+    return "\n\nIt is too large to be sent now (" + SizeOf(draft) +
+           "): save a copy of it, then begin a new document.";
+}
+
 /// False when the user does not want to build a document now, because of the one that is there.
 bool frmMakePDF::TakeUpDraft() {
     if (!files_.HasPdf()) {
@@ -116,14 +121,15 @@ bool frmMakePDF::TakeUpDraft() {
     }
     const auto found = files_.Read();
     if (found && found->listing == draft_.listing) {
-        const Answer answer = Ask("A document of " + PagesText(found->pages.size()) +
+        const Answer answer = Ask("A document of " + found->PageCountText() +
                                       " was begun for this listing and has not been sent. Do you want to "
-                                      "go on with it?\n\nNo throws its pages away.",
+                                      "go on with it?\n\nNo throws its pages away." +
+                                      (IsTooLarge(*found) ? TooLargeNow(*found) : ""),
                                   Buttons::YesNoCancel);
         if (answer == Answer::Cancel) return false;
         if (answer == Answer::No) return Discard(), true;
         draft_ = *found;
-        txtLinkText.SetText(draft_.description);
+        txtLinkText.SetText(found->description);
         pages_.Use(files_.Pdf(), true);
         for (std::size_t page = 1; page <= draft_.pages.size(); ++page) AddRow(page);
         ShowDocument();
@@ -141,7 +147,9 @@ bool frmMakePDF::TakeUpDraft() {
 
 void frmMakePDF::Discard() {
     files_.DeleteAll();
-    draft_.pages.clear();
+    const std::int32_t listing = draft_.listing;
+    draft_ = {};
+    draft_.listing = listing;
     pages_.Use(files_.Pdf(), false);
     lbmBM.Clear();
     ShowDocument();
@@ -149,7 +157,7 @@ void frmMakePDF::Discard() {
 
 bool frmMakePDF::ConfirmThrowAway() const {
     return draft_.pages.empty() ||
-           Ask("Do you want to throw away the " + PagesText(draft_.pages.size()) + " of this document?",
+           Ask("Do you want to throw away the " + draft_.PageCountText() + " of this document?",
                Buttons::YesNo) == Answer::Yes;
 }
 
@@ -157,6 +165,14 @@ void frmMakePDF::KeepDraft() {
     if (draft_.pages.empty()) return;
     draft_.description = txtLinkText.Text();
     files_.Write(draft_);
+}
+
+/// While it is typed. What cannot be kept now is tried again at the next page and when the window closes.
+void frmMakePDF::KeepDescription() {
+    try {
+        KeepDraft();
+    } catch (const FileError&) {
+    }
 }
 
 void frmMakePDF::ToolClicked(const std::string& name) {
@@ -251,12 +267,6 @@ void frmMakePDF::Finish() {
             Refuse("Please enter a description for your document", "Document description is missing");
             return txtLinkText.SetFocus();
         }
-        // The pages' sum has kept to the limit, but the finished file is a little more than its pages.
-        const auto length = static_cast<std::int64_t>(files::FileLength(files_.Pdf()));
-        if (length > maximumBytes_)
-            return Refuse("File is too large!\nFilesize of " + SizeText(length) +
-                              " exceeds maximum allowed (" + SizeText(maximumBytes_) + ")",
-                          "Cannot add file");
         KeepDraft();
         closing_ = true;
         Guarded("CloseForm", [this] { CloseForm.Raise(); });

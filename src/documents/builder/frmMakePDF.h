@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "documents/builder/PageRefusals.h"
 #include "documents/builder/PdfDraft.h"
 #include "documents/builder/PdfPages.h"
 #include "entry/HostLink.h"
@@ -28,8 +29,10 @@ struct MakePdfPorts {
     Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
 };
 
-/// Builds a PDF from pictures, one on each page. The pages are in the temporary PDF file after each batch,
-/// and are offered again when the builder opens after the program has ended in between.
+/// Builds a PDF from pictures, one on each page. Each page is in the temporary PDF file before the list shows
+/// it, and all are offered again when the builder opens after the program has ended in between. A page is
+/// refused when the file could grow beyond the limit by it, so that a document of accepted pages can always
+/// be sent.
 class frmMakePDF : public Form {
 public:
     explicit frmMakePDF(const MakePdfPorts& ports);
@@ -38,8 +41,8 @@ public:
     OptionButton optLetter{*this, "optLetter", "PageSize"}, optLegal{*this, "optLegal", "PageSize"};
     ListView lbmBM{*this, "lbmBM"};  ///< the pages in their order
     TextBox txtLinkText{*this, "txtLinkText"}, txtFilesImported{*this, "txtFilesImported"};
-    Label lblFilesize{*this, "lblFilesize"};
-    Label lblStatus{*this, "lblStatus"};  ///< how many pages; what is being done
+    Label lblFilesize{*this, "lblFilesize"};  ///< of what is allowed
+    Label lblStatus{*this, "lblStatus"};      ///< how many pages; what is being done
     Button cmdAddFiles{*this, "cmdAddFiles"}, cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"};
     ToolBar ActiveBar1{*this, "ActiveBar1"};
 
@@ -78,6 +81,10 @@ private:
     bool TakeUpDraft();
     bool ConfirmThrowAway() const;
     void KeepDraft();
+    void KeepDescription();
+    bool IsTooLarge(const PdfDraft& draft) const { return draft.pdfLength > maximumBytes_; }
+    std::string SizeOf(const PdfDraft& draft) const;
+    std::string TooLargeNow(const PdfDraft& draft) const;
 
     // Commands
     void NewDocument();
@@ -92,12 +99,15 @@ private:
 
     // frmMakePDFPages.cpp
     void RunBatch(std::string_view command, const std::function<void()>& add);
-    void EndBatch(const PdfDraft& before);
-    void BeginDraft();
+    void EndBatch();
+    void ShowRefusals();
     void Import(const std::vector<std::string>& paths);
     bool AddPicture(PicturePtr picture, const std::string& name);
+    void AddFile(const std::string& path);
     bool AddPage(const std::string& name, const std::function<std::unique_ptr<SourcePicture>()>& open);
     bool WritePage(SourcePicture& picture, const std::string& name);
+    bool Fits(std::int64_t pictureBytes) const;
+    void TakeIn(const PdfDraft::Page& page, const PagePlace& place);
     void MakeThumbnail(std::size_t page, PixelSize size);
     void AddRow(std::size_t page);
     void ShowDocument();
@@ -110,8 +120,9 @@ private:
     PdfDraft draft_;
     std::int32_t maximumBytes_ = 0;
     std::string scannerSource_;
-    bool adding_ = false;  ///< a batch runs
-    bool stop_ = false;    ///< it is to end
+    PageRefusals refusals_;  ///< of the batch that runs
+    bool adding_ = false;    ///< a batch runs
+    bool stop_ = false;      ///< it is to end
     bool closing_ = false;
     bool focused_ = false;
 };

@@ -12,7 +12,6 @@ namespace lumarin {
 
 namespace {
 
-constexpr const char* Title = "Make PDF";
 /// Longer side of a page's small picture, in pixels.
 constexpr double ThumbnailSide = 240;
 
@@ -35,40 +34,15 @@ std::int32_t frmMakePDF::PageSize() const { return optLegal.Value() ? PdfLegalPa
 
 void frmMakePDF::RunBatch(std::string_view command, const std::function<void()>& add) {
     RunCommand(command, [&] {
-        const PdfDraft before = draft_;
         adding_ = true;
         stop_ = false;
-        Guarded(command, [&] {
-            if (draft_.pages.empty()) BeginDraft();
-            add();
-        });
+        refusals_.Clear();
+        Guarded(command, add);
         adding_ = false;
-        EndBatch(before);
-    });
-}
-
-/// Brings the file up to date. Pages that could not be written are taken out of the list again.
-void frmMakePDF::EndBatch(const PdfDraft& before) {
-    const HourglassPointer hourglass(desktop());
-    const bool grown = draft_.pages.size() > before.pages.size();
-    try {
-        pages_.Close();
-    } catch (...) {
-        draft_ = before;
-        while (lbmBM.Count() > static_cast<int>(draft_.pages.size())) lbmBM.RemoveRow(lbmBM.Count() - 1);
-        pages_.Use(files_.Pdf(), !draft_.pages.empty());
+        Guarded(command, [this] { pages_.Close(); });
         ShowDocument();
-        throw;
-    }
-    ShowDocument();
-    if (grown) KeepDraft();
-}
-
-/// Before there is a file: should the program end as soon as it is there, it is known whose it is.
-void frmMakePDF::BeginDraft() {
-    PdfDraft begun;
-    begun.listing = draft_.listing;
-    files_.Write(begun);
+        if (refusals_.Any()) Refuse(refusals_.Text(), refusals_.Title());
+    });
 }
 
 void frmMakePDF::Import(const std::vector<std::string>& paths) {
@@ -77,8 +51,21 @@ void frmMakePDF::Import(const std::vector<std::string>& paths) {
         if (paths.size() > 1)
             lblStatus.SetCaption("Adding picture " + std::to_string(i + 1) + " of " +
                                  std::to_string(paths.size()) + " ... (Cancel stops)");
+        AddFile(paths[i]);
+    }
+}
+
+/// Each page of a file that has several is one of the document.
+void frmMakePDF::AddFile(const std::string& path) {
+    int pages = 1;
+    for (int page = 0; page < pages; ++page) {
         desktop().ProcessPendingEvents();
-        if (!stop_) AddPage(paths[i], [&] { return ports_.imaging.Open(paths[i]); });
+        if (stop_) return;
+        AddPage(page == 0 ? path : path + " (page " + std::to_string(page + 1) + ")", [&] {
+            auto picture = ports_.imaging.OpenPage(path, page);
+            pages = picture->PageCount();
+            return picture;
+        });
     }
 }
 
@@ -86,6 +73,7 @@ bool frmMakePDF::AddPicture(PicturePtr picture, const std::string& name) {
     return AddPage(name, [&] { return ports_.imaging.FromMemory(picture); });
 }
 
+/// False for a picture that was refused, which is said at the end of the batch.
 bool frmMakePDF::AddPage(const std::string& name,
                          const std::function<std::unique_ptr<SourcePicture>()>& open) {
     bool added = false;
@@ -94,12 +82,11 @@ bool frmMakePDF::AddPage(const std::string& name,
         if (picture->Width() > 0 && picture->Height() > 0)
             added = WritePage(*picture, name);
         else
-            Refuse("Unable to process File: " + name + "\nImage Height or width equals zero", Title);
+            refusals_.AddUnusable("Unable to process File: " + name + "\nImage Height or width equals zero");
     } catch (const Error& error) {
         if (error.Number() < FirstImagingError || error.Number() > LastImagingError) throw;
-        Refuse("Lead error (" + std::to_string(FirstImagingError - error.Number()) + ")\n" + name + "\n" +
-                   error.Description(),
-               Title);
+        refusals_.AddUnusable("Lead error (" + std::to_string(FirstImagingError - error.Number()) + ")\n" +
+                              name + "\n" + error.Description());
     }
     files::TryDelete(files_.Image());
     return added;
@@ -110,16 +97,34 @@ bool frmMakePDF::WritePage(SourcePicture& picture, const std::string& name) {
         WithinLimit({static_cast<double>(picture.Width()), static_cast<double>(picture.Height())}, Colours());
     picture.WritePage({WholePixels(size.width), WholePixels(size.height), Colours()}, files_.Image());
     const auto bytes = static_cast<std::int64_t>(files::FileLength(files_.Image()));
-    if (draft_.Bytes() + bytes > maximumBytes_) {
-        Refuse("Cannot add file:\n" + name + "\nMaximum size exceeded", "File is too large");
-        return false;
-    }
-    pages_.Write(files_.Image(), PageSize(), PlaceOnPage(size, PageSize()));
-    draft_.pages.push_back({text::AfterLastSeparator(name), bytes});
+    if (!Fits(bytes)) return refusals_.AddTooLarge(name), false;
+    TakeIn({text::AfterLastSeparator(name), bytes}, PlaceOnPage(size, PageSize()));
     MakeThumbnail(draft_.pages.size(), size);
     AddRow(draft_.pages.size());
     ShowDocument();
     return true;
+}
+
+/// Both the pictures and the file, which has more than them, keep to the limit.
+bool frmMakePDF::Fits(std::int64_t pictureBytes) const {
+    return draft_.PictureBytes() + pictureBytes <= maximumBytes_ &&
+           pages_.MostBytesWith(pictureBytes, draft_.pages.size()) <= maximumBytes_;
+}
+
+/// Makes the picture a page of the file on disk, or leaves everything as it was.
+void frmMakePDF::TakeIn(const PdfDraft::Page& page, const PagePlace& place) {
+    draft_.pages.push_back(page);
+    try {
+        KeepDraft();
+        pages_.Write(files_.Image(), PageSize(), place);
+        pages_.Close();
+    } catch (...) {
+        draft_.pages.pop_back();
+        pages_.Use(files_.Pdf(), !draft_.pages.empty());
+        throw;
+    }
+    draft_.writtenPages = draft_.pages.size();
+    draft_.pdfLength = files_.PdfLength();
 }
 
 void frmMakePDF::MakeThumbnail(std::size_t page, PixelSize size) {
@@ -143,17 +148,25 @@ void frmMakePDF::AddRow(std::size_t page) {
     lbmBM.Select(lbmBM.AddRow(row));
 }
 
+/// "12KB of 1000KB".
+std::string frmMakePDF::SizeOf(const PdfDraft& draft) const {
+    return SizeText(std::max(draft.PictureBytes(), draft.pdfLength)) + " of " + SizeText(maximumBytes_);
+}
+
 void frmMakePDF::ShowDocument() {
     const bool any = !draft_.pages.empty();
     std::string names;
     for (const PdfDraft::Page& page : draft_.pages) names += (names.empty() ? "" : ", ") + page.source;
     txtFilesImported.SetText(names);
-    lblFilesize.SetCaption(SizeText(draft_.Bytes()));
-    lblStatus.SetCaption(!any                       ? "No pages yet"
-                         : draft_.pages.size() == 1 ? "1 page"
-                                                    : std::to_string(draft_.pages.size()) + " pages");
+    lblFilesize.SetCaption(any ? SizeOf(draft_) : "");
+    if (!any)
+        lblStatus.SetCaption("No pages yet, at most " + SizeText(maximumBytes_));
+    else
+        lblStatus.SetCaption(draft_.PageCountText() +
+                             (IsTooLarge(draft_) ? ", too large to be sent now" : ""));
     ActiveBar1.EnableTool("save", any && !adding_);
     ActiveBar1.EnableTool("preview", any && !adding_);
+    cmdOK.SetEnabled(!IsTooLarge(draft_));
 }
 
 }  // namespace lumarin

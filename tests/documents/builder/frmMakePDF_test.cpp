@@ -6,7 +6,7 @@
 namespace lumarin {
 namespace {
 
-constexpr std::int32_t Maximum = 1000;
+constexpr std::int32_t Maximum = 100'000;  // "98KB"
 
 /// A feeder with two sheets.
 struct TwoSheets final : Scanner {
@@ -16,8 +16,11 @@ struct TwoSheets final : Scanner {
             if (events.pageArrived({std::make_shared<Picture>(Picture{9, 9, {}}), page, true}) ==
                 AfterPage::Stop)
                 break;
+            else if (page == 1)
+                between();
         return ScanOutcome::Finished;
     }
+    std::function<void()> between = [] {};
 };
 
 class MakePdf : public testing::WindowTest {
@@ -28,10 +31,10 @@ protected:
     }
 
     /// The builder of the next run of the program.
-    void Renew(std::int32_t listing = 100123) {
+    void Renew(std::int32_t listing = 100123, std::int32_t maximum = Maximum) {
         window.reset();
         window = std::make_unique<frmMakePDF>(MakePdfPorts{desktop, imaging, pdf, link, &scanner});
-        window->SetDocument(listing, Maximum);
+        window->SetDocument(listing, maximum);
         window->CloseForm = [this] {
             ++closed;
             window->Hide();
@@ -52,10 +55,12 @@ protected:
     void WillAsk(Answer answer) {
         desktop.Expect("Do you want to throw away the 1 page of this document?", answer);
     }
-    void ExpectPages(int pages, const char* size) {
+    void ExpectPages(int pages, const std::string& size) {
         EXPECT_EQ(window->lbmBM.Count(), pages);
-        EXPECT_EQ(window->lblFilesize.Caption(), size);
+        EXPECT_EQ(window->lblFilesize.Caption(), size + " of 98KB");
     }
+    /// What the next start of the program would find in the user's folder.
+    std::optional<PdfDraft> OnDisk() const { return PdfDraftFiles(host.UserFolder()).Read(); }
     bool Exists(const char* ending) const {
         return files::FileExists(host.UserFolder() + "CreatePDFTmp" + ending);
     }
@@ -78,58 +83,114 @@ TEST_F(MakePdf, Import_WritesEachPictureAsAPageAndClosesTheFile) {
         Add("/in/a.png");
     });
     EXPECT_EQ(imaging.pages.at(0).colours, PageColours::Grey);
-    EXPECT_EQ(pdf.calls,
-              (Texts{"load " + host.ProgramFolder() + "QorCreatePdf.dll", "create",
-                     "info 100123 PDF,100123,Qor Veltrane - Create Document,0,Host text",  //
-                     "109 5,5,0,0", "104 82,27,448,738", "image", "109 0,0,0,0",           //
-                     "109 5,5,0,0", "104 82,27,448,738", "image", "109 0,0,0,0",           //
-                     "close", "open", "109 6,6,0,0", "104 27,27,558,919", "image", "109 0,0,0,0", "close"}));
+    EXPECT_EQ(pdf.calls, (Texts{"load " + host.ProgramFolder() + "QorCreatePdf.dll",
+                                "create",
+                                "info 100123 PDF,100123,Qor Veltrane - Create Document,0,Host text",  //
+                                "109 5,5,0,0",
+                                "104 82,27,448,738",
+                                "image",
+                                "109 0,0,0,0",
+                                "close",
+                                "open",
+                                "109 5,5,0,0",
+                                "104 82,27,448,738",
+                                "image",
+                                "109 0,0,0,0",
+                                "close",
+                                "open",
+                                "109 6,6,0,0",
+                                "104 27,27,558,919",
+                                "image",
+                                "109 0,0,0,0",
+                                "close"}));
     EXPECT_FALSE(Exists(".png"));
 }
 
-TEST_F(MakePdf, RefusedPictures_LeaveThePagesThatAreThere) {
-    imaging.pageLengths = {900, 101, 100, 100};
+TEST_F(MakePdf, RefusedPictures_AreNamedTogetherAndLeaveThePagesThatAreThere) {
+    imaging.pageLengths = {90'000, 9'000, 9'000, 100, 100};
     Open([&] {
         Add("/in/a.png");
-        desktop.Expect("Cannot add file:\n/in/b.png\nMaximum size exceeded", "File is too large");
-        Add("/in/b.png");
+        desktop.Expect("Cannot add file:\n/in/a.png\n/in/b.png\nMaximum size exceeded", "File is too large");
+        Add("/in|a.png|b.png");
         imaging.openFailure = ImagingError(InvalidPictureError, "It is no picture.");
-        desktop.Expect("Lead error (-9)\n/in/text.png\nIt is no picture.");
-        Add("/in/text.png");
+        desktop.Expect(
+            "Lead error (-9)\n/in/x\nIt is no picture.\n\nLead error (-9)\n/in/y\nIt is no picture.",
+            "Make PDF");
+        Add("/in|x|y");
         imaging.openFailure.reset();
         pdf.failsToClose = true;
         desktop.Expect("the library failed");
         Add("/in/b.png");
-        ExpectPages(1, "900");
+        ExpectPages(1, "88KB");
         pdf.failsToClose = false;
-        Add("/in/b.png");  // exactly the maximum
+        Add("/in/b.png");
         desktop.Expect("No photo on the clipboard", "From Clipboard");
         Click("paste");
-        ExpectPages(2, "1000");
+        ExpectPages(2, "88KB");
     });
 }
 
-TEST_F(MakePdf, OK_ChecksBeforeAnythingIsSent) {
-    pdf.overhead = 300;
-    imaging.pageLengths = {600, 150};
+// The library needs all that it may: what a document, its properties and a page have besides the picture.
+TEST_F(MakePdf, Pages_UpToTheLimit_GiveAFileThatCanBeSent) {
+    imaging.pageLengths.assign(100, 5'000);
+    pdf.pageOverhead = PdfPageOverhead;
+    pdf.overhead = PdfDocumentOverhead;
+    std::string all = "/in", refused;
+    for (int i = 0; i < 16; ++i) all += "|a.png", refused += i < 14 ? "" : "/in/a.png\n";
     Open([&] {
         desktop.Expect("Your document is empty, Please add files before exiting");
         window->cmdOK.Press();
-        Add("/in/a.png");
+        desktop.Expect("Cannot add file:\n" + refused + "Maximum size exceeded");
+        Add(all);
+        ExpectPages(14, "98KB");
         window->txtLinkText.SetText("  ");
         desktop.Expect("Please enter a description for your document");
         window->cmdOK.Press();
         window->txtLinkText.SetText(" Plan ");
-        Add("/in/b.png");
-        desktop.Expect("File is too large!\nFilesize of 2KB exceeds maximum allowed (1000)");
-        window->cmdOK.Press();
-        EXPECT_EQ(closed, 0);
-        window->SetDocument(100123, 1050);
         window->cmdOK.Press();
     });
     EXPECT_EQ(closed, 1);
     EXPECT_EQ(window->LinkText(), "Plan");
     EXPECT_TRUE(Exists(".pdf"));
+    Renew(100123, 50'000);  // the limit was lowered since
+    desktop.Expect(
+        "A document of 14 pages was begun for this listing and has not been sent. Do you want to go on with "
+        "it?\n\nNo throws its pages away.\n\nIt is too large to be sent now (98KB of 49KB): save a copy of "
+        "it, "
+        "then begin a new document.",
+        Answer::Yes);
+    Open([&] {
+        EXPECT_FALSE(window->cmdOK.Enabled());
+        EXPECT_TRUE(window->ActiveBar1.IsEnabled("save"));
+        desktop.Expect("Do you want to throw away the 14 pages of this document?", Answer::Yes);
+        Click("new");
+        EXPECT_TRUE(window->cmdOK.Enabled());
+    });
+}
+
+TEST_F(MakePdf, EveryPageInTheList_IsOnDiskWithTheDescription) {
+    imaging.pictures["/in/plans.tif"] = {600, 400, false, 3};
+    int looks = 0;
+    const auto look = [&](int pages) {
+        ++looks;
+        ASSERT_EQ(window->lbmBM.Count(), pages);
+        ASSERT_TRUE(OnDisk());
+        EXPECT_EQ(OnDisk()->pages.size(), static_cast<std::size_t>(pages));
+        EXPECT_EQ(OnDisk()->description, window->txtLinkText.Text());
+    };
+    Open([&] {
+        desktop.AtPendingEvents(3, [&] { look(2), window->txtLinkText.SetText("Typed meanwhile"), look(2); });
+        Add("/in|a.png|plans.tif");
+        look(4);
+        EXPECT_EQ(window->lbmBM.Cell(3, 1), "plans.tif (page 3)");
+        scanner.between = [&] { look(5); };
+        Click("AcquireMultiple");
+        window->txtLinkText.SetText("Typed afterwards");
+        look(6);
+    });
+    EXPECT_EQ(looks, 5);
+    EXPECT_FALSE(ParseDraft("PDF draft 2\npage=x y\n"));
+    EXPECT_TRUE(ParseDraft("PDF draft 2\nof a later version=7\n"));
 }
 
 TEST_F(MakePdf, CancelNewAndCloseBox_StopAddingAndAskBeforePagesAreThrownAway) {
@@ -164,17 +225,16 @@ TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
         "away and begin a new one?\n\nNo keeps them: select that listing to go on with its document.";
     desktop.Expect(other, Answer::No);
     window->Display(nullptr);
-    files::WriteWhole(window->PdfPath(), std::string(130, ' '));  // it ended before the list was written
     Renew();
     desktop.Expect(
-        "A document of 2 pages was begun for this listing and has not been sent. Do you want to go on with "
+        "A document of 1 page was begun for this listing and has not been sent. Do you want to go on with "
         "it?\n\nNo throws its pages away.",
         Answer::Yes);
     pdf.calls.clear();
     Open([&] {
         EXPECT_EQ(window->LinkText() + window->lbmBM.Cell(0, 1), "Plana.png");
         Add("/in/b.png");
-        ExpectPages(3, "230");
+        ExpectPages(2, "200");
     });
     EXPECT_EQ(pdf.calls.at(1), "open");
     Renew(200200);
