@@ -1,13 +1,17 @@
 #include "host/drive/LineInput.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPointer>
 #include <QTimer>
 
 #include <unistd.h>
+#include <algorithm>
 #include <cstdio>
+#include <thread>
 #include <utility>
 
 #include "host/drive/DriveError.h"
@@ -45,19 +49,28 @@ LineInput::LineInput(Driver& driver, const QString& source, std::function<void()
 
 void LineInput::Begin() {
     if (atEnd_) return Next();
-    notifier_ = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { ReadMore(); });
+    // A thread, because not every system can wait for input and windows at once. It may wait for ever: it
+    // holds nothing, and ends with the program.
+    std::thread([reader = QPointer(this)] {
+        char bytes[4096];
+        for (auto count = ::read(STDIN_FILENO, bytes, sizeof bytes);;
+             count = ::read(STDIN_FILENO, bytes, sizeof bytes)) {
+            const QByteArray read(bytes, std::max<qsizetype>(count, 0));
+            QMetaObject::invokeMethod(
+                qApp,
+                [reader, read] {
+                    if (reader) reader->Take(read);
+                },
+                Qt::QueuedConnection);
+            if (read.isEmpty()) return;
+        }
+    }).detach();
 }
 
-void LineInput::ReadMore() {
-    char bytes[4096];
-    const ssize_t count = ::read(STDIN_FILENO, bytes, sizeof bytes);
-    if (count > 0) {
-        buffer_.append(bytes, count);
-    } else {
-        atEnd_ = true;
-        notifier_->setEnabled(false);
-    }
+/// None means the end.
+void LineInput::Take(const QByteArray& bytes) {
+    buffer_.append(bytes);
+    atEnd_ = bytes.isEmpty();
     Next();
 }
 
@@ -96,7 +109,6 @@ void LineInput::Next() {
 
 void LineInput::End() {
     quit_ = true;
-    if (notifier_) notifier_->setEnabled(false);
     driver_.Quit(ended_);
 }
 

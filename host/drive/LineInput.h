@@ -1,10 +1,8 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSocketNotifier>
 
 #include <functional>
-#include <memory>
 
 #include "host/drive/Driver.h"
 
@@ -25,14 +23,13 @@ public:
 
 private:
     void Begin();
-    void ReadMore();
+    void Take(const QByteArray& bytes);
     void Next();
     bool TakeLine(QString& line);
     void End();
 
     Driver& driver_;
     std::function<void()> ended_;
-    std::unique_ptr<QSocketNotifier> notifier_;
     QByteArray buffer_;
     bool atEnd_ = false;
     bool busy_ = false;

@@ -5,10 +5,6 @@
 #include "host/server/PackageReader.h"
 #include "host/server/Refusal.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <iterator>
 
@@ -17,20 +13,11 @@ namespace host {
 namespace {
 
 namespace files = lumarin::files;
+using lumarin::platform::FileLock;
 
 constexpr int MostSlots = 64;
 constexpr std::size_t MostUploads = 8;
 constexpr std::size_t LongestName = 128;
-
-/// A held lock file, or -1; the system releases it when the process ends, however it ends.
-int TryLock(const std::string& path) {
-    const int file = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (file >= 0 && flock(file, LOCK_EX | LOCK_NB) != 0) {
-        close(file);
-        return -1;
-    }
-    return file;
-}
 
 bool IsPlainName(const std::string& name) {
     const bool plain = std::none_of(name.begin(), name.end(), [](char c) {
@@ -47,21 +34,18 @@ std::string Prefix(int slot) { return std::to_string(slot) + "-"; }
 Spool::Spool(std::string folder, const std::string& lockFolder) : folder_(std::move(folder)) {
     files::EnsureFolder(folder_);
     const auto lockPath = [&](int slot) { return lockFolder + "spool-" + std::to_string(slot) + ".lock"; };
-    while (lock_ < 0 && slot_ < MostSlots) lock_ = TryLock(lockPath(++slot_));
-    if (lock_ < 0) throw Refusal("Too many programs use the server's folder");
+    while (!lock_ && slot_ < MostSlots) lock_ = FileLock::Try(lockPath(++slot_));
+    if (!lock_) throw Refusal("Too many programs use the server's folder");
     ClearSlot(slot_);
     for (const std::string& name : files::List(folder_, [](const std::string&) { return true; })) {
         const int slot = lumarin::LeadingInteger(name);
-        const int lock = slot == slot_ ? -1 : TryLock(lockPath(slot));
-        if (lock < 0) continue;
+        if (slot == slot_ || !FileLock::Try(lockPath(slot))) continue;
         ClearSlot(slot);
-        close(lock);
     }
 }
 
 Spool::~Spool() {
     while (!uploads_.empty()) Drop(uploads_.begin());
-    close(lock_);
 }
 
 void Spool::ClearSlot(int slot) const {

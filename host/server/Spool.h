@@ -3,8 +3,11 @@
 #include <cstddef>
 #include <fstream>
 #include <list>
+#include <optional>
 #include <span>
 #include <string>
+
+#include "platform/system/FileLock.h"
 
 namespace host {
 
@@ -53,7 +56,7 @@ private:
     void ClearSlot(int slot) const;
 
     std::string folder_;
-    int lock_ = -1;
+    std::optional<lumarin::platform::FileLock> lock_;
     int slot_ = 0;
     int serial_ = 0;
     Uploads uploads_;

@@ -2,15 +2,8 @@
 
 #include "base/Numbers.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <ctime>
 #include <limits>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -38,21 +31,9 @@ std::optional<std::int64_t> KeyOfName(std::string_view name) {
     return listing && photo > 0 ? std::optional(Key(*listing, photo)) : std::nullopt;
 }
 
-struct FolderCloser {
-    void operator()(DIR* folder) const { closedir(folder); }
-};
-using OpenFolder = std::unique_ptr<DIR, FolderCloser>;
-
-OpenFolder Open(int tree, const std::string& name) {
-    const int handle = openat(tree, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    OpenFolder folder(handle < 0 ? nullptr : fdopendir(handle));
-    if (folder == nullptr && handle >= 0) close(handle);
-    return folder;
-}
-
 }  // namespace
 
-PhotoLookAhead::PhotoLookAhead(int tree) : tree_(tree) {
+PhotoLookAhead::PhotoLookAhead(const lumarin::platform::FolderTree& tree) : tree_(tree) {
     try {
         if (std::thread::hardware_concurrency() > 1) thread_ = std::thread([this] { Run(); });
     } catch (const std::system_error&) {
@@ -65,13 +46,6 @@ PhotoLookAhead::~PhotoLookAhead() {
     if (thread_.joinable()) thread_.join();
 }
 
-/// The clock that costs next to nothing: it is read for every photo.
-std::int64_t PhotoLookAhead::Milliseconds() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
-    return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
-}
-
 void PhotoLookAhead::Run() noexcept {
     try {
         for (int folder = 0; folder < FolderCount && !stop_; ++folder) Look(folder);
@@ -82,17 +56,18 @@ void PhotoLookAhead::Run() noexcept {
 
 void PhotoLookAhead::Look(int folderNumber) {
     const std::string name = std::to_string(folderNumber / 10) + "/" + std::to_string(folderNumber % 10);
-    const OpenFolder open = Open(tree_, name);
-    if (open == nullptr) return;
     Folder& folder = folders_[static_cast<std::size_t>(folderNumber)];
-    while (const dirent* entry = readdir(open.get())) {
-        if (stop_) return;
-        const auto photo = KeyOfName(entry->d_name);
-        struct stat found {};
-        if (!photo || fstatat(dirfd(open.get()), entry->d_name, &found, 0) != 0) continue;
-        if (S_ISREG(found.st_mode))
-            folder.photos.push_back({*photo, static_cast<std::uint64_t>(found.st_size)});
-    }
+    std::int64_t photo = 0;
+    const auto isPhoto = [&](std::string_view file) {
+        const auto key = KeyOfName(file);
+        photo = key.value_or(0);
+        return key.has_value();
+    };
+    const auto take = [&](std::string_view, std::uint64_t length) {
+        folder.photos.push_back({photo, length});
+        return !stop_;
+    };
+    if (tree_.ReadFolder(name, isPhoto, take) != lumarin::platform::FolderTree::Reading::Whole) return;
     std::sort(folder.photos.begin(), folder.photos.end(),
               [](const Seen& one, const Seen& other) { return one.photo < other.photo; });
     folder.ready.store(true, std::memory_order_release);

@@ -7,6 +7,8 @@
 #include <thread>
 #include <vector>
 
+#include "platform/system/FolderTree.h"
+
 namespace host {
 
 /// Looks at all files of the photo folder on a thread of its own, for somebody who will ask for most of them
@@ -16,13 +18,13 @@ class PhotoLookAhead {
 public:
     static constexpr std::int64_t Lifetime = 2'000;  ///< milliseconds
 
-    /// `tree` is an open photo folder, which stays open as long as this object lives.
-    explicit PhotoLookAhead(int tree);
+    /// `tree` is the photo folder, and outlives this object.
+    explicit PhotoLookAhead(const lumarin::platform::FolderTree& tree);
     ~PhotoLookAhead();
     PhotoLookAhead(const PhotoLookAhead&) = delete;
     PhotoLookAhead& operator=(const PhotoLookAhead&) = delete;
 
-    bool IsOver() const { return Milliseconds() - start_ > Lifetime; }
+    bool IsOver() const { return lumarin::platform::CoarseMilliseconds() - start_ > Lifetime; }
     /// The file's bytes; nothing when it was not seen (yet), or asked for before.
     std::optional<std::uint64_t> TakeLength(std::int32_t listingNumber, int photo);
 
@@ -37,12 +39,11 @@ private:
         std::atomic<bool> ready = false;
     };
 
-    static std::int64_t Milliseconds();
     void Run() noexcept;
     void Look(int folderNumber);
 
-    int tree_;
-    std::int64_t start_ = Milliseconds();
+    const lumarin::platform::FolderTree& tree_;
+    std::int64_t start_ = lumarin::platform::CoarseMilliseconds();
     std::array<Folder, 100> folders_;
     std::atomic<bool> stop_ = false;
     std::thread thread_;

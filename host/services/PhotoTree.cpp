@@ -4,24 +4,9 @@
 #include "base/Files.h"
 #include "host/server/Manifest.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
-
 namespace host {
 
-PhotoTree::PhotoTree(std::string root)
-    : root_(std::move(root)), handle_(open(root_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
-    if (handle_ < 0) throw lumarin::FileError("open the folder", root_, std::strerror(errno));
-}
-
-PhotoTree::~PhotoTree() {
-    lookAhead_.reset();
-    close(handle_);
-}
+PhotoTree::PhotoTree(std::string root) : root_(std::move(root)), tree_(root_) {}
 
 std::string PhotoTree::FolderOf(std::int32_t listingNumber) {
     std::string folder;
@@ -39,7 +24,7 @@ std::string PhotoTree::NameOf(std::int32_t listingNumber, int photo) {
 
 void PhotoTree::LookAhead() {
     lookAhead_.reset();
-    lookAhead_ = std::make_unique<PhotoLookAhead>(handle_);
+    lookAhead_ = std::make_unique<PhotoLookAhead>(tree_);
 }
 
 std::optional<std::uint64_t> PhotoTree::LengthOf(std::int32_t listingNumber, int photo,
@@ -47,9 +32,7 @@ std::optional<std::uint64_t> PhotoTree::LengthOf(std::int32_t listingNumber, int
     if (lookAhead_ != nullptr && lookAhead_->IsOver()) lookAhead_.reset();
     if (lookAhead_ != nullptr)
         if (const auto length = lookAhead_->TakeLength(listingNumber, photo)) return length;
-    struct stat found {};
-    if (fstatat(handle_, name.c_str(), &found, 0) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
-    return static_cast<std::uint64_t>(found.st_size);
+    return tree_.LengthOf(name);
 }
 
 }  // namespace host

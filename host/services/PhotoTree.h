@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/system/FolderTree.h"
+
 namespace host {
 
 /// The host's photo folder, a tree of digit folders. It is held open, so that a look at a photo does not take
@@ -15,9 +17,6 @@ class PhotoTree {
 public:
     /// `root` exists and ends in a separator. Throws lumarin::Error when it cannot be opened.
     explicit PhotoTree(std::string root);
-    ~PhotoTree();
-    PhotoTree(const PhotoTree&) = delete;
-    PhotoTree& operator=(const PhotoTree&) = delete;
 
     const std::string& Root() const { return root_; }
     /// With a separator at its end; relative to the root.
@@ -32,7 +31,7 @@ public:
 
 private:
     std::string root_;
-    int handle_;
+    lumarin::platform::FolderTree tree_;
     std::unique_ptr<PhotoLookAhead> lookAhead_;
 };
 

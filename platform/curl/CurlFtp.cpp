@@ -1,7 +1,6 @@
 #include "platform/curl/CurlFtp.h"
 
 #include <condition_variable>
-#include <csignal>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -10,6 +9,7 @@
 #include "base/Error.h"
 #include "platform/curl/CurlConnection.h"
 #include "platform/curl/Failures.h"
+#include "platform/system/SocketCalls.h"
 
 namespace lumarin::curl {
 
@@ -81,7 +81,7 @@ public:
 
 private:
     void Work() {
-        BlockBrokenPipes();
+        platform::IgnoreBrokenConnections();  // a server may close while it is written to
         std::unique_lock lock(mutex_);
         for (;;) {
             changed_.wait(lock, [this] { return ending_ || closing_ || order_; });
@@ -108,14 +108,6 @@ private:
         if (dropped_ != droppedBefore) return;  // nobody wants to know any more
         busy_ = false;
         outcome_ = std::move(ending);
-    }
-
-    /// A server that closes while it is written to must not end the program.
-    static void BlockBrokenPipes() {
-        sigset_t signals;
-        sigemptyset(&signals);
-        sigaddset(&signals, SIGPIPE);
-        pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     }
 
     Sockets sockets_;

@@ -1,7 +1,6 @@
 #include "platform/curl/Sockets.h"
 
-#include <sys/socket.h>
-#include <unistd.h>
+#include "platform/system/SocketCalls.h"
 
 namespace lumarin::curl {
 
@@ -16,7 +15,8 @@ void Sockets::Interrupt() {
     const std::lock_guard lock(mutex_);
     interrupted_ = true;
     // Closing stays with the library: its number might belong to another socket by the time it is read.
-    for (const curl_socket_t socket : open_) shutdown(socket, SHUT_RDWR);
+    for (const curl_socket_t socket : open_)
+        platform::ShutDownSocket(static_cast<platform::SocketNumber>(socket));
 }
 
 bool Sockets::Interrupted() const {
@@ -41,7 +41,7 @@ int Sockets::Close(void* self, curl_socket_t socket) {
     auto& sockets = *static_cast<Sockets*>(self);
     const std::lock_guard lock(sockets.mutex_);
     sockets.open_.erase(socket);
-    return close(socket);
+    return platform::CloseSocket(static_cast<platform::SocketNumber>(socket));
 }
 
 }  // namespace lumarin::curl

@@ -1,0 +1,4 @@
+# 64-bit Windows programs, made on Debian.
+set(LUMARIN_WINDOWS_PREFIX x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+include(${CMAKE_CURRENT_LIST_DIR}/toolchain.cmake)
