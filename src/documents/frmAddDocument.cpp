@@ -124,37 +124,32 @@ bool frmAddDocument::AskForListing() {
     }
     if (typed.empty()) return false;
 
-    std::unique_ptr<Recordset> listing;
+    std::optional<QueryRows> listing;
     const auto number = TypedListingNumber(typed);
     if (number) {
         const HourglassPointer hourglass(desktop());
         try {
-            listing = FindListing(*number);
+            listing.emplace(FindListing(*number));
         } catch (const std::exception&) {
         }
-        if (listing == nullptr)
-            return Say("Error accessing server", Title, Buttons::RetryCancel) == Answer::Retry;
+        if (!listing) return Say("Error accessing server", Title, Buttons::RetryCancel) == Answer::Retry;
     }
-    if (listing == nullptr || (listing->Eof() && listing->Bof()))
+    if (!listing || (listing->Eof() && listing->Bof()))
         return Say("Listing #" + typed + " not found", Title, Buttons::RetryCancel) == Answer::Retry;
     if (!UseListing(*number, *listing))
         return Say("Listing does not belong to you.", "Access error", Buttons::RetryCancel) == Answer::Retry;
     return false;
 }
 
-std::unique_ptr<Recordset> frmAddDocument::Execute(const std::string& statement) const {
-    VelCommon& host = ports_.host.Common();
-    return RequestService<DbInterface>(host)->Execute(host.ConnectionName(), statement);
-}
-
-std::unique_ptr<Recordset> frmAddDocument::FindListing(std::int32_t number) const {
+QueryRows frmAddDocument::FindListing(std::int32_t number) const {
     const auto inTable = [&](const char* table) {
-        return Execute(std::string("SELECT ListOfficeId,ListAgentId,BoardId,StreetName,StreetNumber,"
-                                   "StreetDirection FROM ") +
-                       table + " WHERE Listnum = " + std::to_string(number) + ";");
+        return QueryRows(ports_.host.Common(),
+                         std::string("SELECT ListOfficeId,ListAgentId,BoardId,StreetName,StreetNumber,"
+                                     "StreetDirection FROM ") +
+                             table + " WHERE Listnum = " + std::to_string(number) + ";");
     };
-    auto listing = inTable("Listings");
-    return listing != nullptr && listing->Eof() && listing->Bof() ? inTable("Rentals") : std::move(listing);
+    QueryRows listing = inTable("Listings");
+    return listing.Eof() && listing.Bof() ? inTable("Rentals") : std::move(listing);
 }
 
 /// False when the listing is not the user's.
@@ -181,10 +176,11 @@ void frmAddDocument::FillDocuments() {
     cmdDelete.SetEnabled(false);
     lblDocuments.SetCaption("Listing #" + std::to_string(listing_) + ": reading the documents ...");
     desktop().ProcessPendingEvents();
-    const auto rows = Execute("SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = " +
-                              std::to_string(listing_) + " ORDER BY DocID;");
-    for (; rows != nullptr && !rows->Eof(); rows->MoveNext()) {
-        documents_.push_back(DocumentOf(*rows));
+    QueryRows rows(ports_.host.Common(),
+                   "SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = " +
+                       std::to_string(listing_) + " ORDER BY DocID;");
+    for (; !rows.Eof(); rows.MoveNext()) {
+        documents_.push_back(DocumentOf(rows));
         const clsDoc& document = documents_.back();
         lvFiles.AddRow({.text = document.Description,
                         .subItems = {document.Url.empty() ? SizeText(document.Filesize) : document.Url},

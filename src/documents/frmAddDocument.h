@@ -11,6 +11,7 @@
 #include "documents/builder/frmMakePDF.h"
 #include "documents/clsDoc.h"
 #include "entry/JobWindow.h"
+#include "entry/QueryRows.h"
 #include "lookup/EngineVersion.h"
 #include "lookup/frmListnumPrompt.h"
 #include "util/FileUpload.h"
@@ -80,8 +81,7 @@ private:
     void SelectListing();
     bool AskForListing();
     bool UseListing(std::int32_t number, const Recordset& listing);
-    std::unique_ptr<Recordset> FindListing(std::int32_t number) const;
-    std::unique_ptr<Recordset> Execute(const std::string& statement) const;
+    QueryRows FindListing(std::int32_t number) const;
     void FillDocuments();
     void ShowSummary();
     const clsDoc* Selected() const;

@@ -18,7 +18,9 @@ public:
 };
 
 /// Rows of a query, read forward from the first. Owned by the caller of `Execute`, and valid as long as
-/// it is kept, also after the service object is gone. Column names are not case-sensitive.
+/// it is kept, also after the service object is gone. Column names are not case-sensitive. Every operation
+/// may throw Error with the database's reason; an open recordset is closed also after that, and may then fail
+/// once more. The component reads recordsets through QueryRows only, which sees to both.
 class Recordset {
 public:
     virtual ~Recordset() = default;

@@ -215,14 +215,10 @@ SearchUser frmFindProperty::User() const {
     SearchUser user{common.AgentId(), common.OfficeId(), boardId_, {}};
     if (!TraitsOf(context_.mode).byListingOwner || cmbListingOwner.Text() != show::CompanyListings)
         return user;
-    const auto offices = Execute(PropertyQuery::CompanyOffices(user.officeId, quote_));
-    for (; !offices->Eof(); offices->MoveNext())
-        user.companyOffices.push_back(offices->Field("OffOfficeId").Text());
+    QueryRows offices(common, PropertyQuery::CompanyOffices(user.officeId, quote_));
+    for (; !offices.Eof(); offices.MoveNext())
+        user.companyOffices.push_back(offices.Field("OffOfficeId").Text());
     return user;
-}
-
-std::unique_ptr<Recordset> frmFindProperty::Execute(const std::string& statement) const {
-    return RequestService<DbInterface>(host_.Common())->Execute(host_.Common().ConnectionName(), statement);
 }
 
 void frmFindProperty::ShowMatches() {
@@ -232,7 +228,7 @@ void frmFindProperty::ShowMatches() {
     const std::string statement =
         query.Statement(Criteria(), User(), clsAllowedStatuses().SQLAllowedStatuses(""));
     SetUpColumns();
-    records_ = Execute(statement);
+    records_ = std::make_unique<QueryRows>(host_.Common(), statement);
     tmrRows.SetEnabled(true);
     AddPortion();
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "entry/Services.h"
+#include "entry/QueryRows.h"
 #include "forms/Controls.h"
 #include "forms/ListView.h"
 #include "lookup/LookupPorts.h"
@@ -75,7 +75,6 @@ private:
     void StopSearch();
     PropertyCriteria Criteria();
     SearchUser User() const;
-    std::unique_ptr<Recordset> Execute(const std::string& statement) const;
 
     void SortByColumn(int column);
     void Confirm();
@@ -86,7 +85,7 @@ private:
     SearchContext context_;
     std::string boardId_;  ///< the board that "all" is narrowed to
     std::vector<ResultColumn> columns_;
-    std::unique_ptr<Recordset> records_;  ///< rows still to come; null when no search runs
+    std::unique_ptr<QueryRows> records_;  ///< rows still to come; null when no search runs
     bool opened_ = false;
     bool confirmed_ = false;
 };

@@ -1,11 +1,11 @@
 #include "verify/frmVerifyPhotos.h"
 
 #include <algorithm>
-#include <memory>
 #include <vector>
 
 #include "base/Error.h"
 #include "base/Files.h"
+#include "entry/QueryRows.h"
 
 namespace lumarin {
 
@@ -34,22 +34,6 @@ bool IsPhotoName(std::string_view name) {
     const auto letter = static_cast<unsigned char>(name[name.size() - LetterAndEnding]);
     return name.size() > Shortest || (letter > BeforeFirstLetter && letter < 128);
 }
-
-class ClosedAtEnd {
-public:
-    explicit ClosedAtEnd(Recordset& records) : records_(records) {}
-    ~ClosedAtEnd() {
-        try {
-            if (records_.IsOpen()) records_.Close();
-        } catch (...) {  // the run has its outcome already
-        }
-    }
-    ClosedAtEnd(const ClosedAtEnd&) = delete;
-    ClosedAtEnd& operator=(const ClosedAtEnd&) = delete;
-
-private:
-    Recordset& records_;
-};
 
 }  // namespace
 
@@ -98,19 +82,15 @@ void frmVerifyPhotos::Run() {
     listing_.clear();
     BeginPhase("Removing unnecessary photos");
     VelCommon& common = host_.Common();
-    const auto database = RequestService<DbInterface>(common);
-    const std::unique_ptr<Recordset> listings =
-        database->Execute(common.ConnectionName(), ListingsWithPhotos);
-    const ClosedAtEnd closed(*listings);
-
-    const LastLetters lastLetters = ReadLastLetters(*listings);
+    QueryRows listings(common, ListingsWithPhotos);
+    const LastLetters lastLetters = ReadLastLetters(listings);
     pbBar.SetMax(
         std::max(1, static_cast<int>(lastLetters.size())));  // a maximum of 0 has no "nothing done yet"
     if (!lastLetters.empty()) common.ExpectFetches();
     CleanFolder(common.PhotoFolder(), lastLetters, false);
 
     BeginPhase("Searching for missing photos");
-    if (!lastLetters.empty()) FetchMissing(*listings);
+    if (!lastLetters.empty()) FetchMissing(listings);
     ShowProgress();
 }
 

@@ -1,5 +1,7 @@
 #include "support/FakeHost.h"
 
+#include <utility>
+
 #include "base/Files.h"
 #include "base/Text.h"
 
@@ -9,27 +11,41 @@ namespace {
 
 class FakeRecordset final : public Recordset {
 public:
-    explicit FakeRecordset(FakeTable table) : table_(std::move(table)) {}
+    FakeRecordset(FakeHost& host, FakeTable table) : host_(host), table_(std::move(table)) {}
 
-    bool Eof() const override { return row_ >= table_.rows.size(); }
+    bool Eof() const override {
+        host_.onRecordset("Eof");
+        return AtEnd();
+    }
     bool Bof() const override { return table_.rows.empty(); }
     bool IsOpen() const override { return open_; }
     void MoveFirst() override { row_ = 0; }
     void MoveNext() override { ++row_; }
     int RecordCount() const override { return static_cast<int>(table_.rows.size()); }
     void Find(const std::string& criterion) override {
+        host_.onRecordset("Find");
         const std::size_t equals = criterion.find(" = ");
         const std::string column = criterion.substr(0, equals);
-        while (!Eof() && Field(column).Text() != criterion.substr(equals + 3)) MoveNext();
+        while (!AtEnd() && ValueOf(column).Text() != criterion.substr(equals + 3)) MoveNext();
     }
     FieldValue Field(std::string_view column) const override {
+        host_.onRecordset("Field");
+        return ValueOf(column);
+    }
+    void Close() override {
+        if (std::exchange(open_, false)) ++host_.closedRecordsets;
+        host_.onRecordset("Close");
+    }
+
+private:
+    bool AtEnd() const { return row_ >= table_.rows.size(); }
+    FieldValue ValueOf(std::string_view column) const {
         for (std::size_t i = 0; i < table_.columns.size(); ++i)
             if (text::EqualsIgnoringCase(table_.columns[i], column)) return table_.rows.at(row_).at(i);
         throw Error(3265, "recordset", "no column " + std::string(column));
     }
-    void Close() override { open_ = false; }
 
-private:
+    FakeHost& host_;
     FakeTable table_;
     std::size_t row_ = 0;
     bool open_ = true;
@@ -40,7 +56,7 @@ public:
     explicit FakeDb(FakeHost& host) : host_(host) {}
     std::unique_ptr<Recordset> Execute(const std::string&, const std::string& sql) override {
         host_.queries.push_back(sql);
-        return std::make_unique<FakeRecordset>(host_.onQuery(sql));
+        return std::make_unique<FakeRecordset>(host_, host_.onQuery(sql));
     }
 
 private:

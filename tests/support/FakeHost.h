@@ -33,6 +33,9 @@ public:
     /// Answers a query; throws for one that fails. By default no query finds anything.
     std::function<FakeTable(const std::string& sql)> onQuery = [](const std::string&) { return FakeTable{}; };
     std::vector<std::string> queries;
+    /// Throws for an operation of a recordset ("Eof", "Close") that fails.
+    std::function<void(const std::string& operation)> onRecordset = [](const std::string&) {};
+    int closedRecordsets = 0;
 
     /// Everything that the photo service was asked: "begin NAME", "chunk 5120", "end", "abort", "apply NAME".
     std::vector<std::string> uploads;
