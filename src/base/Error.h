@@ -35,10 +35,10 @@ public:
         : Error(ApplicationErrorNumber, std::move(source), description) {}
 };
 
-/// An index outside a fixed array.
+/// An index outside a fixed array. `what` says in words what the index is of.
 class IndexError : public Error {
 public:
-    IndexError(std::string source, long long index);
+    IndexError(std::string source, long long index, const std::string& what = {});
 };
 
 /// A file operation that failed: the description names the operation, the file and the system's reason.

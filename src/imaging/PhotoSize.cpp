@@ -17,12 +17,21 @@ constexpr std::int32_t LongestJpegSide = 65535;
 constexpr std::size_t MarkerField = 5;  // field 4 is left out on purpose: nothing has ever read it
 
 std::int32_t NumberAt(const std::vector<std::string>& fields, std::size_t at) {
-    if (at >= fields.size()) throw IndexError(Source, static_cast<long long>(at));
+    if (at >= fields.size())
+        throw IndexError(
+            Source, static_cast<long long>(at) + 1,
+            "the setting \"Photo Size\" has only " + std::to_string(fields.size()) + " of its 4 numbers");
     const auto number = ParseNumber(fields[at]);
     if (!number)
         throw Error(TypeMismatch, Source,
                     "The setting \"Photo Size\" has no number in field " + std::to_string(at + 1));
-    return RoundToWhole(*number);
+    try {
+        return RoundToWhole(*number);
+    } catch (const Error& error) {
+        throw Error(
+            error.Number(), Source,
+            "The setting \"Photo Size\", field " + std::to_string(at + 1) + ": " + error.Description());
+    }
 }
 
 void CheckSide(std::int32_t side) {

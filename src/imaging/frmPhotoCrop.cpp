@@ -120,8 +120,10 @@ PhotoResult frmPhotoCrop::CropPhoto(const std::string& sourcePath, CropMode mode
         const HourglassPointer hourglass(desktop());
         OpenPicture(sourcePath, mode, showAbort);
     } catch (const std::exception& problem) {
-        // The window itself was never seen, so its owner stands for it.
-        desktop().ShowMessage(ErrorMessage(OpeningErrorText(problem)), dynamic_cast<const Form*>(owner));
+        if (Refused)
+            Refused(sourcePath, OpeningErrorText(problem));
+        else  // the window itself was never seen, so its owner stands for it
+            desktop().ShowMessage(ErrorMessage(OpeningErrorText(problem)), dynamic_cast<const Form*>(owner));
         Unload();
         ReleasePicture();
         return PhotoResult::Skip;

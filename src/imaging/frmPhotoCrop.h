@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -43,12 +44,17 @@ public:
     /// A picture has come from the scanner or camera into lbmBM.
     Event<> Twain;
 
+    /// Takes the place of the message for a picture that cannot be opened, with its path and the message's
+    /// text: an import of several files names them all together. Not set, the message is shown.
+    std::function<void(const std::string& path, const std::string& text)> Refused;
+
     /// Takes the "Photo Size" setting; must come before `CropPhoto`. Throws as `ParsePhotoSize`.
     void SetPhotoSize(const std::string& setting);
 
     /// Opens the window modally on a picture: the file at `sourcePath`, the picture of `SetTwainPicture`, or
     /// the clipboard's. `Done`: the photo is at `destinationPath`, whole. Anything else: nothing was written
-    /// there. Failures are shown to the user and give `Skip`; nothing is thrown. `owner` may be null.
+    /// there. Failures are shown to the user, or handed to `Refused`, and give `Skip`; nothing is thrown.
+    /// `owner` may be null.
     PhotoResult CropPhoto(const std::string& sourcePath, CropMode mode, bool showAbort,
                           const std::string& destinationPath, const OwnerWindow* owner);
 

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 /// Names of one listing's files: N, a letter, ".jpg" for each photo in display order, N.dat for the state,
-/// N.jnl for the journal of the last change, N, a letter, ".tmp" during a move.
+/// N.jnl for the journal of the last change, N, a letter, ".tmp" during a move; and each of these with
+/// ".part" behind it while it is written. The working folder may hold other files, which belong to somebody
+/// else.
 namespace lumarin::listing_files {
 
 /// N + letter of the 0-based index + ".jpg". Throws IndexError for an index outside 0 to 25.
@@ -14,8 +17,11 @@ std::string PhotoName(std::int32_t listNum, int index);
 std::string StateName(std::int32_t listNum);
 std::string JournalName(std::int32_t listNum);
 
-/// Whether a file belongs to the listing: its name starts with the number and no digit follows.
-bool IsFileOf(const std::string& name, std::int32_t listNum);
+/// The listing whose file bears this name; nothing for a file of somebody else.
+std::optional<std::int32_t> ListingOf(std::string_view name);
+
+/// Whether a name starts with the listing's number and goes on with anything but a digit.
+bool BearsNumber(const std::string& name, std::int32_t listNum);
 
 /// Names in the folder that belong to the listing; with an extension (".jpg") only those.
 std::vector<std::string> List(const std::string& folder, std::int32_t listNum,
@@ -25,11 +31,18 @@ std::vector<std::string> List(const std::string& folder, std::int32_t listNum,
 /// is not taken for unsent work.
 void DeleteAll(const std::string& folder, std::int32_t listNum);
 
-/// Deletes the listing's state and what else can be deleted of it. When this throws, nothing was deleted.
+/// The same as far as it can be done.
+void TryDeleteAll(const std::string& folder, std::int32_t listNum) noexcept;
+
+/// Deletes the listing's state and what else can be deleted of it, and sets other files that bear its number
+/// aside. When this throws, nothing was deleted.
 void GiveUp(const std::string& folder, std::int32_t listNum);
 
 /// Moves all files of the listing, its state last, out of the way of a fresh load: into the sub-folder "Set
 /// aside", or a numbered one in it when files of the listing lie there already.
 void SetAside(const std::string& folder, std::int32_t listNum);
+
+/// The same for one file, whoever it belongs to.
+void SetAside(const std::string& folder, const std::string& name);
 
 }  // namespace lumarin::listing_files

@@ -1,7 +1,10 @@
+#include <optional>
+
 #include "base/Error.h"
 #include "base/Files.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "entry/QueryRows.h"
 #include "listing/ListingAccess.h"
 #include "listing/ListingFiles.h"
 #include "listing/clsPMListingRec.h"
@@ -20,36 +23,33 @@ constexpr const char* FromListings =
 constexpr const char* FromRentals =
     " From Rentals Left join photo on Rentals.ListNum = Photo.PhoListNum WHERE Rentals.ListNum = ";
 
-/// Thrown inside a load only: the query itself failed, which counts as "no such listing".
-struct DatabaseFailed {};
-
-std::unique_ptr<Recordset> Query(VelCommon& host, const std::string& sql) {
-    try {
-        return RequestService<DbInterface>(host)->Execute(host.ConnectionName(), sql);
-    } catch (const std::exception&) {
-        throw DatabaseFailed();
-    }
-}
-
-/// The sale listing's row; else, when rentals are in use, the rental's; null when there is none.
-std::unique_ptr<Recordset> FindListing(VelCommon& host, std::int32_t listNum) {
+/// The sale listing's row; else, when rentals are in use, the rental's; nothing when there is none.
+std::optional<QueryRows> FindListing(VelCommon& host, std::int32_t listNum) {
     const std::string number = std::to_string(listNum);
-    auto listing = Query(host, std::string(SelectList) + FromListings + number + ";");
-    if (!listing->Eof()) return listing;
-    if (!files::HasEntries(host.CityFolder() + files::FixedPath("Users\\Default\\Rental\\"))) return nullptr;
-    listing = Query(host, std::string(SelectList) + FromRentals + number + ";");
-    return listing->Eof() ? nullptr : std::move(listing);
+    QueryRows listing(host, std::string(SelectList) + FromListings + number + ";");
+    if (!listing.Eof()) return listing;
+    if (!files::HasEntries(host.CityFolder() + files::FixedPath("Users\\Default\\Rental\\")))
+        return std::nullopt;
+    QueryRows rental(host, std::string(SelectList) + FromRentals + number + ";");
+    return rental.Eof() ? std::nullopt : std::optional(std::move(rental));
 }
 
-class ClosedAtEnd {
+/// The files of a listing that is being loaded: all gone at the end unless the load came to its own.
+class FetchedFiles {
 public:
-    explicit ClosedAtEnd(Recordset& rows) : rows_(rows) {}
-    ~ClosedAtEnd() { rows_.Close(); }
-    ClosedAtEnd(const ClosedAtEnd&) = delete;
-    ClosedAtEnd& operator=(const ClosedAtEnd&) = delete;
+    FetchedFiles(const std::string& folder, std::int32_t listNum) : folder_(folder), listNum_(listNum) {}
+    ~FetchedFiles() {
+        if (!kept_) listing_files::TryDeleteAll(folder_, listNum_);
+    }
+    FetchedFiles(const FetchedFiles&) = delete;
+    FetchedFiles& operator=(const FetchedFiles&) = delete;
+
+    void Keep() { kept_ = true; }
 
 private:
-    Recordset& rows_;
+    const std::string& folder_;
+    std::int32_t listNum_;
+    bool kept_ = false;
 };
 
 }  // namespace
@@ -59,7 +59,9 @@ void clsPMListingRec::FillFrom(const Recordset& listing, const std::string& phot
     state_.ListNum = listing.Field("ListNum").Integer();
     state_.PhotoCount = listing.Field("PhotoCount").Integer();
     if (state_.PhotoCount < 0 || state_.PhotoCount > MaximumPhotoSlots)
-        throw IndexError("clsPMListingRec", state_.PhotoCount);
+        throw IndexError("clsPMListingRec", state_.PhotoCount,
+                         "the database's PhotoCount of listing " + RowText() + ", which can have 0 to " +
+                             std::to_string(MaximumPhotoSlots) + " photos");
     state_.StreetNumber = listing.Field("StreetNumber").Text();
     state_.StreetDirection = listing.Field("StreetDirection").Text();
     state_.StreetName = listing.Field("StreetName").Text();
@@ -74,15 +76,8 @@ void clsPMListingRec::FillFrom(const Recordset& listing, const std::string& phot
 }
 
 void clsPMListingRec::FetchPhotos(const std::string& version) {
-    int index = 0;
-    try {
-        for (; index < state_.PhotoCount; ++index)
-            files::Copy(owner_->Host().Common().FetchPhoto(state_.ListNum, index + 1, version),
-                        PhotoPath(index));
-    } catch (...) {
-        for (; index >= 0; --index) files::TryDelete(PhotoPath(index));
-        throw;
-    }
+    for (int index = 0; index < state_.PhotoCount; ++index)
+        files::Copy(owner_->Host().Common().FetchPhoto(state_.ListNum, index + 1, version), PhotoPath(index));
 }
 
 LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const std::string& folder,
@@ -91,23 +86,24 @@ LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const 
     const auto number = ParseListingNumber(listingNumber);
     if (!number) return LoadResult::Failed;
     Connect(owner, descriptions, cropWindow, folder);
-    try {
-        VelCommon& host = owner.Host().Common();
-        const auto listing = FindListing(host, *number);
-        if (listing == nullptr) return LoadResult::Failed;
-        const ClosedAtEnd closed(*listing);
-        if (!MayOpenListing(host, *listing)) return LoadResult::Failed;
-        FillFrom(*listing, listing->Field("PhotoDesc").Text());
-        // Unreadable work of this listing may lie in the folder: it is kept, out of the way.
-        if (files::FileExists(folder_ + listing_files::StateName(*number)))
-            listing_files::SetAside(folder_, *number);
-        listing_files::DeleteAll(folder_, *number);
-        FetchPhotos(listing->Field("PhotoVersion").Text());
-    } catch (const DatabaseFailed&) {
-        return LoadResult::Failed;
-    }
+    VelCommon& host = owner.Host().Common();
+    auto listing = FindListing(host, *number);
+    if (!listing || !MayOpenListing(host, *listing)) return LoadResult::Failed;
+    FillFrom(*listing, listing->Field("PhotoDesc").Text());
+    const std::string version = listing->Field("PhotoVersion").Text();
+    listing->Close();
+    const ListView::Row row = ListingRow();
+
+    // Unreadable work of this listing may lie in the folder: it is kept, out of the way.
+    if (files::FileExists(folder_ + listing_files::StateName(*number)))
+        listing_files::SetAside(folder_, *number);
+    listing_files::DeleteAll(folder_, *number);
+    FetchedFiles fetched(folder_, *number);
+    FetchPhotos(version);
     SaveState();
-    AddRow();
+    fetched.Keep();
+
+    owner_->Listings().AddRow(row);
     UpdateAddState(state_.PhotoCount < owner_->PhotoMaximum());
     AfterLoad();
     owner_->Tools().EnableTool("SendPhotos", true);

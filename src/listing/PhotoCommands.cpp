@@ -74,7 +74,7 @@ void clsPMListingRec::AppendPhoto() {
 
 bool clsPMListingRec::Settle() {
     if (!interrupted_) return false;
-    ListingState recovered = photo_journal::Recover(folder_, state_.ListNum);
+    photo_journal::SavedWork recovered = photo_journal::Recover(folder_, state_.ListNum);
     interrupted_ = false;
     TakeUp(std::move(recovered));
     const int selected = owner_->Photos().Selected();
@@ -141,7 +141,7 @@ void clsPMListingRec::DeleteAndCloseUp(int removed) {
         if (files::FileExists(PhotoPath(removed))) files::Delete(PhotoPath(removed));
     } catch (...) {  // a file that cannot be deleted stays a photo
         state_ = before;
-        photo_journal::Write(folder_, {.state = state_});
+        photo_journal::Write(folder_, JournalEntry());
         throw;
     }
     for (int index = removed; index < state_.PhotoCount; ++index)

@@ -71,24 +71,28 @@ private:
     ListingState state_;
 };
 
-/// Nothing when there is no journal or it cannot be read: then the state file counts.
+[[noreturn]] void Damaged(const std::string& reason) {
+    throw Error(ApplicationErrorNumber, "state file",
+                "The saved state of a listing cannot be read: " + reason);
+}
+
+Entry Decode(const std::string& bytes) {
+    if (bytes.size() < HeaderSize || bytes.compare(0, Magic.size(), Magic) != 0)
+        Damaged("its journal is damaged");
+    const Entry entry{.operation = static_cast<Operation>(bytes[3]),
+                      .first = bytes[4],
+                      .second = bytes[5],
+                      .state = state_file::Decode(std::string_view(bytes).substr(HeaderSize))};
+    const auto isIndex = [](int index) { return index >= 0 && index < MaximumPhotoSlots; };
+    if (entry.operation > Operation::Unchanged || !isIndex(entry.first) || !isIndex(entry.second))
+        Damaged("its journal is damaged");
+    return entry;
+}
+
+/// Nothing when there is no journal: then the state file counts.
 std::optional<Entry> Read(const std::string& folder, std::int32_t listNum) {
     const std::string path = folder + listing_files::JournalName(listNum);
-    if (!files::FileExists(path)) return std::nullopt;
-    try {
-        const std::string bytes = files::ReadAll(path);
-        if (bytes.size() < HeaderSize || bytes.compare(0, Magic.size(), Magic) != 0) return std::nullopt;
-        Entry entry{.operation = static_cast<Operation>(bytes[3]),
-                    .first = bytes[4],
-                    .second = bytes[5],
-                    .state = state_file::Decode(std::string_view(bytes).substr(HeaderSize))};
-        const auto isIndex = [](int index) { return index >= 0 && index < MaximumPhotoSlots; };
-        if (entry.state.ListNum != listNum || !isIndex(entry.first) || !isIndex(entry.second))
-            return std::nullopt;
-        return entry;
-    } catch (const Error&) {
-        return std::nullopt;
-    }
+    return files::FileExists(path) ? std::optional(Decode(files::ReadAll(path))) : std::nullopt;
 }
 
 }  // namespace
@@ -107,15 +111,16 @@ void Remove(const std::string& folder, std::int32_t listNum) {
     if (files::FileExists(path)) files::Delete(path);
 }
 
-ListingState Recover(const std::string& folder, std::int32_t listNum) {
+SavedWork Recover(const std::string& folder, std::int32_t listNum) {
     const std::optional<Entry> journal = Read(folder, listNum);
     ListingState state =
         journal ? journal->state : state_file::Read(folder + listing_files::StateName(listNum));
-    if (state.ListNum != listNum)
-        throw Error(ApplicationErrorNumber, "state file",
-                    "The saved state of a listing cannot be read: it belongs to listing " +
-                        std::to_string(state.ListNum));
-    return Recovery(folder, std::move(state)).Finish(journal);
+    if (state.ListNum != listNum) Damaged("it belongs to listing " + std::to_string(state.ListNum));
+    const std::int32_t photosBefore = state.PhotoCount;
+    const bool unchanged = journal && journal->operation == Operation::Unchanged;
+    SavedWork work{Recovery(folder, std::move(state)).Finish(journal), true};
+    work.changed = !unchanged || work.state.PhotoCount != photosBefore;
+    return work;
 }
 
 }  // namespace lumarin::photo_journal

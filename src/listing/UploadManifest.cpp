@@ -1,3 +1,4 @@
+#include "base/Error.h"
 #include "base/Files.h"
 #include "base/Text.h"
 #include "listing/ListingFiles.h"
@@ -19,11 +20,21 @@ void AppendFile(std::string& fileList, const std::string& path) { fileList += " 
 
 }  // namespace
 
+std::uint64_t clsPMListingRec::LengthToSend(int index) const {
+    try {
+        return files::FileLength(PhotoPath(index));
+    } catch (const FileError& error) {
+        throw ApplicationError("frmLumarin-SendPhotos", "Photo " + std::to_string(index + 1) +
+                                                            " of listing " + RowText() + " cannot be sent. " +
+                                                            error.Description());
+    }
+}
+
 int clsPMListingRec::PrepareUpload(std::string& fileList, const std::string& publishedSizes) {
     Settle();
     savedState_ = state_;
     // The manifest takes the state file's place for a while: the editing form waits in the journal.
-    photo_journal::Write(folder_, {.state = state_});
+    photo_journal::Write(folder_, JournalEntry());
     const std::vector<std::string> sizes =
         publishedSizes.empty() ? std::vector<std::string>() : text::Split(publishedSizes, ',');
     const std::string statePath = folder_ + listing_files::StateName(state_.ListNum);
@@ -32,7 +43,7 @@ int clsPMListingRec::PrepareUpload(std::string& fileList, const std::string& pub
     int sent = 0;
     for (int index = 0; index < state_.PhotoCount; ++index) {
         PhotoEntry& photo = EntryAt(index);
-        photo.SentLetter = PublishedLetter(sizes, std::to_string(files::FileLength(PhotoPath(index))));
+        photo.SentLetter = PublishedLetter(sizes, std::to_string(LengthToSend(index)));
         photo.DescText.clear();
         if (!photo.SentLetter.empty()) continue;
         AppendFile(list, PhotoPath(index));

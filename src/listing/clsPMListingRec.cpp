@@ -32,16 +32,16 @@ ListView::Row clsPMListingRec::PhotoRow(int index) const {
 }
 
 void clsPMListingRec::ShowPhotos() {
+    // Whatever happens, the photos of another listing are not shown for those of this one.
+    owner_->Photos().Clear();
+    owner_->PhotoPreview().SetTag("");
+    owner_->PhotoPreview().SetImage(nullptr);
     if (Settle()) return;
     ListView& photos = owner_->Photos();
-    photos.Clear();
     for (int index = 0; index < state_.PhotoCount; ++index) photos.InsertRow(index, PhotoRow(index));
-    owner_->PhotoPreview().SetTag("");
     if (photos.Count() > 0) {
         photos.Select(0);
         ShowPhoto(0);
-    } else {
-        owner_->PhotoPreview().SetImage(nullptr);
     }
     UpdateAddState(state_.PhotoCount < owner_->PhotoMaximum());
     UpdatePhotoCommands();
@@ -81,25 +81,34 @@ void clsPMListingRec::UpdateMoveButtons() {
 
 void clsPMListingRec::SaveState() {
     Settle();
+    // The state comes last for a listing that is being loaded: without one it is not unsent work.
+    if (!changed_) photo_journal::Write(folder_, JournalEntry());
     state_file::Write(folder_ + listing_files::StateName(state_.ListNum), state_);
-    photo_journal::Remove(folder_, state_.ListNum);
+    if (changed_) photo_journal::Remove(folder_, state_.ListNum);
+}
+
+/// The state as it is, with nothing under way.
+photo_journal::Entry clsPMListingRec::JournalEntry() const {
+    using photo_journal::Operation;
+    return {.operation = changed_ ? Operation::None : Operation::Unchanged, .state = state_};
 }
 
 void clsPMListingRec::RecordChange() {
     changed_ = true;
-    photo_journal::Write(folder_, {.state = state_});
+    photo_journal::Write(folder_, JournalEntry());
 }
 
-void clsPMListingRec::AddRow() {
+ListView::Row clsPMListingRec::ListingRow() const {
     const bool showsDirection = owner_->Host().Common().ShowsStreetDirection();
-    owner_->Listings().AddRow(
-        {.text = RowText(),
-         .subItems = {state_.StreetNumber, showsDirection ? state_.StreetDirection : "", state_.StreetName},
-         .key = RowText()});
+    return {
+        .text = RowText(),
+        .subItems = {state_.StreetNumber, showsDirection ? state_.StreetDirection : "", state_.StreetName},
+        .key = RowText()};
 }
 
-void clsPMListingRec::TakeUp(ListingState recovered) {
-    state_ = std::move(recovered);
+void clsPMListingRec::TakeUp(photo_journal::SavedWork recovered) {
+    state_ = std::move(recovered.state);
+    changed_ = changed_ || recovered.changed;
     // A run that ended during an upload left the form without texts.
     for (int index = 0; index < state_.PhotoCount; ++index) {
         PhotoEntry& photo = EntryAt(index);
@@ -117,12 +126,12 @@ void clsPMListingRec::OpenSaved(const std::string& listingNumber, const Descript
                                 ListingOwner& owner, const std::string& folder, frmPhotoCrop& cropWindow) {
     const auto number = ParseListingNumber(listingNumber);
     if (!number)
-        throw Error(ApplicationErrorNumber, "state file", "\"" + listingNumber + "\" is no listing number");
-    ListingState recovered = photo_journal::Recover(folder, *number);
+        throw Error(ApplicationErrorNumber, "state file",
+                    "\"" + listingNumber + "\" is not a listing number");
+    photo_journal::SavedWork recovered = photo_journal::Recover(folder, *number);
     Connect(owner, descriptions, cropWindow, folder);
     TakeUp(std::move(recovered));
-    changed_ = true;
-    AddRow();
+    owner_->Listings().AddRow(ListingRow());
     owner_->Tools().EnableTool("SendPhotos", true);
     owner_->SendButton().SetEnabled(true);
 }
@@ -149,7 +158,10 @@ void clsPMListingRec::PublishFiles() {
     if (!folder.empty()) folder.pop_back();
     files::EnsureFolder(folder);
     folder += files::Separator;
-    for (const std::string& name : listing_files::List(folder, state_.ListNum)) files::Delete(folder + name);
+    for (const std::string& name : files::List(folder, [this](const std::string& file) {
+             return listing_files::BearsNumber(file, state_.ListNum);
+         }))
+        files::Delete(folder + name);
     for (const std::string& name : listing_files::List(folder_, state_.ListNum, ".jpg"))
         files::Copy(folder_ + name, folder + name);
 }

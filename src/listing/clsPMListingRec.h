@@ -31,8 +31,9 @@ public:
     void ShowPhotos();
 
     /// Loads the listing from the host's database with its published photos. Failed when the number is no
-    /// listing number, there is no such listing, the user may not open it, or the database fails. A photo
-    /// that the host cannot give throws; either way nothing is left in the folder.
+    /// listing number, there is no such listing or the user may not open it. Throws DatabaseError when the
+    /// database fails, and Error for a photo that the host cannot give or a disk that takes nothing. However
+    /// a load fails, nothing that it fetched is left in the folder.
     LoadResult LoadListing(const std::string& listingNumber, const std::string& folder, ListingOwner& owner,
                            const DescriptionTable& descriptions, frmPhotoCrop& cropWindow);
 
@@ -85,26 +86,28 @@ public:
 
     std::int32_t ListNum() const { return state_.ListNum; }
     const ListingState& State() const { return state_; }
-    /// Whether something was changed that the server does not have, as far as this run knows: a listing
-    /// taken up from an earlier run counts as changed.
+    /// Whether something was changed that the server does not have. True also when an earlier run did not
+    /// leave word of it.
     bool HasUnsentChanges() const { return changed_; }
 
 private:
     void Connect(ListingOwner& owner, const DescriptionTable& descriptions, frmPhotoCrop& cropWindow,
                  const std::string& folder);
-    void TakeUp(ListingState recovered);
+    void TakeUp(photo_journal::SavedWork recovered);
     void Interrupted() noexcept;
     void FillFrom(const Recordset& listing, const std::string& photoDescriptions);
     void FetchPhotos(const std::string& version);
-    void AddRow();
+    ListView::Row ListingRow() const;
     std::string RowText() const { return std::to_string(state_.ListNum); }
     PhotoEntry& EntryAt(int index);
     ListView::Row PhotoRow(int index) const;
     void RefreshPictures(int from);
+    std::uint64_t LengthToSend(int index) const;
     bool IsDuplicate(const std::string& path) const;
     void AppendPhoto();
     void RenameForMove(int from, int to);
     void DeleteAndCloseUp(int removed);
+    photo_journal::Entry JournalEntry() const;
     void RecordChange();
     void PublishFiles();
     void LeaveOwnersList();

@@ -52,6 +52,7 @@ void frmListnumPrompt::AcceptNumber() {
                            .modality = Modality::Application},
                           this);
     txtPropertyId.SetFocus();
+    txtPropertyId.SelectAll();
 }
 
 void frmListnumPrompt::Cancel() {

@@ -1,8 +1,7 @@
 #include <exception>
 
 #include "base/Files.h"
-#include "base/Numbers.h"
-#include "base/Text.h"
+#include "entry/QueryRows.h"
 #include "listing/ListingFiles.h"
 #include "photo_window/PhotoPackage.h"
 #include "photo_window/PhotoUpload.h"
@@ -49,10 +48,10 @@ private:
 };
 
 /// The published sizes of a listing's photos as the server last wrote them; "" when it has none.
-std::string PublishedSizes(Recordset& versions, std::int32_t listNum) {
+std::string SizesOf(Recordset& versions, const std::string& number) {
     if (versions.Bof() && versions.Eof()) return {};
     versions.MoveFirst();
-    versions.Find("PhoListNum = " + std::to_string(listNum));
+    versions.Find("PhoListNum = " + number);
     return versions.Eof() ? std::string() : versions.Field("PhotoVersion").Text();
 }
 
@@ -90,14 +89,7 @@ void frmLumarin::SendPhotos() {
 bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
     VelCommon& host = ports_.host.Common();
     BusyWindow busy(*this, desktop());
-    std::string listingList;
-    for (int row = 0; row < RecList.Count(); ++row)
-        listingList += (row > 0 ? "," : "") + RecList.At(row).text;
-    const auto versions = AtServer([&] {
-        return RequestService<DbInterface>(host)->Execute(
-            host.ConnectionName(),
-            "SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (" + listingList + ");");
-    });
+    const auto publishedSizes = AtServer([&] { return PublishedSizes(); });
 
     // Asked before anything is written, so that the state files are manifests only as long as it takes.
     for (int row = 0; row < RecList.Count(); ++row) {
@@ -111,7 +103,7 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
     const std::string packageName = PackageName(host.ConnectionName(), ports_.clock.Now(), host.AgentId());
     const FileForNow package(workingFolder_ + packageName);
     try {
-        const std::string fileList = BuildFileList(*versions, removalsConfirmed);
+        const std::string fileList = BuildFileList(publishedSizes, removalsConfirmed);
         if (!fileList.empty()) {
             ports_.archiver.Create(workingFolder_ + packageName, FilesOfList(fileList));
             PhotoUpload upload(desktop(), ports_.host, ports_.clock);
@@ -135,6 +127,20 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
     return true;
 }
 
+/// By listing number, for all gathered listings.
+std::map<std::string, std::string> frmLumarin::PublishedSizes() const {
+    std::string listingList;
+    for (int row = 0; row < RecList.Count(); ++row)
+        listingList += (row > 0 ? "," : "") + RecList.At(row).text;
+    QueryRows versions(
+        ports_.host.Common(),
+        "SELECT PhoListNum,PhotoVersion FROM Photo WHERE PhoListNum IN (" + listingList + ");");
+    std::map<std::string, std::string> sizes;
+    for (int row = 0; row < RecList.Count(); ++row)
+        sizes[RecList.At(row).text] = SizesOf(versions, RecList.At(row).text);
+    return sizes;
+}
+
 bool frmLumarin::AskRemoval(std::int32_t listNum) {
     return desktop().ShowMessage({.text = "Do you really want to remove all the photos from listing - " +
                                           std::to_string(listNum),
@@ -145,14 +151,14 @@ bool frmLumarin::AskRemoval(std::int32_t listNum) {
 }
 
 /// Has every listing that takes part write its manifest and name its files, in the order of the list.
-std::string frmLumarin::BuildFileList(Recordset& versions,
+std::string frmLumarin::BuildFileList(const std::map<std::string, std::string>& publishedSizes,
                                       const std::map<std::string, bool>& removalsConfirmed) {
     std::string fileList;
     for (int row = 0; row < RecList.Count(); ++row) {
         const std::string& number = RecList.At(row).text;
         clsPMListingRec& record = *records_.at(number);
         if (record.GetPhotoCount() == 0 && !removalsConfirmed.at(number)) continue;
-        record.PrepareUpload(fileList, PublishedSizes(versions, record.ListNum()));
+        record.PrepareUpload(fileList, publishedSizes.at(number));
     }
     return fileList;
 }
@@ -195,30 +201,42 @@ void frmLumarin::EmptyWindow() {
     records_.clear();
     VelCommon& host = ports_.host.Common();
     if (host.ReportsPhotoUpdates()) host.MainForm().Prog(0, 9);
-    DeleteWorkingFiles();
+    ClearWorkingFolder();
     if (!unpublished.empty())
         throw ApplicationError(
             "frmLumarin-SendPhotos",
             "The photos were sent, but not all of them could be copied to the photo folder:" + unpublished);
 }
 
-/// Deletes every file of the working folder but those of listings whose saved work could not be read.
-void frmLumarin::DeleteWorkingFiles() {
+/// Empties the working folder but for listings whose saved work could not be read. What somebody else put
+/// there is set aside.
+void frmLumarin::ClearWorkingFolder() {
     const auto isKept = [this](const std::string& name) {
-        for (const auto& [state, reason] : unreadableStates_) {
-            const auto number = ParseListingNumber(state.substr(0, state.size() - 4));
-            if (name == state || (number && listing_files::IsFileOf(name, *number))) return true;
-        }
+        for (const auto& [state, reason] : unreadableStates_)
+            if (name == state || (listing_files::ListingOf(state) &&
+                                  listing_files::ListingOf(state) == listing_files::ListingOf(name)))
+                return true;
         return false;
     };
-    const auto deleteAll = [&](const char* ending) {
-        for (const std::string& name : files::List(workingFolder_, [&](const std::string& file) {
-                 return text::EndsWithIgnoringCase(file, ending) && !isKept(file);
-             }))
-            files::Delete(workingFolder_ + name);
+    const auto withoutKept = [&](const auto& wanted) {
+        return files::List(workingFolder_,
+                           [&](const std::string& name) { return wanted(name) && !isKept(name); });
     };
-    deleteAll(".dat");  // the states first: photos without one are no unsent work
-    deleteAll("");
+    const auto isState = [](const std::string& name) {
+        return listing_files::ListingOf(name) && name.ends_with(".dat");
+    };
+    // The states first: photos without one are not unsent work.
+    for (const std::string& name : withoutKept(isState)) files::Delete(workingFolder_ + name);
+    for (const std::string& name : withoutKept([this](const std::string& file) { return IsOwnFile(file); }))
+        files::Delete(workingFolder_ + name);
+    for (const std::string& name : withoutKept([](const std::string&) { return true; }))
+        listing_files::SetAside(workingFolder_, name);
+}
+
+/// False for a file that somebody else put into the working folder.
+bool frmLumarin::IsOwnFile(const std::string& name) const {
+    const VelCommon& host = ports_.host.Common();
+    return listing_files::ListingOf(name) || IsPackage(name, host.ConnectionName(), host.AgentId());
 }
 
 }  // namespace lumarin

@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "entry/QueryRows.h"
 #include "listing/ListingFiles.h"
 #include "photo_window/PhotoTools.h"
 #include "photo_window/PhotoUpload.h"
@@ -73,9 +74,7 @@ void frmLumarin::WireEvents() {
     };
     PhotoList.FilesDropped = [this](const std::vector<std::string>& paths) { DroppedOnList(paths); };
     imgMain.FilesDropped = [this](const std::vector<std::string>& paths) { DroppedOnPicture(paths); };
-    imgMain.MouseUp = [this](Mouse mouse) {
-        if (mouse.button == MouseButton::Left) ViewPhoto();
-    };
+    imgMain.MouseUp = [this](Mouse) { ViewPhoto(); };
     for (ListView* list : {&RecList, &PhotoList}) list->OtherDropped = [this] { DroppedSomethingElse(); };
     imgMain.OtherDropped = [this] { DroppedSomethingElse(); };
     Menu.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
@@ -119,8 +118,8 @@ void frmLumarin::AddColumns() {
 
 void frmLumarin::RestoreUnsentWork() {
     // A run that was killed may have left files that were not finished, and a package that was not sent.
-    const auto isLeftOver = [](const std::string& name) {
-        return text::EndsWithIgnoringCase(name, ".part") || text::EndsWithIgnoringCase(name, ".zip");
+    const auto isLeftOver = [this](const std::string& name) {
+        return IsOwnFile(name) && (!listing_files::ListingOf(name) || name.ends_with(".part"));
     };
     for (const std::string& name : files::List(workingFolder_, isLeftOver))
         files::TryDelete(workingFolder_ + name);
@@ -151,13 +150,28 @@ void frmLumarin::ReportUnreadableStates() {
     if (unreadableStates_.empty()) return;
     std::string list;
     for (const auto& [name, reason] : unreadableStates_) list += "\n\n" + name + "\n" + reason;
-    desktop().ShowMessage(
+    const Answer answer = desktop().ShowMessage(
         {.text = "The work on some listings could not be taken up. Its files were left in the folder " +
-                 workingFolder_ + list,
+                 workingFolder_ + list +
+                 "\n\nDo you want to set these files aside? They are then kept in the folder \"Set aside\" "
+                 "in it, and this question does not come again.",
          .title = "Unsent photos",
-         .buttons = Buttons::Ok,
+         .buttons = Buttons::YesNo,
          .icon = Icon::Exclamation},
         this);
+    if (answer == Answer::Yes) SetUnreadableStatesAside();
+}
+
+void frmLumarin::SetUnreadableStatesAside() {
+    while (!unreadableStates_.empty()) {
+        const std::string& name = unreadableStates_.back().first;
+        const auto listing = listing_files::ListingOf(name);
+        if (listing)
+            listing_files::SetAside(workingFolder_, *listing);
+        else
+            listing_files::SetAside(workingFolder_, name);
+        unreadableStates_.pop_back();
+    }
 }
 
 LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const std::string& searchText) {
@@ -166,17 +180,22 @@ LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const s
         return LookupResult::Found;
     }
     auto record = std::make_unique<clsPMListingRec>();
-    LoadResult result{};
-    {
+    LoadResult result = LoadResult::Failed;
+    std::string reason;
+    try {
         const HourglassPointer hourglass(desktop());
         result = record->LoadListing(listingNumber, workingFolder_, *this, descriptions_, *cropWindow_);
+    } catch (const DatabaseError& error) {
+        reason = "\n\n" + error.Description();
     }
     if (result == LoadResult::Failed) {
         const std::string text = searchText.empty() ? listingNumber + " Is not a valid listing number"
                                                     : "No listings Found for " + searchText;
-        desktop().ShowMessage(
-            {.text = text, .title = "Listing not found", .buttons = Buttons::Ok, .icon = Icon::Exclamation},
-            this);
+        desktop().ShowMessage({.text = text + reason,
+                               .title = "Listing not found",
+                               .buttons = Buttons::Ok,
+                               .icon = Icon::Exclamation},
+                              this);
         return LookupResult::NotFound;
     }
     clsPMListingRec* added = record.get();
@@ -191,22 +210,32 @@ LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const s
 
 void frmLumarin::MakeCurrent(clsPMListingRec* record) {
     current_ = record;
-    if (record != nullptr) {
-        const int row = RecList.FindText(std::to_string(record->ListNum()));
-        if (row >= 0 && RecList.Selected() != row) RecList.Select(row);
-        record->ShowPhotos();
-    }
     UpdateListingCommands();
+    if (record == nullptr) return;
+    HighlightCurrent();
+    record->ShowPhotos();
+}
+
+void frmLumarin::HighlightCurrent() {
+    const int row = RecList.FindText(std::to_string(current_->ListNum()));
+    if (row >= 0 && RecList.Selected() != row) RecList.Select(row);
 }
 
 void frmLumarin::ListingClicked(int row) {
     const auto clicked = records_.find(RecList.At(row).text);
-    if (clicked == records_.end()) return;
+    if (clicked == records_.end() || highlightGoesBack_) return;
     if (clicked->second.get() == current_) {
         current_->Settle();
         return;
     }
-    if (current_ != nullptr) current_->SaveState();
+    try {
+        if (current_ != nullptr) current_->SaveState();
+    } catch (...) {  // it stays the current listing, and the list says so
+        highlightGoesBack_ = true;
+        HighlightCurrent();
+        highlightGoesBack_ = false;
+        throw;
+    }
     MakeCurrent(clicked->second.get());
 }
 

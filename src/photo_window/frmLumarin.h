@@ -25,6 +25,7 @@
 namespace lumarin {
 
 class PhotoUpload;
+class RefusedFiles;
 
 /// The ports that the photo window works with; all outlive it.
 struct PhotoWindowPorts {
@@ -96,9 +97,11 @@ private:
     void AddColumns();
     void RestoreUnsentWork();
     void ReportUnreadableStates();
+    void SetUnreadableStatesAside();
     void UpdateListingCommands();
     void ShowPhotoCount();
     void MakeCurrent(clsPMListingRec* record);
+    void HighlightCurrent();
     void ListingClicked(int row);
     void SortListings(int column);
     bool PhotoKey(const KeyDown& pressed);
@@ -108,7 +111,7 @@ private:
     void ToolClicked(const std::string& name);
     void EnterListing();
     void OpenFiles(ImportKind kind);
-    PhotoResult ImportFile(const std::string& path, ImportKind kind, bool showAbort);
+    bool EnterListingOfFile(const std::string& path, RefusedFiles& refused);
     void DroppedOnList(const std::vector<std::string>& paths);
     void DroppedOnPicture(const std::vector<std::string>& paths);
     void DroppedSomethingElse();
@@ -134,10 +137,13 @@ private:
     void SendPhotos();
     bool TrySend(std::map<std::string, bool>& removalsConfirmed);
     bool AskRemoval(std::int32_t listNum);
-    std::string BuildFileList(Recordset& versions, const std::map<std::string, bool>& removalsConfirmed);
+    std::map<std::string, std::string> PublishedSizes() const;
+    std::string BuildFileList(const std::map<std::string, std::string>& publishedSizes,
+                              const std::map<std::string, bool>& removalsConfirmed);
     void RestoreRecords();
     void EmptyWindow();
-    void DeleteWorkingFiles();
+    void ClearWorkingFolder();
+    bool IsOwnFile(const std::string& name) const;
 
     PhotoWindowPorts ports_;
     std::int32_t jobIndex_ = 0;
@@ -157,6 +163,7 @@ private:
     bool acquiring_ = false;
     std::vector<std::pair<std::string, std::string>> unreadableStates_;  ///< file name and reason
     bool unreadableReported_ = false;
+    bool highlightGoesBack_ = false;
 };
 
 }  // namespace lumarin

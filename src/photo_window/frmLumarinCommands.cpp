@@ -1,16 +1,37 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/Text.h"
 #include "imaging/clsLTDlg.h"
 #include "lookup/frmFindProperty.h"
 #include "photo_window/ImportSelection.h"
 #include "photo_window/PhotoTools.h"
+#include "photo_window/RefusedFiles.h"
 #include "photo_window/frmLumarin.h"
 #include "verify/frmVerifyPhotos.h"
 
 // The commands of the photo window: tools, buttons and dropped files.
 
 namespace lumarin {
+
+namespace {
+
+/// What the crop window says and does about one picture of several, until the import ends.
+class ImportProgress {
+public:
+    explicit ImportProgress(frmPhotoCrop& window) : window_(window) {}
+    ~ImportProgress() {
+        window_.SetProgress("");
+        window_.Refused = nullptr;
+    }
+    ImportProgress(const ImportProgress&) = delete;
+    ImportProgress& operator=(const ImportProgress&) = delete;
+
+private:
+    frmPhotoCrop& window_;
+};
+
+}  // namespace
 
 void frmLumarin::ToolClicked(const std::string& name) {
     if (name == "Exit") return RunCommand(name, [this] { ports_.host.Common().EndJob(jobIndex_); });
@@ -32,7 +53,10 @@ void frmLumarin::ToolClicked(const std::string& name) {
 
 void frmLumarin::EnterListing() {
     RunCommand("cmdAdd", [this] {
-        if (LookUpListing(txtID.Text(), "") == LookupResult::Found) txtID.SelectAll();
+        // Selected whatever comes of it, so that the next number replaces this one.
+        txtID.SelectAll();
+        if (LookUpListing(std::string(text::Trim(txtID.Text())), "") == LookupResult::NotFound)
+            txtID.SetFocus();
     });
 }
 
@@ -54,34 +78,40 @@ void frmLumarin::OpenFiles(ImportKind kind) {
 
 void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
     const std::vector<std::string> paths = SelectedPaths(selection);
-    const bool several = paths.size() > 1;
-    std::string refused;
+    const ImportProgress progress(*cropWindow_);
+    RefusedFiles refused;
+    // Of several files those that are not photos are named together at the end; a single one at once.
+    if (paths.size() > 1)
+        cropWindow_->Refused = [&](const std::string& path, const std::string& why) {
+            refused.Add(path, why);
+        };
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        cropWindow_->SetProgress(
-            several ? "Picture " + std::to_string(i + 1) + " of " + std::to_string(paths.size()) : "");
-        try {
-            if (ImportFile(paths[i], kind, several) == PhotoResult::Cancel) break;
-        } catch (const ApplicationError& error) {
-            refused += (refused.empty() ? "" : "\n") + error.Description();
-        }
+        if (paths.size() > 1)
+            cropWindow_->SetProgress("Picture " + std::to_string(i + 1) + " of " +
+                                     std::to_string(paths.size()));
+        if (kind == ImportKind::SmartLoad && !EnterListingOfFile(paths[i], refused)) continue;
+        if (current_ == nullptr) break;
+        if (current_->AddPhoto(paths[i], CropMode::File, paths.size() > 1) == PhotoResult::Cancel) break;
     }
-    cropWindow_->SetProgress("");
-    if (!refused.empty()) throw ApplicationError("frmLumarin-SmartLoad", refused);
+    if (!refused.Empty())
+        throw ApplicationError(kind == ImportKind::Open ? "frmLumarin-Open" : "frmLumarin-SmartLoad",
+                               refused.Text());
 }
 
-PhotoResult frmLumarin::ImportFile(const std::string& path, ImportKind kind, bool showAbort) {
-    if (kind == ImportKind::SmartLoad) {
-        const std::string number = ListingNumberOfFile(path);
-        if (number.empty())
-            throw ApplicationError("frmLumarin-SmartLoad",
-                                   path +
-                                       " was not imported: its name does not start with a listing number "
-                                       "(4 to 6 digits, and something behind them).");
-        if (LookUpListing(number, "") == LookupResult::NotFound)
-            throw ApplicationError("frmLumarin-SmartLoad", path + " was not imported: there is no listing " +
-                                                               number + " to put it in.");
+/// False when the file's name leads to no listing.
+bool frmLumarin::EnterListingOfFile(const std::string& path, RefusedFiles& refused) {
+    const std::string number = ListingNumberOfFile(path);
+    if (number.empty()) {
+        refused.Add(path,
+                    "The name does not start with a listing number (4 to 6 digits, and something "
+                    "behind them).");
+        return false;
     }
-    return current_ == nullptr ? PhotoResult::Cancel : current_->AddPhoto(path, CropMode::File, showAbort);
+    // A listing that was not found is not looked for again: that was said already.
+    const std::string notFound = "Listing " + number + " was not found.";
+    if (!refused.Names(notFound) && LookUpListing(number, "") == LookupResult::Found) return true;
+    refused.Add(path, notFound);
+    return false;
 }
 
 void frmLumarin::DroppedOnList(const std::vector<std::string>& paths) {

@@ -33,11 +33,24 @@ bool FileUpload::SendChunks(const std::string& path) {
             file.Read(static_cast<std::size_t>(std::min<std::uint64_t>(remaining, ChunkSize)));
         if (chunk.empty()) throw FileError("read", path, "it has become shorter");
         desktop_.ProcessPendingEvents();
-        if (stopped_ || progress_.Cancel()) return false;
+        if (IsCancelled()) return false;
         AtServer([&] { service_->UploadPhotoFile(std::as_bytes(std::span(chunk))); });
         remaining -= chunk.size();
     }
     return true;
+}
+
+bool FileUpload::SendWhole(const std::string& path) {
+    try {
+        const bool whole = SendChunks(path);
+        AtServer([&] { service_->UploadPhotoFile("", UploadMode::End); });
+        return whole;
+    } catch (const ServerUnreachable&) {
+        // A user who has given up while the server was silent is not asked whether to try again.
+        desktop_.ProcessPendingEvents();
+        if (!IsCancelled()) throw;
+        return false;
+    }
 }
 
 FileSent FileUpload::Send(const std::string& path, const std::string& serverName, const OwnerWindow* owner) {
@@ -48,8 +61,7 @@ FileSent FileUpload::Send(const std::string& path, const std::string& serverName
         bool whole = false;
         {
             const ShownProgress shown(progress_, owner);
-            whole = SendChunks(path);
-            AtServer([&] { service_->UploadPhotoFile("", UploadMode::End); });
+            whole = SendWhole(path);
         }
         if (!whole) Abandon();
         return whole ? FileSent::Whole : FileSent::Cancelled;

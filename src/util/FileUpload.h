@@ -57,7 +57,10 @@ public:
     void Stop() { stopped_ = true; }
 
 private:
+    /// False when the user cancelled.
+    bool SendWhole(const std::string& path);
     bool SendChunks(const std::string& path);
+    bool IsCancelled() const { return stopped_ || progress_.Cancel(); }
 
     Desktop& desktop_;
     HostLink& host_;

@@ -42,10 +42,10 @@ FUZZ(const std::string& journal) {
     static const testing::TemporaryFolder folder;
     Prepare(folder.Path(), journal);
     try {
-        const ListingState state = photo_journal::Recover(folder.Path(), Listing);
+        const ListingState state = photo_journal::Recover(folder.Path(), Listing).state;
         const auto left = PhotosIn(folder.Path());
         PROMISE(left.size() + 1 >= Photos);
-        PROMISE(photo_journal::Recover(folder.Path(), Listing) == state);
+        PROMISE(photo_journal::Recover(folder.Path(), Listing).state == state);
         PROMISE(PhotosIn(folder.Path()) == left);
     } catch (const Error& error) {
         PROMISE(!error.Description().empty());

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Error.h"
 #include "base/Files.h"
 #include "listing/ListingFiles.h"
 #include "listing/StateFile.h"
@@ -34,7 +35,7 @@ protected:
     }
     /// "code:content" of each photo after the recovery, which must also leave no other photo file.
     Photos Recovered() {
-        const ListingState state = photo_journal::Recover(folder.Path(), 5);
+        const ListingState state = photo_journal::Recover(folder.Path(), 5).state;
         Photos photos;
         for (int i = 0; i < state.PhotoCount; ++i)
             photos.push_back(state.Photos[static_cast<std::size_t>(i)].DescCode + ":" +
@@ -89,13 +90,16 @@ TEST_F(JournalTest, Remove_OfAFullListing_KilledAtOnce_IsFinished) {
     EXPECT_EQ(photos[0] + " " + photos[24], "1:1 25:25");
 }
 
-TEST_F(JournalTest, Journal_Damaged_FallsBackOnTheStateFile) {
+TEST_F(JournalTest, Journal_Damaged_IsNotPassedOver) {
     GivenState({"a"});
     GivenFile("a.jpg", "A");
+    const std::string state = state_file::Encode(StateOf({"z"}));
     for (const std::string& journal :
-         {std::string("LJ1\x01\x7F\x7F", 6) + state_file::Encode(StateOf({"z"})), std::string("LJ")}) {
+         {std::string("LJ1\x01\x7F\x7F", 6) + state, std::string("LJ1\x04\x00\x00", 6) + state,
+          std::string("LJ"), std::string("LJ1\x00\x00\x00", 6) + state.substr(0, 20),
+          std::string(400, '\0')}) {
         GivenFile(".jnl", journal);
-        EXPECT_EQ(Recovered(), Photos{"a:A"});
+        EXPECT_THROW(Recovered(), Error);
     }
 }
 

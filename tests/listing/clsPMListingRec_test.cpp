@@ -12,7 +12,7 @@ namespace {
 /// Listing 100123, worked in the photo window.
 class ListingTest : public testing::PhotoWindowTest {
 protected:
-    ListingState Saved() const { return photo_journal::Recover(host.WorkingFolder(), 100123); }
+    ListingState Saved() const { return photo_journal::Recover(host.WorkingFolder(), 100123).state; }
     static std::string PhotoText(const std::string& description, const std::string& path) {
         return description + " " + std::to_string(files::FileLength(path));
     }
@@ -78,7 +78,9 @@ TEST_F(ListingTest, Load_Access_FollowsTheLevel) {
 TEST_F(ListingTest, Load_NoListing_AsksForRentalsOnlyWhenTheyAreInUse) {
     GivenListing(100125, std::vector<std::size_t>(27, 1));
     Open();
-    desktop.Expect("Subscript out of range: 27");
+    desktop.Expect(
+        "Subscript out of range: 27, the database's PhotoCount of listing 100125, which can have 0 to 26 "
+        "photos");
     Enter("100125");
     host.queries.clear();
     for (const std::size_t queries : {1, 3}) {
@@ -91,6 +93,35 @@ TEST_F(ListingTest, Load_NoListing_AsksForRentalsOnlyWhenTheyAreInUse) {
               "SELECT ListNum,PhotoCount,PhotoVersion,PhotoDesc,StreetNumber,StreetName,StreetDirection,"
               "ListOfficeId,ListAgentId,RevisionNumber,BoardId From Rentals Left join photo on "
               "Rentals.ListNum = Photo.PhoListNum WHERE Rentals.ListNum = 77;");
+}
+
+TEST_F(ListingTest, Load_FailsAtAnyStep_SaysWhyAndLeavesNothing) {
+    GivenListing(100123, {100, 200});
+    Open();
+    int calls = 0, failing = 0;
+    host.onRecordset = [&](const std::string& operation) {
+        if (++calls == failing) throw Error(1, "db", operation + " failed");
+    };
+    Enter("100123");
+    window->cmdRemove.Press();
+    desktop.BeLenient([](Form&) {});
+    for (const int all = calls; failing < all;) {
+        ++failing;
+        calls = host.closedRecordsets = 0;
+        Enter("100123");
+        EXPECT_TRUE(desktop.messages.back().text.starts_with("100123 Is not a valid listing number\n\n"));
+        EXPECT_TRUE(desktop.messages.back().text.ends_with(" failed"));
+        EXPECT_EQ(desktop.messages.size(), static_cast<std::size_t>(failing));
+        EXPECT_EQ(host.closedRecordsets, 1) << failing;
+        EXPECT_TRUE(WorkingFiles().empty());
+    }
+    EXPECT_EQ(desktop.messages.back().text.substr(38), "Close failed");
+    failing = 0;
+    files::EnsureFolder(host.WorkingFolder() + "100123.dat.part/x");
+    Enter("100123");
+    EXPECT_TRUE(desktop.messages.back().text.starts_with("Cannot write"));
+    EXPECT_TRUE(WorkingFiles().empty()) << "the photos are gone when the state could not be saved";
+    EXPECT_EQ(window->RecList.Count(), 0);
 }
 
 TEST_F(ListingTest, WorkingFolder_UnreadableWorkAndAManifest_AreToldAndShown) {
@@ -112,9 +143,10 @@ TEST_F(ListingTest, Load_OverUnreadableWork_NeverLosesIt) {
         for (const char* unfinished : {"100123c.jpg.part", "VEL42A101.zip"})
             files::WriteWhole(host.WorkingFolder() + unfinished, "");
         Open();
-        GivenListing(100123, std::vector<std::size_t>(27, 1));
-        desktop.Expect("Subscript out of range: 27");
+        host.onRecordset = [](const std::string&) { throw Error(1, "db", "gone"); };
+        desktop.Expect("100123 Is not a valid listing number\n\ngone");
         Enter("100123");
+        host.onRecordset = [](const std::string&) {};
         EXPECT_EQ(WorkingFiles(), (std::set<std::string>{"100123.dat", "100123a.jpg"}));
         GivenListing(100123, {100});
         Enter("100123");

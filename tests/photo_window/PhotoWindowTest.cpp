@@ -67,10 +67,13 @@ void PhotoWindowTest::WillCapture(const std::vector<std::size_t>& lengths) {
 void PhotoWindowTest::GivenUnreadableWork(const std::string& number) {
     files::EnsureFolder(host.WorkingFolder());
     files::WriteWhole(host.WorkingFolder() + number + ".dat", "garbage");
+    files::TryDelete(host.WorkingFolder() + number + ".jnl");
     files::WriteWhole(host.WorkingFolder() + number + "a.jpg", "precious");
     desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " +
-                   host.WorkingFolder() + "\n\n" + number +
-                   ".dat\nThe saved state of a listing cannot be read: it is cut short at byte 7");
+                       host.WorkingFolder() + "\n\n" + number +
+                       ".dat\nThe saved state of a listing cannot be read: it is cut short at byte 7" +
+                       AskToSetAside,
+                   Answer::No);
 }
 
 std::set<std::string> PhotoWindowTest::WorkingFiles() const {

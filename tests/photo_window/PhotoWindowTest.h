@@ -47,6 +47,10 @@ protected:
     void WillCapture(const std::vector<std::size_t>& lengths);
     /// A state that cannot be read, with a photo, left by an earlier run; the window will say so.
     void GivenUnreadableWork(const std::string& number);
+    /// The end of what it then says.
+    static inline const std::string AskToSetAside =
+        "\n\nDo you want to set these files aside? They are then kept in the folder \"Set aside\" in it, and "
+        "this question does not come again.";
     std::set<std::string> WorkingFiles() const;
     static Texts ListTexts(const ListView& list);
 

@@ -18,7 +18,7 @@ protected:
         window->PhotoList.DropFiles({"/in/a.png"});
     }
     void SendAndExpectAllKept() {
-        const auto saved = [&] { return photo_journal::Recover(host.WorkingFolder(), 100123); };
+        const auto saved = [&] { return photo_journal::Recover(host.WorkingFolder(), 100123).state; };
         const ListingState before = saved();
         window->cmdSend.Press();
         EXPECT_EQ(saved(), before);
@@ -73,6 +73,26 @@ TEST_F(SendPhotosTest, Send_RefusedOrCancelled_KeepsEverything) {
     };
     SendAndExpectAllKept();
     EXPECT_EQ(host.uploads, (Texts{"begin VEL42A101.zip", "chunk 5120", "chunk 5120", "end", "abort"}));
+    host.uploads.clear();
+    host.onUpload = [&](const std::string& step) {
+        if (!step.starts_with("chunk")) return;
+        // Pressed while the server does not answer: nobody who has cancelled is asked about a retry.
+        desktop.AtPendingEvents(
+            1, [&] { static_cast<frmProgress*>(desktop.shown["frmProgress"])->cmdCancel.Press(); });
+        throw Error(1, "net", "gone");
+    };
+    SendAndExpectAllKept();
+    EXPECT_EQ(host.uploads, (Texts{"begin VEL42A101.zip", "chunk 5120", "abort"}));
+}
+
+TEST_F(SendPhotosTest, Send_APhotoFileIsMissing_NamesTheListing) {
+    GivenUnsentPhoto();
+    const std::string photo = host.WorkingFolder() + "100123b.jpg";
+    files::Delete(photo);
+    desktop.Expect("Photo 2 of listing 100123 cannot be sent. Cannot read the length of \"" + photo +
+                   "\": No such file or directory");
+    window->cmdSend.Press();
+    EXPECT_EQ(window->PhotoList.Count(), 2);
 }
 
 TEST_F(SendPhotosTest, Send_HostEndsTheJobMeanwhile_StopsThenUnloads) {

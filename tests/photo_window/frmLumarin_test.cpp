@@ -1,5 +1,7 @@
 #include "photo_window/frmLumarin.h"
 
+#include <filesystem>
+
 #include "PhotoWindowTest.h"
 #include "entry/Settings.h"
 #include "lookup/frmFindProperty.h"
@@ -25,6 +27,8 @@ TEST_F(frmLumarinTest, Enter_ListingNumbers_GathersEachOnce) {
     EXPECT_FALSE(window->Menu.IsEnabled("Copy"));
     desktop.Expect("0123 Is not a valid listing number", "Listing not found");
     Enter("0123");
+    Enter(" 100123\t");
+    EXPECT_EQ(window->RecList.Selected(), 0);
     desktop.Expect("No listings Found for Elm");
     EXPECT_EQ(window->LookUpListing("999", "Elm"), LookupResult::NotFound);
 }
@@ -45,28 +49,26 @@ TEST_F(frmLumarinTest, Open_SeveralFiles_AbortEndsAndCancelSkips) {
 }
 
 TEST_F(frmLumarinTest, SmartLoad_FileNames_ChooseTheListing) {
-    const char* refused[] = {"123.jpg", "1234567a.jpg", "123456", "a12345.jpg"};
     const char* taken[] = {"1234.jpg", "12345-front.jpg", "123456a"};
-    std::string selection = "/12345", told;
-    for (const std::string name : refused) {
-        selection += "|" + name;
-        told += "/12345/" + name +
-                " was not imported: its name does not start with a listing number (4 to 6 digits, and "
-                "something behind them).\n";
-    }
+    std::string selection =
+        "/12345|123.jpg|1234567a.jpg|123456|a12345.jpg|99999x.jpg|99999y.jpg|55555bad.jpg";
     for (const std::string name : taken) {
         selection += "|" + name;
         imaging.pictures["/12345/" + name] = {800, 500, false};
         GivenListing(std::stoi(name));
     }
+    GivenListing(55555);
     Open();
     WillCapture({300, 400, 500});
-    desktop.Choose(Selection(selection + "|99999x.jpg"));
+    desktop.Choose(Selection(selection));
     desktop.Expect("99999 Is not a valid listing number");
-    desktop.Expect(told + "/12345/99999x.jpg was not imported: there is no listing 99999 to put it in.",
-                   "frmLumarin-SmartLoad");
+    desktop.Expect(
+        "Not imported:\n\nThe name does not start with a listing number (4 to 6 digits, and something behind "
+        "them).\n123.jpg\n1234567a.jpg\n123456\na12345.jpg\n\nListing 99999 was not found.\n99999x.jpg\n"
+        "99999y.jpg\n\nThe selected file is not a valid photo.\n55555bad.jpg",
+        "frmLumarin-SmartLoad");
     window->Menu.ClickTool("SmartLoad");
-    EXPECT_EQ(ListTexts(window->RecList), (Texts{"1234", "12345", "123456"}));
+    EXPECT_EQ(ListTexts(window->RecList), (Texts{"55555", "1234", "12345", "123456"}));
     EXPECT_EQ(window->PhotoList.Count(), 1);
 }
 
@@ -127,6 +129,74 @@ TEST_F(frmLumarinTest, RemoveListing_WithUnsentChanges_Asks) {
     for (const char* tool : {"Open", "SendPhotos", "DeletePhoto", "View", "Copy", "RemoveEntry"})
         EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
     EXPECT_FALSE(window->cmdRemove.Enabled() || window->cmdSend.Enabled() || window->imgMain.AcceptsFiles());
+}
+
+TEST_F(frmLumarinTest, RemoveListing_InALaterRun_AsksOnlyWhenSomethingWasChanged) {
+    GivenListing(100123, {100, 200});
+    const std::pair<std::function<void()>, bool> cases[] = {
+        {[] {}, false},
+        {[&] { window->RecList.Select(1), window->RecList.Select(0); }, false},
+        {[&] { window->Menu.ClickTool("View_2112"); }, true},
+        {[&] { window->cmdMove(1).Press(), window->RecList.Select(1), window->RecList.Select(0); }, true},
+        {[&] { files::Delete(host.WorkingFolder() + "100123.jnl"); }, true},  // nobody knows
+        {[&] { files::WriteWhole(host.WorkingFolder() + "100123c.jpg", "captured"); }, true},
+    };
+    for (const auto& [work, asks] : cases) {
+        OpenWith({"100123", "100124"});
+        window->RecList.Select(0);
+        work();
+        for (int run = 0; run < 2; ++run) Open();
+        if (asks)
+            desktop.Expect(
+                "The changes to the photos of listing 100123 were not sent. Do you want to remove the "
+                "listing and lose them?",
+                Answer::Yes);
+        for (int listing = 0; listing < 2; ++listing) window->cmdRemove.Press();
+        EXPECT_TRUE(WorkingFiles().empty());
+    }
+}
+
+TEST_F(frmLumarinTest, SwitchListings_TheCurrentOneCannotBeSaved_StaysCurrentAndHighlighted) {
+    GivenListing(100123, {100, 200});
+    OpenWith({"100124", "100123"});
+    const std::string inTheWay = host.WorkingFolder() + "100123.dat.part";
+    files::EnsureFolder(inTheWay + "/x");
+    desktop.Expect("Cannot write \"" + host.WorkingFolder() + "100123.dat\": Is a directory");
+    window->RecList.Select(0);
+    EXPECT_EQ(window->RecList.Selected(), 1);
+    EXPECT_EQ(window->lblPhotos.Caption(), "Listing 100123: 2 of 4 photos");
+    std::filesystem::remove_all(inTheWay);
+    window->RecList.Select(0);
+    EXPECT_EQ(window->lblPhotos.Caption(), "Listing 100124: 0 of 4 photos");
+}
+
+TEST_F(frmLumarinTest, WorkingFolder_FilesOfOthers_StayOrAreSetAside) {
+    const std::set<std::string> foreign = {"notes.zip",   "x.part",     "VEL42A102.zip", "100124 front.jpg",
+                                           "100124A.jpg", "100124.txt", "photo.jpg"};
+    files::EnsureFolder(host.WorkingFolder());
+    for (const std::string& name : foreign) files::WriteWhole(host.WorkingFolder() + name, name);
+    for (const char* own : {"VEL42A101.zip", "VEL42A101.zip.part.x7Yz", "100124a.jpg.part"})
+        files::WriteWhole(host.WorkingFolder() + own, "");
+    files::WriteWhole(host.WorkingFolder() + "foo.dat", "foo");
+    GivenListing(100124, {100});
+    desktop.Expect("The work on some listings could not be taken up. Its files were left in the folder " +
+                       host.WorkingFolder() + "\n\nfoo.dat\n\"foo\" is not a listing number" + AskToSetAside,
+                   Answer::Yes);
+    Open();
+    EXPECT_EQ(WorkingFiles(), foreign);
+    OpenWith({"100124"});  // no message this time
+    std::set<std::string> loaded = foreign;
+    loaded.insert({"100124.dat", "100124.jnl", "100124a.jpg"});
+    EXPECT_EQ(WorkingFiles(), loaded);
+    window->cmdRemove.Press();
+    const std::set<std::string> left = {"notes.zip", "x.part", "VEL42A102.zip", "photo.jpg"};
+    EXPECT_EQ(WorkingFiles(), left);
+    Enter("100124");
+    window->cmdSend.Press();
+    EXPECT_TRUE(WorkingFiles().empty());
+    for (const std::string& name : foreign)
+        EXPECT_EQ(files::ReadAll(host.WorkingFolder() + "Set aside/" + name), name);
+    EXPECT_TRUE(files::FileExists(host.WorkingFolder() + "Set aside/foo.dat"));
 }
 
 TEST_F(frmLumarinTest, Unload_MovedAndImported_WritesOnlyWhatChanged) {
@@ -202,7 +272,7 @@ TEST_F(frmLumarinTest, MenusViewerHelpAndExit_DoTheirWork) {
     EXPECT_EQ(desktop.poppedUp, (Texts{"PhotoPopup", "ListingPopup"}));
     window->Menu.ClickTool("View_2112");
     EXPECT_EQ(ListTexts(window->PhotoList), (Texts{"Front", "Kitchen"}));
-    window->imgMain.MouseWentUp({MouseButton::Left, 10, 10});
+    window->imgMain.MouseWentUp({MouseButton::Right, 10, 10});
     ASSERT_TRUE(desktop.shown.contains("frmPhotoViewer"));
     EXPECT_EQ(desktop.shown["frmPhotoViewer"]->Caption(), "Kitchen - 100123");
     window->Menu.ClickTool("miHelp");
