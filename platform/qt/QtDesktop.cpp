@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QDesktopServices>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
@@ -30,6 +31,7 @@ namespace {
 
 constexpr int LongestEventTurn = 10;  // milliseconds
 constexpr int WaitForCommand = 50;
+constexpr int LongestWaitToBeSeen = 250;
 
 QWidget* WidgetOf(const OwnerWindow* owner) {
     return owner != nullptr ? static_cast<QWidget*>(owner->NativeWindow()) : nullptr;
@@ -99,7 +101,9 @@ void QtDesktop::Load(Form& form) {
 }
 
 void QtDesktop::Show(Form& form, const OwnerWindow* owner) {
-    WindowOf(form).Show(WidgetOf(owner), Qt::NonModal);
+    FormWindow& window = WindowOf(form);
+    window.Show(WidgetOf(owner), Qt::NonModal);
+    unseen_ = window.Window().windowHandle();
 }
 
 void QtDesktop::ShowModal(Form& form, const OwnerWindow* owner) {
@@ -191,6 +195,15 @@ void QtDesktop::ProcessPendingEvents() {
     const Nested nested(*this, Nested::Shows::Nothing);
     // Painting waits behind the events that ask for it, so one turn is not always enough.
     QCoreApplication::processEvents(QEventLoop::AllEvents, LongestEventTurn);
+    // Whoever works on without a pause after showing a window would keep it blank: the system takes a moment
+    // to show it.
+    QElapsedTimer waited;
+    waited.start();
+    for (bool seen = unseen_ == nullptr; !seen && waited.elapsed() < LongestWaitToBeSeen;) {
+        seen = unseen_ == nullptr || !unseen_->isVisible() || unseen_->isExposed();
+        QCoreApplication::processEvents(QEventLoop::AllEvents, LongestEventTurn);
+    }
+    unseen_ = nullptr;
 }
 
 bool QtDesktop::ClipboardHasPicture() const {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
+#include <QWindow>
 
 #include <map>
 #include <memory>
@@ -65,7 +67,8 @@ private:
     std::vector<std::unique_ptr<FormWindow>> retiredWindows_;
     std::vector<std::unique_ptr<Form>> retiredForms_;
     QTimer destroy_;
-    int nesting_ = 0;  ///< event loops of ours that run inside each other
+    QPointer<QWindow> unseen_;  ///< shown last, and not known to be on the screen yet
+    int nesting_ = 0;           ///< event loops of ours that run inside each other
     bool busyPointer_ = false;
 };
 

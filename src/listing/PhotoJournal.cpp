@@ -13,6 +13,7 @@ namespace lumarin::photo_journal {
 namespace {
 
 constexpr std::string_view Magic = "LJ1";
+constexpr const char* DamagedJournal = "its journal is damaged";
 constexpr std::size_t HeaderSize = 6;  // magic, operation, first, second
 
 class Recovery {
@@ -76,16 +77,23 @@ private:
                 "The saved state of a listing cannot be read: " + reason);
 }
 
+ListingState StateIn(std::string_view bytes) {
+    try {
+        return state_file::Decode(bytes);
+    } catch (const Error&) {
+        Damaged(DamagedJournal);
+    }
+}
+
 Entry Decode(const std::string& bytes) {
-    if (bytes.size() < HeaderSize || bytes.compare(0, Magic.size(), Magic) != 0)
-        Damaged("its journal is damaged");
+    if (bytes.size() < HeaderSize || bytes.compare(0, Magic.size(), Magic) != 0) Damaged(DamagedJournal);
     const Entry entry{.operation = static_cast<Operation>(bytes[3]),
                       .first = bytes[4],
                       .second = bytes[5],
-                      .state = state_file::Decode(std::string_view(bytes).substr(HeaderSize))};
+                      .state = StateIn(std::string_view(bytes).substr(HeaderSize))};
     const auto isIndex = [](int index) { return index >= 0 && index < MaximumPhotoSlots; };
     if (entry.operation > Operation::Unchanged || !isIndex(entry.first) || !isIndex(entry.second))
-        Damaged("its journal is damaged");
+        Damaged(DamagedJournal);
     return entry;
 }
 
