@@ -81,8 +81,9 @@ void DrawCaption(Picture& picture, const std::string& caption) {
     const int size = std::max(SmallestText, picture.height / LinesPerCanvas);
     const VImage mask = TextMask(caption, size);
     const int margin = size / 2;
-    const int left = picture.width - margin - mask.width();
-    const int top = picture.height - margin - mask.height();
+    // A caption that is too long loses its end.
+    const int left = std::max(margin, picture.width - margin - mask.width());
+    const int top = std::max(0, picture.height - margin - mask.height());
     Blend(picture, mask, left + 1, top + 1, ShadowGrey);
     Blend(picture, mask, left, top, TextGrey);
 }

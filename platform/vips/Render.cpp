@@ -185,9 +185,11 @@ Picture Render(const StoredPicture& picture, const PixelRect& cut, int width, in
     const double reduction =
         std::min(static_cast<double>(cut.width) / width, static_cast<double>(cut.height) / height);
     if (LiesOnItsSide(picture)) std::swap(width, height);
+    const Decoded decoded = picture.Decode(reduction);
     // From here on the picture is small and in memory: its file has been read, in one pass.
-    const VImage small =
-        Resample(picture.Decode(reduction), StoredRect(picture, cut), width, height).copy_memory();
+    const VImage small = Resample(decoded, StoredRect(picture, cut), width, height).copy_memory();
+    const bool whole = cut.width == UprightWidth(picture) && cut.height == UprightHeight(picture);
+    if (decoded.check) decoded.check(whole ? Rows::All : Rows::Read);
     return ToPicture(ToSrgb(Upright(small, picture.Orientation())));
 }
 

@@ -4,14 +4,19 @@
 #include <utility>
 
 #include "base/Files.h"
+#include "platform/vips/JpegDecoder.h"
 
 namespace lumarin::vips {
 
 namespace {
 
+constexpr std::int64_t MostPixelsKept = 64'000'000;  // three bytes each
+
 VOption* ReadOptions() {
     return VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL)->set("fail_on", VIPS_FAIL_ON_TRUNCATED);
 }
+
+Decoded Unreduced(const VImage& image) { return {image, 1.0, 1.0, nullptr}; }
 
 /// Name of the reader for these bytes.
 std::string FindReader(const VSource& source) {
@@ -33,6 +38,7 @@ public:
         isJpeg_ = reader == "VipsForeignLoadJpegSource";
         isWebp_ = reader == "VipsForeignLoadWebpSource";
         isTiff_ = reader == "VipsForeignLoadTiffSource";
+        isHeif_ = reader == "VipsForeignLoadHeifSource";
         ReadHeader(VImage::new_from_source(source, "", PageOptions()));
     }
 
@@ -43,9 +49,10 @@ public:
     bool IsPlainJpeg() const override { return isJpeg_ && has24Bits_ && orientation_ == 1; }
 
     Decoded Decode(double reduction) const override {
-        if (isJpeg_) return DecodeJpeg(reduction);
+        if (isJpeg_) return DecodeJpegFile(reduction);
+        if (isHeif_) return DecodeHeif();
         if (isWebp_ && reduction > 2.0) return DecodeWebp(2.0 / reduction);
-        return {Read([this] { return PageOptions(); })};
+        return Unreduced(Read([this] { return PageOptions(); }));
     }
 
 private:
@@ -70,26 +77,37 @@ private:
         has24Bits_ = image.bands() == 3 && image.format() == VIPS_FORMAT_UCHAR;
         // The frames of an animation are not pages.
         if (isTiff_) pageCount_ = vips_image_get_n_pages(image.get_image());
+        if (isJpeg_ && image.get_typeof(VIPS_META_ICC_NAME) != 0) {
+            std::size_t size = 0;
+            const auto* bytes = static_cast<const char*>(image.get_blob(VIPS_META_ICC_NAME, &size));
+            profile_.assign(bytes, size);
+        }
         orientation_ = std::clamp(vips_image_get_orientation(image.get_image()), 1, 8);
     }
 
     // The decoder's own reduction averages blocks, which sharpens a little; a factor of two or more that is
     // left to the resampling hides it.
-    Decoded DecodeJpeg(double reduction) const {
+    Decoded DecodeJpegFile(double reduction) const {
         const int shrink = reduction >= 16 ? 8 : reduction >= 8 ? 4 : reduction >= 4 ? 2 : 1;
-        VImage image = Read([&] { return ReadOptions()->set("shrink", shrink); });
-        // The decoder drops blocks that the picture does not fill; without them everything else would move.
-        const int across = (width_ + shrink - 1) / shrink;
-        const int down = (height_ + shrink - 1) / shrink;
-        if (image.width() < across || image.height() < down)
-            image = image.embed(0, 0, across, down, VImage::option()->set("extend", VIPS_EXTEND_COPY));
-        return {image, 1.0 / shrink, 1.0 / shrink};
+        auto [image, check] = DecodeJpeg(Source(), shrink);
+        if (!profile_.empty())
+            vips_image_set_blob_copy(image.get_image(), VIPS_META_ICC_NAME, profile_.data(), profile_.size());
+        return {image, 1.0 / shrink, 1.0 / shrink, check};
+    }
+
+    // A picture of this kind can only be decoded whole, which takes seconds; so it is done once.
+    Decoded DecodeHeif() const {
+        if (!whole_.is_null()) return Unreduced(whole_);
+        const VImage image = Read(ReadOptions);
+        if (static_cast<std::int64_t>(width_) * height_ > MostPixelsKept) return Unreduced(image);
+        whole_ = image.copy_memory();
+        return Unreduced(whole_);
     }
 
     Decoded DecodeWebp(double scale) const {
         const VImage image = Read([&] { return ReadOptions()->set("scale", scale); });
         return {image, static_cast<double>(image.width()) / width_,
-                static_cast<double>(image.height()) / height_};
+                static_cast<double>(image.height()) / height_, nullptr};
     }
 
     std::string path_;
@@ -98,6 +116,9 @@ private:
     bool isTiff_ = false;
     bool isJpeg_ = false;
     bool isWebp_ = false;
+    bool isHeif_ = false;
+    std::string profile_;   ///< the colour profile of a JPEG; "" for none
+    mutable VImage whole_;  ///< the decoded picture, once it was needed; null otherwise
     bool has24Bits_ = false;
     int width_ = 0;
     int height_ = 0;
@@ -113,7 +134,7 @@ public:
     int Orientation() const override { return 1; }
     int PageCount() const override { return 1; }
     bool IsPlainJpeg() const override { return false; }
-    Decoded Decode(double) const override { return {ImageOver(*picture_)}; }
+    Decoded Decode(double) const override { return Unreduced(ImageOver(*picture_)); }
 
 private:
     PicturePtr picture_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -8,14 +9,21 @@
 
 namespace lumarin::vips {
 
+/// Which rows of a picture must be sound: those that were read, or the others too.
+enum class Rows { Read, All };
+
 /// The pixels of a picture as they lie in its file, and how many of them stand for one stored pixel.
 struct Decoded {
     VImage image;
     double horizontalScale = 1.0;  ///< width of `image` over the stored width, 1 or less
     double verticalScale = 1.0;
+    /// To be called when the rows have been read; throws VError when they are damaged. The library may go on
+    /// with black where a reader has failed, and its resampling leaves out the last rows. Empty where the
+    /// format says nothing about damage.
+    std::function<void(Rows)> check;
 };
 
-/// A picture in its stored orientation, to be decoded from the top once for each step.
+/// A picture in its stored orientation, to be decoded from the top for each step.
 class StoredPicture {
 public:
     virtual ~StoredPicture() = default;

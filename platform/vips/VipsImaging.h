@@ -10,7 +10,8 @@ namespace lumarin::vips {
 /// The imaging port over libvips. The library starts with the first picture, not with the object.
 ///
 /// A file is decoded again for each preview and capture, at the smallest size that the step can use, so an
-/// open picture holds its header and nothing else. Messages of the library never reach standard error.
+/// open picture holds its header and nothing else; only a HEIC picture, whose decoding takes seconds, is
+/// kept. Messages of the library never reach standard error.
 class VipsImaging final : public Imaging {
 public:
     std::unique_ptr<SourcePicture> Open(const std::string& path) override;

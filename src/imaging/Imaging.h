@@ -101,8 +101,8 @@ public:
     virtual ~Imaging() = default;
 
     /// Opens a picture file by its content; JPEG, PNG, TIFF (first page), WebP, HEIC, GIF. Throws
-    /// ImagingError with InvalidPictureError when it is no picture, is cut short (a JPEG's whole data are
-    /// checked here only as far as the file's end shows it) or has more than MaximumPixels.
+    /// ImagingError with InvalidPictureError when it is not a picture or has more than MaximumPixels. Whether
+    /// its data are whole shows when it is decoded.
     virtual std::unique_ptr<SourcePicture> Open(const std::string& path) = 0;
 
     /// A page of a picture file, counted from 0; only TIFF files have more than that one. Throws as `Open`.

@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "platform_vips/PicturesTest.h"
 
 namespace lumarin {
@@ -112,6 +114,51 @@ TEST_F(Opening, File_NoWholePicture_IsRefusedInOneSentence) {
             EXPECT_EQ(error.Number(), InvalidPictureError);
             EXPECT_EQ(error.Description(), "The selected file is not a valid photo.");
         }
+    }
+}
+
+TEST_F(Opening, Jpeg_WithoutDamage_IsTakenHoweverItEnds) {
+    const auto middle = [](std::string jpeg, const std::string& other) {
+        return jpeg.replace(jpeg.size() / 20, other.size(), other);
+    };
+    std::string noise;
+    for (unsigned value = 1; noise.size() < 400; value = value * 1103515245U + 12345U)
+        noise += static_cast<char>(value >> 16);
+    const struct {
+        const char* name;
+        bool taken;
+        std::function<std::string(std::string)> change;
+    } cases[] = {
+        {"whole", true, [](const std::string& jpeg) { return jpeg; }},
+        {"no end marker", true, [](const std::string& jpeg) { return jpeg.substr(0, jpeg.size() - 2); }},
+        {"half an end marker", true, [](const std::string& jpeg) { return jpeg.substr(0, jpeg.size() - 1); }},
+        {"another file behind it", true, [&](const std::string& jpeg) { return jpeg + noise + jpeg; }},
+        {"another revision", true, [](std::string jpeg) { return jpeg.replace(11, 1, "\2"); }},
+        {"no last bytes", false, [](const std::string& jpeg) { return jpeg.substr(0, jpeg.size() - 40); }},
+        {"noise in it", false, [&](const std::string& jpeg) { return middle(jpeg, noise); }},
+        {"zeros in it", false, [&](const std::string& jpeg) { return middle(jpeg, std::string(400, '\0')); }},
+        {"an early end", false, [&](const std::string& jpeg) { return middle(jpeg, "\xFF\xD9"); }},
+        {"data left over", false,
+         [&](const std::string& jpeg) {
+             return jpeg.substr(0, jpeg.size() - 2) + std::string(40, 'x') + "\xFF\xD9";
+         }},
+    };
+    const VImage image = Detailed(800, 601);
+    for (const char* format : {".jpg", ".jpg[restart_interval=7]", ".jpg[interlace]"}) {
+        const std::string jpeg = Encode(image, format);
+        const Picture whole = Open(jpeg)->Preview(100, 75);
+        for (const auto& row : cases)
+            for (const auto& [width, height] : {std::pair{50, 37}, {100, 75}, {320, 240}, {800, 601}}) {
+                SCOPED_TRACE(std::string(format) + ", " + row.name + ", " + std::to_string(width));
+                try {
+                    const Picture seen = Open(row.change(jpeg))->Preview(width, height);
+                    EXPECT_TRUE(row.taken);
+                    if (width == whole.width) EXPECT_EQ(seen.pixels, whole.pixels);
+                } catch (const ImagingError& error) {
+                    EXPECT_FALSE(row.taken);
+                    EXPECT_EQ(error.Number(), InvalidPictureError);
+                }
+            }
     }
 }
 
