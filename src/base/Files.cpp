@@ -33,6 +33,11 @@ void Check(const std::error_code& problem, const char* operation, const std::str
     if (problem) throw FileError(operation, path, problem.message());
 }
 
+/// An operation with two files: the first one is named with it, the second one is the error's path.
+std::string Between(const std::string& operation, const std::string& from) {
+    return operation + " \"" + from + "\" to";
+}
+
 /// Removes the unfinished copy unless the work beside the file came to its end.
 class UnfinishedFile {
 public:
@@ -92,14 +97,14 @@ void Copy(const std::string& from, const std::string& to) {
     UnfinishedFile unfinished(to);
     std::error_code problem;
     fs::copy_file(ToPath(from), ToPath(unfinished.Path()), fs::copy_options::overwrite_existing, problem);
-    if (problem) throw FileError("copy", from, "to \"" + to + "\": " + problem.message());
+    if (problem) throw FileError(Between("copy", from), to, problem.message());
     unfinished.MoveTo(to);
 }
 
 void Rename(const std::string& from, const std::string& to) {
     std::error_code problem;
     fs::rename(ToPath(from), ToPath(to), problem);
-    if (problem) throw FileError("rename", from, "to \"" + to + "\": " + problem.message());
+    if (problem) throw FileError(Between("rename", from), to, problem.message());
 }
 
 void Delete(const std::string& path) {

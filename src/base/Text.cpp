@@ -72,6 +72,12 @@ std::u16string Folded(std::string_view utf8) {
     return units;
 }
 
+/// Everything beyond Latin-1 counts as a letter, except dashes, quotation marks and their like.
+bool IsLetter(char16_t folded) {
+    const bool punctuation = folded == 0xD7 || folded == 0xF7 || (folded >= 0x2000 && folded <= 0x206F);
+    return (folded >= u'a' && folded <= u'z') || (folded >= 0xC0 && !punctuation);
+}
+
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
@@ -130,6 +136,19 @@ bool EndsWithIgnoringCase(std::string_view text, std::string_view ending) {
 
 bool ContainsIgnoringCase(std::string_view text, std::string_view part) {
     return Folded(text).find(Folded(part)) != std::u16string::npos;
+}
+
+bool ContainsWords(std::string_view text, std::string_view words) {
+    const std::u16string whole = Folded(text);
+    const std::u16string part = Folded(words);
+    if (part.empty()) return false;
+    for (std::size_t at = whole.find(part); at != std::u16string::npos; at = whole.find(part, at + 1)) {
+        const std::size_t end = at + part.size();
+        const bool runsOn = (at > 0 && IsLetter(whole[at - 1]) && IsLetter(part.front())) ||
+                            (end < whole.size() && IsLetter(whole[end]) && IsLetter(part.back()));
+        if (!runsOn) return true;
+    }
+    return false;
 }
 
 std::string AfterLastSeparator(std::string_view path) {

@@ -21,6 +21,10 @@ bool EndsWithIgnoringCase(std::string_view text, std::string_view ending);
 /// Substring test in which letters compare regardless of case (ASCII and the Latin-1 letters).
 bool ContainsIgnoringCase(std::string_view text, std::string_view part);
 
+/// The same test for whole words: no letter may stand right before or behind them ("pool 2.jpg" and
+/// "100123_pool.jpg" contain "Pool", "poolside.jpg" does not).
+bool ContainsWords(std::string_view text, std::string_view words);
+
 /// The part after the last path separator ("\" or "/"); the whole text when there is none.
 std::string AfterLastSeparator(std::string_view path);
 

@@ -9,7 +9,8 @@ namespace lumarin::crop {
 
 namespace {
 
-constexpr double ShortestSide = TwipsPerPixel;
+// A box of this side is still seen and taken hold of, and is too small to be captured.
+constexpr double ShortestSide = 20 * TwipsPerPixel;
 constexpr float LongestPreviewSide = 320.0F;
 constexpr int SnapDistance = 6;
 
@@ -26,6 +27,10 @@ Span PlaceAlong(int length, int before, int after, double factor, int photoLengt
     if (placed == photoLength || before >= 0) return {0, placed};
     if (after >= 0) return {photoLength - placed, placed};
     return {RoundToWhole(-before * factor), placed};
+}
+
+double AtLeastShortestWidth(double width, float aspectRatio) {
+    return std::max({width, ShortestSide, ShortestSide * aspectRatio});
 }
 
 }  // namespace
@@ -53,26 +58,32 @@ Rect CenteredByHeight(const Rect& preview, float aspectRatio) {
     return {preview.left + (preview.width - width) / 2, preview.top, width, preview.height};
 }
 
+Size LargestPlacements(float aspectRatio) {
+    const double longest = LongestPreviewSide * TwipsPerPixel;
+    return {longest * std::max(1.0F, aspectRatio), longest * std::max(1.0F, 1 / aspectRatio)};
+}
+
 Rect Dragged(const Rect& box, HitZone zone, int dX, int dY, float aspectRatio) {
     if (zone == HitZone::Inside) return Moved(box, dX, dY);
     if (zone == HitZone::LeftEdge || zone == HitZone::RightEdge) {
         const bool leftEdge = zone == HitZone::LeftEdge;
-        const double width = std::max(ShortestSide, leftEdge ? box.width - dX : box.width + dX);
+        const double width = AtLeastShortestWidth(leftEdge ? box.width - dX : box.width + dX, aspectRatio);
         const double height = width / aspectRatio;
         return {leftEdge ? box.Right() - width : box.left, box.top - (height - box.height) / 2, width,
                 height};
     }
     if (zone == HitZone::TopEdge || zone == HitZone::BottomEdge) {
         const bool topEdge = zone == HitZone::TopEdge;
-        const double height = std::max(ShortestSide, topEdge ? box.height - dY : box.height + dY);
-        const double width = height * aspectRatio;
+        const double dragged = topEdge ? box.height - dY : box.height + dY;
+        const double width = AtLeastShortestWidth(dragged * aspectRatio, aspectRatio);
+        const double height = width / aspectRatio;
         return {box.left - (width - box.width) / 2, topEdge ? box.Bottom() - height : box.top, width, height};
     }
     return box;
 }
 
 Rect Widened(const Rect& box, double dWidth, float aspectRatio) {
-    const double width = std::max(ShortestSide, box.width + dWidth);
+    const double width = AtLeastShortestWidth(box.width + dWidth, aspectRatio);
     const double height = width / aspectRatio;
     return {box.left - (width - box.width) / 2, box.top - (height - box.height) / 2, width, height};
 }

@@ -21,8 +21,12 @@ Rect CenteredByWidth(const Rect& preview, float aspectRatio);
 /// As high as the preview, in the middle of its width.
 Rect CenteredByHeight(const Rect& preview, float aspectRatio);
 
+/// Twips that hold any preview with its box in either placement.
+Size LargestPlacements(float aspectRatio);
+
 /// The box after the pointer moved by (`dX`, `dY`) whole twips with this hold on it. An edge takes the other
-/// side's length along, about its middle, so that the ratio stays. A box never shrinks to nothing.
+/// side's length along, about its middle, so that the ratio stays. No side gets shorter than 300 twips: an
+/// edge that is dragged past the opposite one stops before it.
 Rect Dragged(const Rect& box, HitZone zone, int dX, int dY, float aspectRatio);
 
 /// The box made wider (narrower below 0) by `dWidth` about its middle.

@@ -25,6 +25,13 @@ std::string OpeningErrorText(const std::exception& problem) {
     return ofLibrary || error->Number() == ApplicationErrorNumber ? error->Description() : NoValidPhoto;
 }
 
+/// A JPEG without its end marker can be opened, but not everybody who gets the photo later would take it.
+bool HasEnd(std::string_view jpeg) {
+    const std::size_t scan = jpeg.rfind("\xFF\xDA");
+    const std::size_t end = jpeg.rfind("\xFF\xD9");
+    return end != std::string_view::npos && (scan == std::string_view::npos || end > scan);
+}
+
 Message ErrorMessage(const std::string& text) {
     return {.text = text,
             .title = Title,
@@ -75,7 +82,10 @@ void frmPhotoCrop::ConnectButtons() {
     cmdAbort.Click = [this] { RunCommand("cmdAbort", [this] { Finish(PhotoResult::Cancel); }); };
 }
 
-void frmPhotoCrop::SetPhotoSize(const std::string& setting) { photoSize_ = ParsePhotoSize(setting); }
+void frmPhotoCrop::SetPhotoSize(const std::string& setting) {
+    photoSize_ = ParsePhotoSize(setting);
+    aspectRatio_ = static_cast<float>(photoSize_.TargetWidth) / static_cast<float>(photoSize_.TargetHeight);
+}
 
 void frmPhotoCrop::SetTwainPicture(PicturePtr picture) {
     lbmBM.SetImage(std::move(picture));
@@ -102,7 +112,7 @@ void frmPhotoCrop::SelectViewOfFile(const std::string& path) {
     std::size_t longest = 0;
     for (std::size_t i = 0; i < cmbView.Items().size(); ++i) {
         const std::string& view = cmbView.Items()[i].text;
-        if (view.size() <= longest || !text::ContainsIgnoringCase(name, view)) continue;
+        if (view.size() <= longest || !text::ContainsWords(name, view)) continue;
         longest = view.size();
         cmbView.SetListIndex(static_cast<int>(i));
     }
@@ -148,7 +158,6 @@ void frmPhotoCrop::OpenPicture(const std::string& sourcePath, CropMode mode, boo
 
     source_ = OpenSource(sourcePath, mode);
     passThrough_ = mode == CropMode::File && MayPassThrough(sourcePath);
-    aspectRatio_ = static_cast<float>(photoSize_.TargetWidth) / static_cast<float>(photoSize_.TargetHeight);
     const crop::PreviewSize size = crop::PreviewSizeOf(source_->Width(), source_->Height());
     previewScale_ = size.scale;
     previewBitmap_ = std::make_shared<const Picture>(source_->Preview(size.width, size.height));
@@ -183,7 +192,8 @@ std::unique_ptr<SourcePicture> frmPhotoCrop::OpenSource(const std::string& sourc
 bool frmPhotoCrop::MayPassThrough(const std::string& sourcePath) const {
     return source_->Width() == photoSize_.TargetWidth && source_->Height() == photoSize_.TargetHeight &&
            source_->IsPlainJpeg() && photoSize_.MaxFileBytes > 0 &&
-           files::FileLength(sourcePath) < static_cast<std::uint64_t>(photoSize_.MaxFileBytes);
+           files::FileLength(sourcePath) < static_cast<std::uint64_t>(photoSize_.MaxFileBytes) &&
+           HasEnd(files::ReadAll(sourcePath));
 }
 
 void frmPhotoCrop::ReleasePicture() {
@@ -194,6 +204,7 @@ void frmPhotoCrop::ReleasePicture() {
 }
 
 void frmPhotoCrop::OnLoad() {
+    MakeRoomForBox();
     const Size screen = desktop().ScreenSize();
     MoveTo((screen.width - Bounds().width) / 2, (screen.height - Bounds().height) / 2);
 }

@@ -67,7 +67,8 @@ public:
     void SetViews(const std::vector<ComboBox::Item>& views);
     /// Chooses the first view whose text contains `text` in any case, else the first; hides an empty cmbView.
     void SelectView(const std::string& text);
-    /// Chooses the view whose text occurs in the file's name, the longest of several; else as `SelectView`.
+    /// As `SelectView` with the path; but a view whose text stands in the file's name as whole words wins,
+    /// the longest of several.
     void SelectViewOfFile(const std::string& path);
     /// Text and number of the view that was chosen at the last capture; "" and 0 when there was none.
     const std::string& ChosenView() const { return chosenView_.text; }
@@ -89,6 +90,7 @@ private:
     bool MayPassThrough(const std::string& sourcePath) const;
     void ReleasePicture();
 
+    void MakeRoomForBox();
     void CenterPreview();
     void StageResized();
     void StageMouseDown(const Mouse& mouse);
@@ -109,7 +111,7 @@ private:
 
     Imaging& imaging_;
     PhotoSize photoSize_;
-    float aspectRatio_ = 1;
+    float aspectRatio_ = 1;  ///< of the finished photo
     float previewScale_ = 1;
     std::unique_ptr<SourcePicture> source_;
     PicturePtr previewBitmap_;  ///< the preview before any adjustment
@@ -126,6 +128,21 @@ private:
     int repeatIndex_ = 0;
     bool steppedByMouse_ = false;
     bool focusWaits_ = false;
+};
+
+/// What the window says and does about one picture of several, until their import ends in whatever way.
+class SeveralPictures {
+public:
+    explicit SeveralPictures(frmPhotoCrop& window) : window_(window) {}
+    ~SeveralPictures() {
+        window_.SetProgress("");
+        window_.Refused = nullptr;
+    }
+    SeveralPictures(const SeveralPictures&) = delete;
+    SeveralPictures& operator=(const SeveralPictures&) = delete;
+
+private:
+    frmPhotoCrop& window_;
 };
 
 }  // namespace lumarin

@@ -1,4 +1,5 @@
 // The crop window's stage: how mouse, keys and buttons place the crop box.
+#include <algorithm>
 #include <array>
 
 #include "base/Numbers.h"
@@ -10,7 +11,9 @@ namespace {
 
 constexpr int Step = 30;  // twips
 constexpr int LongStep = 300;
-constexpr int FirstRepeat = 500;  // milliseconds
+constexpr double StageMargin = 24 * TwipsPerPixel;
+constexpr double ScreenMargin = 40 * TwipsPerPixel;  // what the window's frame takes of the screen
+constexpr int FirstRepeat = 500;                     // milliseconds
 constexpr int NextRepeats = 10;
 
 struct Direction {
@@ -88,6 +91,20 @@ void frmPhotoCrop::ConnectStage() {
     };
 }
 
+// The window opens as large as the photo's proportions ask for, and the screen allows.
+void frmPhotoCrop::MakeRoomForBox() {
+    const Size room = crop::LargestPlacements(aspectRatio_);
+    const Size screen = desktop().ScreenSize();
+    const auto grown = [](double inner, double missing, double most) {
+        return missing <= 0 ? inner : std::max(inner, std::min(inner + missing, most));
+    };
+    const Size size{
+        grown(InnerSize().width, room.width + 2 * StageMargin - Shape1.Width(), screen.width - ScreenMargin),
+        grown(InnerSize().height, room.height + 2 * StageMargin - Shape1.Height(),
+              screen.height - ScreenMargin)};
+    if (size != InnerSize()) SetInnerSize(size);
+}
+
 // The stage is the window's inside above the strip with the placement buttons, which takes the place of
 // one and a half times their height: its middle is the middle of what the strip leaves.
 void frmPhotoCrop::CenterPreview() {
@@ -115,9 +132,14 @@ void frmPhotoCrop::StageMouseMove(const Mouse& mouse) {
     const int dX = RoundToWhole(mouse.x - lastX_);
     const int dY = RoundToWhole(mouse.y - lastY_);
     if (dX == 0 && dY == 0) return;
-    CropBox.Move(crop::Dragged(CropBox.Bounds(), hitZone_, dX, dY, aspectRatio_));
-    lastX_ = mouse.x;
-    lastY_ = mouse.y;
+    const Rect before = CropBox.Bounds();
+    const Rect after = crop::Dragged(before, hitZone_, dX, dY, aspectRatio_);
+    CropBox.Move(after);
+    // As far as the held edge has gone: a box at its smallest waits until the pointer is back at that edge.
+    const bool rightEdge = hitZone_ == crop::HitZone::RightEdge;
+    const bool bottomEdge = hitZone_ == crop::HitZone::BottomEdge;
+    lastX_ += rightEdge ? after.Right() - before.Right() : after.left - before.left;
+    lastY_ += bottomEdge ? after.Bottom() - before.Bottom() : after.top - before.top;
 }
 
 void frmPhotoCrop::TakeHold(const Mouse& mouse) {

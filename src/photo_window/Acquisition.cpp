@@ -27,10 +27,10 @@ void frmLumarin::Acquire(bool several) {
 }
 
 AfterPage frmLumarin::TakePage(const ScannedPage& page, bool several) {
+    const SeveralPictures pictures(*cropWindow_);
     cropWindow_->SetTwainPicture(page.picture);
     cropWindow_->SetProgress(several ? "Picture " + std::to_string(page.number) : "");
     const PhotoResult result = current_->AddPhoto("", CropMode::Twain, several);
-    cropWindow_->SetProgress("");
     if (!several || result == PhotoResult::Cancel) return AfterPage::Stop;
     if (page.fromFeeder) return AfterPage::Continue;
     if (!canAdd_) return AfterPage::Stop;

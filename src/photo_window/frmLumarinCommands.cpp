@@ -14,25 +14,6 @@
 
 namespace lumarin {
 
-namespace {
-
-/// What the crop window says and does about one picture of several, until the import ends.
-class ImportProgress {
-public:
-    explicit ImportProgress(frmPhotoCrop& window) : window_(window) {}
-    ~ImportProgress() {
-        window_.SetProgress("");
-        window_.Refused = nullptr;
-    }
-    ImportProgress(const ImportProgress&) = delete;
-    ImportProgress& operator=(const ImportProgress&) = delete;
-
-private:
-    frmPhotoCrop& window_;
-};
-
-}  // namespace
-
 void frmLumarin::ToolClicked(const std::string& name) {
     if (name == "Exit") return RunCommand(name, [this] { ports_.host.Common().EndJob(jobIndex_); });
     if (name == "Open") return OpenFiles(ImportKind::Open);
@@ -78,7 +59,7 @@ void frmLumarin::OpenFiles(ImportKind kind) {
 
 void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
     const std::vector<std::string> paths = SelectedPaths(selection);
-    const ImportProgress progress(*cropWindow_);
+    const SeveralPictures pictures(*cropWindow_);
     RefusedFiles refused;
     // Of several files those that are not photos are named together at the end; a single one at once.
     if (paths.size() > 1)

@@ -41,10 +41,10 @@ TEST(CropGeometry, Drag_KeepsTheRatioAndTheOtherMiddle) {
         {"inside", HitZone::Inside, {1160, 2080, 1600, 1000}},
     };
     for (const auto& c : cases) ExpectRect(Dragged(Box, c.zone, 160, 80, Ratio), c.after, c.name);
-    // Dragged through its other edge, a box stops at a pixel and holds that edge.
-    ExpectRect(Dragged(Box, HitZone::LeftEdge, 5000, 0, Ratio), {2585, 2495.31, 15, 9.375},
-               "left, through the right");
-    EXPECT_GT(Dragged(Box, HitZone::BottomEdge, 0, -5000, Ratio).height, 0);
+    // Dragged through its other edge, a box stops at 300 twips and holds that edge.
+    ExpectRect(Dragged(Box, HitZone::LeftEdge, 5000, 0, Ratio), {2120, 2350, 480, 300},
+               "left past the right");
+    ExpectRect(Dragged(Box, HitZone::BottomEdge, 0, -5000, 0.5F), {1650, 2000, 300, 600}, "tall");
 }
 
 TEST(CropGeometry, Placement_FillsOneSideAndMayOverhangTheOther) {

@@ -16,7 +16,7 @@ protected:
     }
 
     void GivenFile(const std::string& name, int width, int height, bool jpeg = true,
-                   const std::string& bytes = "photo") {
+                   const std::string& bytes = "photo\xFF\xD9") {
         files::WriteWhole(folder + name, bytes);
         imaging.pictures[folder + name] = {width, height, jpeg};
     }
@@ -130,9 +130,10 @@ TEST_F(PhotoCrop, BadBox_IsRefusedAndPlacedAnew) {
 
 TEST_F(PhotoCrop, FinishedSource_PassesOnlyWhenNothingChanges) {
     GivenFile("exact.jpg", 480, 300);
-    GivenFile("marked.jpg", 480, 300, true, std::string(25, char{108}));
-    GivenFile("long.jpg", 480, 300, true, std::string(35000, 'x'));
-    GivenFile("limit.jpg", 480, 300, true, std::string(34999, 'x'));
+    GivenFile("marked.jpg", 480, 300, true, std::string(25, char{108}) + "\xFF\xD9");
+    GivenFile("long.jpg", 480, 300, true, std::string(34998, 'x') + "\xFF\xD9");
+    GivenFile("limit.jpg", 480, 300, true, std::string(34997, 'x') + "\xFF\xD9");
+    GivenFile("no end.jpg", 480, 300, true, "with a thumbnail\xFF\xD9 and \xFF\xDA its picture");
     GivenFile("other.png", 480, 300, false);
     const struct {
         const char* file;
@@ -143,6 +144,7 @@ TEST_F(PhotoCrop, FinishedSource_PassesOnlyWhenNothingChanges) {
     } cases[] = {
         {"limit.jpg", true},
         {"long.jpg", false},
+        {"no end.jpg", false},
         {"other.png", false},
         {"exact.jpg", false, 25},
         {"exact.jpg", true, 25, -25},
@@ -214,6 +216,20 @@ TEST_F(PhotoCrop, MouseOnPreviewAndStage_DragsInOneCoordinateSystem) {
     });
 }
 
+TEST_F(PhotoCrop, EdgeDraggedPastTheOther_WaitsForThePointerToComeBack) {
+    Crop("wide.jpg", [&] {
+        window.Shape1.MouseWentDown({MouseButton::Left, 6600, 3000});
+        for (const double x : {3000, -9000, 6500}) window.Shape1.MouseMoved({MouseButton::Left, x, 3000});
+        ExpectBox(1800, 1531.25, 4700);
+    });
+}
+
+TEST_F(PhotoCrop, TallTarget_OpensAWindowWhoseStageHoldsBothPlacements) {
+    window.SetPhotoSize("300,480,35,35000");
+    window.InnerPlaced({12000, 8000});  // with a stage of 8400 x 6000
+    Crop("wide.jpg", [&] { EXPECT_NEAR(window.InnerSize().height, 8000 - 6000 + 7680 + 720, 0.01); });
+}
+
 TEST_F(PhotoCrop, KeysOnTheStage_MoveAndSizeTheBox) {
     const struct {
         KeyDown key;
@@ -249,15 +265,27 @@ TEST_F(PhotoCrop, Slider_ShowsItsEffectFromTheUnchangedPreview) {
 
 TEST_F(PhotoCrop, Views_AreChosenByTextAndKeptAtCapture) {
     Crop("wide.jpg", [&] { EXPECT_FALSE(window.cmbView.Visible()); });
-    window.SetViews({{"Front View", 2110}, {"Kitchen", 2120}, {"Côté jardin", 2130}});
-    GivenFile("new kitchen.jpg", 640, 400);
-    Crop("new kitchen.jpg", [&] { EXPECT_EQ(window.cmbView.Text(), "Kitchen"); });
+    window.SetViews(
+        {{"Front", 2100}, {"Side", 2110}, {"Side View", 2120}, {"View", 2130}, {"Côté jardin", 2140}});
+    const std::pair<const char*, const char*> cases[] = {
+        {"side.jpg", "Side"},
+        {"100123_SIDE VIEW2.jpg", "Side View"},
+        {"Poolside.jpg", "Front"},
+        {"overview.jpg", "Front"},
+        {"inside, side.jpg", "Side"},
+        {"côté jardiné.jpg", "Front"},
+        {"CÔTÉ JARDIN.jpg", "Côté jardin"},
+    };
+    for (const auto& [file, view] : cases) {
+        GivenFile(file, 640, 400);
+        Crop(file, [&, wanted = view] { EXPECT_EQ(window.cmbView.Text(), wanted) << window.Caption(); });
+    }
     CaptureAfter("wide.jpg", [&] {
-        EXPECT_EQ(window.cmbView.Text(), "Front View") << "no view's text holds the path";
+        EXPECT_EQ(window.cmbView.Text(), "Front") << "no view's text holds the path";
         window.SelectView("CÔTÉ");
     });
     EXPECT_EQ(window.ChosenView(), "Côté jardin");
-    EXPECT_EQ(window.ChosenViewData(), 2130);
+    EXPECT_EQ(window.ChosenViewData(), 2140);
 }
 
 }  // namespace

@@ -48,6 +48,24 @@ TEST_F(frmLumarinTest, Open_SeveralFiles_AbortEndsAndCancelSkips) {
     EXPECT_TRUE(desktop.dialogs[0].preview);
 }
 
+TEST_F(frmLumarinTest, Import_ThatFails_NoLongerCountsItsPictures) {
+    OpenWith({"100124"});
+    const std::string inTheWay = files::UnfinishedName(host.WorkingFolder() + "100124.dat");
+    files::EnsureFolder(inTheWay);  // the state cannot be written
+    std::string count = "not opened";
+    desktop.BeLenient([&](Form& form) {
+        count = static_cast<frmPhotoCrop&>(form).lblPicture.Caption();
+        form.Hide();
+    });
+    desktop.Choose(Selection("/in|a.png|b.png"));
+    window->Menu.ClickTool("Open");
+    EXPECT_EQ(count, "not opened");
+    files::TryDelete(inTheWay);
+    desktop.SetClipboardPicture({480, 300, std::vector<std::uint8_t>(480 * 300 * 3)});
+    window->Menu.ClickTool("Paste");
+    EXPECT_EQ(count, "");
+}
+
 TEST_F(frmLumarinTest, SmartLoad_FileNames_ChooseTheListing) {
     const char* taken[] = {"1234.jpg", "12345-front.jpg", "123456a"};
     std::string selection =

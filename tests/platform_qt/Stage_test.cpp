@@ -112,6 +112,7 @@ TEST_F(StageTest, Shape_OverPicture_DimsOnlyThePictureOutsideOfIt) {
     EXPECT_EQ(seen.pixelColor(90, 50), QColor(200, 200, 200)) << "inside";
     EXPECT_LT(seen.pixelColor(60, 50).red(), 120) << "outside, on the picture";
     EXPECT_EQ(seen.pixelColor(20, 50), besidesBefore) << "outside, beside the picture";
+    EXPECT_EQ(seen.pixelColor(150, 40), QColor(Qt::white)) << "inside, beside the picture";
     EXPECT_GT(seen.pixelColor(80, 20).red(), 200) << "the box's edge";
     EXPECT_EQ(Widget<qt::ShapeWidget>("shpBox").Box(), QRect(80, 10, 400, 400));
 }

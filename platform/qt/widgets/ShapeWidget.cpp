@@ -17,6 +17,7 @@ constexpr QColor Guide(255, 255, 255, 110);
 constexpr QColor GuideEdge(0, 0, 0, 60);
 constexpr int HandleLength = 18;
 constexpr int HandleWidth = 4;
+constexpr int Edge = 2;  // the parent's own, which shows that it has the focus
 
 /// A light line with a dark edge is seen over any picture.
 void DrawLine(QPainter& painter, const QLine& line) {
@@ -57,23 +58,28 @@ void ShapeWidget::CoverParent() {
     raise();
 }
 
-QRegion ShapeWidget::DimmedRegion() const {
+QRegion ShapeWidget::PictureRegion() const {
     QRegion pictures;
     for (QObject* sibling : parentWidget()->children()) {
         const auto* picture = dynamic_cast<PictureWidget*>(sibling);
         if (picture != nullptr && picture->isVisible())
             pictures += picture->PictureRect().translated(picture->pos());
     }
-    return pictures - QRegion(box_);
+    return pictures;
+}
+
+void ShapeWidget::PaintSurroundings(QPainter& painter) const {
+    const QRegion pictures = PictureRegion();
+    if (pictures.isEmpty()) return;
+    for (const QRect& outside : pictures - QRegion(box_)) painter.fillRect(outside, Dim);
+    const QRegion paper = QRegion(box_ & rect().adjusted(Edge, Edge, -Edge, -Edge)) - pictures;
+    for (const QRect& overhang : paper) painter.fillRect(overhang, Qt::white);
 }
 
 void ShapeWidget::paintEvent(QPaintEvent*) {
     if (box_.isEmpty() || parentWidget() == nullptr) return;
     QPainter painter(this);
-    painter.save();
-    painter.setClipRegion(DimmedRegion());
-    painter.fillRect(rect(), Dim);
-    painter.restore();
+    PaintSurroundings(painter);
     PaintGuides(painter);
     painter.setPen(Dark);
     painter.drawRect(box_.adjusted(-1, -1, 0, 0));

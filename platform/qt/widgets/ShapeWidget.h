@@ -5,8 +5,8 @@
 namespace lumarin::qt {
 
 /// A drawn rectangle with rule-of-thirds guides, over everything else in its parent and transparent to
-/// the mouse. It covers its whole parent, so that it can dim the pictures outside of the rectangle; the
-/// rectangle itself may run past the parent.
+/// the mouse. It covers its whole parent, so that it can dim the pictures outside of the rectangle and show
+/// white where the rectangle runs past them; the rectangle itself may run past the parent.
 class ShapeWidget : public QWidget {
 public:
     explicit ShapeWidget(QWidget* parent = nullptr);
@@ -22,7 +22,8 @@ protected:
 
 private:
     void CoverParent();
-    QRegion DimmedRegion() const;
+    QRegion PictureRegion() const;
+    void PaintSurroundings(QPainter& painter) const;
     void PaintGuides(QPainter& painter) const;
     void PaintHandles(QPainter& painter) const;
 
