@@ -19,7 +19,7 @@ esac
 
 programs=(service_faults document_faults disk_faults kills)
 "$root/scripts/setup.sh"
-"$root/scripts/build.sh" release "${programs[@]/#/test_}" test_hostile test_host_drive
+"$root/scripts/build.sh" release "${programs[@]/#/test_}" test_hostile lumarin_host
 
 status=0
 run() {  # the test program's name, what to run of it, what its figures look like
@@ -35,7 +35,8 @@ run() {  # the test program's name, what to run of it, what its figures look lik
 }
 for program in "${programs[@]}"; do run "$program" reliability '*'; done
 run hostile hostile '*'
-run host_drive host_drive 'ProgramTest.DataFolderInUse*'
+printf '\n== program\n'
+QT_QPA_PLATFORM=offscreen "$root/tests/host_drive/program.sh" "$root/build/release/host/desktop/lumarin-host" || status=1
 printf '\n== soak, %s listings\n' "${day[0]}"
 "$root/bench/soak" "${day[@]}" || status=1
 exit "$status"

@@ -8,6 +8,7 @@
 
 #include "base/Files.h"
 #include "host/demo/LargePhoto.h"
+#include "host/drive/Steps.h"
 #include "util/frmBusy.h"
 
 namespace host {
@@ -85,7 +86,9 @@ void Demo::OpenPhotoWindow() {
     client_.Do("wait frmMain");
     Shot("frmMain");
     Step("The tool \"Photos\" opens the photo window; listing 100123 comes with its 3 photos");
-    client_.DoAll({"tool frmMain.Photos", "wait frmLumarin"});
+    client_.DoAll(steps::OpenPhotos());
+    if (client_.Get("frmMain.Photos")["enabled"].toBool())
+        throw DemoFailure("A second window could be opened");
     EnterListing("100123");
     ExpectRows("frmLumarin.PhotoList", 3);
 }
@@ -102,6 +105,9 @@ void Demo::ImportLargePhoto() {
     const int right = box[0].toInt() + box[2].toInt() - picture[0].toInt() - 4;
     client_.Do(QString("drag frmPhotoCrop.Preview %1 %2 %3 %2").arg(right).arg(y).arg(right - 60));
     client_.Do(QString("drag frmPhotoCrop.Preview %1 %2 %3 %4").arg(x - 40).arg(y).arg(x - 10).arg(y - 12));
+    const QJsonArray dragged = client_.Get("frmPhotoCrop.CropBox")["box"].toArray();
+    if (dragged[0].toInt() <= box[0].toInt() || dragged[2].toInt() >= box[2].toInt())
+        throw DemoFailure("The crop box did not follow the mouse");
     client_.Do("set frmPhotoCrop.hsbControl(0) 60");
     client_.Do("set frmPhotoCrop.hsbControl(1) 40");
     client_.Do("set frmPhotoCrop.cmbView Pool");
@@ -150,8 +156,7 @@ void Demo::RecordWhatIsSent() {
 
 void Demo::SendPhotos() {
     Step("Send Photos: everything goes to the server in one package");
-    const QString shot = Quoted(QString::fromStdString(folders_.shots) + "frmProgress.png");
-    client_.DoAll({"tool frmLumarin.SendPhotos", "wait frmProgress", "shot frmProgress " + shot});
+    client_.DoAll({"tool frmLumarin.SendPhotos", "wait frmProgress", ShotOf("frmProgress")});
     if (!client_.Do("message").isNull()) throw DemoFailure("The send asks something that it should not ask");
     ExpectRows("frmLumarin.RecList", 0);
 }
@@ -171,20 +176,21 @@ void Demo::CheckServer() {
 void Demo::LookWithNewWindow() {
     Step("A new photo window loads 4 photos for 100123 and 2 for 100124");
     client_.Do("close frmLumarin");
-    client_.DoAll({"tool frmMain.Photos", "wait frmLumarin"});
+    const QJsonArray line{"100123", "Sale", "1420 N Oak Street", "A101", "Active", "4"};
+    if (!Rows(client_.Get("frmMain.Listings")).contains(line))
+        throw DemoFailure("The start page does not show the photos that were sent");
+    client_.DoAll(steps::OpenPhotos());
     EnterListing("100124");
     ExpectRows("frmLumarin.PhotoList", 2);
     EnterListing("100123");
     ExpectRows("frmLumarin.PhotoList", 4);
     client_.Do("select frmLumarin.PhotoList 3");
-    client_.Do("shot frmLumarin " + Quoted(QString::fromStdString(folders_.shots) + "frmLumarin-sent.png"));
+    client_.Do(ShotOf("frmLumarin", "-sent"));
 }
 
 void Demo::FindAndView() {
     Step("Browse finds a listing by the name of its owner; Enter shows its photo in the viewer");
-    client_.DoAll({"press frmLumarin.cmdBrowse", "wait frmFindProperty",
-                   "set frmFindProperty.txtOwnerName \"Patrick O'Br\"",
-                   "press frmFindProperty.cmdShowMatches"});
+    client_.DoAll(steps::SearchOwner("Patrick O'Br"));
     ExpectRows("frmFindProperty.List", 1);
     client_.Do("select frmFindProperty.List 0");
     Shot("frmFindProperty");
@@ -205,13 +211,12 @@ void Demo::Verify() {
 
 void Demo::Scan() {
     Step("A picture from the scanner library's test device goes through the crop window");
-    client_.DoAll({"tool frmLumarin.SelectSource", "wait frmSelectSource 20000"});
+    client_.DoAll({"tool frmLumarin.SelectSource", "wait frmSelectSource"});
     Shot("frmSelectSource");
-    client_.DoAll({"press frmSelectSource.cmdOK", "tool frmLumarin.AcquireSingle", "wait frmAcquire"});
-    Shot("frmAcquire");
-    client_.Do("wait frmPhotoCrop 60000");
-    client_.Do("shot frmPhotoCrop " +
-               Quoted(QString::fromStdString(folders_.shots) + "frmPhotoCrop-scan.png"));
+    client_.DoAll({"press frmSelectSource.cmdOK", "tool frmLumarin.AcquireSingle", "wait frmAcquire",
+                   ShotOf("frmAcquire")});
+    client_.Do("wait frmPhotoCrop");
+    client_.Do(ShotOf("frmPhotoCrop", "-scan"));
     client_.DoAll({"press frmPhotoCrop.cmdCancel", "close frmLumarin"});
 }
 
@@ -229,9 +234,11 @@ void Demo::ShowBusyWindow() {
 
 void Demo::Step(const QString& what) { Say(QString("%1. %2").arg(++step_).arg(what)); }
 
-void Demo::Shot(const QString& window) {
-    client_.Do("shot " + window + ' ' + Quoted(QString::fromStdString(folders_.shots) + window + ".png"));
+QString Demo::ShotOf(const QString& window, const QString& suffix) const {
+    return "shot " + window + ' ' + Quoted(QString::fromStdString(folders_.shots) + window + suffix + ".png");
 }
+
+void Demo::Shot(const QString& window) { client_.Do(ShotOf(window)); }
 
 void Demo::ExpectNoMessage(const QString& action) {
     const QJsonValue message = client_.Do("message");
@@ -239,22 +246,14 @@ void Demo::ExpectNoMessage(const QString& action) {
 }
 
 void Demo::EnterListing(const QString& number) {
-    client_.Do("set frmLumarin.txtID " + number);
-    client_.Do("key frmLumarin.txtID Enter");
+    client_.DoAll(steps::EnterListing(number));
     ExpectNoMessage("Opening listing " + number);
 }
 
-void Demo::ChooseForImport(const QStringList& names) {
-    QString command = "choose";
-    for (const QString& name : names) command += ' ' + Quoted(name);
-    client_.Do("tool frmLumarin.Open");
-    client_.Do(command);
-    client_.Do("wait frmPhotoCrop 20000");
-}
+void Demo::ChooseForImport(const QStringList& names) { client_.DoAll(steps::OpenFiles(names)); }
 
 void Demo::Capture(const QString& description) {
-    client_.Do("set frmPhotoCrop.cmbView " + Quoted(description));
-    client_.Do("press frmPhotoCrop.cmdCapture");
+    client_.DoAll(steps::Capture(description));
     ExpectNoMessage("Capturing");
 }
 

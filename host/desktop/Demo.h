@@ -54,6 +54,8 @@ private:
     void ShowBusyWindow();
 
     void Step(const QString& what);
+    /// The command for a picture that is named after the window.
+    QString ShotOf(const QString& window, const QString& suffix = {}) const;
     void Shot(const QString& window);
     void EnterListing(const QString& number);
     void ChooseForImport(const QStringList& names);

@@ -4,6 +4,7 @@
 #include "host/database/Schema.h"
 #include "host/demo/SamplePdf.h"
 #include "host/desktop/Demo.h"
+#include "host/drive/Steps.h"
 #include "host/server/Server.h"
 
 namespace host {
@@ -18,8 +19,7 @@ QJsonArray FirstRow(const QJsonObject& list) { return list["rows"].toArray().fir
 
 void Demo::OpenDocumentManager() {
     Step("The tool \"Documents\" asks for a listing number; it takes digits only");
-    client_.DoAll(
-        {"tool frmMain.Documents", "wait frmListnumPrompt", "set frmListnumPrompt.txtPropertyId 100a124"});
+    client_.DoAll(steps::AskForDocuments("100a124"));
     const QString text = client_.Get("frmListnumPrompt.txtPropertyId")["text"].toString();
     if (text != QString::number(Listing)) throw DemoFailure("The prompt for a listing number took " + text);
     Shot("frmListnumPrompt");
@@ -49,11 +49,11 @@ void Demo::BuildPdf() {
     Step("A PDF is built of a JPEG, a PNG, the clipboard's picture and a scanned page");
     const QString jpeg = Draw("garden.jpg", 480, 300, 4);
     const QString png = QString::fromStdString(folders_.shots) + "frmPhotoViewer.png";
-    client_.DoAll({"tool frmAddDocument.miMakePdf", "wait frmMakePDF", "press frmMakePDF.cmdAddFiles",
-                   "choose " + Quoted(jpeg), "press frmMakePDF.cmdAddFiles", "choose " + Quoted(png),
-                   "clipboard " + Quoted(png), "tool frmMakePDF.paste",
-                   "set frmMakePDF.cboDocType \"Black & White 1-bit (Smallest file)\"",
-                   "tool frmMakePDF.AcquireSingle"});
+    client_.DoAll(steps::BeginPdf() +
+                  QStringList{"press frmMakePDF.cmdAddFiles", "choose " + Quoted(jpeg),
+                              "press frmMakePDF.cmdAddFiles", "choose " + Quoted(png),
+                              "clipboard " + Quoted(png), "tool frmMakePDF.paste"} +
+                  steps::ChooseBlackAndWhite() + QStringList{"tool frmMakePDF.AcquireSingle"});
     ExpectNoMessage("Building a PDF");
     ExpectRows("frmMakePDF.lbmBM", 4);
     client_.Do("set frmMakePDF.txtLinkText \"Garden and house\"");

@@ -50,10 +50,4 @@ void DriveClient::OnUserInterface(const std::function<void()>& work) {
     QMetaObject::invokeMethod(&driver_, work, Qt::BlockingQueuedConnection);
 }
 
-QString Quoted(const QString& text) {
-    QString escaped = text;
-    escaped.replace('\\', "\\\\").replace('"', "\\\"");
-    return '"' + escaped + '"';
-}
-
 }  // namespace host

@@ -36,7 +36,4 @@ private:
     Driver& driver_;
 };
 
-/// A command's argument in quotes.
-QString Quoted(const QString& text);
-
 }  // namespace host

@@ -16,7 +16,7 @@ namespace host::commands {
 
 namespace {
 
-constexpr int UsualWait = 5000;
+constexpr int UsualWait = 60000;
 
 QJsonValue Done() { return QJsonObject{{"ok", true}}; }
 

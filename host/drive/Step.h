@@ -18,7 +18,7 @@ struct Step {
     /// What else must hold before the step begins; empty for nothing.
     std::function<bool()> ready{};
     /// How long the step waits to begin, in milliseconds; then it begins all the same.
-    int patience = 30000;
+    int patience = 120000;
 
     std::function<QJsonValue()> read{};
     std::function<void()> act{};

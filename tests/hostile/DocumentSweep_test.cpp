@@ -3,7 +3,6 @@
 #include "hostile/SweepTest.h"
 
 namespace lumarin {
-namespace {
 
 using hostile::Sample;
 
@@ -18,7 +17,7 @@ protected:
         Try("the first", [this] { AddLink(); });
     }
 
-    /// One document comes of it or a message says why not, soon, and the first stays as it was.
+    /// One document comes of it or a message says why not, and the first stays as it was.
     void Try(const std::string& name, const std::function<void()>& attempt) {
         SCOPED_TRACE(name);
         const int before = documents->lvFiles.Count();
@@ -130,5 +129,4 @@ TEST_F(DocumentSweep, Texts_TypedAsDescriptionAndAddress_GiveALinkOrAMessage) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <chrono>
-
 #include "base/Files.h"
 #include "hostile/Corpus.h"
 #include "platform_vips/Samples.h"
@@ -56,12 +54,10 @@ protected:
         return paths;
     }
 
-    /// Runs one attempt, which must be over soon, and says how many messages there were.
+    /// Runs one attempt and says how many messages there were.
     std::size_t MessagesOf(const std::function<void()>& attempt) {
         const std::size_t messages = desktop.messages.size();
-        const auto start = std::chrono::steady_clock::now();
         attempt();
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
         return desktop.messages.size() - messages;
     }
 

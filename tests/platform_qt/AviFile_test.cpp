@@ -2,13 +2,13 @@
 
 #include <QBuffer>
 #include <QtEndian>
-#include <QtTest/QTest>
 
 #include <random>
 
 #include "base/Files.h"
 #include "host/demo/FileMoveAnimation.h"
 #include "platform/qt/widgets/AnimationWidget.h"
+#include "platform_qt/EveryKindForm.h"
 #include "support/TemporaryFolder.h"
 
 namespace lumarin::testing {
@@ -93,8 +93,8 @@ TEST(AnimationWidget, Film_WhileVisible_PlaysRoundAndRound) {
     QTest::qWait(60);
     EXPECT_EQ(widget.CurrentFrame(), 0) << "nobody sees it";
     widget.show();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return widget.CurrentFrame() == 1; }));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return widget.CurrentFrame() == 0; }));
+    EXPECT_TRUE(Becomes([&] { return widget.CurrentFrame() == 1; }));
+    EXPECT_TRUE(Becomes([&] { return widget.CurrentFrame() == 0; }));
     widget.Open("no such file");
     EXPECT_EQ(widget.grab().toImage().pixelColor(5, 5), widget.palette().color(QPalette::Window));
 }

@@ -68,14 +68,9 @@ TEST_F(BinderTest, UserInput_ReachesTheControls) {
     form->cmdDo.MouseDown = [&] { events += "down "; };
     form->cmdDo.MouseUp = [&] { events += "up "; };
     form->cmdDo.Click = [&] { events += "click "; };
-    form->cmbChoice.AddItem("Front");
     Show();
     QTest::mouseClick(&Widget("cmdDo"), Qt::LeftButton);
     EXPECT_EQ(events, "down up click ");
-    QTest::keyClick(&Widget("cmbChoice"), Qt::Key_Down);
-    EXPECT_EQ(form->cmbChoice.Text(), "Front");
-    QTest::keyClick(&Widget("hsbLevel"), Qt::Key_Right);
-    EXPECT_EQ(form->hsbLevel.Value(), 1);
     Widget<QTabWidget>("sstPages").setCurrentIndex(1);
     EXPECT_EQ(form->sstPages.Tab(), 1);
     form->numCount.SetFocus();

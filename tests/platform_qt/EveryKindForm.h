@@ -13,6 +13,9 @@
 
 namespace lumarin::testing {
 
+/// Lets events happen until this holds; a busy machine may take its time.
+inline bool Becomes(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 600'000); }
+
 class EveryKindForm : public Form {
 public:
     explicit EveryKindForm(Desktop& desktop) : Form(desktop, "frmEveryKind") {}

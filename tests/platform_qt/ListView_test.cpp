@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QTreeView>
 
+#include "base/Error.h"
 #include "platform_qt/EveryKindForm.h"
 #include "support/TemporaryFolder.h"
 
@@ -46,12 +47,16 @@ TEST_F(ListViewTest, Rows_ChangedByCode_AreShownAndChooseNothing) {
     form->lisRows.Select(2);
     form->lisRows.InsertRow(0, {.text = "3"});
     EXPECT_EQ(Current(), 3) << "the selection goes with its row";
+    form->lisRows.RemoveRow(0);
+    form->lisRows.InsertRow(1, {.text = "3"});
+    EXPECT_EQ(Current() * 10 + form->lisRows.Selected(), 33);
     form->lisRows.ItemClick = [](int) { FAIL() << "nobody chose a row"; };
     form->lisRows.RemoveRow(3);
     EXPECT_EQ(Current(), -1) << "no neighbour is selected";
     form->lisRows.AddRows(Rows({"8", "9"}));
     form->lisRows.SortBy(0, false);
     EXPECT_EQ(Shown(), "55 9 8 7 4 3");
+    EXPECT_THROW(form->lisRows.RemoveRow(6), IndexError);
     form->lisRows.Clear();
     EXPECT_EQ(Shown(), "");
 }
@@ -140,7 +145,7 @@ TEST_F(ListViewTest, RowsThatFollow_AreShownALittleLaterAndWhenSomebodyNeedsThem
     form->lisRows.Select(3);
     EXPECT_EQ(Current(), 3);
     add({"6"});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown() == "1b 2 33 5 6"; })) << Shown().toStdString();
+    EXPECT_TRUE(Becomes([&] { return Shown() == "1b 2 33 5 6"; })) << Shown().toStdString();
     add({"7"});
     form->lisRows.AddRows({}, MoreRows::No);
     EXPECT_EQ(Shown(), "1b 2 33 5 6 7") << "none follow";

@@ -87,7 +87,7 @@ TEST_F(QtDesktopTest, UnloadOrDestroyLater_WithinAnEventOfTheWindow_DestroyAfter
         };
         QTest::mouseClick(&Widget("cmdDo"), Qt::LeftButton);
         EXPECT_TRUE(stillThere);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window.isNull(); }));
+        EXPECT_TRUE(Becomes([&] { return window.isNull(); }));
     }
 }
 

@@ -39,18 +39,8 @@ TEST_F(ToolBarTest, Bands_AreBuiltFromSharedTools) {
         EXPECT_TRUE(action->icon().isNull()) << "an icon would hide the menu bar's text";
     form->Menu.AddTool({.name = "Later", .caption = "Later"});
     EXPECT_EQ(Texts(Widget<QToolBar>("Standard")), "&Open &File Later");
-}
-
-TEST_F(ToolBarTest, States_FollowTheControl) {
-    Show();
-    EXPECT_TRUE(Action("Preview").isChecked());
-    form->Menu.EnableTool("Open", false);
-    form->Menu.CheckTool("Preview", false);
     form->Menu.EnableTool("Help", false);
-    EXPECT_FALSE(Action("Open").isEnabled());
-    EXPECT_FALSE(Action("Preview").isChecked());
     EXPECT_FALSE(Widget("Menu").actions().last()->isEnabled()) << "in the menu bar too";
-    form->Menu.EnableTool("Open", true);
     form->Menu.SetEnabled(false);
     EXPECT_FALSE(Action("Open").isEnabled());
 }

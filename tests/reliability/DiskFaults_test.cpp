@@ -5,7 +5,6 @@
 #include "reliability/WorkTest.h"
 
 namespace lumarin::reliability {
-namespace {
 
 struct Step {
     const char* name;
@@ -127,5 +126,4 @@ TEST_F(DiskFaults, Settings_AnyFileCallGoesWrong_AreOldOrNew) {
         });
 }
 
-}  // namespace
 }  // namespace lumarin::reliability

@@ -1,7 +1,6 @@
 #include "reliability/WorkTest.h"
 
 namespace lumarin::reliability {
-namespace {
 
 struct Change {
     const char* name;
@@ -77,5 +76,4 @@ TEST_F(DocumentFaults, Change_AnyFileCallGoesWrong_IsDoneOrToldAndRepeatable) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin::reliability

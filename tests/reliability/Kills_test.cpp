@@ -18,7 +18,6 @@
 // whether all that is there.
 
 namespace lumarin::reliability {
-namespace {
 
 /// "work LISTING" and "published LISTING" with their photos, "documents", and "draft" with its pages.
 using Known = Photos;
@@ -255,5 +254,4 @@ TEST(Kills, AnyMoment_NextStartHasWhatWasFinished) {
     std::cout << '\n';
 }
 
-}  // namespace
 }  // namespace lumarin::reliability

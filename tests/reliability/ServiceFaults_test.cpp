@@ -1,7 +1,6 @@
 #include "reliability/WorkTest.h"
 
 namespace lumarin::reliability {
-namespace {
 
 using ServiceFaults = WorkTest;
 using TwoWindows = WorkTest;
@@ -70,5 +69,4 @@ TEST_F(TwoWindows, OneSendsWhileTheOtherDoes_BothComeToTheirEnd) {
         }
 }
 
-}  // namespace
 }  // namespace lumarin::reliability

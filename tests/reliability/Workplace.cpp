@@ -23,8 +23,13 @@ constexpr const char* BuiltDocument = "Plan";
 constexpr const char* Settings =
     "[Lumarin]\r\nDocMaxSize=100\r\nPhoto Size=120,75,35,35000,4\r\nPhoto Maximum=8\r\nFilePreview=False\r\n";
 
-/// Thousands of small folders come and go: in memory, where there is such a place and nobody chose another.
-[[maybe_unused]] const bool inMemory = access("/dev/shm", W_OK) == 0 && setenv("TMPDIR", "/dev/shm", 0) == 0;
+/// Thousands of small folders come and go: in memory, where there is room and nobody chose another place.
+[[maybe_unused]] const bool inMemory = [] {
+    std::error_code none;
+    return access("/dev/shm", W_OK) == 0 &&
+           std::filesystem::space("/dev/shm", none).available > 500'000'000 &&
+           setenv("TMPDIR", "/dev/shm", 0) == 0;
+}();
 
 /// What the agent answers to a question that belongs to what he does.
 std::optional<Answer> AnswerTo(const Message& message) {
