@@ -88,7 +88,6 @@ void ListingDocuments::AddFile(const std::string& line, const DocumentCommand& c
             RequirePdf(upload, sender.largestFile);
             Publish(line, command, upload, digest);
             transaction.Commit();
-            Told(ApplyStep::DocumentCommitted);
         }
     } catch (const Refusal&) {
         uploads_.Drop(command.upload);  // Asking again cannot help; after other failures it can.
@@ -101,9 +100,7 @@ void ListingDocuments::AddFile(const std::string& line, const DocumentCommand& c
 void ListingDocuments::Publish(const std::string& line, const DocumentCommand& command,
                                const std::string& upload, const std::string& digest) {
     const std::int64_t document = InsertRow(command, files::FileLength(upload));
-    Told(ApplyStep::DocumentRowWritten);
     store_.Add(command.listing, document, upload);
-    Told(ApplyStep::DocumentWritten);
     Remember(line, digest);
 }
 
@@ -114,9 +111,7 @@ void ListingDocuments::AddLink(const DocumentCommand& command, const DocumentSen
     same.Bind(1, std::int64_t{command.listing}).Bind(2, command.description).Bind(3, command.address);
     if (same.Step()) return;
     InsertRow(command, 0);
-    Told(ApplyStep::DocumentRowWritten);
     transaction.Commit();
-    Told(ApplyStep::DocumentCommitted);
 }
 
 void ListingDocuments::Delete(const std::string& line, const DocumentCommand& command,
@@ -131,11 +126,8 @@ void ListingDocuments::Delete(const std::string& line, const DocumentCommand& co
     RequireOwn(listing, sender);
     Statement(database_, "DELETE FROM Documents WHERE DocID = ?").Bind(1, command.document).Finish();
     Remember(line, AnyDigest);
-    Told(ApplyStep::DocumentRowWritten);
     transaction.Commit();
-    Told(ApplyStep::DocumentCommitted);
     files::TryDelete(store_.Path(listing, command.document));  // A link has none.
-    Told(ApplyStep::DocumentFileDeleted);
 }
 
 void ListingDocuments::RequireOwn(std::int32_t listing, const DocumentSender& sender) {

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "host/database/Database.h"
-#include "host/server/ApplyStep.h"
 #include "host/server/DocumentCommand.h"
 #include "host/server/DocumentStore.h"
 #include "host/server/Spool.h"
@@ -27,8 +26,8 @@ struct DocumentSender {
 class ListingDocuments {
 public:
     /// Database and spool outlive it.
-    ListingDocuments(Database& database, Spool& uploads, DocumentStore store, ApplyWatcher watcher)
-        : database_(database), uploads_(uploads), store_(std::move(store)), watcher_(std::move(watcher)) {}
+    ListingDocuments(Database& database, Spool& uploads, DocumentStore store)
+        : database_(database), uploads_(uploads), store_(std::move(store)) {}
 
     /// Makes one change, all or nothing, and drops the upload that it used up. A command that was applied
     /// before is accepted and changes nothing: its sender missed the answer. So is a link that the listing
@@ -51,14 +50,10 @@ private:
                  const std::string& digest);
     bool WasApplied(const std::string& line, const std::string& digest);
     void Remember(const std::string& line, const std::string& digest);
-    void Told(ApplyStep step) const {
-        if (watcher_) watcher_(step);
-    }
 
     Database& database_;
     Spool& uploads_;
     DocumentStore store_;
-    ApplyWatcher watcher_;
 };
 
 }  // namespace host

@@ -33,13 +33,12 @@ std::string Server::DocumentFolder(const std::string& dataFolder) {
     return Folder(dataFolder) + "documents" + files::Separator;
 }
 
-Server::Server(const std::string& dataFolder, ApplyWatcher watcher, const std::string& userCode)
+Server::Server(const std::string& dataFolder, const std::string& userCode)
     : folder_(EnsuredFolder(Folder(dataFolder))),
       database_(DatabasePath(dataFolder), DatabaseUse::Changes),
       store_(EnsuredFolder(PhotoFolder(dataFolder))),
       spool_(folder_ + "spool" + files::Separator, folder_),
-      documents_(database_, spool_, DocumentStore(DocumentFolder(dataFolder), userCode), watcher),
-      watcher_(std::move(watcher)) {
+      documents_(database_, spool_, DocumentStore(DocumentFolder(dataFolder), userCode)) {
     EnsureSchema(database_);
     Transaction lock(database_);
     store_.Sweep(database_);
@@ -72,16 +71,13 @@ void Server::ApplyPackage(const std::string& name) {
 void Server::Apply(const std::string& name, const std::string& path) {
     const PackageReader package = PackageReader::FromFile(path);
     const std::string digest = DigestOf(path);
-    Told(ApplyStep::PackageChecked);
     try {
         ApplyRows(package, name, digest);
     } catch (...) {
         SweepListings(package);
         throw;
     }
-    Told(ApplyStep::Committed);
     SweepListings(package);
-    Told(ApplyStep::OldPhotosDeleted);
 }
 
 void Server::ApplyRows(const PackageReader& package, const std::string& name, const std::string& digest) {
@@ -92,7 +88,6 @@ void Server::ApplyRows(const PackageReader& package, const std::string& name, co
         PhotoStore::Publish(database_, manifest.listing, Resolve(package, manifest));
     }
     Remember(name, digest);
-    Told(ApplyStep::RowsWritten);
     transaction.Commit();
     Log("applied " + name);
 }
@@ -115,7 +110,6 @@ std::vector<PublishedPhoto> Server::Resolve(const PackageReader& package, const 
         if (wanted.published == ManifestPhoto::NoneYet) {
             photos.push_back(
                 store_.Add(manifest.listing, package.ReadPhoto(manifest.listing, i), wanted.code));
-            Told(ApplyStep::PhotoWritten);
             continue;
         }
         const auto index = static_cast<std::size_t>(wanted.published);
@@ -166,10 +160,6 @@ void Server::Log(const std::string& line) const noexcept {
     } catch (...) {
         // A log that cannot be written must not stop the server.
     }
-}
-
-void Server::Told(ApplyStep step) const {
-    if (watcher_) watcher_(step);
 }
 
 }  // namespace host

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "host/database/Database.h"
-#include "host/server/ApplyStep.h"
 #include "host/server/ListingDocuments.h"
 #include "host/server/PackageReader.h"
 #include "host/server/PhotoStore.h"
@@ -24,8 +23,7 @@ public:
 
     /// Creates what is missing and deletes what an earlier run left unfinished. `dataFolder` ends in a
     /// separator; `userCode` is a part of the documents' addresses.
-    explicit Server(const std::string& dataFolder, ApplyWatcher watcher = {},
-                    const std::string& userCode = UsualUserCode);
+    explicit Server(const std::string& dataFolder, const std::string& userCode = UsualUserCode);
 
     /// Where uploads go: begin, chunks, end; abort at any time.
     Spool& Uploads() { return spool_; }
@@ -62,14 +60,12 @@ private:
     void Remember(const std::string& name, const std::string& digest);
     void RequireListing(std::int32_t listing);
     std::vector<PublishedPhoto> Resolve(const PackageReader& package, const Manifest& manifest);
-    void Told(ApplyStep step) const;
 
     std::string folder_;
     Database database_;
     PhotoStore store_;
     Spool spool_;
     ListingDocuments documents_;
-    ApplyWatcher watcher_;
 };
 
 }  // namespace host

@@ -39,7 +39,7 @@ HostVelCommon::HostVelCommon(HostOptions options, lumarin::HostMainForm& mainFor
     : options_(Prepared(std::move(options))),
       mainForm_(mainForm),
       endJob_(std::move(endJob)),
-      server_(options_.dataFolder, {}, options_.connection),
+      server_(options_.dataFolder, options_.connection),
       photos_(options_.dataFolder + "photos" + files::Separator),
       queries_(DatabasePath(options_.dataFolder), DatabaseUse::Queries) {}
 

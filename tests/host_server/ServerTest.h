@@ -5,6 +5,8 @@
 #include "host/server/Refusal.h"
 #include "host/server/Server.h"
 #include "host_server/PackageBuilder.h"
+#include "reliability/DiskFaults.h"
+#include "support/Reason.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -12,10 +14,13 @@
 #include <unistd.h>
 #include <csignal>
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 
 namespace host {
+
+using lumarin::testing::ReasonOf, lumarin::testing::Says;
 
 /// A server in a folder of its own. The sale listing 1001 is an agent's own, 1002 another agent's of the same
 /// board, the rental 5001 the first one's.
@@ -77,21 +82,33 @@ protected:
     std::size_t StoredFiles(int listing) { return FilesIn("server/photos/" + std::to_string(listing) + "/"); }
     std::size_t SpooledFiles() { return FilesIn("server/spool/"); }
 
-    /// Another process is killed at this step of its work; after it the server starts anew.
-    void KillAt(ApplyStep fatal, const std::function<void(Server&)>& work) {
+    /// Does the work in another process, on the folder as it stands, and kills that at each of its file calls
+    /// in turn; then the server starts anew and is looked at. The last process is not killed.
+    void AtEachKill(const std::function<void(Server&)>& work, const std::function<void()>& check) {
+        namespace fs = std::filesystem;
+        namespace faults = lumarin::disk_faults;
         server_.reset();
-        const pid_t child = fork();
-        if (child == 0) {
-            Server doomed(folder_.Path(), [fatal](ApplyStep step) {
-                if (step == fatal) raise(SIGKILL);
-            });
-            work(doomed);
-            _exit(0);
+        const lumarin::testing::TemporaryFolder before;
+        fs::copy(folder_.Path(), before.Path(), fs::copy_options::recursive);
+        int status = SIGKILL;
+        for (int call = 1; WIFSIGNALED(status); ++call) {
+            SCOPED_TRACE(call);
+            server_.reset();
+            for (const auto& entry : fs::directory_iterator(folder_.Path())) fs::remove_all(entry);
+            fs::copy(before.Path(), folder_.Path(), fs::copy_options::recursive);
+            const pid_t child = fork();
+            if (child == 0) {
+                Server doomed(folder_.Path());
+                const auto kind = call % 2 == 0 ? faults::Kind::Killed : faults::Kind::KilledHalf;
+                faults::Begin(folder_.Path(), kind, call);
+                work(doomed);
+                _exit(0);
+            }
+            waitpid(child, &status, 0);
+            ASSERT_TRUE(status == 0 || WTERMSIG(status) == SIGKILL) << status;
+            Restart();
+            check();
         }
-        int status = 0;
-        waitpid(child, &status, 0);
-        ASSERT_EQ(WTERMSIG(status), SIGKILL);
-        Restart();
     }
 
     lumarin::testing::TemporaryFolder folder_;

@@ -7,8 +7,7 @@
 #include <string_view>
 
 /// Whatever comes is a refusal or a command that can be carried out without looking at its text again.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view line(reinterpret_cast<const char*>(data), size);
+FUZZ(std::string_view line) {
     try {
         const host::DocumentCommand command = host::ParseDocumentCommand(line);
         const bool deletes = command.kind == host::DocumentCommand::Kind::Delete;
@@ -21,5 +20,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     } catch (const host::Refusal&) {
         // Nothing else may be thrown.
     }
-    return 0;
 }

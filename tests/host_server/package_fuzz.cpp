@@ -1,3 +1,4 @@
+#include "fuzz/Promise.h"
 #include "host/server/PackageReader.h"
 #include "host/server/Refusal.h"
 
@@ -18,8 +19,7 @@ void ReadAsPackage(std::string_view bytes) {
 }  // namespace
 
 /// The same bytes as a package and as a manifest: an archive's check sums let few changed manifests through.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+FUZZ(std::string_view bytes) {
     try {
         ReadAsPackage(bytes);
     } catch (const host::Refusal&) {
@@ -29,5 +29,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         host::ReadManifest(bytes);
     } catch (const host::Refusal&) {
     }
-    return 0;
 }

@@ -2,25 +2,30 @@
 
 #include "base/Error.h"
 #include "base/Files.h"
+#include "host/database/Schema.h"
+#include "host/desktop/Overview.h"
 
 namespace host {
-namespace {
 
 namespace files = lumarin::files;
 
-TEST(HostVelCommon, SignedInUser_ActsForTheCompanysOffices) {
-    const struct {
-        int level;
-        const char* office;
-        const char* managed;
-        bool several;
-    } cases[] = {{59, "OF1", ",OF1,OF3,'OF1','OF3',", false},
-                 {60, "OF4", ",OF2,OF4,'OF2','OF4',", true},
-                 {60, "NONE", ",NONE,'NONE',", false}};
-    for (const auto& row : cases) {
-        TestHost host({.dataFolder = SeededFolder(), .level = row.level, .office = row.office});
-        EXPECT_EQ(host.common.ManagedOffices(), row.managed);
-        EXPECT_EQ(host.common.HasSeveralOffices(), row.several) << row.level << row.office;
+TEST(HostVelCommon, SignedInUser_ActsForTheCompanysOfficesAndSeesTheListingsInReach) {
+    const std::tuple<int, const char*, const char*, const char*, const char*, bool, std::size_t> cases[] = {
+        {59, "A101", "OF1", "1", ",OF1,OF3,'OF1','OF3',", false, 11},
+        {59, "A202", "OF1", "1", ",OF1,OF3,'OF1','OF3',", false, 4},
+        {60, "A101", "OF4", "1", ",OF2,OF4,'OF2','OF4',", true, 5},
+        {60, "A101", "NONE", "1", ",NONE,'NONE',", false, 0},
+        {90, "A101", "OF1", "2", ",OF1,OF3,'OF1','OF3',", true, 12},
+        {100, "A101", "OF1", "1", ",OF1,OF3,'OF1','OF3',", true, 40}};
+    for (const auto& [level, agent, office, board, managed, several, listings] : cases) {
+        SCOPED_TRACE(std::to_string(level) + agent + office);
+        const HostOptions user{
+            .dataFolder = SeededFolder(), .level = level, .agent = agent, .office = office, .board = board};
+        const TestHost host(user);
+        EXPECT_EQ(host.common.ManagedOffices(), managed);
+        EXPECT_EQ(host.common.HasSeveralOffices(), several);
+        Database database(DatabasePath(SeededFolder()), DatabaseUse::Queries);
+        EXPECT_EQ(ReadOverview(database, user).listings.size(), listings);
     }
 }
 
@@ -60,5 +65,4 @@ TEST(PhotoService, BadPackage_BegunByOneServiceObjectEndedByAnother_IsRefusedWit
     EXPECT_NE(log.find("refused p.zip: The package cannot be read as a zip archive"), std::string::npos);
 }
 
-}  // namespace
 }  // namespace host

@@ -2,14 +2,24 @@
 
 #include "base/Files.h"
 #include "host_services/HostFixture.h"
+#include "reliability/DiskFaults.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
-#include <csignal>
 
 #include <filesystem>
 
 namespace host {
+
+const std::string& SeededFolder() {
+    static const lumarin::testing::TemporaryFolder folder;
+    static const std::string path = [] {
+        SeedData(folder.Path());
+        return folder.Path();
+    }();
+    return path;
+}
+
 namespace {
 
 std::ptrdiff_t StoredPhotos(const std::string& dataFolder) {
@@ -24,11 +34,10 @@ TEST(SeedDataDeathTest, KilledHalfway_IsMadeWholeAtTheNextStart) {
     const lumarin::testing::TemporaryFolder folder;
     const pid_t child = fork();
     if (child == 0) {
+        lumarin::disk_faults::Begin(folder.Path(), lumarin::disk_faults::Kind::Killed, 100);
         SeedData(folder.Path());
         _exit(0);
     }
-    for (int wait = 0; wait < 2000 && StoredPhotos(folder.Path()) < 5; ++wait) usleep(5000);
-    kill(child, SIGKILL);
     int status = 0;
     waitpid(child, &status, 0);
     ASSERT_TRUE(WIFSIGNALED(status) && StoredPhotos(folder.Path()) >= 5) << "not halfway";
