@@ -5,7 +5,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 class AddDocument : public testing::WindowTest {
 protected:
@@ -188,5 +187,4 @@ TEST_F(AddDocument, ClosingByItselfOrByTheUser_TellsTheHost) {
     EXPECT_EQ(host.endedJobs, (std::vector<int>{7, 7}));
 }
 
-}  // namespace
 }  // namespace lumarin

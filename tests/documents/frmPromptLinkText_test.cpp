@@ -3,7 +3,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 using PromptLinkText = testing::WindowTest;
 
@@ -42,5 +41,4 @@ TEST_F(PromptLinkText, OK_ChecksInOrderAndKeepsTheWindowOpen) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -11,7 +11,6 @@
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
-namespace {
 
 TEST(Settings, Read_FileForms_AreReadAsThePlatformDoes) {
     const testing::TemporaryFolder folder;
@@ -65,7 +64,9 @@ TEST(Settings, Write_SharedFile_StaysTheSameFile) {
     for (const auto& [path, value] : {std::pair{link, "v"}, {file, "a new and even longer value"}}) {
         if (path == file) fs::permissions(folder.Path(), ReadOnlyFolder);
         const uid_t user = geteuid();
-        if (path == file && user == 0) ASSERT_EQ(seteuid(65534), 0);
+        if (path == file && user == 0) {
+            ASSERT_EQ(seteuid(65534), 0);
+        }
         EXPECT_TRUE(settings::WriteText(path, "S", "k", value));
         ASSERT_EQ(seteuid(user), 0);
         EXPECT_EQ(files::ReadAll(file), std::string("[S]\nk=") + value + "\n");
@@ -102,5 +103,4 @@ TEST(Settings, Read_WriteWasInterrupted_IsFinishedUnlessSomebodyElseWrote) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin

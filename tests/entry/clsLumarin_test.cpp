@@ -1,20 +1,24 @@
 #include "entry/job/clsLumarin.h"
 
+#include "entry/UserScope.h"
 #include "photo_window/frmLumarin.h"
+#include "support/FakeArchiver.h"
 #include "support/FakePdfLibrary.h"
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
-
-struct NoArchiver : ZipArchiver {
-    void Create(const std::string&, const std::vector<std::string>&) override { FAIL(); }
-};
 
 struct Tool : HostTool {
     void SetEnabled(bool on) override { enabled = on; }
     bool enabled = true;
 };
+
+TEST(UserScope, Level_AtItsBounds_StandsForWhatItShould) {
+    const std::pair<int, UserScope> cases[] = {{59, UserScope::Agent},  {60, UserScope::Office},
+                                               {89, UserScope::Office}, {90, UserScope::Board},
+                                               {99, UserScope::Board},  {100, UserScope::Unrestricted}};
+    for (const auto& [level, scope] : cases) EXPECT_EQ(ScopeOf(level), scope) << level;
+}
 
 class clsLumarinTest : public testing::WindowTest {
 protected:
@@ -28,7 +32,7 @@ protected:
         EXPECT_TRUE(desktop.shown.empty());
     }
 
-    NoArchiver archiver;
+    testing::FakeArchiver archiver;
     testing::FakePdfLibrary pdf;
     Tool tool;
     ComponentPorts ports{desktop, imaging, archiver, clock, engine, pdf};
@@ -92,5 +96,4 @@ TEST_F(clsLumarinTest, UnloadObj_WhileTheFirstListingIsAskedFor_ClosesThePromptA
     ExpectOver();
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace lumarin::crop {
-namespace {
 
 constexpr float Ratio = 1.6F;
 const Rect Box{1000, 2000, 1600, 1000};
@@ -93,5 +92,4 @@ TEST(CropGeometry, CutThatNearlyFillsThePhoto_IsSnapped) {
     EXPECT_EQ(PlaceInPhoto({.cut = {4, 4, 12, 8}}, 38.0, 480, 300), (PixelRect{0, 0, 480, 300}));
 }
 
-}  // namespace
 }  // namespace lumarin::crop

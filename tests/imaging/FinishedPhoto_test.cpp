@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "imaging/FakeImaging.h"
 #include "imaging/PhotoSize.h"
 #include "imaging/ProcessedMarker.h"
 #include "imaging/Tones.h"
+#include "support/FakeImaging.h"
 
 namespace lumarin {
 
@@ -31,18 +31,14 @@ TEST(ProcessedMarker, Jpeg_OfAnyStart_GetsACommentThatLeavesTheRestWhole) {
 }
 
 TEST(Tones, Changes_GiveTheDocumentedValues) {
-    const struct {
-        const char* name;
-        int intensity, contrast, before, after;
-    } cases[] = {
+    const std::tuple<const char*, int, int, int, int> cases[] = {
         {"brighter, black to the middle", 500, 0, 0, 128},    {"brighter keeps white", 500, 0, 255, 255},
         {"darker, white to the middle", -500, 0, 255, 128},   {"more contrast, dark to black", 0, 500, 60, 0},
         {"more contrast keeps the middle", 0, 500, 128, 129}, {"less contrast", 0, -500, 0, 64},
         {"intensity comes first", 500, 500, 50, 202},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(MakeToneTable(c.intensity, c.contrast)[static_cast<std::size_t>(c.before)], c.after)
-            << c.name;
+    for (const auto& [name, intensity, contrast, before, after] : cases)
+        EXPECT_EQ(MakeToneTable(intensity, contrast)[static_cast<std::size_t>(before)], after) << name;
 }
 
 }  // namespace lumarin

@@ -7,7 +7,6 @@
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
-namespace {
 
 /// The result with "|" for the NUL character.
 std::string Normalized(const std::string& selection) {
@@ -51,5 +50,4 @@ TEST(Selection, FolderIsUnknown_NamesEndAfterAPicturesExtension) {
     for (const auto& [selection, result] : cases) EXPECT_EQ(Normalized(selection), result) << selection;
 }
 
-}  // namespace
 }  // namespace lumarin

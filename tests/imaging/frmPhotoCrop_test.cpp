@@ -4,7 +4,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 class PhotoCrop : public testing::WindowTest {
 protected:
@@ -288,5 +287,4 @@ TEST_F(PhotoCrop, Views_AreChosenByTextAndKeptAtCapture) {
     EXPECT_EQ(window.ChosenViewData(), 2140);
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -5,7 +5,6 @@
 #include "support/ScriptedDesktop.h"
 
 namespace lumarin {
-namespace {
 
 PicturePtr GivenPicture(int width, int height) {
     return std::make_shared<const Picture>(
@@ -34,5 +33,4 @@ TEST(frmPhotoViewer, FittingPercent_LargePicture_LeavesAMargin) {
     EXPECT_EQ(frmPhotoViewer::FittingPercent(*GivenPicture(10, 1800), screen), 50);
 }
 
-}  // namespace
 }  // namespace lumarin

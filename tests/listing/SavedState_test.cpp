@@ -9,7 +9,6 @@
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
-namespace {
 
 using photo_journal::Operation;
 using Codes = std::vector<std::string>;
@@ -132,5 +131,4 @@ TEST(StateFile, Write_LayoutIsTheOneOnTheWire_AndAShorterStateLeavesTheOldEnd) {
     EXPECT_EQ(state_file::Read(path), state);
 }
 
-}  // namespace
 }  // namespace lumarin

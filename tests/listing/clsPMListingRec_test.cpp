@@ -4,10 +4,9 @@
 
 #include "listing/ListingFiles.h"
 #include "listing/StateFile.h"
-#include "photo_window/PhotoWindowTest.h"
+#include "support/PhotoWindowTest.h"
 
 namespace lumarin {
-namespace {
 
 /// Listing 100123, worked in the photo window.
 class ListingTest : public testing::PhotoWindowTest {
@@ -47,31 +46,23 @@ TEST_F(ListingTest, Load_Descriptions_FirstEntryOfTheColumnIsNoCode) {
     EXPECT_EQ(host.fetched.front(), "100123 1 100,200");
 }
 
-TEST_F(ListingTest, Load_Access_FollowsTheLevel) {
-    const struct {
-        int level;
-        const char *agent, *office, *board, *managed;
-        bool several, may;
-    } cases[] = {
-        {59, "A101", "X", "9", "", false, true},      {59, "A102", "OF1", "1", "", false, false},
-        {60, "X", "OF1", "9", "", false, true},       {89, "X", "OF2", "9", ",OF2,OF1,", true, true},
-        {60, "X", "OF2", "9", ",OF1,", false, false}, {89, "X", "OF2", "9", ",OF2,OF11,", true, false},
-        {90, "X", "X", "1", "", false, true},         {99, "A101", "OF1", "2", "", false, false},
+TEST_F(ListingTest, Load_Access_FollowsTheScope) {
+    const std::tuple<int, const char*, const char*, const char*, const char*, bool, bool> cases[] = {
+        {10, "A101", "X", "9", "", false, true},      {10, "A102", "OF1", "1", "", false, false},
+        {60, "X", "OF1", "9", "", false, true},       {60, "X", "OF2", "9", ",OF2,OF1,", true, true},
+        {60, "X", "OF2", "9", ",OF1,", false, false}, {60, "X", "OF2", "9", ",OF2,OF11,", true, false},
+        {90, "X", "X", "1", "", false, true},         {90, "A101", "OF1", "2", "", false, false},
         {100, "X", "X", "9", "", false, true},
     };
     GivenListing(100123);
-    for (const auto& test : cases) {
-        host.level = test.level;
-        host.agent = test.agent;
-        host.office = test.office;
-        host.board = test.board;
-        host.managedOffices = test.managed;
-        host.severalOffices = test.several;
+    for (const auto& [level, agent, office, board, managed, several, may] : cases) {
+        std::tie(host.level, host.agent, host.office, host.board, host.managedOffices, host.severalOffices) =
+            std::tie(level, agent, office, board, managed, several);
         Open();
-        if (!test.may) desktop.Expect("100123 Is not a valid listing number");
+        if (!may) desktop.Expect("100123 Is not a valid listing number");
         Enter("100123");
-        EXPECT_EQ(window->RecList.Count() == 1, test.may) << test.level << test.managed;
-        if (test.may) window->cmdRemove.Press();
+        EXPECT_EQ(window->RecList.Count() == 1, may) << level << managed;
+        if (may) window->cmdRemove.Press();
     }
 }
 
@@ -211,5 +202,4 @@ TEST_F(ListingTest, Photos_AddedMovedAndRemoved_KeepTheirFilesAndDescriptions) {
     EXPECT_EQ(window->imgMain.Image(), nullptr);
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -1,8 +1,7 @@
-#include "PhotoWindowTest.h"
 #include "imaging/frmSelectSource.h"
+#include "support/PhotoWindowTest.h"
 
 namespace lumarin {
-namespace {
 
 class AcquisitionTest : public testing::PhotoWindowTest {
 protected:
@@ -70,5 +69,4 @@ TEST_F(AcquisitionTest, SelectSource_EveryWayOut_DecidesWhatIsAcquiredFrom) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin

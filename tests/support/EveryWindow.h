@@ -5,7 +5,6 @@
 
 #include "documents/frmAddDocument.h"
 #include "documents/frmPromptLinkText.h"
-#include "imaging/FakeImaging.h"
 #include "imaging/frmAcquire.h"
 #include "imaging/frmPhotoCrop.h"
 #include "imaging/frmPhotoViewer.h"
@@ -13,30 +12,17 @@
 #include "lookup/frmFindProperty.h"
 #include "lookup/frmListnumPrompt.h"
 #include "photo_window/frmLumarin.h"
+#include "support/FakeArchiver.h"
 #include "support/FakeHost.h"
+#include "support/FakeImaging.h"
 #include "support/FakePdfLibrary.h"
+#include "support/FakeTransfer.h"
 #include "util/frmBusy.h"
 #include "util/frmFTP.h"
 #include "util/frmProgress.h"
 #include "verify/frmVerifyPhotos.h"
 
 namespace lumarin::testing {
-
-/// Packs nothing.
-struct NoArchiver final : ZipArchiver {
-    void Create(const std::string&, const std::vector<std::string>&) override {}
-};
-
-/// Sends nothing.
-struct NoTransfer final : FtpTransfer {
-    void SetServer(const FtpServer&) override {}
-    void SetRequestTimeout(int) override {}
-    void Execute(const std::string&) override {}
-    void Poll() override {}
-    const FtpFailure& Failure() const override { return failure; }
-    void Cancel() override {}
-    FtpFailure failure;
-};
 
 /// A form of each window, with ports that nobody asks anything.
 class EveryWindow {
@@ -68,11 +54,11 @@ private:
     Desktop& desktop_;
     FakeImaging imaging_;
     FakePdfLibrary pdf_;
-    NoArchiver archiver_;
+    FakeArchiver archiver_;
     SystemClock clock_;
     FakeHost common_;
     HostLink host_;
-    NoTransfer ftp_;
+    FakeTransfer ftp_;
     NoEngineVersion engine_;
 };
 

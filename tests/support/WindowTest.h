@@ -7,9 +7,9 @@
 #include "base/Clock.h"
 #include "base/Files.h"
 #include "entry/HostLink.h"
-#include "imaging/FakeImaging.h"
 #include "lookup/EngineVersion.h"
 #include "support/FakeHost.h"
+#include "support/FakeImaging.h"
 #include "support/ScriptedDesktop.h"
 
 namespace lumarin::testing {

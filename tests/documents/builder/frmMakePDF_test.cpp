@@ -4,7 +4,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 constexpr std::int32_t Maximum = 100'000;  // "98KB"
 
@@ -258,5 +257,4 @@ TEST_F(MakePdf, Tools_AddPagesAndUseTheFileAsItIs) {
               (Texts{window->PdfPath(), host.HelpSite() + "/Tutorials/DocManager/CreatePDF.htm"}));
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -3,17 +3,10 @@
 #include <set>
 
 #include "photo_window/frmLumarin.h"
+#include "support/FakeArchiver.h"
 #include "support/WindowTest.h"
 
 namespace lumarin::testing {
-
-/// Keeps what was packaged; the archive's bytes are of a length that the test chooses.
-struct FakeArchiver final : ZipArchiver {
-    void Create(const std::string& archive, const std::vector<std::string>& files) override;
-    std::vector<std::string> packaged;            ///< plain names
-    std::map<std::string, std::string> contents;  ///< bytes by plain name, as they were then
-    std::size_t length = 100;
-};
 
 /// A scanner with as many pages as the test puts in.
 struct FakeScanner final : Scanner {

@@ -1,17 +1,8 @@
-#include "PhotoWindowTest.h"
+#include "support/PhotoWindowTest.h"
 
 #include "base/Text.h"
 
 namespace lumarin::testing {
-
-void FakeArchiver::Create(const std::string& archive, const std::vector<std::string>& files) {
-    packaged.clear();
-    for (const std::string& file : files) {
-        packaged.push_back(text::AfterLastSeparator(file));
-        contents[packaged.back()] = files::ReadAll(file);
-    }
-    files::WriteWhole(archive, std::string(length, 'z'));
-}
 
 ScanOutcome FakeScanner::Acquire(const ScanOrder& wanted, const ScanEvents& events) {
     order = wanted;
