@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "base/Error.h"
+#include "support/Reason.h"
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
+
+using testing::ReasonOf, testing::Says;
 
 TEST(Files, WriteWhole_TargetCannotBeWritten_SaysWhichAndWhyAndLeavesNothingBeside) {
     const testing::TemporaryFolder folder;
@@ -13,13 +15,8 @@ TEST(Files, WriteWhole_TargetCannotBeWritten_SaysWhichAndWhyAndLeavesNothingBesi
     for (const auto& [name, why] :
          {std::pair{"taken.dat", "Is a directory"}, {"none/a.dat", "No such file"}}) {
         const std::string target = folder.Path() + name;
-        try {
-            files::WriteWhole(target, "new");
-            ADD_FAILURE() << name;
-        } catch (const FileError& error) {
-            EXPECT_NE(error.Description().find(target), std::string::npos);
-            EXPECT_NE(error.Description().find(why), std::string::npos) << error.Description();
-        }
+        const std::string reason = ReasonOf([&] { files::WriteWhole(target, "new"); });
+        EXPECT_TRUE(Says(reason, target) && Says(reason, why)) << reason;
         EXPECT_FALSE(files::FileExists(files::UnfinishedName(target)));
     }
 }

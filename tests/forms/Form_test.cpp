@@ -5,7 +5,6 @@
 #include "support/ScriptedDesktop.h"
 
 namespace lumarin {
-namespace {
 
 struct TestForm : Form {
     explicit TestForm(Desktop& desktop) : Form(desktop, "frmTest") {}
@@ -37,5 +36,4 @@ TEST(Form, RunCommand_WhileOneRuns_RefusesAnotherAndUnloadWaitsForItsEnd) {
     EXPECT_EQ(form.life, "load stop query unload ");
 }
 
-}  // namespace
 }  // namespace lumarin

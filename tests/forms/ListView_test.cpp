@@ -6,7 +6,6 @@
 #include "support/ScriptedDesktop.h"
 
 namespace lumarin {
-namespace {
 
 using Texts = std::vector<std::string>;
 
@@ -35,18 +34,6 @@ TEST_F(ListViewTest, SortBy_NumbersAndTies_CompareByValueAndLaterColumns) {
     list.SortBy(0, false);
     EXPECT_EQ(Rows(), (Texts{"30", "4", "3", "2", "1"}));
     EXPECT_EQ(list.Selected(), 2);
-}
-
-TEST_F(ListViewTest, RemoveAndInsert_AroundTheSelection_KeepItOnItsRow) {
-    for (const char* text : {"a", "b", "c"}) list.AddRow({.text = text});
-    list.Select(1);
-    list.RemoveRow(0);
-    EXPECT_EQ(list.Selected(), 0);
-    list.InsertRow(0, {.text = "x"});
-    EXPECT_EQ(list.Selected(), 1);
-    list.RemoveRow(1);
-    EXPECT_EQ(list.Selected(), -1);
-    EXPECT_THROW(list.RemoveRow(2), IndexError);
 }
 
 TEST_F(ListViewTest, SeveralSelected_SortedMergedAndRemoved_StaySelected) {
@@ -98,5 +85,4 @@ TEST_F(ListViewTest, Row_OfAnyLengthAndBytes_ComesBackWhole) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin

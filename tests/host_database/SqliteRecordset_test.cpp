@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace host {
-namespace {
 
 class SqliteRecordsetTest : public ::testing::Test {
 protected:
@@ -91,5 +90,4 @@ TEST_F(SqliteRecordsetTest, ChangesAndUnknownColumns_AreRefused) {
     EXPECT_EQ(Ask("SELECT PhoListNum FROM Photo")->RecordCount(), 3);
 }
 
-}  // namespace
 }  // namespace host

@@ -11,7 +11,6 @@
 #include <set>
 
 namespace host {
-namespace {
 
 std::multiset<std::string> Captured(const std::string& text, const char* pattern) {
     const std::regex expression(pattern);
@@ -53,5 +52,4 @@ TEST(InstallHelpFile, OlderFile_IsReplaced) {
     EXPECT_EQ(lumarin::files::ReadAll(path), HelpText());
 }
 
-}  // namespace
 }  // namespace host

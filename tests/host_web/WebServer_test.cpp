@@ -5,7 +5,6 @@
 #include "host_server/ServerTest.h"
 
 namespace host {
-namespace {
 
 /// Listing 1001 with a file and a link.
 class WebServerTest : public ServerTest {
@@ -65,5 +64,4 @@ TEST_F(WebServerTest, AnythingElse_IsRefused) {
             << row.request << Ask(row.request, row.host).constData();
 }
 
-}  // namespace
 }  // namespace host

@@ -6,11 +6,10 @@
 #include "hostile/Corpus.h"
 #include "lookup/SearchModes.h"
 #include "lookup/frmFindProperty.h"
-#include "photo_window/PhotoWindowTest.h"
 #include "support/FakePdfLibrary.h"
+#include "support/PhotoWindowTest.h"
 
 namespace lumarin {
-namespace {
 
 using testing::FakeTable;
 using testing::PhotoWindowTest;
@@ -67,6 +66,8 @@ protected:
         std::set<std::string> usual;
         for (const std::string& input : harmless) usual.merge(ShapesFor(input, act));
         EXPECT_GT(usual.size(), 1u) << name;
+        for (const std::string& shape : usual)
+            EXPECT_TRUE(shape.empty() || shape.starts_with("\nInit")) << shape;
         for (const std::string& input : hostile::Texts())
             for (const std::string& shape : ShapesFor(input, act))
                 EXPECT_TRUE(usual.contains(shape)) << name << ": " << input.substr(0, 60) << "\n"
@@ -138,5 +139,4 @@ TEST_F(SqlShape, ListingNumber_EveryWayIn_KeepsItsShape) {
                    [&] { documents.ActiveBar1.ClickTool("miSelectListing"); });
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -1,12 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
+#include "host/database/Schema.h"
+#include "host/database/SqliteRecordset.h"
 #include "lookup/PropertyQuery.h"
 #include "lookup/SearchModes.h"
 #include "lookup/clsAllowedStatuses.h"
 #include "lookup/clsSQLQuote.h"
 
 namespace lumarin {
-namespace {
 
 class InstalledEngine final : public EngineVersion {
 public:
@@ -24,10 +26,7 @@ private:
 
 TEST(SqlText, Quote_EngineVersion_DashIsTrustedWhenBothDoublewordsReach) {
     EXPECT_FALSE(clsSQLQuote(NoEngineVersion()).JetHandlesDash());
-    const struct {
-        std::uint32_t high, low;
-        bool handlesDash;
-    } cases[] = {
+    const std::tuple<std::uint32_t, std::uint32_t, bool> cases[] = {
         {0x00040000, 0x0E820007, true},  {0x00040000, 0x0E820006, false}, {0x0003FFFF, 0x0E820007, false},
         {0x00050000, 0x00010000, false}, {0x00050000, 0x0E820007, true},  {0x00040000, 0x80000000, false},
     };
@@ -127,5 +126,21 @@ TEST(SqlText, PropertyQuery_EveryModeAndCriterion_ComposesTheStatementToTheLette
               "(Select offCompanyCode From Office Where offOfficeId = 'OF1');");
 }
 
-}  // namespace
+TEST(SqlText, PropertyQuery_AwkwardNamesInAnyCase_AreFoundLiterallyByEveryMethod) {
+    host::Database database(":memory:", host::DatabaseUse::Changes);
+    host::EnsureSchema(database);
+    const clsSQLQuote quote{NoEngineVersion()};
+    const char* const names[] = {"O'Brien", "50%_off", "a[b]c", "half-way", "#1 *?", "Plain", "Zoë \u042D"};
+    for (const std::string name : names)
+        database.Run("INSERT INTO Listings (OwnerName) VALUES ('" + quote.QuoteLiteral(name) + "')");
+    for (const std::string name : names)
+        for (int method = match::Beginning; method <= match::End; ++method) {
+            const PropertyCriteria criteria{.ownerName = text::LowerAscii(name), .ownerMatch = method};
+            const auto found =
+                host::Query(database, PropertyQuery(Listings, quote).Statement(criteria, {}, ""));
+            ASSERT_EQ(found->RecordCount(), 1) << name << " " << method;
+            EXPECT_EQ(found->Field("OwnerName").Text(), name) << method;
+        }
+}
+
 }  // namespace lumarin

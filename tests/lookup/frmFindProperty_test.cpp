@@ -4,7 +4,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 using testing::FakeTable;
 
@@ -71,31 +70,24 @@ TEST_F(FindProperty, Mode_Opened_OffersWhatItCanBeSearchedBy) {
 }
 
 TEST_F(FindProperty, UserAndArguments_Opened_ChooseFiltersAndWhetherToSearch) {
-    const struct {
-        SearchContext context;
-        int level, flags, ownerFilter, statusDefault;
-        const char *filters, *where;  // no condition: no search at once
-    } cases[] = {
-        {Listings, 10, 3, 2, 0, "My listings|All Statuses",
-         " Where (ListAgentID = 'A101') AND lstStatus IN ("},
-        {Listings, 59, 3, 5, 2, "My listings|Active",
-         " Where (LstStatus = '2001' And ListAgentID = 'A101') AND lstStatus IN ("},
-        {Listings, 60, 3, 5, 0, "Listings from my company|All Statuses", " WHERE lstStatus IN ('2001'"},
-        {Listings, 89, 1, 5, 0, "Listings from my company|All Statuses", nullptr},
-        {Listings, 90, 3, 5, 0, "All listings|All Statuses", nullptr},
-        {Listings, 100, 3, 5, 0, "All listings|All Statuses", nullptr},
-        {Rentals, 10, 2, 3, 2, "Listings from my company|", " FROM Rentals;"},
-        {Agents, 10, 3, 5, 0, "All|", "FROM Member;"},
-        {Agents, 10, 3, 1, 0, "Agents from my office|", " Where MemOfficeID = 'OF1';"},
+    // A search in the own company asks for its offices first.
+    const std::tuple<SearchContext, int, int, int, int, const char*, std::size_t> cases[] = {
+        {Listings, 10, 3, 2, 0, "My listings|All Statuses", 1},
+        {Listings, 10, 3, 5, 2, "My listings|Active", 1},
+        {Listings, 60, 3, 5, 0, "Listings from my company|All Statuses", 2},
+        {Listings, 60, 1, 5, 0, "Listings from my company|All Statuses", 0},
+        {Listings, 90, 3, 5, 0, "All listings|All Statuses", 0},
+        {Listings, 100, 3, 5, 0, "All listings|All Statuses", 0},
+        {Rentals, 10, 2, 3, 2, "Listings from my company|", 2},
+        {Agents, 10, 3, 1, 0, "Agents from my office|", 1},
     };
-    for (const auto& test : cases) {
-        host.level = test.level;
-        host.queries = {""};
-        Open(test.context, test.flags, test.ownerFilter, test.statusDefault,
-             [&] { EXPECT_EQ(window.cmbListingOwner.Text() + "|" + window.cmbStatus.Text(), test.filters); });
-        const std::string& query = host.queries.back();
-        EXPECT_TRUE(test.where == nullptr ? query.empty() : query.find(test.where) != std::string::npos)
-            << test.filters << ": " << query;
+    for (const auto& [context, level, flags, ownerFilter, statusDefault, filters, queries] : cases) {
+        host.level = level;
+        host.queries.clear();
+        Open(context, flags, ownerFilter, statusDefault, [&, expected = filters] {
+            EXPECT_EQ(window.cmbListingOwner.Text() + "|" + window.cmbStatus.Text(), expected);
+        });
+        EXPECT_EQ(host.queries.size(), queries) << filters;
     }
 }
 
@@ -116,13 +108,17 @@ TEST_F(FindProperty, BoardAndCompany_Searched_ComeFromHostAndDatabase) {
         window.txtOwnerName.SetText("Lee");
         window.cmdShowMatches.Press();
         EXPECT_EQ(window.lblMatchCount.Caption(), "3");
+        window.cmbListingOwner.SetListIndex(1);
+        window.cmbStatus.SetListIndex(1);
+        window.cmdShowMatches.Press();
     });
-    ASSERT_EQ(host.queries.size(), 3U);
+    ASSERT_EQ(host.queries.size(), 4U);
     const std::pair<int, const char*> conditions[] = {
         {0, " Where (AddressNumber Between 0 And 100 And BoardId = 1) AND "},
         {2,
          " Where (OwnerName Like '%Lee' And StreetDirection = 'N' And AddressNumber Between 0 And 100 And "
          "(ListOfficeID = 'OF1' Or ListOfficeID = 'OF9')) AND "},
+        {3, " And LstStatus = '2001' And ListAgentID = 'A101') AND lstStatus IN ('2001'"},
     };
     for (const auto& [query, text] : conditions)
         EXPECT_NE(host.queries.at(query).find(text), std::string::npos) << host.queries[query];
@@ -220,5 +216,4 @@ TEST_F(FindProperty, Query_Fails_IsReportedAndWindowStays) {
     });
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -4,7 +4,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 class ListnumPrompt : public testing::WindowTest {
 protected:
@@ -68,5 +67,4 @@ TEST_F(ListnumPrompt, Browse_ChosenListingEndsIt_CancelledSearchDoesNot) {
     EXPECT_EQ(chosen, "100123");
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <cstdio>
 #include <optional>
 
@@ -11,8 +9,6 @@
 #include "platform_vips/Samples.h"
 
 namespace lumarin {
-
-namespace {
 
 using namespace samples;
 
@@ -122,22 +118,18 @@ TEST_F(QpdfLibraryTest, Picture_OfEveryKind_IsSeenPixelForPixelAtItsPlaceOrRefus
 }
 
 TEST_F(QpdfLibraryTest, Document_OpenedAgain_KeepsPagesAndProperties) {
-    const struct {
-        const char* name;
-        std::string between;  ///< what another program does to the file between two batches
-        bool newStart;
-    } cases[] = {
+    const std::tuple<const char*, std::string, bool> cases[] = {
         {"at once", "", false},
         {"at the next start", "", true},
         {"touched", "touch -d 2001-01-01 ", false},
         {"written anew with its index packed", "qpdf --object-streams=generate --replace-input ", false},
         {"protected", "qpdf --encrypt '' owner 256 -- --replace-input ", true},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, between, newStart] : cases) {
+        SCOPED_TRACE(name);
         std::string expected;
         for (int batch = 0; batch < 4; ++batch) {
-            if (row.newStart) library.emplace();
+            if (newStart) library.emplace();
             const PdfHandle handle = batch == 0 ? library->AdultPdfCreate(pdf) : library->AdultPdfOpen(pdf);
             ASSERT_NE(handle, 0) << library->LastFailure();
             if (batch == 0)
@@ -148,7 +140,7 @@ TEST_F(QpdfLibraryTest, Document_OpenedAgain_KeepsPagesAndProperties) {
             expected += "image " + std::to_string(10 + batch) + " 9 rgb 3 8 image\n";
             ASSERT_EQ(library->AdultPdfClose(handle), PdfStatus::Done) << library->LastFailure();
             EXPECT_EQ(PicturesOf(pdf), expected);
-            if (!row.between.empty()) OutputOf(row.between + pdf);
+            if (!between.empty()) OutputOf(between + pdf);
         }
         const std::string info = OutputOf("pdfinfo " + pdf);
         for (const char* line : {"Title:           100123 PDF\n", "Subject:         100123\n",
@@ -180,38 +172,5 @@ TEST_F(QpdfLibraryTest, Document_OfManyBatches_KeepsToThePromisedOverheads) {
     EXPECT_NE(OutputOf("pdfinfo " + pdf).find("Pages:           " + std::to_string(Pages)),
               std::string::npos);
 }
-
-TEST_F(QpdfLibraryTest, Document_ThatCannotBeWritten_LeavesTheOldFileAlone) {
-    const std::string small = GivenFile("small.png", Encode(Plain(9, 9, {5, 9, 200}), ".png"));
-    const std::string large = GivenFile("large.png", Encode(Detailed(900, 600), ".png"));
-    PdfHandle handle = library->AdultPdfCreate(pdf);
-    EXPECT_TRUE(AddPage(handle, small) && library->AdultPdfClose(handle) == PdfStatus::Done);
-    const std::string old = files::ReadAll(pdf);
-    const struct {
-        const char* name;
-        bool opened, withPage;
-    } cases[] = {{"no page", false, false},
-                 {"a full disk, anew", false, true},
-                 {"a full disk, one page more", true, true}};
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
-        handle = row.opened ? library->AdultPdfOpen(pdf) : library->AdultPdfCreate(pdf);
-        EXPECT_TRUE(!row.withPage || AddPage(handle, large));
-        // No file of this process grows beyond a limit, as on a disk that is full.
-        const auto before = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        const rlimit full{100'000, limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
-        EXPECT_EQ(library->AdultPdfClose(handle), PdfStatus::Failed);
-        setrlimit(RLIMIT_FSIZE, &limit);
-        std::signal(SIGXFSZ, before);
-        EXPECT_NE(library->LastFailure(), "");
-        EXPECT_EQ(files::ReadAll(pdf), old);
-        EXPECT_FALSE(files::FileExists(files::UnfinishedName(pdf)));
-    }
-}
-
-}  // namespace
 
 }  // namespace lumarin

@@ -48,9 +48,7 @@ void ReadAsPage(const std::string& bytes) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
+FUZZ(const std::string& bytes) {
     ReadAsPage(bytes);
     ReadAsPage(WithRightSums(bytes));
-    return 0;
 }

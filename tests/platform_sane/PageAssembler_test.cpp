@@ -2,48 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 #include "imaging/Scanner.h"
 
 namespace lumarin::sane {
-namespace {
 
 using Bytes = std::vector<SANE_Byte>;
 
 SANE_Parameters Frame(SANE_Frame format, int depth, int width, int lines, int bytesPerLine) {
     return {format, SANE_TRUE, bytesPerLine, width, lines, depth};
-}
-
-Bytes Words(std::initializer_list<std::uint16_t> words) {
-    Bytes bytes(words.size() * 2);
-    std::memcpy(bytes.data(), words.begin(), bytes.size());
-    return bytes;
-}
-
-TEST(PageAssembler, Line_OfEachKindCutAnywhere_GivesRedGreenBlue) {
-    const struct {
-        const char* name;
-        SANE_Parameters frame;
-        Bytes line;
-        std::vector<std::uint8_t> pixels;
-    } cases[] = {
-        {"grey 8 padded", Frame(SANE_FRAME_GRAY, 8, 2, 1, 4), {7, 200, 1, 1}, {7, 7, 7, 200, 200, 200}},
-        {"grey 16", Frame(SANE_FRAME_GRAY, 16, 2, 1, 4), Words({65535, 257 * 9}), {255, 255, 255, 9, 9, 9}},
-        {"ink of line art is black", Frame(SANE_FRAME_GRAY, 1, 2, 1, 1), {0x80}, {0, 0, 0, 255, 255, 255}},
-        {"colour 8", Frame(SANE_FRAME_RGB, 8, 2, 1, 6), {1, 2, 3, 4, 5, 6}, {1, 2, 3, 4, 5, 6}},
-        {"colour 16", Frame(SANE_FRAME_RGB, 16, 1, 1, 6), Words({0, 257, 514}), {0, 1, 2}},
-        {"colour 1", Frame(SANE_FRAME_RGB, 1, 2, 1, 3), {0x80, 0x40, 0xC0}, {255, 0, 255, 0, 255, 255}},
-    };
-    for (const auto& given : cases)
-        for (std::size_t cut = 1; cut <= given.line.size(); ++cut) {
-            PageAssembler page;
-            page.BeginFrame(given.frame);
-            page.Add({given.line.data(), cut});
-            page.Add({given.line.data() + cut, given.line.size() - cut});
-            EXPECT_EQ(page.Take().pixels, given.pixels) << given.name << " cut at " << cut;
-        }
 }
 
 TEST(PageAssembler, FrameEndsEarly_KeepsTheWholeLinesThatCame) {
@@ -71,5 +39,4 @@ TEST(PageAssembler, BadFrame_IsRefused) {
         EXPECT_THROW(PageAssembler().BeginFrame(frame), ScannerError) << name;
 }
 
-}  // namespace
 }  // namespace lumarin::sane

@@ -2,8 +2,6 @@
 
 namespace lumarin {
 
-namespace {
-
 using namespace samples;
 
 class Capture : public PicturesTest {
@@ -37,22 +35,19 @@ TEST_F(Capture, ReducedDecoding_OfAnyCut_LooksLikeFullResolution) {
 }
 
 TEST_F(Capture, Photo_BesideTheCanvas_IsCutOffAndTonesChangeItAlone) {
-    const struct {
-        const char* name;
-        int left, top;
-        const char* seen;  ///< red or white in the four corners
-    } cases[] = {{"overhang left", 240, 0, "WRWR"},
-                 {"overhang right and below", -240, -150, "RWWW"},
-                 {"overhang above", 0, 150, "WWRR"},
-                 {"nothing left", 480, 300, "WWWW"}};
+    const std::tuple<const char*, int, int, const char*> cases[] = {
+        {"overhang left", 240, 0, "WRWR"},
+        {"overhang right and below", -240, -150, "RWWW"},
+        {"overhang above", 0, 150, "WWRR"},
+        {"nothing left", 480, 300, "WWWW"}};
     const auto source = imaging.FromMemory(InMemory(Plain(64, 40, {50, 60, 70})));
     CaptureOrder order = Order({0, 0, 64, 40}, 480, 300);
     order.tones.fill(0);
     order.tones[50] = 255;
-    for (const auto& row : cases) {
-        order.left = row.left;
-        order.top = row.top;
-        EXPECT_EQ(QuadrantsOf(Captured(*source, order), 16), row.seen) << row.name;
+    for (const auto& [name, left, top, seen] : cases) {
+        order.left = left;
+        order.top = top;
+        EXPECT_EQ(QuadrantsOf(Captured(*source, order), 16), seen) << name;
     }
 }
 
@@ -141,7 +136,5 @@ TEST_F(Capture, Failure_WhileReadingOrWriting_LeavesTheDestinationAlone) {
     EXPECT_EQ(files::ReadAll(Destination()), "older photo");
     EXPECT_FALSE(files::FileExists(files::UnfinishedName(Destination())));
 }
-
-}  // namespace
 
 }  // namespace lumarin

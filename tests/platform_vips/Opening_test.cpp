@@ -4,8 +4,6 @@
 
 namespace lumarin {
 
-namespace {
-
 using namespace samples;
 
 class Opening : public PicturesTest {};
@@ -68,12 +66,7 @@ TEST_F(Opening, ColourModel_Any_BecomesEightBitRgb) {
     bareCmyk.remove(VIPS_META_ICC_NAME);
     VImage wrong = brown.copy();
     wrong.set(VIPS_META_ICC_NAME, static_cast<VipsCallbackFn>(nullptr), const_cast<char*>("no profile"), 10);
-    const struct {
-        const char* name;
-        VImage image;
-        const char* format;
-        Colour expected;
-    } cases[] = {
+    const std::tuple<const char*, VImage, const char*, Colour> cases[] = {
         {"half transparent", Plain(160, 100, {200, 120, 40, 128}), ".png", {227, 187, 147}},
         {"grey", grey, ".jpg[Q=95]", {200, 200, 200}},
         {"grey and transparent", grey.bandjoin(0), ".png", {255, 255, 255}},
@@ -84,11 +77,11 @@ TEST_F(Opening, ColourModel_Any_BecomesEightBitRgb) {
         {"another profile", wide, ".jpg[Q=95]", {200, 120, 40}},
         {"a profile that is none", wrong, ".png", {200, 120, 40}},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
-        const Picture preview = Open(Encode(row.image, row.format))->Preview(80, 50);
+    for (const auto& [name, image, format, expected] : cases) {
+        SCOPED_TRACE(name);
+        const Picture preview = Open(Encode(image, format))->Preview(80, 50);
         EXPECT_EQ(preview.pixels.size(), 80u * 50u * 3u);
-        EXPECT_LE(Distance(At(preview, 40, 25), row.expected), 7);
+        EXPECT_LE(Distance(At(preview, 40, 25), expected), 7);
     }
 }
 
@@ -170,7 +163,5 @@ TEST_F(Opening, Thumbnail_AnySize_FitsAndIsNeverEnlarged) {
         EXPECT_EQ(SizeOf(imaging.Thumbnail(folder / "picture", 100)), expected);
     }
 }
-
-}  // namespace
 
 }  // namespace lumarin

@@ -2,8 +2,6 @@
 
 namespace lumarin {
 
-namespace {
-
 using namespace samples;
 
 class Page : public PicturesTest {
@@ -53,21 +51,18 @@ TEST_F(Page, BlackAndWhite_LettersInAnyLight_AreInkOnPlainPaper) {
     const VImage shade =
         VImage::xyz(ink.width(), ink.height()).extract_band(0).linear(-0.45 / ink.width(), 1);
     const VImage nothing = VImage::black(ink.width(), ink.height());
-    const struct {
-        const char* name;
-        VImage image, expected;
-    } cases[] = {
+    const std::tuple<const char*, VImage, VImage> cases[] = {
         {"a good scan", OnPaper(ink, 240, 210), ink},
         {"a shadow", (OnPaper(ink, 240, 210) * shade).cast(VIPS_FORMAT_UCHAR), ink},
         {"pencil", OnPaper(ink, 235, 90), ink},
         {"a coloured sheet", OnPaper(ink, 190, 170), ink},
         {"nothing", OnPaper(nothing, 236, 0), nothing},
     };
-    for (const auto& row : cases) {
-        const auto source = imaging.FromMemory(InMemory(row.image));
+    for (const auto& [name, image, expected] : cases) {
+        const auto source = imaging.FromMemory(InMemory(image));
         const VImage page = Written(*source, {ink.width(), ink.height(), PageColours::BlackAndWhite});
-        const double wrong = ((page < 128) != (row.expected > 128)).avg() / 255;
-        EXPECT_LT(wrong, 0.004) << row.name;
+        const double wrong = ((page < 128) != (expected > 128)).avg() / 255;
+        EXPECT_LT(wrong, 0.004) << name;
     }
 }
 
@@ -79,7 +74,5 @@ TEST_F(Page, BlackAndWhite_Photo_KeepsItsLightAndShade) {
     EXPECT_LT((page.shrink(25, 25) - grey).abs().avg(), 6);
     EXPECT_GT(grey.deviate(), 15) << "there is no light and shade";
 }
-
-}  // namespace
 
 }  // namespace lumarin

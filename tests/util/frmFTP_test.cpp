@@ -1,29 +1,10 @@
 #include "util/frmFTP.h"
 
+#include "support/FakeTransfer.h"
 #include "support/WindowTest.h"
 #include "util/FtpJob.h"
 
 namespace lumarin {
-namespace {
-
-/// Ends each command at the next poll, as the script says, and well when it says nothing.
-struct FakeTransfer final : FtpTransfer {
-    void SetServer(const FtpServer&) override {}
-    void SetRequestTimeout(int) override {}
-    void Execute(const std::string& command) override { commands.push_back(command); }
-    void Poll() override {
-        const bool fails = !failures.empty() && commands.size() == failures.front().first;
-        if (fails) failure = failures.front().second, failures.pop_front();
-        StateChanged(fails ? FtpState::Error : FtpState::ResponseCompleted);
-    }
-    const FtpFailure& Failure() const override { return failure; }
-    void Cancel() override { ++cancels; }
-
-    int cancels = 0;
-    std::vector<std::string> commands;
-    std::deque<std::pair<std::size_t, FtpFailure>> failures;  ///< after how many commands, and why
-    FtpFailure failure;
-};
 
 class FtpWindow : public testing::WindowTest {
 protected:
@@ -34,7 +15,7 @@ protected:
     void Send(const frmFTP::Order& order) { window.SendFiles(order, result, nullptr); }
 
     testing::TemporaryFolder folder;
-    FakeTransfer transfer;
+    testing::FakeTransfer transfer;
     frmFTP window{desktop, clock, link, transfer};
     FtpResult result;
     std::string both;
@@ -42,29 +23,24 @@ protected:
 
 TEST_F(FtpWindow, Failure_IsRetriedWhereThatMayHelp) {
     const std::string told = "Gone.\n\nThe file \"b c.jpg\" was not sent. 1 of 2 files were sent.";
-    const struct {
-        const char* name;
-        Answer answer;
-        bool canBeRetried;
-        FtpOutcome outcome;
-        std::size_t commands;
-    } cases[] = {{"retry", Answer::Retry, true, FtpOutcome::Sent, 3},
-                 {"give up", Answer::Cancel, true, FtpOutcome::Failed, 2},
-                 {"hopeless", Answer::Ok, false, FtpOutcome::Failed, 2}};
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.name);
+    const std::tuple<const char*, Answer, bool, FtpOutcome, std::size_t> cases[] = {
+        {"retry", Answer::Retry, true, FtpOutcome::Sent, 3},
+        {"give up", Answer::Cancel, true, FtpOutcome::Failed, 2},
+        {"hopeless", Answer::Ok, false, FtpOutcome::Failed, 2}};
+    for (const auto& [name, answer, canBeRetried, outcome, commands] : cases) {
+        SCOPED_TRACE(name);
         transfer.commands.clear();
-        transfer.failures = {{2, {"Gone.", one.canBeRetried}}};
+        transfer.failures = {{2, {"Gone.", canBeRetried}}};
         desktop.Play("frmFTP", [&](Form&) {
             while (window.IsShown()) window.Timer.Tick();
         });
-        desktop.Expect(told, one.answer);
+        desktop.Expect(told, answer);
         Send({"host", "", both});
-        EXPECT_EQ(result.outcome, one.outcome);
-        EXPECT_EQ(result.sent, one.outcome == FtpOutcome::Sent ? 2 : 1);
-        EXPECT_EQ(result.problem, one.outcome == FtpOutcome::Sent ? "" : told);
-        EXPECT_EQ(transfer.commands.size(), one.commands);
-        EXPECT_EQ(desktop.messages.back().buttons, one.canBeRetried ? Buttons::RetryCancel : Buttons::Ok);
+        EXPECT_EQ(result.outcome, outcome);
+        EXPECT_EQ(result.sent, outcome == FtpOutcome::Sent ? 2 : 1);
+        EXPECT_EQ(result.problem, outcome == FtpOutcome::Sent ? "" : told);
+        EXPECT_EQ(transfer.commands.size(), commands);
+        EXPECT_EQ(desktop.messages.back().buttons, canBeRetried ? Buttons::RetryCancel : Buttons::Ok);
     }
 }
 
@@ -134,5 +110,4 @@ TEST(FtpJob, Server_IsSplitIntoItsParts) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin

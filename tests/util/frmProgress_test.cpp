@@ -3,7 +3,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 struct SetClock final : Clock {
     LocalTime Now() const override { return now; }
@@ -31,5 +30,4 @@ TEST_F(Progress, Tick_ShowsMinutesAndSecondsSinceDisplay) {
     }
 }
 
-}  // namespace
 }  // namespace lumarin

@@ -5,7 +5,6 @@
 #include "support/WindowTest.h"
 
 namespace lumarin {
-namespace {
 
 using testing::FakeTable;
 
@@ -121,5 +120,4 @@ TEST_F(VerifyPhotos, CancelOrUnload_InEitherPhase_StopsThere) {
     EXPECT_TRUE(Has("3/100123z.jpg") && !window.IsLoaded());
 }
 
-}  // namespace
 }  // namespace lumarin
