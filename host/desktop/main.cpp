@@ -46,7 +46,8 @@ void ChoosePlatform(host::ProgramOptions& options) {
         options.demo = true;
         options.dataFolder.clear();
     }
-    if (options.demo || !options.drive.empty()) qputenv("LUMARIN_DRIVEN", "1");
+    // The driver works only what lies in this program; a file dialog of the desktop's does not.
+    if (options.demo || !options.drive.empty()) QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     if (options.demo || !HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
@@ -58,11 +59,12 @@ void SayMessage(QtMsgType type, const QMessageLogContext& context, const QString
     if (!text.startsWith("This plugin does not support")) usualMessages(type, context, text);
 }
 
+bool IsSeen() { return QGuiApplication::platformName() != "offscreen"; }
+
 /// Says why the program cannot start: to a person in a message box, to whoever drives it on standard error.
 int Refuse(const host::ProgramOptions& options, const QString& reason, int exitCode) {
     std::fprintf(stderr, "lumarin-host: %s\n", reason.toUtf8().constData());
-    const bool isSeen = QGuiApplication::platformName() != "offscreen";
-    if (isSeen && options.drive.empty() && !options.demo)
+    if (IsSeen() && options.drive.empty() && !options.demo)
         QMessageBox::critical(nullptr, "Lumarin Reference Host", reason);
     return exitCode;
 }
@@ -131,7 +133,8 @@ private:
     lumarin::qpdf::QpdfLibrary pdf_;
     lumarin::sane::SaneScanner scanner_;
     // Destroys windows that were given up late, and these use what stands above.
-    lumarin::qt::QtDesktop desktop_;
+    lumarin::qt::QtDesktop desktop_{IsSeen() ? lumarin::qt::WindowSizes::WithinScreen
+                                             : lumarin::qt::WindowSizes::AsDesigned};
     host::MainWindow mainWindow_;
     host::HostVelCommon common_;
     host::WebServer web_;

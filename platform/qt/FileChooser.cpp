@@ -3,7 +3,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QTreeView>
 
@@ -16,11 +15,6 @@ namespace lumarin::qt {
 namespace {
 
 constexpr QSize DialogSize(1080, 520);
-
-/// A driver and a screen that nobody looks at need a dialog that lies in this program.
-bool NeedsOwnDialog() {
-    return qEnvironmentVariableIsSet("LUMARIN_DRIVEN") || QGuiApplication::platformName() == "offscreen";
-}
 
 QString Patterns(const std::string& patterns) {
     QStringList both;
@@ -74,7 +68,7 @@ std::string RunFileDialog(const FileDialog& dialog, QWidget* owner) {
     QFileDialog chooser(owner, ToQt(dialog.title), ToQt(dialog.folder));
     chooser.setObjectName("fileDialog");
     chooser.setFileMode(dialog.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-    chooser.setOption(QFileDialog::DontUseNativeDialog, dialog.preview || NeedsOwnDialog());
+    if (dialog.preview) chooser.setOption(QFileDialog::DontUseNativeDialog);
     chooser.setOption(QFileDialog::HideNameFilterDetails);
     chooser.setNameFilters(NameFilters(dialog.filter));
     if (dialog.preview) AddPreview(chooser);
@@ -86,7 +80,6 @@ std::string RunSaveDialog(const SaveDialog& dialog, QWidget* owner) {
     chooser.setObjectName("fileDialog");
     chooser.setAcceptMode(QFileDialog::AcceptSave);
     chooser.setFileMode(QFileDialog::AnyFile);
-    chooser.setOption(QFileDialog::DontUseNativeDialog, NeedsOwnDialog());
     chooser.setOption(QFileDialog::HideNameFilterDetails);
     chooser.setNameFilters(NameFilters(dialog.filter));
     chooser.setDefaultSuffix(DefaultSuffix(dialog.filter));

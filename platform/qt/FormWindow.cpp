@@ -17,14 +17,14 @@
 
 namespace lumarin::qt {
 
-FormWindow::FormWindow(Form& form) : form_(&form), window_(BuildWindow(form.Name())) {
+FormWindow::FormWindow(Form& form, WindowSizes sizes) : form_(&form), window_(BuildWindow(form.Name())) {
     if (const auto mismatches = Mismatches(form, *window_); !mismatches.empty()) {
         std::string all = "The window " + form.Name() + " does not fit its design:";
         for (const std::string& mismatch : mismatches) all += "\n" + mismatch;
         throw ApplicationError(form.Name() + "-Load", all);
     }
     Bind();
-    LayOut();
+    LayOut(sizes);
 }
 
 FormWindow::~FormWindow() {
@@ -45,21 +45,22 @@ void FormWindow::Bind() {
     form_->Attach(this);
     window_->installEventFilter(this);
     StateChanged();
+    if (placedByCode_) PlaceChanged();
+    InnerSizeChanged();
 }
 
 /// The code may place controls before the window is ever seen, so the layouts must have worked by then.
-void FormWindow::LayOut() {
+void FormWindow::LayOut(WindowSizes sizes) {
     const bool designedSize = window_->testAttribute(Qt::WA_Resized);
     QSize size =
         (designedSize ? window_->size() : window_->sizeHint()).expandedTo(window_->minimumSizeHint());
-    // A screen that nobody looks at sets no limit.
-    if (QGuiApplication::platformName() != "offscreen")
-        size = size.boundedTo(window_->screen()->availableSize());
+    if (sizes == WindowSizes::WithinScreen)
+        size = size.boundedTo(window_->screen()->availableSize().shrunkBy(Frame()));
     window_->resize(size);
     window_->grab(QRect(0, 0, 1, 1));  // makes the layouts of a hidden window work, as nothing else does
     laidOut_ = true;
     ReportPlaces();
-    ReportPlace();
+    TellPlace();
 }
 
 void FormWindow::ReportPlaces() {
@@ -78,7 +79,8 @@ void FormWindow::Show(QWidget* owner, Qt::WindowModality modality) {
         window_->windowHandle()->setTransientParent(above);
         if (!wasShown_ && !placedByCode_ && owner != nullptr) PlaceOver(*owner->window());
     }
-    if (!std::exchange(wasShown_, true)) FocusFirst();
+    wasShown_ = true;
+    FocusFirst();
     window_->show();
     window_->activateWindow();
 }
@@ -108,7 +110,7 @@ void FormWindow::Detach() {
 
 void FormWindow::PlaceOver(const QWidget& owner) {
     const QRect room = owner.screen()->availableGeometry();
-    QRect place({}, window_->frameGeometry().size());
+    QRect place({}, window_->size().grownBy(Frame()));
     place.moveCenter(owner.frameGeometry().center());
     place.moveRight(qMin(place.right(), room.right()));
     place.moveBottom(qMin(place.bottom(), room.bottom()));
@@ -116,24 +118,29 @@ void FormWindow::PlaceOver(const QWidget& owner) {
     window_->move(place.topLeft());
 }
 
-/// A window that is seen for the first time can be worked by the keyboard at once.
+/// What the frame adds on each side. Before a window is seen nobody says so, but the program's windows have
+/// frames of one kind.
+QMargins FormWindow::Frame() const {
+    for (const QWindow* other : QGuiApplication::topLevelWindows())
+        if (other->isVisible() && !other->frameMargins().isNull()) return other->frameMargins();
+    return {};
+}
+
+/// A window that is seen can be worked by the keyboard at once.
 void FormWindow::FocusFirst() {
-    if (window_->focusWidget() != nullptr) return;
-    for (QWidget* next = window_->nextInFocusChain(); next != window_.get();
-         next = next->nextInFocusChain()) {
-        if ((next->focusPolicy() & Qt::TabFocus) == 0 || !next->isEnabledTo(window_.get()) ||
-            !next->isVisibleTo(window_.get()))
-            continue;
-        return next->setFocus(Qt::TabFocusReason);
-    }
+    const auto isUsable = [this](const QWidget* widget) {
+        return widget->isEnabledTo(window_.get()) && widget->isVisibleTo(window_.get());
+    };
+    if (window_->focusWidget() != nullptr && isUsable(window_->focusWidget())) return;
+    for (QWidget* next = window_->nextInFocusChain(); next != window_.get(); next = next->nextInFocusChain())
+        if ((next->focusPolicy() & Qt::TabFocus) != 0 && isUsable(next))
+            return next->setFocus(Qt::TabFocusReason);
 }
 
 void FormWindow::StateChanged() {
     if (form_ == nullptr) return;
     window_->setWindowTitle(ToQt(form_->Caption()));
     ShowEnabled();
-    ShowPlace();
-    ShowInnerSize();
 }
 
 void FormWindow::ShowEnabled() {
@@ -143,24 +150,22 @@ void FormWindow::ShowEnabled() {
     if (form_->Enabled() && focusBefore_ != nullptr) focusBefore_->setFocus(Qt::OtherFocusReason);
 }
 
-void FormWindow::ShowPlace() {
-    const QPoint place = ToPixels(form_->Bounds()).topLeft();
-    if (place == window_->pos() || (place.isNull() && !placedByCode_)) return;
+void FormWindow::PlaceChanged() {
     placedByCode_ = true;
-    window_->move(place);
+    window_->move(ToPixels(form_->Bounds()).topLeft());
 }
 
-void FormWindow::ShowInnerSize() {
+void FormWindow::InnerSizeChanged() {
     const QSize size = ToPixels(Rect{0, 0, form_->InnerSize().width, form_->InnerSize().height}).size();
     if (laidOut_ && !size.isEmpty() && size != window_->size()) window_->resize(size);
 }
 
-void FormWindow::ReportPlace() {
+void FormWindow::TellPlace() {
     ReportInnerSize();
     if (form_ == nullptr) return;
-    QRect place = window_->frameGeometry();
     const QRect known = ToPixels(form_->Bounds());
-    if (!wasShown_) place.moveTopLeft(known.topLeft());
+    const QRect place =
+        wasShown_ ? window_->frameGeometry() : QRect(known.topLeft(), window_->size().grownBy(Frame()));
     // What the code has set in twips stays exact as long as it means the same pixels.
     if (place == known) return;
     Rect twips = ToTwips(place);
@@ -188,7 +193,7 @@ bool FormWindow::eventFilter(QObject*, QEvent* event) {
             return false;
         case QEvent::Move:
         case QEvent::Resize:
-            ReportPlace();
+            TellPlace();
             return false;
         case QEvent::KeyPress:
             if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::HelpContents)) {

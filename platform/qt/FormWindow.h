@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "forms/Form.h"
+#include "platform/qt/QtDesktop.h"
 #include "platform/qt/adapters/ControlAdapter.h"
 
 class QEventLoop;
@@ -20,7 +21,7 @@ namespace lumarin::qt {
 class FormWindow final : public QObject, public FormView {
 public:
     /// Builds and binds the window. Throws one Error that names everything that cannot be bound.
-    explicit FormWindow(Form& form);
+    FormWindow(Form& form, WindowSizes sizes);
     ~FormWindow() override;
 
     QWidget& Window() const { return *window_; }
@@ -34,20 +35,21 @@ public:
     bool IsDetached() const { return form_ == nullptr; }
 
     void StateChanged() override;
+    void PlaceChanged() override;
+    void InnerSizeChanged() override;
+    void TellPlace() override;
     void* NativeWindow() const override { return window_.get(); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Bind();
-    void LayOut();
+    void LayOut(WindowSizes sizes);
     void ReportPlaces();
     void ShowEnabled();
-    void ShowPlace();
-    void ShowInnerSize();
-    void ReportPlace();
     void ReportInnerSize();
     void PlaceOver(const QWidget& owner);
+    QMargins Frame() const;
     void FocusFirst();
     bool Close(QEvent& event);
 

@@ -1,8 +1,15 @@
 #include "platform/qt/MessageDialog.h"
 
+#include <QCloseEvent>
+#include <QCoreApplication>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
 
 #include "platform/qt/Conversions.h"
@@ -11,6 +18,9 @@
 namespace lumarin::qt {
 
 namespace {
+
+constexpr int WidestText = 640;  // pixels
+constexpr int TextMargin = 6;
 
 QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
     switch (buttons) {
@@ -60,6 +70,54 @@ const char* DrawingOf(Icon icon) {
     return "";
 }
 
+/// A box that answers Cancel when it is closed, whatever buttons it has. The toolkit's takes the button that
+/// refuses, which in a question of Yes and No is an answer that nobody has given.
+class Box final : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+    /// A text that would push the buttons off the screen is scrolled.
+    void BoundText();
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        event->ignore();
+        done(QMessageBox::Cancel);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Cancel)) return done(QMessageBox::Cancel);
+        if (scrolled_ != nullptr && (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown))
+            QCoreApplication::sendEvent(scrolled_->verticalScrollBar(), event);
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+
+private:
+    QScrollArea* scrolled_ = nullptr;
+};
+
+void Box::BoundText() {
+    const QSize room = screen()->availableSize();
+    const QSize most(qMin(WidestText, room.width() / 2), room.height() / 2);
+    const QRect needed = fontMetrics().boundingRect(QRect(0, 0, most.width(), 0), Qt::TextWordWrap, text());
+    auto* whole = findChild<QLabel*>("qt_msgbox_label");
+    if (whole == nullptr || (needed.width() <= most.width() && needed.height() <= most.height())) return;
+    auto* label = new QLabel(text());
+    label->setObjectName("messageText");
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    label->setMargin(TextMargin);
+    scrolled_ = new QScrollArea(this);
+    scrolled_->setObjectName("messageScroll");
+    scrolled_->setWidgetResizable(true);
+    scrolled_->setWidget(label);
+    scrolled_->setFixedSize(most);
+    delete layout()->replaceWidget(whole, scrolled_);
+    whole->hide();  // goes on telling the text
+}
+
 /// The style's own pictures are coarse on a fine screen. The box goes on knowing which icon it has.
 void UseDrawing(QMessageBox& box, Icon icon) {
     auto* label = box.findChild<QLabel*>("qt_msgboxex_icon_label");
@@ -68,17 +126,25 @@ void UseDrawing(QMessageBox& box, Icon icon) {
     if (label != nullptr && !drawing.isNull()) label->setPixmap(drawing.pixmap(side));
 }
 
-/// What closing the box means.
-QMessageBox::StandardButton EscapeOf(QMessageBox::StandardButtons buttons) {
-    for (const auto button : {QMessageBox::Cancel, QMessageBox::No})
-        if (buttons.testFlag(button)) return button;
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+    switch (answer) {
+        case Answer::Cancel:
+            return QMessageBox::Cancel;
+        case Answer::Retry:
+            return QMessageBox::Retry;
+        case Answer::Yes:
+            return QMessageBox::Yes;
+        case Answer::No:
+            return QMessageBox::No;
+        case Answer::Ok:
+            break;
+    }
     return QMessageBox::Ok;
 }
 
-QMessageBox::StandardButton FirstOf(QMessageBox::StandardButtons buttons) {
-    for (const auto button : {QMessageBox::Yes, QMessageBox::Retry})
-        if (buttons.testFlag(button)) return button;
-    return QMessageBox::Ok;
+Answer EnterOf(const Message& message) {
+    if (message.buttons == Buttons::RetryCancel) return message.enter.value_or(Answer::Retry);
+    return message.enter.value_or(Answer::Ok);
 }
 
 Answer AnswerOf(int button) {
@@ -99,17 +165,17 @@ Answer AnswerOf(int button) {
 }  // namespace
 
 Answer RunMessageBox(const Message& message, QWidget* owner) {
-    const auto buttons = ButtonsOf(message.buttons);
-    QMessageBox box(IconOf(message.icon), ToQt(message.title), ToQt(message.text), buttons, owner);
+    Box box(IconOf(message.icon), ToQt(message.title), ToQt(message.text), ButtonsOf(message.buttons), owner);
     box.setObjectName("messageBox");
     UseDrawing(box, message.icon);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box.setDefaultButton(FirstOf(buttons));
-    box.setEscapeButton(EscapeOf(buttons));
+    box.BoundText();
+    box.setDefaultButton(ButtonOf(EnterOf(message)));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowFlag(Qt::WindowStaysOnTopHint, message.modality == Modality::System);
-    return AnswerOf(box.exec());
+    const Answer answer = AnswerOf(box.exec());
+    return message.buttons == Buttons::Ok ? Answer::Ok : answer;
 }
 
 }  // namespace lumarin::qt

@@ -78,7 +78,7 @@ private:
     bool hidesPointer_;
 };
 
-QtDesktop::QtDesktop() {
+QtDesktop::QtDesktop(WindowSizes sizes) : sizes_(sizes) {
     destroy_.setSingleShot(true);
     destroy_.setInterval(0);
     QObject::connect(&destroy_, &QTimer::timeout, &destroy_, [this] { DestroyRetired(); });
@@ -97,7 +97,7 @@ FormWindow& QtDesktop::WindowOf(const Form& form) const {
 }
 
 void QtDesktop::Load(Form& form) {
-    if (!windows_.contains(&form)) windows_.emplace(&form, std::make_unique<FormWindow>(form));
+    if (!windows_.contains(&form)) windows_.emplace(&form, std::make_unique<FormWindow>(form, sizes_));
 }
 
 void QtDesktop::Show(Form& form, const OwnerWindow* owner) {

@@ -22,12 +22,16 @@ class FormWindow;
 /// LUMARIN_THEME=light or dark), fonts, icons. Call once, before any window.
 void SetUpApplication(QApplication& application);
 
+/// How large a window opens: as designed, but no larger than the screen; or as designed on a screen that
+/// nobody looks at.
+enum class WindowSizes { WithinScreen, AsDesigned };
+
 /// The desktop on Qt Widgets. A form's window is built from its design, `windows/<form name>.ui`. The
 /// native window of a form is its QWidget. A window that is unloaded from within one of its own events
 /// is hidden at once and destroyed when no dialog or modal window waits any more.
 class QtDesktop final : public Desktop {
 public:
-    QtDesktop();
+    explicit QtDesktop(WindowSizes sizes = WindowSizes::WithinScreen);
     ~QtDesktop() override;
 
     /// Throws Error when the form and its design do not fit, with all that is wrong.
@@ -63,6 +67,7 @@ private:
     FormWindow& WindowOf(const Form& form) const;
     void DestroyRetired();
 
+    const WindowSizes sizes_;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retiredWindows_;
     std::vector<std::unique_ptr<Form>> retiredForms_;

@@ -1,9 +1,12 @@
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFont>
 #include <QHash>
 #include <QIcon>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/WindowLoader.h"
@@ -16,15 +19,16 @@ namespace lumarin::qt {
 namespace {
 
 constexpr double SmallestFont = 10;  // points
+constexpr int FocusLine = 2;         // pixels
 
 struct Colours {
-    QColor window, base, alternate, text, faint, button, line, dark, highlight, link;
+    QColor window, base, alternate, text, faint, button, line, dark, highlight, resting, link;
 };
 
-const Colours Light{"#f3f4f6", "#ffffff", "#f6f8fb", "#1f2328", "#8b929c",
-                    "#fbfbfc", "#c4c9d1", "#dcdfe4", "#2f6fde", "#2461c8"};
-const Colours Dark{"#25282c", "#1b1d20", "#212429", "#e6e8eb", "#7d848d",
-                   "#33373c", "#4a5058", "#17191b", "#3f7fe8", "#79aaf7"};
+const Colours Light{"#f3f4f6", "#ffffff", "#f6f8fb", "#1f2328", "#8b929c", "#fbfbfc",
+                    "#c4c9d1", "#dcdfe4", "#2f6fde", "#d3d8e0", "#2461c8"};
+const Colours Dark{"#25282c", "#1b1d20", "#212429", "#e6e8eb", "#7d848d", "#33373c",
+                   "#4a5058", "#17191b", "#3f7fe8", "#42484f", "#79aaf7"};
 
 QPalette PaletteOf(const Colours& colours) {
     QPalette palette;
@@ -50,6 +54,9 @@ QPalette PaletteOf(const Colours& colours) {
     palette.setColor(QPalette::Highlight, colours.highlight);
     palette.setColor(QPalette::Disabled, QPalette::Highlight, colours.line);
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    // The chosen row of a list that has not the focus: two lists of a window are told apart at a glance.
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, colours.resting);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, colours.text);
     palette.setColor(QPalette::Disabled, QPalette::HighlightedText, colours.text);
     palette.setColor(QPalette::Link, colours.link);
     return palette;
@@ -63,7 +70,30 @@ public:
     explicit ColouredStyle(QPalette palette) : QProxyStyle("Fusion"), palette_(std::move(palette)) {}
 
     void polish(QPalette& palette) override { palette = palette_; }
+    /// The focus is seen from the start, not only after somebody has pressed the Tab key.
+    void polish(QWidget* widget) override {
+        if (widget->isWindow()) widget->setAttribute(Qt::WA_KeyboardFocusChange);
+        QProxyStyle::polish(widget);
+    }
     using QProxyStyle::polish;
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        if (metric == PM_DefaultFrameWidth && qobject_cast<const QAbstractItemView*>(widget) != nullptr)
+            return FocusLine;
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool isList = element == PE_Frame && qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+        if (!isList || !option->state.testFlag(State_HasFocus)) return;
+        painter->save();
+        painter->setPen(QPen(option->palette.color(QPalette::Highlight), FocusLine, Qt::SolidLine,
+                             Qt::SquareCap, Qt::MiterJoin));
+        painter->drawRect(QRectF(option->rect).adjusted(1, 1, -1, -1));
+        painter->restore();
+    }
 
     /// The same icon each time, for the same reason; file dialogs ask for some whenever one is opened.
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,

@@ -96,6 +96,7 @@ private:
     void AddExistingFile();
     void AddLink();
     void Delete();
+    bool MayDelete(const clsDoc& document);
     bool IsAcceptable(const std::string& path);
     bool UploadFile(const std::string& path, const std::string& description, LocalCopy afterwards);
     bool TryUpload(const std::string& path, const std::string& serverFile, const std::string& description);

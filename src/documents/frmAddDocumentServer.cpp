@@ -93,13 +93,19 @@ void frmAddDocument::Delete() {
         const clsDoc* document = Selected();
         if (document == nullptr || !IsConnected()) return;
         const clsDoc deleted = *document;
-        // No deletes as well as Yes, on purpose: only Cancel keeps the document, and this box has none.
-        if (Say("Preparing to delete document:\n\n" + deleted.Description + "\n\nDo you wish to continue?",
-                "Verify document delete for listing #" + std::to_string(listing_), Buttons::YesNo,
-                Icon::Exclamation) == Answer::Cancel)
-            return;
-        ChangeDocuments(DeleteCommand(User(), deleted.DocId));
+        if (MayDelete(deleted)) ChangeDocuments(DeleteCommand(User(), deleted.DocId));
     });
+}
+
+/// No deletes as well as Yes, on purpose: only closing the box, which has no Cancel, keeps the document.
+bool frmAddDocument::MayDelete(const clsDoc& document) {
+    return desktop().ShowMessage({.text = "Preparing to delete document:\n\n" + document.Description +
+                                          "\n\nDo you wish to continue?",
+                                  .title = "Verify document delete for listing #" + std::to_string(listing_),
+                                  .buttons = Buttons::YesNo,
+                                  .icon = Icon::Exclamation,
+                                  .enter = Answer::No},
+                                 this) != Answer::Cancel;
 }
 
 /// Makes one change and shows what is there afterwards, also when it failed.

@@ -19,16 +19,14 @@ frmPromptLinkText::frmPromptLinkText(Desktop& desktop) : Form(desktop, "frmPromp
 
 void frmPromptLinkText::Display(bool DescOnly, const std::string& DefLinkText, const OwnerWindow* owner) {
     descriptionOnly_ = DescOnly;
-    cancelled_ = focused_ = false;
+    cancelled_ = false;
     Load();
     fraUrl.SetVisible(!DescOnly);  // the layout moves the description up into its place
     if (!DefLinkText.empty()) txtLinkText.SetText(DefLinkText);
     ShowModal(owner);
 }
 
-void frmPromptLinkText::OnActivate() {
-    if (focused_) return;
-    focused_ = true;
+void frmPromptLinkText::OnShow() {
     (descriptionOnly_ ? txtLinkText : txtUrl).SetFocus();
     txtLinkText.SelectAll();
 }

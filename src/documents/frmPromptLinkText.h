@@ -27,7 +27,7 @@ public:
     bool Cancelled() const { return cancelled_; }
 
 protected:
-    void OnActivate() override;
+    void OnShow() override;
     bool OnQueryClose(CloseReason reason) override;
 
 private:
@@ -36,7 +36,6 @@ private:
     bool IsComplete();
 
     bool descriptionOnly_ = false;
-    bool focused_ = false;
     bool cancelled_ = false;
 };
 

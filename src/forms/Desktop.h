@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,8 +19,8 @@ enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Modality { Application, System };
 
-/// The button that was pressed, with the platform's numbers. Closing the box counts as Cancel where it
-/// has that button, else as No, else as OK.
+/// The button that was pressed, with the platform's numbers. Closing a question, by Escape or by its frame,
+/// answers Cancel, also where it has no such button: a caller destroys nothing on Cancel.
 enum class Answer { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
 
 /// A message box. A system-modal one stays above every window of the screen.
@@ -29,6 +30,9 @@ struct Message {
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
     Modality modality = Modality::Application;
+    /// What the Enter key answers. A question with Yes and No says it: No where Yes destroys something.
+    /// Otherwise nothing stands for Retry where there is that button, else for OK.
+    std::optional<Answer> enter = std::nullopt;
 };
 
 /// A dialog that chooses existing files.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "base/Error.h"
 #include "forms/Control.h"
@@ -40,7 +41,7 @@ void Form::SetInitialSize(double width, double height) {
 void Form::MoveTo(double left, double top) {
     bounds_.left = left;
     bounds_.top = top;
-    if (view_ != nullptr) view_->StateChanged();
+    if (view_ != nullptr) view_->PlaceChanged();
 }
 
 void Form::SetInnerSize(const Size& size) {
@@ -48,7 +49,7 @@ void Form::SetInnerSize(const Size& size) {
     bounds_.width = size.width + (frameKnown ? bounds_.width - innerSize_.width : 0);
     bounds_.height = size.height + (frameKnown ? bounds_.height - innerSize_.height : 0);
     InnerPlaced(size);
-    if (view_ != nullptr) view_->StateChanged();
+    if (view_ != nullptr) view_->InnerSizeChanged();
 }
 
 void Form::InnerPlaced(const Size& size) {
@@ -66,13 +67,18 @@ void Form::Load() {
 
 void Form::Show(const OwnerWindow* owner) {
     Load();
-    shown_ = true;
+    AboutToBeSeen();
     desktop_.Show(*this, owner);
+}
+
+void Form::AboutToBeSeen() {
+    if (std::exchange(shown_, true)) return;
+    Guarded("Show", [this] { OnShow(); });
 }
 
 void Form::ShowModal(const OwnerWindow* owner) {
     Load();
-    shown_ = true;
+    AboutToBeSeen();
     desktop_.ShowModal(*this, owner);
 }
 
@@ -97,6 +103,7 @@ bool Form::Unload(CloseReason reason) {
     // The question may have ended in the window's unloading already: the host does so when it is told.
     if (!loaded_) return true;
     if (!closes) return false;
+    if (view_ != nullptr) view_->TellPlace();
     Guarded("Unload", [this] { OnUnload(); });
     loaded_ = false;
     shown_ = false;
@@ -111,6 +118,7 @@ void Form::HelpPressed() {
 }
 
 void Form::Activated() {
+    if (view_ != nullptr) view_->TellPlace();
     Guarded("Activate", [this] { OnActivate(); });
 }
 

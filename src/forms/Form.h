@@ -28,8 +28,15 @@ enum class CloseReason { Frame, Code, Host };
 class FormView {
 public:
     virtual ~FormView() = default;
-    /// Caption, enabled state, position or inner size changed.
+    /// Caption or enabled state changed.
     virtual void StateChanged() = 0;
+    /// The code has put the window elsewhere.
+    virtual void PlaceChanged() = 0;
+    /// The code has given the window another inner size.
+    virtual void InnerSizeChanged() = 0;
+    /// The form is about to look at its place: it is to be told (`Placed`). A frame may come, and push the
+    /// window on, without any notice of it.
+    virtual void TellPlace() = 0;
     virtual void* NativeWindow() const = 0;
 };
 
@@ -115,6 +122,9 @@ protected:
     void SetInitialSize(double width, double height);
 
     virtual void OnLoad() {}
+    /// The window is about to be seen, for the first time or again: here it says where the focus goes.
+    /// Nothing promises that a window that is shown again is also activated anew.
+    virtual void OnShow() {}
     virtual void OnActivate() {}
     /// The inner size has changed, by the code or by the user.
     virtual void OnResize() {}
@@ -130,6 +140,8 @@ protected:
     virtual void ReportError(const std::string& source, const std::exception& error);
 
 private:
+    void AboutToBeSeen();
+
     Desktop& desktop_;
     std::string name_;
     std::vector<Control*> controls_;

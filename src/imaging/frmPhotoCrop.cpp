@@ -167,7 +167,6 @@ void frmPhotoCrop::OpenPicture(const std::string& sourcePath, CropMode mode, boo
     CenterPreview();
     SelectViewOfFile(sourcePath);
     PlaceByWidth();
-    focusWaits_ = true;
 }
 
 std::unique_ptr<SourcePicture> frmPhotoCrop::OpenSource(const std::string& sourcePath, CropMode mode) {
@@ -209,11 +208,7 @@ void frmPhotoCrop::OnLoad() {
     MoveTo((screen.width - Bounds().width) / 2, (screen.height - Bounds().height) / 2);
 }
 
-void frmPhotoCrop::OnActivate() {
-    // Only when the window opens: coming back from another one must not take the focus from a slider.
-    if (focusWaits_) Shape1.SetFocus();
-    focusWaits_ = false;
-}
+void frmPhotoCrop::OnShow() { Shape1.SetFocus(); }
 
 bool frmPhotoCrop::OnQueryClose(CloseReason reason) {
     if (reason != CloseReason::Frame) return true;

@@ -76,7 +76,7 @@ public:
 
 protected:
     void OnLoad() override;
-    void OnActivate() override;
+    void OnShow() override;
     bool OnQueryClose(CloseReason reason) override;
     void OnUnload() override;
 
@@ -127,7 +127,6 @@ private:
     crop::HitZone hitZone_ = crop::HitZone::Outside;
     int repeatIndex_ = 0;
     bool steppedByMouse_ = false;
-    bool focusWaits_ = false;
 };
 
 /// What the window says and does about one picture of several, until their import ends in whatever way.

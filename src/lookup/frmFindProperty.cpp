@@ -67,17 +67,13 @@ void frmFindProperty::OnLoad() {
         cmbStreetDirection.AddItem(direction);
 }
 
-void frmFindProperty::OnActivate() {
-    if (opened_) return;
-    opened_ = true;
-    (sstTab.Tab() == StreetTab ? txtStreetName : txtOwnerName).SetFocus();
-}
+void frmFindProperty::OnShow() { (sstTab.Tab() == StreetTab ? txtStreetName : txtOwnerName).SetFocus(); }
 
 bool frmFindProperty::FindProperty(const SearchContext& searchContext, int flags, int defaultOwnerFilter,
                                    int statusDefault, std::vector<std::string>& selectedIds,
                                    const OwnerWindow* owner) {
     selectedIds.clear();
-    opened_ = confirmed_ = false;
+    confirmed_ = false;
     context_ = searchContext;
     Guarded("FindProperty", [&] {
         Load();

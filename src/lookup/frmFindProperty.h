@@ -55,7 +55,7 @@ public:
 
 protected:
     void OnLoad() override;
-    void OnActivate() override;
+    void OnShow() override;
     void OnUnload() override { StopSearch(); }
 
 private:
@@ -86,7 +86,6 @@ private:
     std::string boardId_;  ///< the board that "all" is narrowed to
     std::vector<ResultColumn> columns_;
     std::unique_ptr<QueryRows> records_;  ///< rows still to come; null when no search runs
-    bool opened_ = false;
     bool confirmed_ = false;
 };
 

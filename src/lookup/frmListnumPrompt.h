@@ -21,6 +21,7 @@ public:
     Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"}, cmdBrowse{*this, "cmdBrowse"};
 
 protected:
+    void OnShow() override { txtPropertyId.SetFocus(); }
     void OnActivate() override { txtPropertyId.SetFocus(); }
     bool OnQueryClose(CloseReason reason) override;
 

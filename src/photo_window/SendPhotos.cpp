@@ -71,7 +71,8 @@ void frmLumarin::SendPhotos() {
                                            .title = "Unavailable to connect to server",
                                            .buttons = Buttons::YesNo,
                                            .icon = Icon::Critical,
-                                           .modality = Modality::System},
+                                           .modality = Modality::System,
+                                           .enter = Answer::Yes},
                                           this) == Answer::Yes;
             } catch (const UpdateRefused&) {
                 desktop().ShowMessage({.text = "Unable to update photo on server, please call Tech support.",
@@ -146,7 +147,8 @@ bool frmLumarin::AskRemoval(std::int32_t listNum) {
                                           std::to_string(listNum),
                                   .title = "Send Photos",
                                   .buttons = Buttons::YesNo,
-                                  .icon = Icon::Exclamation},
+                                  .icon = Icon::Exclamation,
+                                  .enter = Answer::No},
                                  this) == Answer::Yes;
 }
 

@@ -1,6 +1,7 @@
 #include "photo_window/WindowSettings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Files.h"
 #include "base/Numbers.h"
@@ -20,6 +21,18 @@ constexpr const char* DefaultPosition = "1,100";
 
 std::string CityInfo(const VelCommon& host) { return host.CityFolder() + "CityInfo.ini"; }
 std::string UserIni(const VelCommon& host) { return host.UserFolder() + "User.ini"; }
+
+/// Left and top.
+std::pair<double, double> StoredPlace(const std::string& position) {
+    std::vector<std::string> parts = text::Split(position, ',');
+    if (parts.size() < 2 || !ParseNumber(parts[0]) || !ParseNumber(parts[1]))
+        parts = text::Split(DefaultPosition, ',');
+    return {*ParseNumber(parts[0]), *ParseNumber(parts[1])};
+}
+
+std::string PositionText(const Rect& window) {
+    return SingleText(static_cast<float>(window.left)) + "," + SingleText(static_cast<float>(window.top));
+}
 
 }  // namespace
 
@@ -42,17 +55,15 @@ void WriteFilePreview(const VelCommon& host, bool filePreview) {
 }
 
 Rect PositionOnScreen(const std::string& position, const Rect& window, Size screen) {
-    std::vector<std::string> parts = text::Split(position, ',');
-    if (parts.size() < 2 || !ParseNumber(parts[0]) || !ParseNumber(parts[1]))
-        parts = text::Split(DefaultPosition, ',');
-    return {.left = std::min(*ParseNumber(parts[0]), screen.width - window.width),
-            .top = std::min(*ParseNumber(parts[1]), screen.height - window.height),
+    const auto [left, top] = StoredPlace(position);
+    return {.left = std::min(left, screen.width - window.width),
+            .top = std::min(top, screen.height - window.height),
             .width = window.width,
             .height = window.height};
 }
 
-std::string PositionText(const Rect& window) {
-    return SingleText(static_cast<float>(window.left)) + "," + SingleText(static_cast<float>(window.top));
+bool StandsAt(const std::string& position, const Rect& window) {
+    return StoredPlace(position) == std::pair(window.left, window.top);
 }
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window) {

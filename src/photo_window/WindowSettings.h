@@ -25,8 +25,8 @@ void WriteFilePreview(const VelCommon& host, bool filePreview);
 /// edge of the screen. Only left and top of the result count. A text that is no position gives the default.
 Rect PositionOnScreen(const std::string& position, const Rect& window, Size screen);
 
-/// "left,top" as it is stored.
-std::string PositionText(const Rect& window);
+/// Whether the window stands where the stored position says, pulled back or not.
+bool StandsAt(const std::string& position, const Rect& window);
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window);
 

@@ -7,6 +7,8 @@
 #include "photo_window/PhotoTools.h"
 #include "photo_window/PhotoUpload.h"
 
+#include <utility>
+
 namespace lumarin {
 
 namespace {
@@ -104,7 +106,7 @@ void frmLumarin::Init(std::int32_t JobIndex) {
 void frmLumarin::PlaceWindow() {
     const Rect place = PositionOnScreen(settings_.startUpPosition, Bounds(), desktop().ScreenSize());
     MoveTo(place.left, place.top);
-    settings_.startUpPosition = PositionText(Bounds());
+    placed_ = Bounds();
 }
 
 void frmLumarin::AddColumns() {
@@ -141,8 +143,8 @@ void frmLumarin::RestoreUnsentWork() {
 }
 
 void frmLumarin::OnActivate() {
-    if (unreadableReported_) return;
-    unreadableReported_ = true;
+    if (std::exchange(activated_, true)) return;
+    placed_ = Bounds();  // where the desktop has let it stand
     ReportUnreadableStates();
 }
 
@@ -300,7 +302,8 @@ void frmLumarin::OnUnload() {
     const VelCommon& host = ports_.host.Common();
     const std::string folder = FolderOfSelection(lastChosen_);
     if (!folder.empty() && folder != settings_.importFolder) WriteImportFolder(host, folder);
-    if (PositionText(Bounds()) != settings_.startUpPosition) WriteStartUpPosition(host, Bounds());
+    const bool moved = Bounds().left != placed_.left || Bounds().top != placed_.top;
+    if (moved && !StandsAt(settings_.startUpPosition, Bounds())) WriteStartUpPosition(host, Bounds());
     for (const auto& [number, record] : records_) record->CloseListing(LocalFiles::Keep, Publish::No);
     records_.clear();
     current_ = nullptr;
@@ -319,7 +322,8 @@ void frmLumarin::AskAboutClipboard() {
                                        "it will be available to other applications?",
                                .title = "Data in the clipboard",
                                .buttons = Buttons::YesNo,
-                               .icon = Icon::Question},
+                               .icon = Icon::Question,
+                               .enter = Answer::Yes},
                               this);
     if (answer == Answer::No) desktop().ClearClipboard();
 }

@@ -162,8 +162,9 @@ private:
     bool sourceAvailable_ = false;
     bool acquiring_ = false;
     std::vector<std::pair<std::string, std::string>> unreadableStates_;  ///< file name and reason
-    bool unreadableReported_ = false;
     bool highlightGoesBack_ = false;
+    Rect placed_;  ///< where the window opened: elsewhere it has been moved
+    bool activated_ = false;
 };
 
 }  // namespace lumarin

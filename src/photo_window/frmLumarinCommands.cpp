@@ -190,7 +190,8 @@ void frmLumarin::RemoveCurrentListing() {
                          " were not sent. Do you want to remove the listing and lose them?",
                  .title = "Remove listing",
                  .buttons = Buttons::YesNo,
-                 .icon = Icon::Exclamation},
+                 .icon = Icon::Exclamation,
+                 .enter = Answer::No},
                 this);
             if (answer != Answer::Yes) return;
         }

@@ -46,7 +46,8 @@ AfterPage AskForNextPicture(Desktop& desktop, const Form& window) {
         desktop.ShowMessage({.text = "Do you want to acquire another picture? Change the original first.",
                              .title = "Acquire Multiple",
                              .buttons = Buttons::YesNo,
-                             .icon = Icon::Question},
+                             .icon = Icon::Question,
+                             .enter = Answer::Yes},
                             &window);
     return next == Answer::Yes ? AfterPage::Continue : AfterPage::Stop;
 }

@@ -160,8 +160,10 @@ TEST_F(AddDocument, LinkAndDelete_AreSentAndTheListIsReadAnew) {
     Click("miAddUrl");
     window->lvFiles.Select(1);
     const std::string question = "Preparing to delete document:\n\nMap\n\nDo you wish to continue?";
-    desktop.Expect(question, Answer::No);  // deletes all the same
-    window->lvFiles.PressKey({Key::Delete});
+    for (const Answer answer : {Answer::Cancel, Answer::No}) {  // No deletes all the same
+        desktop.Expect(question, answer);
+        window->lvFiles.PressKey({Key::Delete});
+    }
     host.onUpdate = [](const std::string&) { return "no such document"; };
     desktop.Expect(question, Answer::Yes);
     desktop.Expect("Unable to update document on server, please call Tech support.\nno such document");

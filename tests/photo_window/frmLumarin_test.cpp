@@ -115,13 +115,17 @@ TEST_F(frmLumarinTest, Clipboard_CopyThenPaste_AsksAtTheEnd) {
     WillCapture({300});
     window->Menu.ClickTool("Paste");
     EXPECT_EQ(window->PhotoList.Count(), 2);
-    desktop.Expect(
-        "You have placed a large amount of data in the clipboard. This data may take up quite a bit of "
-        "memory and could degrade system performance if left on the clipboard. Would you like to leave this "
-        "data on the clipboard so that it will be available to other applications?",
-        Answer::No, "Data in the clipboard");
-    window->Unload();
-    EXPECT_EQ(desktop.clipboard, nullptr);
+    const PicturePtr copied = desktop.clipboard;
+    for (const Answer answer : {Answer::Cancel, Answer::Yes, Answer::No}) {
+        desktop.Expect(
+            "You have placed a large amount of data in the clipboard. This data may take up quite a bit of "
+            "memory and could degrade system performance if left on the clipboard. Would you like to leave "
+            "this data on the clipboard so that it will be available to other applications?",
+            answer, "Data in the clipboard");
+        window->Unload();
+        EXPECT_EQ(desktop.clipboard, answer == Answer::No ? nullptr : copied);
+        window->Load();
+    }
 }
 
 TEST_F(frmLumarinTest, RemoveListing_WithUnsentChanges_Asks) {

@@ -2,6 +2,9 @@
 #include <QAbstractButton>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -91,35 +94,61 @@ TEST_F(QtDesktopTest, UnloadOrDestroyLater_WithinAnEventOfTheWindow_DestroyAfter
     }
 }
 
-TEST_F(QtDesktopTest, Message_ButtonsAndClosing_GiveTheirAnswers) {
-    constexpr auto Closed = QMessageBox::NoButton;
-    const std::tuple<const char*, Buttons, QMessageBox::StandardButton, Answer> cases[] = {
-        {"ok", Buttons::Ok, QMessageBox::Ok, Answer::Ok},
-        {"ok closed", Buttons::Ok, Closed, Answer::Ok},
-        {"retry", Buttons::RetryCancel, QMessageBox::Retry, Answer::Retry},
-        {"cancel", Buttons::OkCancel, QMessageBox::Cancel, Answer::Cancel},
-        {"yes", Buttons::YesNoCancel, QMessageBox::Yes, Answer::Yes},
-        {"closed with cancel", Buttons::YesNoCancel, Closed, Answer::Cancel},
-        {"closed with no", Buttons::YesNo, Closed, Answer::No},
+TEST_F(QtDesktopTest, Message_ButtonsKeysAndClosing_GiveTheirAnswers) {
+    using Act = std::function<void(QMessageBox&)>;
+    const auto press = [](QMessageBox::StandardButton button) -> Act {
+        return [button](QMessageBox& box) { box.button(button)->click(); };
+    };
+    const auto key = [](Qt::Key key) -> Act {
+        return [key](QMessageBox& box) { QTest::keyClick(box.focusWidget(), key); };
+    };
+    const Act close = [](QMessageBox& box) { box.close(); };
+    const std::tuple<const char*, Buttons, std::optional<Answer>, Act, Answer> cases[] = {
+        {"ok", Buttons::Ok, {}, press(QMessageBox::Ok), Answer::Ok},
+        {"ok closed", Buttons::Ok, {}, close, Answer::Ok},
+        {"retry", Buttons::RetryCancel, {}, key(Qt::Key_Return), Answer::Retry},
+        {"cancel", Buttons::OkCancel, {}, press(QMessageBox::Cancel), Answer::Cancel},
+        {"yes", Buttons::YesNoCancel, {}, press(QMessageBox::Yes), Answer::Yes},
+        {"closed with cancel", Buttons::YesNoCancel, Answer::Yes, close, Answer::Cancel},
+        {"closed without cancel", Buttons::YesNo, Answer::Yes, close, Answer::Cancel},
+        {"escape without cancel", Buttons::YesNo, Answer::Yes, key(Qt::Key_Escape), Answer::Cancel},
+        {"enter means no", Buttons::YesNo, Answer::No, key(Qt::Key_Return), Answer::No},
+        {"enter means yes", Buttons::YesNo, Answer::Yes, key(Qt::Key_Return), Answer::Yes},
     };
     desktop.SetPointer(Pointer::Hourglass);
-    for (const auto& [name, buttons, press, answer] : cases) {
+    for (const auto& [name, buttons, enter, act, answer] : cases) {
         SCOPED_TRACE(name);
-        Meanwhile([press = press] {
+        Meanwhile([act = act] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             EXPECT_EQ(box->text(), "50 < 60 & more");
             EXPECT_EQ(box->windowTitle(), "Title");
             EXPECT_EQ(box->icon(), QMessageBox::Critical);
             EXPECT_TRUE(box->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
             EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "no hourglass over a question";
-            press == Closed ? static_cast<void>(box->close()) : box->button(press)->click();
+            act(*box);
         });
-        const Message message{"50 < 60 & more", "Title", buttons, Icon::Critical, Modality::System};
+        const Message message{"50 < 60 & more", "Title", buttons, Icon::Critical, Modality::System, enter};
         EXPECT_EQ(desktop.ShowMessage(message, nullptr), answer);
     }
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
     desktop.SetPointer(Pointer::Default);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtDesktopTest, Message_TooLongForTheScreen_ScrollsAndKeepsItsButtons) {
+    std::string names;
+    for (int i = 0; i < 200; ++i) names += "photo-" + std::string(i, 'x') + ".jpg\n\n";
+    Meanwhile([] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        const QRect room = box->screen()->availableGeometry();
+        EXPECT_TRUE(room.contains(box->geometry().translated(room.center() - box->geometry().center())));
+        EXPECT_TRUE(box->rect().contains(box->button(QMessageBox::Ok)->geometry()));
+        auto& bar = *box->findChild<QScrollArea*>()->verticalScrollBar();
+        QTest::keyClick(box->focusWidget(), Qt::Key_PageDown);
+        EXPECT_GT(bar.value(), 0);
+        box->accept();
+    });
+    desktop.ShowMessage({.text = names, .title = "Refused"}, nullptr);
 }
 
 TEST_F(QtDesktopTest, HelpKey_InAnyWindow_AsksForTheHelpFile) {

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QMap>
+#include <QTest>
 
 #include "platform/qt/Icons.h"
 #include "platform/qt/QtDesktop.h"
@@ -63,6 +64,27 @@ TEST_F(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
         accessKeys['A'].removeAll("cmdAbort");
         for (auto key = accessKeys.cbegin(); key != accessKeys.cend(); ++key)
             EXPECT_LE(key->size(), 1) << form->Name() << ": " << key->join(' ').toStdString();
+    }
+}
+
+TEST_F(Windows, EveryButton_WithTheFocus_IsTheOneThatEnterPresses) {
+    for (const auto& form : forms) {
+        form->Load();
+        auto& window = *static_cast<QWidget*>(form->NativeWindow());
+        window.show();
+        std::string pressed;
+        for (Control* control : form->Controls())
+            if (auto* button = dynamic_cast<Button*>(control))
+                button->Click = [&pressed, button] { pressed += button->ObjectName(); };
+        for (Control* control : form->Controls()) {
+            if (control->Kind() != ControlKind::Button) continue;
+            control->SetEnabled(true);
+            control->SetVisible(true);
+            auto& widget = *window.findChild<QWidget*>(QString::fromStdString(control->ObjectName()));
+            widget.setFocus();
+            QTest::keyClick(&widget, Qt::Key_Return);
+            EXPECT_EQ(std::exchange(pressed, ""), control->ObjectName()) << form->Name();
+        }
     }
 }
 

@@ -11,7 +11,6 @@ void AddTestDesigns();  // made by the build of windows/
 int main(int argumentCount, char** arguments) {
     ::testing::InitGoogleTest(&argumentCount, arguments);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("LUMARIN_DRIVEN", "1");
     QApplication application(argumentCount, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     lumarin::qt::SetUpApplication(application);

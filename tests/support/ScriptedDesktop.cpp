@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "forms/ToolBar.h"
 
 namespace lumarin::testing {
@@ -34,8 +35,25 @@ void ScriptedDesktop::ShowModal(Form& form, const OwnerWindow*) {
     form.Hide();
 }
 
+namespace {
+
+/// A person who presses Enter without reading loses nothing: every question says what Enter answers, and one
+/// that speaks of losing something answers No.
+void ExpectHarmlessEnter(const Message& message) {
+    if (message.buttons != Buttons::YesNo && message.buttons != Buttons::YesNoCancel) return;
+    EXPECT_TRUE(message.enter) << "nothing says what Enter answers: " << message.text;
+    if (message.buttons == Buttons::YesNoCancel) return;
+    for (const char* word : {"remove", "delete", "throw", "lose"})
+        if (text::ContainsIgnoringCase(message.text, word)) {
+            EXPECT_EQ(message.enter, Answer::No) << message.text;
+        }
+}
+
+}  // namespace
+
 Answer ScriptedDesktop::ShowMessage(const Message& message, const Form*) {
     messages.push_back(message);
+    ExpectHarmlessEnter(message);
     if (expected_.empty() || expected_.front().text != message.text) {
         if (answerOthers_) return answerOthers_(message);
         if (playOthers_) return message.buttons == Buttons::YesNo ? Answer::Yes : Answer::Cancel;

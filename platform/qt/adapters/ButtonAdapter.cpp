@@ -1,4 +1,6 @@
 #include <QAbstractButton>
+#include <QKeyEvent>
+#include <QPushButton>
 
 #include "forms/Controls.h"
 #include "platform/qt/Conversions.h"
@@ -12,6 +14,8 @@ class ButtonAdapter final : public AdapterFor<Button, QAbstractButton> {
 public:
     ButtonAdapter(Button& control, QAbstractButton& button)
         : AdapterFor(control, button), designed_(button.text()) {
+        // The button that has the focus is the one that Enter presses, and looks so.
+        if (auto* push = qobject_cast<QPushButton*>(&button)) push->setAutoDefault(true);
         connect(&button, &QAbstractButton::pressed, this, [this] {
             if (Bound() != nullptr) Bound()->MouseWentDown();
         });
@@ -27,6 +31,14 @@ private:
     void ShowState() override {
         const QString caption = Bound()->Caption().empty() ? designed_ : ToQt(Bound()->Caption());
         if (caption != View().text()) View().setText(caption);
+    }
+
+    /// Of a tool button Enter would go on to the window's default button.
+    bool WidgetEvent(QEvent& event) override {
+        if (event.type() != QEvent::KeyPress || qobject_cast<QPushButton*>(&View()) != nullptr) return false;
+        if (ToKeyDown(static_cast<QKeyEvent&>(event)).key != Key::Enter) return false;
+        View().click();
+        return true;
     }
 
     QString designed_;

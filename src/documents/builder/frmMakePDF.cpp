@@ -80,7 +80,7 @@ void frmMakePDF::LoadLibrary() {
 
 void frmMakePDF::Display(const OwnerWindow* owner) {
     Load();
-    closing_ = focused_ = false;
+    closing_ = false;
     bool wanted = false;
     Guarded("Load", [&] {
         LoadLibrary();
@@ -90,16 +90,13 @@ void frmMakePDF::Display(const OwnerWindow* owner) {
     Unload();
 }
 
-void frmMakePDF::OnActivate() {
-    if (!focused_) cmdAddFiles.SetFocus();
-    focused_ = true;
-}
+void frmMakePDF::OnShow() { cmdAddFiles.SetFocus(); }
 
 std::string frmMakePDF::LinkText() const { return std::string(text::Trim(txtLinkText.Text())); }
 
-Answer frmMakePDF::Ask(const std::string& text, Buttons buttons) const {
-    return desktop().ShowMessage({.text = text, .title = Title, .buttons = buttons, .icon = Icon::Question},
-                                 this);
+Answer frmMakePDF::Ask(const std::string& text, Buttons buttons, Answer enter) const {
+    return desktop().ShowMessage(
+        {.text = text, .title = Title, .buttons = buttons, .icon = Icon::Question, .enter = enter}, this);
 }
 
 void frmMakePDF::Refuse(const std::string& text, const std::string& title) const {
@@ -125,7 +122,7 @@ bool frmMakePDF::TakeUpDraft() {
                                       " was begun for this listing and has not been sent. Do you want to "
                                       "go on with it?\n\nNo throws its pages away." +
                                       (IsTooLarge(*found) ? TooLargeNow(*found) : ""),
-                                  Buttons::YesNoCancel);
+                                  Buttons::YesNoCancel, Answer::Yes);
         if (answer == Answer::Cancel) return false;
         if (answer == Answer::No) return Discard(), true;
         draft_ = *found;
@@ -139,7 +136,7 @@ bool frmMakePDF::TakeUpDraft() {
     if (Ask("A document that was begun for " + whose +
                 " has not been sent. Do you want to throw its pages away and begin a new one?\n\nNo keeps "
                 "them: select that listing to go on with its document.",
-            Buttons::YesNo) != Answer::Yes)
+            Buttons::YesNo, Answer::No) != Answer::Yes)
         return false;
     Discard();
     return true;
@@ -158,7 +155,7 @@ void frmMakePDF::Discard() {
 bool frmMakePDF::ConfirmThrowAway() const {
     return draft_.pages.empty() ||
            Ask("Do you want to throw away the " + draft_.PageCountText() + " of this document?",
-               Buttons::YesNo) == Answer::Yes;
+               Buttons::YesNo, Answer::No) == Answer::Yes;
 }
 
 void frmMakePDF::KeepDraft() {

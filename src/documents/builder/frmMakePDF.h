@@ -65,7 +65,7 @@ public:
 
 protected:
     void OnLoad() override;
-    void OnActivate() override;
+    void OnShow() override;
     bool OnQueryClose(CloseReason reason) override;
     void OnUnload() override;
     void OnStopRequested() override { stop_ = true; }
@@ -73,7 +73,7 @@ protected:
 private:
     void WireEvents();
     void ToolClicked(const std::string& name);
-    Answer Ask(const std::string& text, Buttons buttons) const;
+    Answer Ask(const std::string& text, Buttons buttons, Answer enter) const;
     void Refuse(const std::string& text, const std::string& title) const;
 
     // What is there already.
@@ -124,7 +124,6 @@ private:
     bool adding_ = false;    ///< a batch runs
     bool stop_ = false;      ///< it is to end
     bool closing_ = false;
-    bool focused_ = false;
 };
 
 }  // namespace lumarin
