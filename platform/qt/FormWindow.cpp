@@ -1,5 +1,6 @@
 #include "platform/qt/FormWindow.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -17,14 +18,15 @@
 
 namespace lumarin::qt {
 
-FormWindow::FormWindow(Form& form, WindowSizes sizes) : form_(&form), window_(BuildWindow(form.Name())) {
+FormWindow::FormWindow(Form& form, WindowSizes sizes)
+    : form_(&form), sizes_(sizes), window_(BuildWindow(form.Name())) {
     if (const auto mismatches = Mismatches(form, *window_); !mismatches.empty()) {
         std::string all = "The window " + form.Name() + " does not fit its design:";
         for (const std::string& mismatch : mismatches) all += "\n" + mismatch;
         throw ApplicationError(form.Name() + "-Load", all);
     }
     Bind();
-    LayOut(sizes);
+    LayOut();
 }
 
 FormWindow::~FormWindow() {
@@ -50,12 +52,12 @@ void FormWindow::Bind() {
 }
 
 /// The code may place controls before the window is ever seen, so the layouts must have worked by then.
-void FormWindow::LayOut(WindowSizes sizes) {
+void FormWindow::LayOut() {
     const bool designedSize = window_->testAttribute(Qt::WA_Resized);
     QSize size =
         (designedSize ? window_->size() : window_->sizeHint()).expandedTo(window_->minimumSizeHint());
-    if (sizes == WindowSizes::WithinScreen)
-        size = size.boundedTo(window_->screen()->availableSize().shrunkBy(Frame()));
+    if (sizes_ == WindowSizes::WithinScreen)
+        size = size.boundedTo(window_->screen()->availableSize().shrunkBy(assumedFrame_));
     window_->resize(size);
     window_->grab(QRect(0, 0, 1, 1));  // makes the layouts of a hidden window work, as nothing else does
     laidOut_ = true;
@@ -83,6 +85,10 @@ void FormWindow::Show(QWidget* owner, Qt::WindowModality modality) {
     FocusFirst();
     window_->show();
     window_->activateWindow();
+    // Hidden and shown again in one go, it is the active window still to one half of the toolkit, which
+    // therefore never tells the other half, where hiding it has ended that.
+    if (QGuiApplication::focusWindow() == window_->windowHandle())
+        QApplication::setActiveWindow(window_.get());
 }
 
 bool FormWindow::RunModal(QWidget* owner) {
@@ -110,7 +116,7 @@ void FormWindow::Detach() {
 
 void FormWindow::PlaceOver(const QWidget& owner) {
     const QRect room = owner.screen()->availableGeometry();
-    QRect place({}, window_->size().grownBy(Frame()));
+    QRect place({}, window_->size().grownBy(assumedFrame_));
     place.moveCenter(owner.frameGeometry().center());
     place.moveRight(qMin(place.right(), room.right()));
     place.moveBottom(qMin(place.bottom(), room.bottom()));
@@ -120,10 +126,33 @@ void FormWindow::PlaceOver(const QWidget& owner) {
 
 /// What the frame adds on each side. Before a window is seen nobody says so, but the program's windows have
 /// frames of one kind.
-QMargins FormWindow::Frame() const {
+QMargins FormWindow::LikelyFrame() {
     for (const QWindow* other : QGuiApplication::topLevelWindows())
         if (other->isVisible() && !other->frameMargins().isNull()) return other->frameMargins();
     return {};
+}
+
+/// The window with its frame. The toolkit's widget does not learn of a frame that comes late.
+QRect FormWindow::Outer() const {
+    const QWindow& window = *window_->windowHandle();
+    return window.geometry().marginsAdded(window.frameMargins());
+}
+
+/// A frame that is larger than was assumed pushes no part of the window off the screen.
+void FormWindow::CountFrame() {
+    const QMargins frame = window_->windowHandle()->frameMargins();
+    const QMargins more = frame - std::exchange(assumedFrame_, frame);
+    if (more.isNull()) return;
+    const QRect room = window_->screen()->availableGeometry();
+    if (sizes_ == WindowSizes::WithinScreen)
+        window_->resize(window_->size().boundedTo(room.size().shrunkBy(frame)));
+    const QRect outer(Outer().topLeft(), window_->size().grownBy(frame));
+    const QRect assumed(outer.topLeft(), outer.size().shrunkBy(more));
+    const auto pushed = [](int edge, int before, int now) { return before > edge ? 0 : qMax(0, now - edge); };
+    const QPoint back(pushed(room.right(), assumed.right(), outer.right()),
+                      pushed(room.bottom(), assumed.bottom(), outer.bottom()));
+    QWindow& window = *window_->windowHandle();
+    if (!back.isNull()) window.setPosition(window.position() - back);
 }
 
 /// A window that is seen can be worked by the keyboard at once.
@@ -152,7 +181,10 @@ void FormWindow::ShowEnabled() {
 
 void FormWindow::PlaceChanged() {
     placedByCode_ = true;
-    window_->move(ToPixels(form_->Bounds()).topLeft());
+    const QPoint place = ToPixels(form_->Bounds()).topLeft();
+    if (!window_->isVisible()) return window_->move(place);
+    const QMargins frame = window_->windowHandle()->frameMargins();
+    window_->windowHandle()->setPosition(place + QPoint(frame.left(), frame.top()));
 }
 
 void FormWindow::InnerSizeChanged() {
@@ -164,8 +196,7 @@ void FormWindow::TellPlace() {
     ReportInnerSize();
     if (form_ == nullptr) return;
     const QRect known = ToPixels(form_->Bounds());
-    const QRect place =
-        wasShown_ ? window_->frameGeometry() : QRect(known.topLeft(), window_->size().grownBy(Frame()));
+    const QRect place = wasShown_ ? Outer() : QRect(known.topLeft(), window_->size().grownBy(assumedFrame_));
     // What the code has set in twips stays exact as long as it means the same pixels.
     if (place == known) return;
     Rect twips = ToTwips(place);
@@ -189,6 +220,7 @@ bool FormWindow::eventFilter(QObject*, QEvent* event) {
         case QEvent::Close:
             return Close(*event);
         case QEvent::WindowActivate:
+            CountFrame();
             form_->Activated();
             return false;
         case QEvent::Move:

@@ -44,20 +44,24 @@ public:
 
 private:
     void Bind();
-    void LayOut(WindowSizes sizes);
+    void LayOut();
     void ReportPlaces();
     void ShowEnabled();
     void ReportInnerSize();
     void PlaceOver(const QWidget& owner);
-    QMargins Frame() const;
+    static QMargins LikelyFrame();
+    QRect Outer() const;
+    void CountFrame();
     void FocusFirst();
     bool Close(QEvent& event);
 
     Form* form_;
+    const WindowSizes sizes_;
     std::unique_ptr<QWidget> window_;
     std::vector<std::unique_ptr<ControlAdapter>> adapters_;
     QPointer<QWidget> focusBefore_;  ///< had the keyboard when the window was disabled
     QEventLoop* loop_ = nullptr;     ///< runs while the window is modal
+    QMargins assumedFrame_ = LikelyFrame();
     bool laidOut_ = false;
     bool wasShown_ = false;
     bool placedByCode_ = false;

@@ -20,6 +20,7 @@ namespace {
 
 constexpr double SmallestFont = 10;  // points
 constexpr int FocusLine = 2;         // pixels
+constexpr int FocusCorner = 2;
 
 struct Colours {
     QColor window, base, alternate, text, faint, button, line, dark, highlight, resting, link;
@@ -87,12 +88,20 @@ public:
                        const QWidget* widget) const override {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         const bool isList = element == PE_Frame && qobject_cast<const QAbstractItemView*>(widget) != nullptr;
-        if (!isList || !option->state.testFlag(State_HasFocus)) return;
-        painter->save();
-        painter->setPen(QPen(option->palette.color(QPalette::Highlight), FocusLine, Qt::SolidLine,
-                             Qt::SquareCap, Qt::MiterJoin));
-        painter->drawRect(QRectF(option->rect).adjusted(1, 1, -1, -1));
-        painter->restore();
+        if (isList || element == PE_FrameLineEdit) DrawFocus(*option, *painter);
+    }
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        if (element == CE_PushButton) DrawFocus(*option, *painter);
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (control == CC_ToolButton || control == CC_ComboBox || control == CC_Slider)
+            DrawFocus(*option, *painter);
     }
 
     /// The same icon each time, for the same reason; file dialogs ask for some whenever one is opened.
@@ -104,6 +113,16 @@ public:
     }
 
 private:
+    static void DrawFocus(const QStyleOption& option, QPainter& painter) {
+        if (!option.state.testFlag(State_HasFocus)) return;
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(option.palette.color(QPalette::Active, QPalette::Highlight), FocusLine));
+        painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), FocusCorner, FocusCorner);
+        painter.restore();
+    }
+
     const QPalette palette_;
     mutable QHash<StandardPixmap, QIcon> icons_;
 };

@@ -21,13 +21,13 @@ protected:
 };
 
 TEST_F(QtDesktopTest, Window_ShowsTheFormsStateAndTellsItsOwn) {
-    form->MoveTo(1501, 750);
+    form->MoveTo(1351, 750);
     Show();
     EXPECT_EQ(form->Caption(), "Every kind") << "the design's, as the code has none";
     form->SetCaption("Photos");
     EXPECT_EQ(Window().windowTitle(), "Photos");
-    EXPECT_EQ(form->Bounds().left, 1501) << "not rounded to pixels";
-    EXPECT_EQ(Window().pos(), QPoint(100, 50));
+    EXPECT_EQ(form->Bounds().left, 1351) << "not rounded to pixels";
+    EXPECT_EQ(Window().pos(), QPoint(90, 50));
     EXPECT_GE(form->activations, 1);
     Window().move(200, 80);
     Settle();
@@ -39,6 +39,10 @@ TEST_F(QtDesktopTest, Window_ShowsTheFormsStateAndTellsItsOwn) {
     EXPECT_FALSE(Window().isEnabled());
     form->SetEnabled(true);
     EXPECT_TRUE(Widget("txtText").hasFocus()) << "and again where it was";
+    form->Hide();
+    form->Show(nullptr);
+    Settle();
+    EXPECT_TRUE(Widget("txtText").hasFocus()) << "hidden and shown again in one go";
 }
 
 TEST_F(QtDesktopTest, FrameClose_AsksTheForm) {
