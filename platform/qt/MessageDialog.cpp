@@ -148,18 +148,9 @@ Answer EnterOf(const Message& message) {
 }
 
 Answer AnswerOf(int button) {
-    switch (button) {
-        case QMessageBox::Cancel:
-            return Answer::Cancel;
-        case QMessageBox::Retry:
-            return Answer::Retry;
-        case QMessageBox::Yes:
-            return Answer::Yes;
-        case QMessageBox::No:
-            return Answer::No;
-        default:
-            return Answer::Ok;
-    }
+    for (const Answer answer : {Answer::Ok, Answer::Retry, Answer::Yes, Answer::No})
+        if (button == ButtonOf(answer)) return answer;
+    return Answer::Cancel;  // also when the program ends under the question
 }
 
 }  // namespace

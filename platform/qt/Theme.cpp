@@ -1,12 +1,15 @@
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
 #include <QFont>
 #include <QHash>
 #include <QIcon>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QRadioButton>
 #include <QStyleOption>
+#include <QTabBar>
 
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/WindowLoader.h"
@@ -88,7 +91,11 @@ public:
                        const QWidget* widget) const override {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         const bool isList = element == PE_Frame && qobject_cast<const QAbstractItemView*>(widget) != nullptr;
-        if (isList || element == PE_FrameLineEdit) DrawFocus(*option, *painter);
+        const bool isChoice =
+            element == PE_FrameFocusRect && (qobject_cast<const QRadioButton*>(widget) != nullptr ||
+                                             qobject_cast<const QCheckBox*>(widget) != nullptr ||
+                                             qobject_cast<const QTabBar*>(widget) != nullptr);
+        if (isList || isChoice || element == PE_FrameLineEdit) DrawFocus(*option, *painter);
     }
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -246,10 +246,12 @@ TEST_F(frmLumarinTest, StartUpPosition_OnlyTheFarEdges_PullTheWindowBack) {
         {"7", 1, 100},
     };
     for (const auto& [position, left, top] : cases) {
-        files::WriteWhole(host.UserFolder() + "User.ini",
-                          std::string("[Photos]\nStart Up Position=") + position);
+        const std::string stored = std::string("[Photos]\nStart Up Position=") + position;
+        files::WriteWhole(host.UserFolder() + "User.ini", stored);
         Open();
         EXPECT_EQ(window->Bounds(), (Rect{left, top, 16500, 10800})) << position;
+        window->Unload();
+        EXPECT_EQ(files::ReadAll(host.UserFolder() + "User.ini"), stored);
     }
 }
 

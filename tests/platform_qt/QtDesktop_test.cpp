@@ -45,6 +45,18 @@ TEST_F(QtDesktopTest, Window_ShowsTheFormsStateAndTellsItsOwn) {
     EXPECT_TRUE(Widget("txtText").hasFocus()) << "hidden and shown again in one go";
 }
 
+TEST_F(QtDesktopTest, Window_AtTheFarEdge_StaysOnTheScreenWithItsFrame) {
+    form->Load();
+    const Size screen = desktop.ScreenSize();
+    form->MoveTo(screen.width - form->Bounds().width, screen.height - form->Bounds().height);
+    Show();
+    const QRect place = Window().frameGeometry();
+    EXPECT_NE(place, Window().geometry());
+    EXPECT_TRUE(Window().screen()->availableGeometry().contains(place));
+    form->SetCaption("changed");
+    EXPECT_EQ(Window().frameGeometry(), place);
+}
+
 TEST_F(QtDesktopTest, FrameClose_AsksTheForm) {
     int asked = 0;
     form->queryClose = [&](CloseReason reason) { return reason == CloseReason::Frame && ++asked > 1; };
@@ -103,10 +115,11 @@ TEST_F(QtDesktopTest, Message_ButtonsKeysAndClosing_GiveTheirAnswers) {
     const auto press = [](QMessageBox::StandardButton button) -> Act {
         return [button](QMessageBox& box) { box.button(button)->click(); };
     };
-    const auto key = [](Qt::Key key) -> Act {
-        return [key](QMessageBox& box) { QTest::keyClick(box.focusWidget(), key); };
+    const auto key = [](Qt::Key which) -> Act {
+        return [which](QMessageBox& box) { QTest::keyClick(box.focusWidget(), which); };
     };
     const Act close = [](QMessageBox& box) { box.close(); };
+    const Act end = [](QMessageBox& box) { box.done(0); };
     const std::tuple<const char*, Buttons, std::optional<Answer>, Act, Answer> cases[] = {
         {"ok", Buttons::Ok, {}, press(QMessageBox::Ok), Answer::Ok},
         {"ok closed", Buttons::Ok, {}, close, Answer::Ok},
@@ -116,6 +129,7 @@ TEST_F(QtDesktopTest, Message_ButtonsKeysAndClosing_GiveTheirAnswers) {
         {"closed with cancel", Buttons::YesNoCancel, Answer::Yes, close, Answer::Cancel},
         {"closed without cancel", Buttons::YesNo, Answer::Yes, close, Answer::Cancel},
         {"escape without cancel", Buttons::YesNo, Answer::Yes, key(Qt::Key_Escape), Answer::Cancel},
+        {"the program ends", Buttons::YesNo, Answer::Yes, end, Answer::Cancel},
         {"enter means no", Buttons::YesNo, Answer::No, key(Qt::Key_Return), Answer::No},
         {"enter means yes", Buttons::YesNo, Answer::Yes, key(Qt::Key_Return), Answer::Yes},
     };
