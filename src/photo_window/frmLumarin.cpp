@@ -159,7 +159,8 @@ void frmLumarin::ReportUnreadableStates() {
                  "in it, and this question does not come again.",
          .title = "Unsent photos",
          .buttons = Buttons::YesNo,
-         .icon = Icon::Exclamation},
+         .icon = Icon::Exclamation,
+         .enter = Answer::No},
         this);
     if (answer == Answer::Yes) SetUnreadableStatesAside();
 }
