@@ -15,31 +15,24 @@ void ExpectRect(const Rect& actual, const Rect& expected, const std::string& nam
 }
 
 TEST(CropGeometry, PointerOverTheBox_TakesTheEdgeInOrder) {
-    const struct {
-        double x, y;
-        HitZone zone;
-    } cases[] = {
+    const std::tuple<double, double, HitZone> cases[] = {
         {999, 2500, HitZone::Outside},    {1000, 2500, HitZone::LeftEdge},  {1149, 2010, HitZone::LeftEdge},
         {1150, 2500, HitZone::Inside},    {1150, 2149, HitZone::TopEdge},   {2450, 2500, HitZone::Inside},
         {2451, 2990, HitZone::RightEdge}, {2600, 2500, HitZone::RightEdge}, {1800, 2851, HitZone::BottomEdge},
         {1800, 3001, HitZone::Outside},   {2601, 2500, HitZone::Outside},   {1800, 1999, HitZone::Outside},
     };
-    for (const auto& c : cases) EXPECT_EQ(HitTest(Box, c.x, c.y), c.zone) << c.x << ", " << c.y;
+    for (const auto& [x, y, zone] : cases) EXPECT_EQ(HitTest(Box, x, y), zone) << x << ", " << y;
 }
 
 TEST(CropGeometry, Drag_KeepsTheRatioAndTheOtherMiddle) {
-    const struct {
-        const char* name;
-        HitZone zone;
-        Rect after;
-    } cases[] = {
+    const std::tuple<const char*, HitZone, Rect> cases[] = {
         {"left", HitZone::LeftEdge, {1160, 2050, 1440, 900}},
         {"right", HitZone::RightEdge, {1000, 1950, 1760, 1100}},
         {"top", HitZone::TopEdge, {1064, 2080, 1472, 920}},
         {"bottom", HitZone::BottomEdge, {936, 2000, 1728, 1080}},
         {"inside", HitZone::Inside, {1160, 2080, 1600, 1000}},
     };
-    for (const auto& c : cases) ExpectRect(Dragged(Box, c.zone, 160, 80, Ratio), c.after, c.name);
+    for (const auto& [name, zone, after] : cases) ExpectRect(Dragged(Box, zone, 160, 80, Ratio), after, name);
     // Dragged through its other edge, a box stops at 300 twips and holds that edge.
     ExpectRect(Dragged(Box, HitZone::LeftEdge, 5000, 0, Ratio), {2120, 2350, 480, 300},
                "left past the right");
@@ -55,13 +48,7 @@ TEST(CropGeometry, Placement_FillsOneSideAndMayOverhangTheOther) {
 // A picture of 640 x 400 pixels in a preview of 320 x 200; a pixel of it is 7.5 twips.
 TEST(CropGeometry, MappedBox_IsCutAtThePicturesEdges) {
     const Rect preview{600, 300, 4800, 3000};
-    const struct {
-        const char* name;
-        Rect box;
-        PixelRect cut;
-        int sum;
-        PixelRect place;
-    } cases[] = {
+    const std::tuple<const char*, Rect, PixelRect, int, PixelRect> cases[] = {
         {"whole", preview, {0, 0, 640, 400}, 0, {0, 0, 480, 300}},
         {"a quarter", {1800, 1050, 2400, 1500}, {160, 100, 320, 200}, 520, {0, 0, 480, 300}},
         {"half off to the left", {-1800, 300, 4800, 3000}, {0, 0, 320, 400}, 0, {240, 0, 240, 300}},
@@ -69,24 +56,22 @@ TEST(CropGeometry, MappedBox_IsCutAtThePicturesEdges) {
         {"off below", {600, 1800, 4800, 3000}, {0, 200, 640, 200}, 0, {0, 0, 480, 150}},
         {"off all around", {-1800, -1200, 9600, 6000}, {0, 0, 640, 400}, -1040, {120, 75, 240, 150}},
     };
-    for (const auto& c : cases) {
-        const MappedBox mapped = MapToPicture(c.box, preview, 0.5F, 640, 400);
-        EXPECT_EQ(mapped.cut, c.cut) << c.name;
-        EXPECT_EQ(mapped.SumOfMargins(), c.sum) << c.name;
-        EXPECT_EQ(PlaceInPhoto(mapped, preview.width / c.box.width * 480 / 640, 480, 300), c.place) << c.name;
+    for (const auto& [name, box, cut, sum, place] : cases) {
+        const MappedBox mapped = MapToPicture(box, preview, 0.5F, 640, 400);
+        EXPECT_EQ(mapped.cut, cut) << name;
+        EXPECT_EQ(mapped.SumOfMargins(), sum) << name;
+        EXPECT_EQ(PlaceInPhoto(mapped, preview.width / box.width * 480 / 640, 480, 300), place) << name;
     }
     EXPECT_LE(MapToPicture({6000, 300, 1600, 1000}, preview, 0.5F, 640, 400).cut.width, 0)
         << "beside the picture";
 }
 
 TEST(CropGeometry, CutThatNearlyFillsThePhoto_IsSnapped) {
-    const struct {
-        int overhang;
-        PixelRect place;
-    } cases[] = {{3, {0, 0, 480, 300}}, {5, {0, 0, 480, 300}}, {6, {0, 6, 480, 294}}};
-    for (const auto& c : cases) {
-        const MappedBox box{.topMargin = -c.overhang, .cut = {0, 0, 480, 300 - c.overhang}};
-        EXPECT_EQ(PlaceInPhoto(box, 1.0, 480, 300), c.place) << c.overhang;
+    const std::tuple<int, PixelRect> cases[] = {
+        {3, {0, 0, 480, 300}}, {5, {0, 0, 480, 300}}, {6, {0, 6, 480, 294}}};
+    for (const auto& [overhang, place] : cases) {
+        const MappedBox box{.topMargin = -overhang, .cut = {0, 0, 480, 300 - overhang}};
+        EXPECT_EQ(PlaceInPhoto(box, 1.0, 480, 300), place) << overhang;
     }
     // Twelve pixels of a tiny picture, coarsely rounded: nothing is missing, so nothing becomes white.
     EXPECT_EQ(PlaceInPhoto({.cut = {4, 4, 12, 8}}, 38.0, 480, 300), (PixelRect{0, 0, 480, 300}));

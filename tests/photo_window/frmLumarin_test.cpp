@@ -235,10 +235,7 @@ TEST_F(frmLumarinTest, Unload_MovedAndImported_WritesOnlyWhatChanged) {
 }
 
 TEST_F(frmLumarinTest, StartUpPosition_OnlyTheFarEdges_PullTheWindowBack) {
-    const struct {
-        const char* position;
-        double left, top;
-    } cases[] = {
+    const std::tuple<const char*, double, double> cases[] = {
         {"99999,99999", 2700, 4560},
         {"-500,-500", -500, -500},
         {"2415.5,1830", 2415.5, 1830},

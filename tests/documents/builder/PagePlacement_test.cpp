@@ -7,13 +7,7 @@
 namespace lumarin {
 
 TEST(PagePlacement, Picture_IsReducedToItsModesLimitAndFillsThePageFromTheTop) {
-    const struct {
-        PageColours colours;
-        PixelSize source;
-        std::int32_t page;
-        PixelSize reduced;
-        PagePlace place;
-    } cases[] = {
+    const std::tuple<PageColours, PixelSize, std::int32_t, PixelSize, PagePlace> cases[] = {
         {PageColours::Colour, {3000, 1000}, PdfLetterPage, {1275, 425}, {27, 27, 558, 186}},
         {PageColours::Colour, {1275, 2100}, PdfLetterPage, {1275, 2100}, {82, 27, 448, 738}},
         {PageColours::Colour, {2550, 8400}, PdfLegalPage, {637.5, 2100}, {161, 27, 290, 954}},
@@ -22,13 +16,13 @@ TEST(PagePlacement, Picture_IsReducedToItsModesLimitAndFillsThePageFromTheTop) {
         {PageColours::Grey, {1000, 4200}, PdfLegalPage, {500, 2100}, {192, 27, 227, 954}},
         {PageColours::Grey, {10, 10}, PdfLetterPage, {10, 10}, {27, 27, 558, 558}},
     };
-    for (const auto& row : cases) {
-        const PixelSize size = WithinLimit(row.source, row.colours);
-        const PagePlace place = PlaceOnPage(size, row.page);
-        EXPECT_EQ(std::tie(size.width, size.height), std::tie(row.reduced.width, row.reduced.height));
+    for (const auto& [colours, source, page, reduced, expected] : cases) {
+        const PixelSize size = WithinLimit(source, colours);
+        const PagePlace place = PlaceOnPage(size, page);
+        EXPECT_EQ(std::tie(size.width, size.height), std::tie(reduced.width, reduced.height));
         EXPECT_EQ(std::tie(place.left, place.top, place.width, place.height),
-                  std::tie(row.place.left, row.place.top, row.place.width, row.place.height))
-            << row.source.width << " on " << row.page;
+                  std::tie(expected.left, expected.top, expected.width, expected.height))
+            << source.width << " on " << page;
     }
 }
 
