@@ -4,7 +4,7 @@ namespace host {
 
 namespace {
 
-constexpr int SchemaVersion = 2;
+constexpr int SchemaVersion = 3;
 
 // Sale and rental listings have the same columns.
 constexpr const char* ListingColumns = R"((
@@ -86,14 +86,17 @@ CREATE TABLE Markers (Name TEXT PRIMARY KEY);
 )";
 
 // A document is a file or, with a DocUrl, a link. Its id is unique over all listings and never used again, so
-// that an old address never shows another document.
+// that an old address never shows another document. A file keeps the name and the digest of its upload, by
+// which a repeated one is recognised.
 constexpr const char* DocumentTables = R"(
 CREATE TABLE Documents (
     DocID INTEGER PRIMARY KEY AUTOINCREMENT,
     DocListNum INTEGER NOT NULL,
     DocDesc TEXT NOT NULL,
     DocUrl TEXT NOT NULL DEFAULT '',
-    DocFilesize INTEGER NOT NULL DEFAULT 0
+    DocFilesize INTEGER NOT NULL DEFAULT 0,
+    DocUpload TEXT NOT NULL DEFAULT '',
+    DocDigest TEXT NOT NULL DEFAULT ''
 );
 CREATE INDEX DocumentsOfListing ON Documents (DocListNum);
 CREATE TABLE AppliedCommands (
@@ -101,6 +104,12 @@ CREATE TABLE AppliedCommands (
     Command TEXT NOT NULL,
     Digest TEXT NOT NULL
 );
+)";
+
+// What version 2 lacks.
+constexpr const char* UploadColumns = R"(
+ALTER TABLE Documents ADD COLUMN DocUpload TEXT NOT NULL DEFAULT '';
+ALTER TABLE Documents ADD COLUMN DocDigest TEXT NOT NULL DEFAULT '';
 )";
 
 int VersionOf(Database& database) {
@@ -121,10 +130,9 @@ void EnsureSchema(Database& database) {
         database.Run(std::string("CREATE TABLE Listings ") + ListingColumns);
         database.Run(std::string("CREATE TABLE Rentals ") + ListingColumns);
         database.Run(OtherTables);
-    } else {
-        database.Run("DROP TABLE Documents");  // Version 1 had no way to fill it.
     }
-    database.Run(DocumentTables);
+    if (version == 1) database.Run("DROP TABLE Documents");  // Version 1 had no way to fill it.
+    database.Run(version == 2 ? UploadColumns : DocumentTables);
     database.Run("PRAGMA user_version = " + std::to_string(SchemaVersion));
     transaction.Commit();
 }

@@ -65,7 +65,7 @@ void ListingDocuments::Apply(const std::string& line, const DocumentSender& send
     if (command.agent != sender.agent) throw Refusal("\"" + command.agent + "\" is not signed in");
     switch (command.kind) {
         case DocumentCommand::Kind::AddFile:
-            return AddFile(line, command, sender);
+            return AddFile(command, sender);
         case DocumentCommand::Kind::AddLink:
             return AddLink(command, sender);
         case DocumentCommand::Kind::Delete:
@@ -73,22 +73,18 @@ void ListingDocuments::Apply(const std::string& line, const DocumentSender& send
     }
 }
 
-void ListingDocuments::AddFile(const std::string& line, const DocumentCommand& command,
-                               const DocumentSender& sender) {
+void ListingDocuments::AddFile(const DocumentCommand& command, const DocumentSender& sender) {
     const std::string upload = uploads_.Finished(command.upload);
-    if (upload.empty()) {
-        if (WasApplied(line, AnyDigest)) return;
-        throw Refusal("No file " + command.upload + " was uploaded");
-    }
-    const std::string digest = DigestOf(upload);
+    const std::string digest = upload.empty() ? AnyDigest : DigestOf(upload);
     try {
         Transaction transaction(database_);
-        if (!WasApplied(line, digest)) {
-            RequireOwn(command.listing, sender);
+        RequireOwn(command.listing, sender);
+        if (!TakeAsRepeated(command, digest)) {
+            if (upload.empty()) throw Refusal("No file " + command.upload + " was uploaded");
             RequirePdf(upload, sender.largestFile);
-            Publish(line, command, upload, digest);
-            transaction.Commit();
+            Publish(command, upload, digest);
         }
+        transaction.Commit();
     } catch (const Refusal&) {
         uploads_.Drop(command.upload);  // Asking again cannot help; after other failures it can.
         throw;
@@ -96,12 +92,20 @@ void ListingDocuments::AddFile(const std::string& line, const DocumentCommand& c
     uploads_.Drop(command.upload);
 }
 
+/// True when the listing has the file: its sender missed the answer, and may have described it anew since.
+bool ListingDocuments::TakeAsRepeated(const DocumentCommand& command, const std::string& digest) {
+    Statement row(database_,
+                  "UPDATE Documents SET DocDesc = ?1 WHERE DocID = (SELECT max(DocID) FROM Documents WHERE "
+                  "DocListNum = ?2 AND DocUpload = ?3 AND ?4 IN ('', DocDigest)) RETURNING DocID");
+    row.Bind(1, command.description).Bind(2, std::int64_t{command.listing}).Bind(3, command.upload);
+    return row.Bind(4, digest).Step();
+}
+
 /// The file comes before the row counts; what a killed program leaves of it is deleted at the next start.
-void ListingDocuments::Publish(const std::string& line, const DocumentCommand& command,
-                               const std::string& upload, const std::string& digest) {
-    const std::int64_t document = InsertRow(command, files::FileLength(upload));
+void ListingDocuments::Publish(const DocumentCommand& command, const std::string& upload,
+                               const std::string& digest) {
+    const std::int64_t document = InsertRow(command, files::FileLength(upload), digest);
     store_.Add(command.listing, document, upload);
-    Remember(line, digest);
 }
 
 void ListingDocuments::AddLink(const DocumentCommand& command, const DocumentSender& sender) {
@@ -110,14 +114,14 @@ void ListingDocuments::AddLink(const DocumentCommand& command, const DocumentSen
     Statement same(database_, "SELECT 1 FROM Documents WHERE DocListNum = ? AND DocDesc = ? AND DocUrl = ?");
     same.Bind(1, std::int64_t{command.listing}).Bind(2, command.description).Bind(3, command.address);
     if (same.Step()) return;
-    InsertRow(command, 0);
+    InsertRow(command, 0, AnyDigest);
     transaction.Commit();
 }
 
 void ListingDocuments::Delete(const std::string& line, const DocumentCommand& command,
                               const DocumentSender& sender) {
     Transaction transaction(database_);
-    if (WasApplied(line, AnyDigest)) return;
+    if (WasApplied(line)) return;
     Statement row(database_, "SELECT DocListNum FROM Documents WHERE DocID = ?");
     if (!row.Bind(1, command.document).Step())
         throw Refusal("There is no document " + std::to_string(command.document));
@@ -125,7 +129,7 @@ void ListingDocuments::Delete(const std::string& line, const DocumentCommand& co
     row.Finish();
     RequireOwn(listing, sender);
     Statement(database_, "DELETE FROM Documents WHERE DocID = ?").Bind(1, command.document).Finish();
-    Remember(line, AnyDigest);
+    Remember(line);
     transaction.Commit();
     files::TryDelete(store_.Path(listing, command.document));  // A link has none.
 }
@@ -137,12 +141,13 @@ void ListingDocuments::RequireOwn(std::int32_t listing, const DocumentSender& se
         throw Refusal("Listing " + std::to_string(listing) + " does not belong to " + sender.agent);
 }
 
-std::int64_t ListingDocuments::InsertRow(const DocumentCommand& command, std::uint64_t bytes) {
+std::int64_t ListingDocuments::InsertRow(const DocumentCommand& command, std::uint64_t bytes,
+                                         const std::string& digest) {
     Statement row(database_,
-                  "INSERT INTO Documents (DocListNum, DocDesc, DocUrl, DocFilesize) VALUES (?, ?, ?, ?) "
-                  "RETURNING DocID");
+                  "INSERT INTO Documents (DocListNum, DocDesc, DocUrl, DocFilesize, DocUpload, DocDigest) "
+                  "VALUES (?, ?, ?, ?, ?, ?) RETURNING DocID");
     row.Bind(1, std::int64_t{command.listing}).Bind(2, command.description).Bind(3, command.address);
-    row.Bind(4, static_cast<std::int64_t>(bytes)).Step();
+    row.Bind(4, static_cast<std::int64_t>(bytes)).Bind(5, command.upload).Bind(6, digest).Step();
     const std::int64_t document = row.Integer(0);
     row.Finish();
     return document;
@@ -152,15 +157,14 @@ std::string ListingDocuments::File(std::int32_t listing, std::int64_t document) 
     return IsFileDocument(database_, listing, document) ? store_.Path(listing, document) : std::string();
 }
 
-bool ListingDocuments::WasApplied(const std::string& line, const std::string& digest) {
-    Statement found(database_, "SELECT 1 FROM AppliedCommands WHERE Command = ?1 AND ?2 IN ('', Digest)");
-    return found.Bind(1, line).Bind(2, digest).Step();
+bool ListingDocuments::WasApplied(const std::string& line) {
+    Statement found(database_, "SELECT 1 FROM AppliedCommands WHERE Command = ?");
+    return found.Bind(1, line).Step();
 }
 
-void ListingDocuments::Remember(const std::string& line, const std::string& digest) {
-    Statement(database_, "INSERT INTO AppliedCommands (Command, Digest) VALUES (?, ?)")
+void ListingDocuments::Remember(const std::string& line) {
+    Statement(database_, "INSERT INTO AppliedCommands (Command, Digest) VALUES (?, '')")
         .Bind(1, line)
-        .Bind(2, digest)
         .Finish();
     // A sender asks again soon or never.
     database_.Run(

@@ -31,7 +31,8 @@ public:
 
     /// Makes one change, all or nothing, and drops the upload that it used up. A command that was applied
     /// before is accepted and changes nothing: its sender missed the answer. So is a link that the listing
-    /// already has. Throws Refusal, or lumarin::Error for a failing disk or database, with nothing changed.
+    /// already has, and a file that it has under the same upload name, which takes on the description. Throws
+    /// Refusal, or lumarin::Error for a failing disk or database, with nothing changed.
     void Apply(const std::string& command, const DocumentSender& sender);
 
     /// Path of a file document; "" when there is none.
@@ -41,15 +42,15 @@ public:
     void Sweep() { store_.Sweep(database_); }
 
 private:
-    void AddFile(const std::string& line, const DocumentCommand& command, const DocumentSender& sender);
+    void AddFile(const DocumentCommand& command, const DocumentSender& sender);
+    bool TakeAsRepeated(const DocumentCommand& command, const std::string& digest);
     void AddLink(const DocumentCommand& command, const DocumentSender& sender);
     void Delete(const std::string& line, const DocumentCommand& command, const DocumentSender& sender);
     void RequireOwn(std::int32_t listing, const DocumentSender& sender);
-    std::int64_t InsertRow(const DocumentCommand& command, std::uint64_t bytes);
-    void Publish(const std::string& line, const DocumentCommand& command, const std::string& upload,
-                 const std::string& digest);
-    bool WasApplied(const std::string& line, const std::string& digest);
-    void Remember(const std::string& line, const std::string& digest);
+    std::int64_t InsertRow(const DocumentCommand& command, std::uint64_t bytes, const std::string& digest);
+    void Publish(const DocumentCommand& command, const std::string& upload, const std::string& digest);
+    bool WasApplied(const std::string& line);
+    void Remember(const std::string& line);
 
     Database& database_;
     Spool& uploads_;

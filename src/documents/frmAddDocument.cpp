@@ -24,6 +24,7 @@ constexpr double InitialHeight = 440 * TwipsPerPixel;
 constexpr double DocumentColumn = 0.69, InfoColumn = 0.3;  // of the list's width
 /// Rows that are added before the window gets its turn.
 constexpr std::size_t Portion = 200;
+constexpr int NoRow = -1;
 
 /// "DocMaxSize" is in kilobytes.
 std::int32_t MaximumBytes(const VelCommon& host) {
@@ -37,6 +38,29 @@ clsDoc DocumentOf(const Recordset& row) {
     const std::string size = row.Field("DocFilesize").Text();
     std::from_chars(size.data(), size.data() + size.size(), document.Filesize);
     return document;
+}
+
+using Documents = std::vector<clsDoc>;
+
+int RowOf(const Documents& documents, std::int32_t id) {
+    const auto found = std::find_if(documents.begin(), documents.end(),
+                                    [id](const clsDoc& document) { return document.DocId == id; });
+    return found == documents.end() ? NoRow : static_cast<int>(found - documents.begin());
+}
+
+/// The last document that was not there before; none when there is no such one.
+int AddedRow(const Documents& before, const Documents& now) {
+    const auto added = std::find_if(now.rbegin(), now.rend(), [&](const clsDoc& document) {
+        return RowOf(before, document.DocId) == NoRow;
+    });
+    return added == now.rend() ? NoRow : RowOf(now, added->DocId);
+}
+
+/// The document that was selected, or the one that has taken its place.
+int SameRow(const Documents& before, int selected, const Documents& now) {
+    if (selected < 0 || selected >= static_cast<int>(before.size())) return 0;
+    const int same = RowOf(now, before[static_cast<std::size_t>(selected)].DocId);
+    return same != NoRow ? same : std::clamp(selected, 0, std::max(0, static_cast<int>(now.size()) - 1));
 }
 
 }  // namespace
@@ -106,20 +130,20 @@ void frmAddDocument::CloseByItself() {
 
 void frmAddDocument::SelectListing() {
     RunCommand("miSelectListing", [this] {
-        while (AskForListing()) {
+        std::string typed;
+        while (AskForListing(typed)) {
         }
     });
 }
 
-/// True when the user wants to try again.
-bool frmAddDocument::AskForListing() {
+/// True when the user wants to try again, with what was typed.
+bool frmAddDocument::AskForListing(std::string& typed) {
     frmListnumPrompt prompt({desktop(), ports_.host, ports_.engine});
-    std::string typed;
     {
         const Remembered<Form> open(asking_, prompt);
         const OwnerWindow& owner =
             IsShown() ? static_cast<const OwnerWindow&>(*this) : ports_.host.Common().MainForm();
-        typed = prompt.Display(false, &owner);
+        typed = prompt.Display(false, &owner, typed);
         prompt.Unload();
     }
     if (typed.empty()) return false;
@@ -159,42 +183,60 @@ bool frmAddDocument::UseListing(std::int32_t number, const Recordset& listing) {
     listing_ = number;
     SetCaption("Qor Documents - Listing #" + std::to_string(number) + " - " + ListingAddress(listing));
     EnableListingTools(ActiveBar1, true);
-    FillDocuments();
+    ShowDocuments({}, SelectedRow::TheSame);
+    FillDocuments(SelectedRow::TheSame);
     return true;
 }
 
-void frmAddDocument::FillDocuments() {
+/// What cannot be read leaves the rows as they are, and says so.
+void frmAddDocument::FillDocuments(SelectedRow selected) {
     const VelCommon& host = ports_.host.Common();
     if (host.IsOffline() || !host.IsOnline()) {
         Say(NoConnection, Title);
         return CloseByItself();
     }
-    const std::int32_t before = Selected() != nullptr ? Selected()->DocId : 0;
-    lvFiles.Clear();
-    documents_.clear();
-    cmdPreview.SetEnabled(false);
-    cmdDelete.SetEnabled(false);
-    lblDocuments.SetCaption("Listing #" + std::to_string(listing_) + ": reading the documents ...");
-    desktop().ProcessPendingEvents();
+    const std::string listing = "Listing #" + std::to_string(listing_);
+    std::vector<clsDoc> documents;
+    const bool wasRead = Repeatable("The documents could not be read from the server.", [&] {
+        lblDocuments.SetCaption(listing + ": reading the documents ...");
+        desktop().ProcessPendingEvents();
+        documents = AtServer([this] { return ReadDocuments(); });
+    });
+    if (wasRead)
+        ShowDocuments(std::move(documents), selected);
+    else
+        lblDocuments.SetCaption(listing + (documents_.empty() ? ": the documents could not be read"
+                                                              : ": the list could not be read anew"));
+}
+
+std::vector<clsDoc> frmAddDocument::ReadDocuments() const {
     QueryRows rows(ports_.host.Common(),
                    "SELECT DocID,DocDesc,DocUrl,DocFilesize FROM Documents WHERE DocListNum = " +
                        std::to_string(listing_) + " ORDER BY DocID;");
+    std::vector<clsDoc> documents;
     for (; !rows.Eof(); rows.MoveNext()) {
-        documents_.push_back(DocumentOf(rows));
-        const clsDoc& document = documents_.back();
+        documents.push_back(DocumentOf(rows));
+        if (documents.size() % Portion == 0) desktop().ProcessPendingEvents();
+    }
+    return documents;
+}
+
+void frmAddDocument::ShowDocuments(std::vector<clsDoc> documents, SelectedRow selected) {
+    const int row = selected == SelectedRow::TheAdded ? AddedRow(documents_, documents) : NoRow;
+    const int same = SameRow(documents_, lvFiles.Selected(), documents);
+    lvFiles.Clear();
+    documents_.clear();
+    for (const clsDoc& document : documents) {
         lvFiles.AddRow({.text = document.Description,
                         .subItems = {document.Url.empty() ? SizeText(document.Filesize) : document.Url},
                         .key = std::to_string(document.DocId)});
-        if (documents_.size() % Portion == 0) desktop().ProcessPendingEvents();
+        if (static_cast<std::size_t>(lvFiles.Count()) % Portion == 0) desktop().ProcessPendingEvents();
     }
-    const bool any = lvFiles.Count() > 0;
-    cmdPreview.SetEnabled(any);
-    cmdDelete.SetEnabled(any);
+    documents_ = std::move(documents);
+    cmdPreview.SetEnabled(!documents_.empty());
+    cmdDelete.SetEnabled(!documents_.empty());
     ShowSummary();
-    if (!any) return;
-    const auto same = std::find_if(documents_.begin(), documents_.end(),
-                                   [&](const clsDoc& document) { return document.DocId == before; });
-    lvFiles.Select(same == documents_.end() ? 0 : static_cast<int>(same - documents_.begin()));
+    if (!documents_.empty()) lvFiles.Select(row != NoRow ? row : same);
 }
 
 void frmAddDocument::ShowSummary() {
@@ -254,8 +296,11 @@ void frmAddDocument::mMakePDF_CloseForm() {
     mMakePDF_->Hide();  // the progress window belongs to this one
     Guarded("SendPhotos", [this] {
         if (!files::FileExists(mMakePDF_->PdfPath())) return;
-        const bool sent = UploadFile(mMakePDF_->PdfPath(), mMakePDF_->LinkText(), LocalCopy::Delete);
-        Guarded("miMakePdf", [&] { FillDocuments(); });
+        // A document whose answer was lost goes again under its name, also much later: the server knows it
+        // then.
+        const bool sent = UploadFile(mMakePDF_->PdfPath(), mMakePDF_->ServerFile(NewServerFile()),
+                                     mMakePDF_->LinkText(), LocalCopy::Delete);
+        Guarded("miMakePdf", [&] { FillDocuments(sent ? SelectedRow::TheAdded : SelectedRow::TheSame); });
         if (sent) mMakePDF_->Discard();
     });
     mMakePDF_->Unload();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -44,6 +45,11 @@ private:
     T*& slot_;
 };
 
+/// Which row is selected after the list was read anew.
+enum class SelectedRow { TheSame, TheAdded };
+
+enum class ServerAnswer { Accepted, Refused, None };
+
 /// What becomes of a local file that the server has got.
 enum class LocalCopy { Keep, Delete };
 
@@ -79,10 +85,12 @@ private:
     bool IsConnected();
     void CloseByItself();
     void SelectListing();
-    bool AskForListing();
+    bool AskForListing(std::string& typed);
     bool UseListing(std::int32_t number, const Recordset& listing);
     QueryRows FindListing(std::int32_t number) const;
-    void FillDocuments();
+    void FillDocuments(SelectedRow selected);
+    std::vector<clsDoc> ReadDocuments() const;
+    void ShowDocuments(std::vector<clsDoc> documents, SelectedRow selected);
     void ShowSummary();
     const clsDoc* Selected() const;
 
@@ -98,10 +106,14 @@ private:
     void Delete();
     bool MayDelete(const clsDoc& document);
     bool IsAcceptable(const std::string& path);
-    bool UploadFile(const std::string& path, const std::string& description, LocalCopy afterwards);
+    std::string NewServerFile() const;
+    bool UploadFile(const std::string& path, const std::string& serverFile, const std::string& description,
+                    LocalCopy afterwards);
     bool TryUpload(const std::string& path, const std::string& serverFile, const std::string& description);
     bool Update(std::string command);
-    void ChangeDocuments(const std::string& command);
+    ServerAnswer ChangeDocuments(const std::string& command, const std::string& failure,
+                                 SelectedRow selected);
+    bool Repeatable(const std::string& failure, const std::function<void()>& step);
     DocumentUser User() const;
 
     DocumentWindowPorts ports_;

@@ -74,8 +74,8 @@ void frmAddDocument::AddExistingFile() {
         if (!IsAcceptable(chosen)) return;
         frmPromptLinkText prompt(desktop());
         if (!Answered(prompt, true, DefaultDescription(chosen))) return;
-        UploadFile(chosen, prompt.LinkText(), LocalCopy::Keep);
-        FillDocuments();
+        const bool sent = UploadFile(chosen, NewServerFile(), prompt.LinkText(), LocalCopy::Keep);
+        FillDocuments(sent ? SelectedRow::TheAdded : SelectedRow::TheSame);
     });
 }
 
@@ -83,8 +83,12 @@ void frmAddDocument::AddLink() {
     RunCommand("miAddUrl", [this] {
         if (!IsConnected()) return;
         frmPromptLinkText prompt(desktop());
-        if (!Answered(prompt, false)) return;
-        ChangeDocuments(AddLinkCommand(User(), listing_, prompt.LinkText(), prompt.Url()));
+        // What the server refuses can be corrected.
+        while (Answered(prompt, false) &&
+               ChangeDocuments(AddLinkCommand(User(), listing_, prompt.LinkText(), prompt.Url()),
+                               "The link could not be sent to the server.",
+                               SelectedRow::TheAdded) == ServerAnswer::Refused) {
+        }
     });
 }
 
@@ -93,7 +97,9 @@ void frmAddDocument::Delete() {
         const clsDoc* document = Selected();
         if (document == nullptr || !IsConnected()) return;
         const clsDoc deleted = *document;
-        if (MayDelete(deleted)) ChangeDocuments(DeleteCommand(User(), deleted.DocId));
+        if (MayDelete(deleted))
+            ChangeDocuments(DeleteCommand(User(), deleted.DocId),
+                            "The document could not be deleted at the server.", SelectedRow::TheSame);
     });
 }
 
@@ -109,11 +115,30 @@ bool frmAddDocument::MayDelete(const clsDoc& document) {
 }
 
 /// Makes one change and shows what is there afterwards, also when it failed.
-void frmAddDocument::ChangeDocuments(const std::string& command) {
+ServerAnswer frmAddDocument::ChangeDocuments(const std::string& command, const std::string& failure,
+                                             SelectedRow selected) {
     const HourglassPointer hourglass(desktop());
     desktop().ProcessPendingEvents();
-    Guarded("Update", [&] { Update(command); });
-    FillDocuments();
+    ServerAnswer answer = ServerAnswer::None;
+    Repeatable(failure, [&] {
+        const bool accepted = AtServer([&] { return Update(command); });
+        answer = accepted ? ServerAnswer::Accepted : ServerAnswer::Refused;
+    });
+    FillDocuments(answer == ServerAnswer::Accepted ? selected : SelectedRow::TheSame);
+    return answer;
+}
+
+/// Does a step until it reaches the server, or the user gives up: false then.
+bool frmAddDocument::Repeatable(const std::string& failure, const std::function<void()>& step) {
+    for (;;) {
+        try {
+            step();
+            return true;
+        } catch (const ServerUnreachable& error) {
+            if (Say(failure + "\n" + error.Description(), Title, Buttons::RetryCancel) != Answer::Retry)
+                return false;
+        }
+    }
 }
 
 /// False when the server refused the change, which is said then.
@@ -133,23 +158,20 @@ bool frmAddDocument::Update(std::string command) {
     return !refused;
 }
 
-/// True when the server has the file and its record. What failed has been said then.
-bool frmAddDocument::UploadFile(const std::string& path, const std::string& description,
-                                LocalCopy afterwards) {
-    // The same for every try: the server can tell a repeated record.
-    const std::string serverFile = ServerFileName(User(), listing_, ports_.clock.Now());
+std::string frmAddDocument::NewServerFile() const {
+    return ServerFileName(User(), listing_, ports_.clock.Now());
+}
+
+/// True when the server has the file and its record. What failed has been said then. The name is the same for
+/// every try: the server can tell a repeated record.
+bool frmAddDocument::UploadFile(const std::string& path, const std::string& serverFile,
+                                const std::string& description, LocalCopy afterwards) {
     bool sent = false;
     Guarded("SendPhotos", [&] {
-        for (bool retry = true; retry && !sent;) {
-            retry = false;
-            try {
-                const BusyWindow busy(*this, desktop());
-                sent = TryUpload(path, serverFile, description);
-            } catch (const ServerUnreachable& error) {
-                retry = Say("The document could not be sent to the server.\n" + error.Description(), Title,
-                            Buttons::RetryCancel) == Answer::Retry;
-            }
-        }
+        Repeatable("The document could not be sent to the server.", [&] {
+            const BusyWindow busy(*this, desktop());
+            sent = TryUpload(path, serverFile, description);
+        });
         if (sent && afterwards == LocalCopy::Delete) files::TryDelete(path);
     });
     return sent;

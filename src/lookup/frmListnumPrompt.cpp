@@ -21,9 +21,10 @@ frmListnumPrompt::frmListnumPrompt(const LookupPorts& ports)
     cmdBrowse.Click = [this] { RunCommand("cmdBrowse", [this] { Browse(); }); };
 }
 
-std::string frmListnumPrompt::Display(bool allowList, const OwnerWindow* owner) {
+std::string frmListnumPrompt::Display(bool allowList, const OwnerWindow* owner, const std::string& offered) {
     allowList_ = allowList;
-    txtPropertyId.SetText("");
+    txtPropertyId.SetText(offered);
+    txtPropertyId.SelectAll();
     ShowModal(owner);
     return txtPropertyId.Text();
 }

@@ -14,8 +14,8 @@ public:
 
     /// Shows the window modal above `owner` and returns what was entered: a numeric text, or the number
     /// of a listing that was searched for; "" when the user cancelled. With `allowList` several numbers
-    /// can be typed, separated by commas. The window stays loaded.
-    std::string Display(bool allowList, const OwnerWindow* owner = nullptr);
+    /// can be typed, separated by commas. `offered` stands there at first, selected. The window stays loaded.
+    std::string Display(bool allowList, const OwnerWindow* owner = nullptr, const std::string& offered = {});
 
     TextBox txtPropertyId{*this, "txtPropertyId"};
     Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"}, cmdBrowse{*this, "cmdBrowse"};

@@ -15,7 +15,8 @@ protected:
     }
 
     void WillType(const std::string& number) {
-        desktop.Play("frmListnumPrompt", [number](frmListnumPrompt& prompt) {
+        desktop.Play("frmListnumPrompt", [this, number](frmListnumPrompt& prompt) {
+            offered.push_back(prompt.txtPropertyId.Text());
             prompt.txtPropertyId.SetText(number);
             (number.empty() ? prompt.cmdCancel : prompt.cmdOK).Press();
         });
@@ -39,6 +40,8 @@ protected:
         Click("miAddExistingFile");
     }
 
+    Texts offered;  ///< by the prompt for a listing
+    bool failsToRead = false;
     testing::FakePdfLibrary pdf;
     std::string listingTable = "Listings", agent = "A101", office = "OF1", board = "1";
     std::vector<std::vector<testing::FakeField>> documents = {{17, "Plan", {}, 2049},
@@ -49,7 +52,8 @@ private:
     testing::FakeTable Answered(const std::string& sql) const {
         if (sql.find(" = 5;") != std::string::npos) throw Error(1, "db", "gone");
         if (sql.find("FROM Documents WHERE DocListNum = 100123 ") != std::string::npos)
-            return {{"DocID", "DocDesc", "DocUrl", "DocFilesize"}, documents};
+            return failsToRead ? throw Error(1, "db", "slow")
+                               : testing::FakeTable{{"DocID", "DocDesc", "DocUrl", "DocFilesize"}, documents};
         if (sql.find("FROM " + listingTable + " WHERE Listnum = 100123;") == std::string::npos) return {};
         return {{"ListOfficeId", "ListAgentId", "BoardId", "StreetName", "StreetNumber", "StreetDirection"},
                 {{office, agent, board, "Elm St", 12, {}}}};
@@ -84,6 +88,7 @@ TEST_F(AddDocument, SelectListing_Refused_AsksAgainUntilTheUserGivesUp) {
         desktop.Expect(told, *typed == '5' ? Answer::Cancel : Answer::Retry);
     }
     window->Init(7);
+    EXPECT_EQ(offered, (Texts{"", "9", "1.5", "100123"}));
     EXPECT_EQ(window->Caption(), "Document Manager");
     EXPECT_FALSE(window->ActiveBar1.IsEnabled("miMakePdf"));
 }
@@ -173,6 +178,62 @@ TEST_F(AddDocument, LinkAndDelete_AreSentAndTheListIsReadAnew) {
                                     "DELETE|VEL|A101|18", "DELETE|VEL|A101|18"}));
     EXPECT_FALSE(window->cmdDelete.Enabled());
     EXPECT_EQ(desktop.pointer, Pointer::Default);
+}
+
+TEST_F(AddDocument, Change_LeavesTheAddedRowOrTheNeighbourOfTheDeletedOneSelected) {
+    documents.push_back({19, "Deed", {}, 7});
+    Open();
+    const auto selected = [&] { return window->lvFiles.At(window->lvFiles.Selected()).key; };
+    for (const auto& [deleted, next] : {std::pair{1, "19"}, {1, "17"}, {0, "20"}}) {
+        host.onUpdate = [&, row = deleted](const std::string&) {
+            documents.erase(documents.begin() + row);
+            if (documents.empty()) documents.push_back({20, "Another's", {}, 7});
+            return "";
+        };
+        window->lvFiles.Select(deleted);
+        desktop.Expect("Preparing to delete document:\n\n" + window->lvFiles.At(deleted).text +
+                           "\n\nDo you wish to continue?",
+                       Answer::Yes);
+        window->cmdDelete.Press();
+        EXPECT_EQ(selected(), next);
+    }
+    host.onUpdate = [&](const std::string&) { return documents.push_back({21, "Map", "x.y", 0}), ""; };
+    WillDescribe("Map", "x.y");
+    Click("miAddUrl");
+    EXPECT_EQ(selected(), "21");
+}
+
+TEST_F(AddDocument, ServerNotReachedOrRefusing_AChangeAndAReadingCanBeRepeated) {
+    Open();
+    const std::string unread = "The documents could not be read from the server.\nslow";
+    host.onUpdate = [&](const std::string&) -> std::string {
+        if (host.commands.size() == 1) throw Error(1, "net", "gone");
+        failsToRead = host.commands.size() == 3;
+        return host.commands.size() == 2 ? "no web page" : "";
+    };
+    WillDescribe("Tour", "Virtual tour");
+    desktop.Expect("The link could not be sent to the server.\ngone", Answer::Retry);
+    desktop.Expect("Unable to update document on server, please call Tech support.\nno web page");
+    desktop.Play("frmPromptLinkText", [](frmPromptLinkText& prompt) {
+        EXPECT_EQ(prompt.txtLinkText.Text() + prompt.txtUrl.Text(), "TourVirtual tour");
+        prompt.cmdOK.Press();
+    });
+    desktop.Expect(unread, Answer::Retry);
+    desktop.Expect(unread, Answer::Cancel);
+    Click("miAddUrl");
+    EXPECT_EQ(host.commands, Texts(3, "ADD|VEL|A101|100123||Tour|Virtual tour"));
+    EXPECT_EQ(window->lvFiles.Count(), 2) << "the rows stay";
+    EXPECT_EQ(window->lblDocuments.Caption(), "Listing #100123: the list could not be read anew");
+    host.onUpdate = [&](const std::string&) -> std::string { throw Error(1, "net", "gone"); };
+    desktop.Expect("Preparing to delete document:\n\nPlan\n\nDo you wish to continue?", Answer::Yes);
+    desktop.Expect("The document could not be deleted at the server.\ngone", Answer::Cancel);
+    desktop.Expect(unread, Answer::Cancel);
+    window->cmdDelete.Press();
+    WillType("100123");
+    desktop.Expect(unread, Answer::Cancel);
+    Click("miSelectListing");
+    EXPECT_EQ(window->lblDocuments.Caption(), "Listing #100123: the documents could not be read");
+    EXPECT_FALSE(window->cmdDelete.Enabled());
 }
 
 TEST_F(AddDocument, ClosingByItselfOrByTheUser_TellsTheHost) {

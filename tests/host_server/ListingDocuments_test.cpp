@@ -14,9 +14,10 @@ protected:
     std::string Reason(const std::string& command, const DocumentSender& sender = Agent()) {
         return ReasonOf([&] { server_->ApplyDocument(command, sender); });
     }
-    std::string Add(const std::string& bytes, const std::string& listing = "1001") {
+    std::string Add(const std::string& bytes, const std::string& listing = "1001",
+                    const std::string& description = "Floor plan") {
         Upload(*server_, "u.pdf", bytes);
-        return Reason("ADD|VELTRANE|A101|" + listing + "|u.pdf|Floor plan");
+        return Reason("ADD|VELTRANE|A101|" + listing + "|u.pdf|" + description);
     }
 
     /// "id listing description address size" of every document; ";" between them.
@@ -53,7 +54,7 @@ TEST_F(ListingDocumentsTest, FilesAndLinks_AreAddedAndDeletedUnderIdsOfTheirOwn)
 
 TEST_F(ListingDocumentsTest, CommandRepeatedAfterALostAnswer_ChangesNothing) {
     const std::string link = "ADD|VELTRANE|A101|1001||Town|http://example.org";
-    EXPECT_EQ(Add(Pdf(10)) + Add(Pdf(10)), Done + Done);
+    EXPECT_EQ(Add(Pdf(10), "1001", "Plan") + Add(Pdf(10)), Done + Done) << "it may be described anew";
     Restart();
     EXPECT_EQ(Reason("ADD|VELTRANE|A101|1001|u.pdf|Floor plan"), Done) << "without another upload";
     EXPECT_EQ(Reason(link) + Reason(link), Done + Done);
@@ -64,6 +65,9 @@ TEST_F(ListingDocumentsTest, CommandRepeatedAfterALostAnswer_ChangesNothing) {
     EXPECT_EQ(Reason("DELETE|VELTRANE|A101|2"), Done);
     EXPECT_EQ(Reason(link), Done) << "a link may come back";
     EXPECT_EQ(Rows(), "3 1001 Floor plan  10;4 1001 Town http://example.org 0");
+    EXPECT_EQ(Reason("DELETE|VELTRANE|A101|3") + Add(Pdf(10, 'y')), Done + Done);
+    EXPECT_EQ(Rows(), "4 1001 Town http://example.org 0;5 1001 Floor plan  10")
+        << "what was deleted comes anew";
 }
 
 TEST_F(ListingDocumentsTest, BadCommand_IsRefusedWholeWithItsReason) {

@@ -28,12 +28,21 @@ std::optional<Number> WholeNumber(std::string_view text) {
     return number;
 }
 
+/// Both of "BYTES TEXT"; false when the value is not that.
+bool Take(std::int64_t& bytes, std::string& text, std::string_view value) {
+    const std::size_t blank = value.find(' ');
+    const auto number = WholeNumber<std::int64_t>(value.substr(0, blank));
+    if (blank == std::string_view::npos || !number || *number > INT32_MAX) return false;
+    bytes = *number;
+    text = value.substr(blank + 1);
+    return true;
+}
+
 /// False when the value is none of a page.
 bool AddPage(PdfDraft& draft, std::string_view value) {
-    const std::size_t blank = value.find(' ');
-    const auto bytes = WholeNumber<std::int64_t>(value.substr(0, blank));
-    if (blank == std::string_view::npos || !bytes || *bytes > INT32_MAX) return false;
-    draft.pages.push_back({std::string(value.substr(blank + 1)), *bytes});
+    PdfDraft::Page page;
+    if (!Take(page.bytes, page.source, value)) return false;
+    draft.pages.push_back(page);
     return true;
 }
 
@@ -54,6 +63,7 @@ bool TakeLine(PdfDraft& draft, std::string_view line) {
     if (key == "length") return SetNumber(draft.pdfLength, value);
     if (key == "written") return SetNumber(draft.writtenPages, value);
     if (key == "page") return AddPage(draft, value);
+    if (key == "upload") return Take(draft.upload.length, draft.upload.name, value);
     if (key == "description") draft.description = value;
     return true;
 }
@@ -74,6 +84,8 @@ std::string DraftText(const PdfDraft& draft) {
                        "\ndescription=" + OneLine(draft.description) +
                        "\nlength=" + std::to_string(draft.pdfLength) +
                        "\nwritten=" + std::to_string(draft.writtenPages) + "\n";
+    if (!draft.upload.name.empty())
+        text += "upload=" + std::to_string(draft.upload.length) + " " + OneLine(draft.upload.name) + "\n";
     for (const PdfDraft::Page& page : draft.pages)
         text += "page=" + std::to_string(page.bytes) + " " + OneLine(page.source) + "\n";
     return text;

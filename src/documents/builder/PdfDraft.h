@@ -21,6 +21,11 @@ struct PdfDraft {
     std::int64_t pdfLength = 0;    ///< bytes of the PDF file when it was last known
     std::size_t writtenPages = 0;  ///< that it had then, from the first; it has all of them when it differs
     std::vector<Page> pages;
+    /// Under which name the PDF file went to the server, and how long it was then; "" before the first try.
+    struct Upload {
+        std::string name;
+        std::int64_t length = 0;
+    } upload;
 
     /// What the pages have as PNG files.
     std::int64_t PictureBytes() const;

@@ -99,6 +99,14 @@ Answer frmMakePDF::Ask(const std::string& text, Buttons buttons, Answer enter) c
         {.text = text, .title = Title, .buttons = buttons, .icon = Icon::Question, .enter = enter}, this);
 }
 
+std::string frmMakePDF::ServerFile(const std::string& offered) {
+    if (draft_.upload.name.empty() || draft_.upload.length != files_.PdfLength()) {
+        draft_.upload = {offered, files_.PdfLength()};
+        KeepDraft();
+    }
+    return draft_.upload.name;
+}
+
 void frmMakePDF::Refuse(const std::string& text, const std::string& title) const {
     desktop().ShowMessage({.text = text, .title = title, .buttons = Buttons::Ok, .icon = Icon::Critical},
                           this);

@@ -60,6 +60,9 @@ public:
     /// The description, without blanks around it.
     std::string LinkText() const;
     std::string PdfPath() const { return files_.Pdf(); }
+    /// The name under which the document goes to the server: `offered`, or the one under which the same pages
+    /// went before. It is kept with the document. Throws FileError.
+    std::string ServerFile(const std::string& offered);
     /// The document is done with: deletes the temporary files. Throws FileError.
     void Discard();
 
