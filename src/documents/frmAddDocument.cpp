@@ -65,7 +65,7 @@ int SameRow(const Documents& before, int selected, const Documents& now) {
 
 }  // namespace
 
-frmAddDocument::frmAddDocument(const DocumentWindowPorts& ports)
+frmAddDocument::frmAddDocument(const DocumentPorts& ports)
     : JobWindow(ports.desktop, "frmAddDocument"), ports_(ports) {
     SetCaption("Document Manager");
     SetInitialSize(InitialWidth, InitialHeight);
@@ -138,7 +138,7 @@ void frmAddDocument::SelectListing() {
 
 /// True when the user wants to try again, with what was typed.
 bool frmAddDocument::AskForListing(std::string& typed) {
-    frmListnumPrompt prompt({desktop(), ports_.host, ports_.engine});
+    frmListnumPrompt prompt(ports_);
     {
         const Remembered<Form> open(asking_, prompt);
         const OwnerWindow& owner =
@@ -279,8 +279,7 @@ void frmAddDocument::Preview() {
 
 void frmAddDocument::MakePdf() {
     RunCommand("miMakePdf", [this] {
-        mMakePDF_ = std::make_unique<frmMakePDF>(
-            MakePdfPorts{desktop(), ports_.imaging, ports_.pdf, ports_.host, ports_.scanner});
+        mMakePDF_ = std::make_unique<frmMakePDF>(ports_);
         mMakePDF_->CloseForm = [this] { mMakePDF_CloseForm(); };
         mMakePDF_->SetDocument(listing_, maximumBytes_);
         {

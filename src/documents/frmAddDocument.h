@@ -19,17 +19,6 @@
 
 namespace lumarin {
 
-/// The ports that the document manager works with; all outlive it.
-struct DocumentWindowPorts {
-    Desktop& desktop;
-    Imaging& imaging;
-    PdfLibrary& pdf;
-    const Clock& clock;
-    HostLink& host;
-    const EngineVersion& engine;
-    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
-};
-
 class frmPromptLinkText;
 
 /// Points to something as long as this lives.
@@ -56,7 +45,7 @@ enum class LocalCopy { Keep, Delete };
 /// The document manager: shows the documents of one listing, adds PDF files and links, deletes and previews.
 class frmAddDocument : public JobWindow {
 public:
-    explicit frmAddDocument(const DocumentWindowPorts& ports);
+    explicit frmAddDocument(const DocumentPorts& ports);
     ~frmAddDocument() override;
 
     ListView lvFiles{*this, "lvFiles"};
@@ -116,7 +105,7 @@ private:
     bool Repeatable(const std::string& failure, const std::function<void()>& step);
     DocumentUser User() const;
 
-    DocumentWindowPorts ports_;
+    DocumentPorts ports_;
     std::int32_t jobIndex_ = 0;
     std::unique_ptr<DocInterface> service_;  ///< asked for when it is first needed, and kept
     std::int32_t listing_ = 0;               ///< 0 until one is selected

@@ -7,7 +7,8 @@
 #include "entry/QueryRows.h"
 #include "forms/Controls.h"
 #include "forms/ListView.h"
-#include "lookup/LookupPorts.h"
+#include "entry/JobPorts.h"
+#include "lookup/EngineVersion.h"
 #include "lookup/PropertyQuery.h"
 
 namespace lumarin {

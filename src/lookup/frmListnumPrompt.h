@@ -3,7 +3,8 @@
 #include <string>
 
 #include "forms/Controls.h"
-#include "lookup/LookupPorts.h"
+#include "entry/JobPorts.h"
+#include "lookup/EngineVersion.h"
 
 namespace lumarin {
 

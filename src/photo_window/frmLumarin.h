@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/Clock.h"
-#include "entry/HostLink.h"
+#include "entry/JobPorts.h"
 #include "entry/JobWindow.h"
 #include "forms/Controls.h"
 #include "forms/Desktop.h"
@@ -28,14 +28,8 @@ class PhotoUpload;
 class RefusedFiles;
 
 /// The ports that the photo window works with; all outlive it.
-struct PhotoWindowPorts {
-    Desktop& desktop;
-    Imaging& imaging;
+struct PhotoWindowPorts : JobPorts {
     ZipArchiver& archiver;
-    const Clock& clock;
-    HostLink& host;
-    const EngineVersion& engine;
-    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
 };
 
 /// What an import does with the files that it is given.

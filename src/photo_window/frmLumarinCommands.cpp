@@ -116,7 +116,7 @@ void frmLumarin::DroppedSomethingElse() {
 void frmLumarin::Browse() {
     RunCommand("Browse", [this] {
         std::vector<std::string> found;
-        frmFindProperty search({desktop(), ports_.host, ports_.engine});
+        frmFindProperty search(ports_);
         if (!search.FindProperty(ListingSearch(), frmFindProperty::SetUpList | frmFindProperty::SearchAtOnce,
                                  frmFindProperty::ByUserLevel, frmFindProperty::ActiveStatus, found, this))
             return;

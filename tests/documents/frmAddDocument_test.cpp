@@ -11,7 +11,7 @@ protected:
     AddDocument() {
         host.onQuery = [this](const std::string& sql) { return Answered(sql); };
         window =
-            std::make_unique<frmAddDocument>(DocumentWindowPorts{desktop, imaging, pdf, clock, link, engine});
+            std::make_unique<frmAddDocument>(DocumentPorts{Ports(), pdf});
     }
 
     void WillType(const std::string& number) {

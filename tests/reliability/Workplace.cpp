@@ -122,7 +122,7 @@ void Workplace::Open() {
     window.reset();
     try {
         auto opened =
-            std::make_unique<frmLumarin>(PhotoWindowPorts{desktop, imaging, archiver, clock, link, engine});
+            std::make_unique<frmLumarin>(PhotoWindowPorts{Ports(), archiver});
         opened->Init(1);
         opened->Show(nullptr);
         window = std::move(opened);
@@ -149,7 +149,7 @@ void Workplace::AddLarge() {
 void Workplace::OpenDocuments() {
     documents.reset();
     documents =
-        std::make_unique<frmAddDocument>(DocumentWindowPorts{desktop, imaging, pdf, clock, link, engine});
+        std::make_unique<frmAddDocument>(DocumentPorts{Ports(), pdf});
     documents->Init(2);
     documents->Show(nullptr);
 }

@@ -116,6 +116,7 @@ protected:
     void Play(Form& form);
 
 private:
+    JobPorts Ports() { return {{desktop, link, engine}, imaging, clock}; }
     static std::string Picture(int number);
     std::string CameraFile(const std::string& name, const std::string& bytes) const;
     void BuildTwoPages(frmMakePDF& builder);

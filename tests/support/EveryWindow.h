@@ -30,22 +30,21 @@ public:
     explicit EveryWindow(Desktop& desktop) : desktop_(desktop) { host_.Set(common_); }
 
     std::vector<std::unique_ptr<Form>> Make() {
+        const JobPorts ports{{desktop_, host_, engine_}, imaging_, clock_};
         std::vector<std::unique_ptr<Form>> forms;
-        forms.push_back(std::make_unique<frmLumarin>(
-            PhotoWindowPorts{desktop_, imaging_, archiver_, clock_, host_, engine_}));
+        forms.push_back(std::make_unique<frmLumarin>(PhotoWindowPorts{ports, archiver_}));
         forms.push_back(std::make_unique<frmPhotoCrop>(desktop_, imaging_));
         forms.push_back(std::make_unique<frmProgress>(desktop_, clock_, host_));
         forms.push_back(std::make_unique<frmBusy>(desktop_));
         forms.push_back(std::make_unique<frmFTP>(desktop_, clock_, host_, ftp_));
-        forms.push_back(std::make_unique<frmFindProperty>(LookupPorts{desktop_, host_, engine_}));
-        forms.push_back(std::make_unique<frmListnumPrompt>(LookupPorts{desktop_, host_, engine_}));
+        forms.push_back(std::make_unique<frmFindProperty>(ports));
+        forms.push_back(std::make_unique<frmListnumPrompt>(ports));
         forms.push_back(std::make_unique<frmVerifyPhotos>(desktop_, host_));
         forms.push_back(std::make_unique<frmPhotoViewer>(desktop_));
         forms.push_back(std::make_unique<frmSelectSource>(desktop_));
         forms.push_back(std::make_unique<frmAcquire>(desktop_));
-        forms.push_back(std::make_unique<frmAddDocument>(
-            DocumentWindowPorts{desktop_, imaging_, pdf_, clock_, host_, engine_}));
-        forms.push_back(std::make_unique<frmMakePDF>(MakePdfPorts{desktop_, imaging_, pdf_, host_}));
+        forms.push_back(std::make_unique<frmAddDocument>(DocumentPorts{ports, pdf_}));
+        forms.push_back(std::make_unique<frmMakePDF>(DocumentPorts{ports, pdf_}));
         forms.push_back(std::make_unique<frmPromptLinkText>(desktop_));
         return forms;
     }

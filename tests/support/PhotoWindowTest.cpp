@@ -32,7 +32,7 @@ void PhotoWindowTest::GivenListing(std::int32_t number, const std::vector<std::s
 
 void PhotoWindowTest::Open() {
     window = std::make_unique<frmLumarin>(
-        PhotoWindowPorts{desktop, imaging, archiver, clock, link, engine, &scanner});
+        PhotoWindowPorts{Ports(&scanner), archiver});
     window->Init(7);
     window->Show(nullptr);
 }

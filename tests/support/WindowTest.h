@@ -6,7 +6,7 @@
 
 #include "base/Clock.h"
 #include "base/Files.h"
-#include "entry/HostLink.h"
+#include "entry/JobPorts.h"
 #include "lookup/EngineVersion.h"
 #include "support/FakeHost.h"
 #include "support/FakeImaging.h"
@@ -32,6 +32,10 @@ protected:
     static std::string Selection(std::string files) {
         std::replace(files.begin(), files.end(), '|', '\0');
         return files;
+    }
+
+    JobPorts Ports(Scanner* scanner = nullptr) {
+        return {{desktop, link, engine}, imaging, clock, scanner};
     }
 
     ScriptedDesktop desktop;

@@ -20,7 +20,7 @@ constexpr const char* PictureFilter =
 
 }  // namespace
 
-frmMakePDF::frmMakePDF(const MakePdfPorts& ports)
+frmMakePDF::frmMakePDF(const DocumentPorts& ports)
     : Form(ports.desktop, "frmMakePDF"), ports_(ports), pages_(ports.pdf, "frmMakePDF-Write") {
     SetCaption(Title);
     SetHelpContext(HelpPage);

@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "documents/builder/DocumentPorts.h"
 #include "documents/builder/PageRefusals.h"
 #include "documents/builder/PdfDraft.h"
 #include "documents/builder/PdfPages.h"
-#include "entry/HostLink.h"
 #include "forms/Controls.h"
 #include "forms/Desktop.h"
 #include "forms/ListView.h"
@@ -20,22 +20,13 @@
 
 namespace lumarin {
 
-/// The ports that the PDF builder works with; all outlive it.
-struct MakePdfPorts {
-    Desktop& desktop;
-    Imaging& imaging;
-    PdfLibrary& pdf;
-    HostLink& host;
-    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
-};
-
 /// Builds a PDF from pictures, one on each page. Each page is in the temporary PDF file before the list shows
 /// it, and all are offered again when the builder opens after the program has ended in between. A page is
 /// refused when the file could grow beyond the limit by it, so that a document of accepted pages can always
 /// be sent.
 class frmMakePDF : public Form {
 public:
-    explicit frmMakePDF(const MakePdfPorts& ports);
+    explicit frmMakePDF(const DocumentPorts& ports);
 
     ComboBox cboDocType{*this, "cboDocType"};
     OptionButton optLetter{*this, "optLetter", "PageSize"}, optLegal{*this, "optLegal", "PageSize"};
@@ -117,7 +108,7 @@ private:
     PageColours Colours() const;
     std::int32_t PageSize() const;
 
-    MakePdfPorts ports_;
+    DocumentPorts ports_;
     PdfPages pages_;
     PdfDraftFiles files_;
     PdfDraft draft_;

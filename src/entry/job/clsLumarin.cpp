@@ -25,13 +25,13 @@ clsLumarin::~clsLumarin() {
 }
 
 std::unique_ptr<JobWindow> clsLumarin::MakeWindow(int which) {
+    const JobPorts job{{ports_.desktop, ComponentHost(), ports_.engine},
+                       ports_.imaging,
+                       ports_.clock,
+                       ports_.scanner};
     if (which == DocumentManager)
-        return std::make_unique<frmAddDocument>(DocumentWindowPorts{ports_.desktop, ports_.imaging,
-                                                                    ports_.pdf, ports_.clock, ComponentHost(),
-                                                                    ports_.engine, ports_.scanner});
-    return std::make_unique<frmLumarin>(PhotoWindowPorts{ports_.desktop, ports_.imaging, ports_.archiver,
-                                                         ports_.clock, ComponentHost(), ports_.engine,
-                                                         ports_.scanner});
+        return std::make_unique<frmAddDocument>(DocumentPorts{job, ports_.pdf});
+    return std::make_unique<frmLumarin>(PhotoWindowPorts{job, ports_.archiver});
 }
 
 void clsLumarin::Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& MenuButton) {

@@ -32,7 +32,7 @@ protected:
     /// The builder of the next run of the program.
     void Renew(std::int32_t listing = 100123, std::int32_t maximum = Maximum) {
         window.reset();
-        window = std::make_unique<frmMakePDF>(MakePdfPorts{desktop, imaging, pdf, link, &scanner});
+        window = std::make_unique<frmMakePDF>(DocumentPorts{Ports(&scanner), pdf});
         window->SetDocument(listing, maximum);
         window->CloseForm = [this] {
             ++closed;
