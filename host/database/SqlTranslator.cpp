@@ -1,5 +1,6 @@
 #include "host/database/SqlTranslator.h"
 
+#include "base/PutBack.h"
 #include "base/Text.h"
 #include "host/database/SqlTokenizer.h"
 
@@ -52,7 +53,7 @@ private:
     // --- Clauses
 
     std::string Select() {
-        const Nesting nesting(*this);
+        const lumarin::Meanwhile nesting(depth_, Deeper());
         Expect("select");
         std::string out = TakeWord("distinct") ? "SELECT DISTINCT " : "SELECT ";
         out += Listed([this] { return SelectItem(); });
@@ -120,7 +121,7 @@ private:
     // --- Conditions, the weakest operator first
 
     Expression Condition() {
-        const Nesting nesting(*this);
+        const lumarin::Meanwhile nesting(depth_, Deeper());
         return Chain("or", " OR ", [this] { return Conjunction(); });
     }
 
@@ -216,7 +217,7 @@ private:
     }
 
     Expression Factor() {
-        const Nesting nesting(*this);
+        const lumarin::Meanwhile nesting(depth_, Deeper());
         if (TakeSymbol("-")) return {"-" + AsOperand(Factor()), ValueKind::Number, false};
         if (TakeSymbol("(")) return Parenthesised();
         const SqlToken token = Current();
@@ -320,18 +321,10 @@ private:
     [[noreturn]] void Refuse(const std::string& reason) const { RefuseSql(reason, sql_); }
 
     /// Keeps the descent, and the nesting of what is written, within bounds.
-    class Nesting {
-    public:
-        explicit Nesting(Translator& owner) : owner_(owner) {
-            if (++owner_.depth_ > DeepestNesting) owner_.Refuse("The statement is nested too deeply");
-        }
-        ~Nesting() { --owner_.depth_; }
-        Nesting(const Nesting&) = delete;
-        Nesting& operator=(const Nesting&) = delete;
-
-    private:
-        Translator& owner_;
-    };
+    int Deeper() const {
+        if (depth_ == DeepestNesting) Refuse("The statement is nested too deeply");
+        return depth_ + 1;
+    }
 
     std::string_view sql_;
     std::vector<SqlToken> tokens_;

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/PutBack.h"
 #include "forms/Control.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/WindowLoader.h"
@@ -93,11 +94,10 @@ void FormWindow::Show(QWidget* owner, Qt::WindowModality modality) {
 
 bool FormWindow::RunModal(QWidget* owner) {
     QEventLoop loop;
-    QEventLoop* outer = std::exchange(loop_, &loop);
+    const Meanwhile running(loop_, &loop);
     Show(owner, Qt::ApplicationModal);
     // Being activated may have hidden or unloaded it already.
     const bool ended = !window_->isVisible() || loop.exec() == 0;
-    loop_ = outer;
     return ended && !window_->isVisible();
 }
 

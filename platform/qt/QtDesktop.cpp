@@ -174,7 +174,7 @@ void QtDesktop::PopupMenu(ToolBar& toolBar, const std::string& band) {
     auto* menu = WindowOf(toolBar.Owner()).Window().findChild<QMenu*>(ToQt(band));
     if (menu == nullptr || menu->isEmpty()) return;
     const Nested nested(*this, Nested::Shows::Dialog);
-    menu->exec(MenuPlace::Current().value_or(QCursor::pos()));
+    menu->exec(MenuPlace().value_or(QCursor::pos()));
 }
 
 void QtDesktop::SetPointer(Pointer pointer) {

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "base/PutBack.h"
 #include "platform/sane/SaneStatus.h"
 
 namespace lumarin::sane {
@@ -47,20 +48,6 @@ struct SaneScanner::Session {
     std::optional<Picture> page;         ///< the worker's until its job is done, then the caller's
 };
 
-class SaneScanner::InUse {
-public:
-    explicit InUse(bool& flag) : flag_(flag) {
-        if (flag_) throw ScannerError("The scanner is already at work.");
-        flag_ = true;
-    }
-    ~InUse() { flag_ = false; }
-    InUse(const InUse&) = delete;
-    InUse& operator=(const InUse&) = delete;
-
-private:
-    bool& flag_;
-};
-
 SaneScanner::SaneScanner(Setup setup) : setup_(std::move(setup)) {
     // The library looks for its configuration once, when it is set up.
     if (!setup_.configurationFolder.empty()) setenv("SANE_CONFIG_DIR", setup_.configurationFolder.c_str(), 1);
@@ -72,6 +59,10 @@ SaneScanner::~SaneScanner() {
     worker_.Post([] { sane_exit(); });
 }
 
+void SaneScanner::RequireIdle() const {
+    if (inUse_) throw ScannerError("The scanner is already at work.");
+}
+
 bool SaneScanner::Do(std::function<void()> job, const WhileWaiting& whileWaiting) {
     std::future<void> done = worker_.Post(std::move(job));
     while (done.wait_for(WaitingStep) != std::future_status::ready)
@@ -81,7 +72,8 @@ bool SaneScanner::Do(std::function<void()> job, const WhileWaiting& whileWaiting
 }
 
 std::vector<ScannerSource> SaneScanner::Sources(const WhileWaiting& whileWaiting) {
-    const InUse inUse(inUse_);
+    RequireIdle();
+    const Meanwhile inUse(inUse_, true);
     const auto sources = std::make_shared<std::vector<ScannerSource>>();
     const auto list = [this, sources] {
         CheckSane(started_);
@@ -92,16 +84,14 @@ std::vector<ScannerSource> SaneScanner::Sources(const WhileWaiting& whileWaiting
 }
 
 ScanOutcome SaneScanner::Acquire(const ScanOrder& order, const ScanEvents& events) {
-    const InUse inUse(inUse_);
+    RequireIdle();
+    const Meanwhile inUse(inUse_, true);
     session_ = std::make_shared<Session>();
-    struct AtRest {  // whichever way the acquisition ends, also by an exception from an event
-        Worker& worker;
-        std::shared_ptr<Session> session;
-        ~AtRest() {
-            session->cancelled = true;
-            worker.Post([resting = session] { resting->device.reset(); });
-        }
-    } const atRest{worker_, session_};
+    // Whichever way the acquisition ends, also by an exception from an event.
+    const AtEnd atRest([this, session = session_] {
+        session->cancelled = true;
+        worker_.Post([session] { session->device.reset(); });
+    });
     return AcquirePages(session_, order, events);
 }
 

@@ -30,8 +30,8 @@ public:
 
 private:
     struct Session;
-    class InUse;
 
+    void RequireIdle() const;
     /// Does the job on the worker's thread. False when it was cancelled; the job then runs on by itself.
     bool Do(std::function<void()> job, const WhileWaiting& whileWaiting);
     ScanOutcome AcquirePages(const std::shared_ptr<Session>& session, const ScanOrder& order,

@@ -2,7 +2,10 @@
 
 #include <gmodule.h>
 
+#include <optional>
 #include <string>
+
+#include "base/PutBack.h"
 
 namespace lumarin::vips {
 
@@ -20,30 +23,20 @@ constexpr const char* Readers[] = {"VipsForeignLoadJpeg", "VipsForeignLoadPng", 
 
 // At its start libvips loads all optional modules of its folder; those for documents, slides and the like
 // cost more than all the rest. A folder that has none is named to it meanwhile.
-class WithoutModules {
-public:
-    WithoutModules() : home_(g_strdup(g_getenv(Home))) { g_setenv(Home, "/nowhere", TRUE); }
-    ~WithoutModules() {
-        if (home_ != nullptr)
-            g_setenv(Home, home_, TRUE);
-        else
-            g_unsetenv(Home);
-        g_free(home_);
-    }
-    WithoutModules(const WithoutModules&) = delete;
-    WithoutModules& operator=(const WithoutModules&) = delete;
-
-private:
-    static constexpr const char* Home = "VIPSHOME";
-    char* home_;
-};
+bool StartWithoutModules() {
+    constexpr const char* Home = "VIPSHOME";
+    const char* const set = g_getenv(Home);
+    const auto home = set != nullptr ? std::optional<std::string>(set) : std::nullopt;
+    const AtEnd restored([&] { home ? g_setenv(Home, home->c_str(), TRUE) : (g_unsetenv(Home), TRUE); });
+    g_setenv(Home, "/nowhere", TRUE);
+    return vips_init("lumarin") == 0;
+}
 
 void Discard(const char*, GLogLevelFlags, const char*, void*) {}
 
 bool Start() {
     g_log_set_handler("VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK), &Discard, nullptr);
-    const WithoutModules meanwhile;
-    if (vips_init("lumarin") != 0) return false;
+    if (!StartWithoutModules()) return false;
     vips_cache_set_max(0);
     vips_concurrency_set(WorkerThreads);
     vips_operation_block_set("VipsForeignLoad", TRUE);

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "base/Files.h"
+#include "base/PutBack.h"
 #include "base/SizeText.h"
 #include "documents/DocumentAddress.h"
 #include "documents/DocumentOwnership.h"
@@ -140,7 +141,7 @@ void frmAddDocument::SelectListing() {
 bool frmAddDocument::AskForListing(std::string& typed) {
     frmListnumPrompt prompt(ports_);
     {
-        const Remembered<Form> open(asking_, prompt);
+        const Meanwhile open(asking_, &prompt);
         const OwnerWindow& owner =
             IsShown() ? static_cast<const OwnerWindow&>(*this) : ports_.host.Common().MainForm();
         typed = prompt.Display(false, &owner, typed);
@@ -283,7 +284,7 @@ void frmAddDocument::MakePdf() {
         mMakePDF_->CloseForm = [this] { mMakePDF_CloseForm(); };
         mMakePDF_->SetDocument(listing_, maximumBytes_);
         {
-            const Remembered<Form> open(asking_, *mMakePDF_);
+            const Meanwhile open(asking_, mMakePDF_.get());
             mMakePDF_->Display(this);
         }
         mMakePDF_.reset();

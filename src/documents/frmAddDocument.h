@@ -21,19 +21,6 @@ namespace lumarin {
 
 class frmPromptLinkText;
 
-/// Points to something as long as this lives.
-template <class T>
-class Remembered {
-public:
-    Remembered(T*& slot, T& what) : slot_(slot) { slot_ = &what; }
-    ~Remembered() { slot_ = nullptr; }
-    Remembered(const Remembered&) = delete;
-    Remembered& operator=(const Remembered&) = delete;
-
-private:
-    T*& slot_;
-};
-
 /// Which row is selected after the list was read anew.
 enum class SelectedRow { TheSame, TheAdded };
 

@@ -1,8 +1,10 @@
 #include "base/Files.h"
+#include "base/PutBack.h"
 #include "base/SizeText.h"
 #include "base/Text.h"
 #include "documents/frmAddDocument.h"
 #include "documents/frmPromptLinkText.h"
+#include "forms/BusyWindow.h"
 #include "util/DocumentFolder.h"
 
 // What the document manager changes at the server. A local file is given up only after its record is there.
@@ -12,21 +14,6 @@ namespace lumarin {
 namespace {
 
 constexpr const char* Title = "Add Document";
-
-/// The window takes no input and the pointer is the hourglass.
-class BusyWindow {
-public:
-    BusyWindow(Form& window, Desktop& desktop) : window_(window), hourglass_(desktop) {
-        window_.SetEnabled(false);
-    }
-    ~BusyWindow() { window_.SetEnabled(true); }
-    BusyWindow(const BusyWindow&) = delete;
-    BusyWindow& operator=(const BusyWindow&) = delete;
-
-private:
-    Form& window_;
-    HourglassPointer hourglass_;
-};
 
 /// The name without folder and last extension.
 std::string DefaultDescription(const std::string& path) {
@@ -55,7 +42,7 @@ bool frmAddDocument::IsAcceptable(const std::string& path) {
 /// Shows the prompt; false when it was left without OK.
 bool frmAddDocument::Answered(frmPromptLinkText& prompt, bool descriptionOnly,
                               const std::string& description) {
-    const Remembered<Form> open(asking_, prompt);
+    const Meanwhile open(asking_, &prompt);
     prompt.Display(descriptionOnly, description, this);
     prompt.Unload();
     return !prompt.Cancelled();
@@ -181,7 +168,7 @@ bool frmAddDocument::UploadFile(const std::string& path, const std::string& serv
 bool frmAddDocument::TryUpload(const std::string& path, const std::string& serverFile,
                                const std::string& description) {
     FileUpload upload(desktop(), ports_.host, ports_.clock);
-    const Remembered<FileUpload> stoppable(upload_, upload);
+    const Meanwhile stoppable(upload_, &upload);
     if (upload.Send(path, serverFile, this) == FileSent::Cancelled) return false;
     const std::string command = AddFileCommand(User(), listing_, serverFile, description);
     if (!AtServer([&] { return Update(command); })) return false;

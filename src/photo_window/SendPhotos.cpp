@@ -1,7 +1,9 @@
 #include <exception>
 
 #include "base/Files.h"
+#include "base/PutBack.h"
 #include "entry/QueryRows.h"
+#include "forms/BusyWindow.h"
 #include "listing/ListingFiles.h"
 #include "photo_window/PhotoPackage.h"
 #include "photo_window/PhotoUpload.h"
@@ -13,39 +15,6 @@
 namespace lumarin {
 
 namespace {
-
-/// The window takes no input and the pointer is the hourglass; `Interrupt` gives both back for a question.
-class BusyWindow {
-public:
-    BusyWindow(Form& window, Desktop& desktop) : window_(window), desktop_(desktop) { Begin(); }
-    ~BusyWindow() { Interrupt(); }
-    BusyWindow(const BusyWindow&) = delete;
-    BusyWindow& operator=(const BusyWindow&) = delete;
-
-    void Begin() {
-        window_.SetEnabled(false);
-        desktop_.SetPointer(Pointer::Hourglass);
-    }
-    void Interrupt() {
-        window_.SetEnabled(true);
-        desktop_.SetPointer(Pointer::Default);
-    }
-
-private:
-    Form& window_;
-    Desktop& desktop_;
-};
-
-class FileForNow {
-public:
-    explicit FileForNow(std::string path) : path_(std::move(path)) { files::TryDelete(path_); }
-    ~FileForNow() { files::TryDelete(path_); }
-    FileForNow(const FileForNow&) = delete;
-    FileForNow& operator=(const FileForNow&) = delete;
-
-private:
-    std::string path_;
-};
 
 /// The published sizes of a listing's photos as the server last wrote them; "" when it has none.
 std::string SizesOf(Recordset& versions, const std::string& number) {
@@ -102,22 +71,20 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
     }
 
     const std::string packageName = PackageName(host.ConnectionName(), ports_.clock.Now(), host.AgentId());
-    const FileForNow package(workingFolder_ + packageName);
+    files::TryDelete(workingFolder_ + packageName);
+    const AtEnd dropped([&] { files::TryDelete(workingFolder_ + packageName); });
     try {
         const std::string fileList = BuildFileList(publishedSizes, removalsConfirmed);
         if (!fileList.empty()) {
             ports_.archiver.Create(workingFolder_ + packageName, FilesOfList(fileList));
             PhotoUpload upload(desktop(), ports_.host, ports_.clock);
-            upload_ = &upload;
-            const UploadOutcome outcome = upload.Send(workingFolder_ + packageName, packageName, this);
-            upload_ = nullptr;
-            if (outcome == UploadOutcome::Cancelled) {
+            const Meanwhile stoppable(upload_, &upload);
+            if (upload.Send(workingFolder_ + packageName, packageName, this) == UploadOutcome::Cancelled) {
                 RestoreRecords();
                 return false;
             }
         }
     } catch (...) {
-        upload_ = nullptr;
         RestoreRecords();
         throw;
     }

@@ -5,25 +5,9 @@
 #include <span>
 
 #include "base/Files.h"
+#include "base/PutBack.h"
 
 namespace lumarin {
-
-namespace {
-
-class ShownProgress {
-public:
-    ShownProgress(frmProgress& window, const OwnerWindow* owner) : window_(window) {
-        window_.Display(ShowMode::Modeless, owner);
-    }
-    ~ShownProgress() { window_.Unload(); }
-    ShownProgress(const ShownProgress&) = delete;
-    ShownProgress& operator=(const ShownProgress&) = delete;
-
-private:
-    frmProgress& window_;
-};
-
-}  // namespace
 
 bool FileUpload::SendChunks(const std::string& path) {
     files::Reader file(path);
@@ -60,7 +44,8 @@ FileSent FileUpload::Send(const std::string& path, const std::string& serverName
         AtServer([&] { service_->UploadPhotoFile(serverName, UploadMode::Begin); });
         bool whole = false;
         {
-            const ShownProgress shown(progress_, owner);
+            progress_.Display(ShowMode::Modeless, owner);
+            const AtEnd unloaded([this] { progress_.Unload(); });
             whole = SendWhole(path);
         }
         if (!whole) Abandon();

@@ -1,37 +1,20 @@
 #include "util/PictureAcquisition.h"
 
+#include "base/PutBack.h"
 #include "imaging/frmAcquire.h"
 #include "imaging/frmSelectSource.h"
 
 namespace lumarin {
 
-namespace {
-
-/// The progress window over a window that takes no input.
-class ShownProgress {
-public:
-    ShownProgress(frmAcquire& progress, Form& window) : progress_(progress), window_(window) {
-        window_.SetEnabled(false);
-        progress_.Display(&window_);
-    }
-    ~ShownProgress() {
-        progress_.Unload();
-        window_.SetEnabled(true);
-    }
-    ShownProgress(const ShownProgress&) = delete;
-    ShownProgress& operator=(const ShownProgress&) = delete;
-
-private:
-    frmAcquire& progress_;
-    Form& window_;
-};
-
-}  // namespace
-
 void AcquirePictures(Desktop& desktop, Form& window, Scanner& scanner, const ScanOrder& order,
                      const std::function<AfterPage(const ScannedPage&)>& pageArrived) {
     frmAcquire progress(desktop);
-    const ShownProgress shown(progress, window);
+    window.SetEnabled(false);
+    const AtEnd restored([&] {
+        progress.Unload();
+        window.SetEnabled(true);
+    });
+    progress.Display(&window);
     scanner.Acquire(order, {.whileWaiting =
                                 [&] {
                                     desktop.ProcessPendingEvents();

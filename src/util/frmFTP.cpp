@@ -1,6 +1,7 @@
 #include "util/frmFTP.h"
 
 #include "base/Files.h"
+#include "base/PutBack.h"
 #include "base/Text.h"
 #include "util/ElapsedTime.h"
 #include "util/FtpJob.h"
@@ -37,15 +38,12 @@ void frmFTP::SendFiles(const Order& order, FtpResult& result, const OwnerWindow*
         try {
             if (result_ != nullptr) throw ApplicationError(ErrorSource, "Files are being sent already.");
             Prepare(order);
-            struct AtEnd {
-                frmFTP& window;
-                ~AtEnd() {
-                    window.Timer.SetEnabled(false);
-                    window.Inet.Cancel();  // lets go of the connection
-                    window.Inet.StateChanged = nullptr;
-                    window.result_ = nullptr;
-                }
-            } const atEnd{*this};
+            const AtEnd stopped([this] {
+                Timer.SetEnabled(false);
+                Inet.Cancel();  // lets go of the connection
+                Inet.StateChanged = nullptr;
+                result_ = nullptr;
+            });
             Start(result);
             // Whatever the pointer was before, the desktop shows the usual one in a modal window, so that
             // Cancel looks as if it could be pressed, and puts the other back afterwards.

@@ -87,18 +87,9 @@ protected:
 
 /// Where a context menu belongs that a handler opens now: the place of the click, or of the selected row
 /// when the keyboard asked for it. Empty outside of such a handler.
-class MenuPlace {
-public:
-    explicit MenuPlace(QPoint global) : before_(current_) { current_ = global; }
-    ~MenuPlace() { current_ = before_; }
-    MenuPlace(const MenuPlace&) = delete;
-    MenuPlace& operator=(const MenuPlace&) = delete;
-
-    static std::optional<QPoint> Current() { return current_; }
-
-private:
-    static inline std::optional<QPoint> current_;
-    std::optional<QPoint> before_;
-};
+inline std::optional<QPoint>& MenuPlace() {
+    static std::optional<QPoint> place;
+    return place;
+}
 
 }  // namespace lumarin::qt

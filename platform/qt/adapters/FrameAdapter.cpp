@@ -1,6 +1,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "base/PutBack.h"
 #include "forms/Controls.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/adapters/Adapters.h"
@@ -32,7 +33,8 @@ private:
                 Bound()->MouseMoved(MovedMouse(static_cast<QMouseEvent&>(event)));
                 return true;
             case QEvent::MouseButtonRelease: {
-                const MenuPlace place(static_cast<QMouseEvent&>(event).globalPosition().toPoint());
+                const Meanwhile place(MenuPlace(),
+                                      static_cast<QMouseEvent&>(event).globalPosition().toPoint());
                 Bound()->MouseWentUp(PressedMouse(static_cast<QMouseEvent&>(event)));
                 return true;
             }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+#include "base/PutBack.h"
 #include "forms/ListView.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/adapters/Adapters.h"
@@ -292,7 +293,7 @@ bool ListViewAdapter::ViewportEvent(QEvent& event) {
             return static_cast<QMouseEvent&>(event).buttons() != Qt::NoButton;
         case QEvent::MouseButtonRelease: {
             const auto& mouse = static_cast<QMouseEvent&>(event);
-            const MenuPlace place(mouse.globalPosition().toPoint());
+            const Meanwhile place(MenuPlace(), mouse.globalPosition().toPoint());
             Bound()->MouseWentUp(PressedMouse(mouse));
             return false;
         }
@@ -307,7 +308,7 @@ bool ListViewAdapter::ViewportEvent(QEvent& event) {
 bool ListViewAdapter::AskForMenu(const QContextMenuEvent& event) {
     if (event.reason() != QContextMenuEvent::Keyboard) return true;
     const QPoint at = View().visualRect(View().currentIndex()).center();
-    const MenuPlace place(View().viewport()->mapToGlobal(at));
+    const Meanwhile place(MenuPlace(), View().viewport()->mapToGlobal(at));
     Bound()->MouseWentUp({MouseButton::Right, at.x() * TwipsPerPixel, at.y() * TwipsPerPixel});
     return true;
 }

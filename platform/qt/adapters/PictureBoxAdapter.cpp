@@ -1,5 +1,6 @@
 #include <QMouseEvent>
 
+#include "base/PutBack.h"
 #include "forms/Controls.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/adapters/Adapters.h"
@@ -31,7 +32,7 @@ private:
                 Bound()->MouseMoved(MovedMouse(Accepted(event)));
                 return true;
             case QEvent::MouseButtonRelease: {
-                const MenuPlace place(Accepted(event).globalPosition().toPoint());
+                const Meanwhile place(MenuPlace(), Accepted(event).globalPosition().toPoint());
                 Bound()->MouseWentUp(PressedMouse(Accepted(event)));
                 return true;
             }
