@@ -21,7 +21,9 @@ public:
     lumarin::Answer ShowMessage(const lumarin::Message&, const lumarin::Form*) override {
         return lumarin::Answer::Cancel;
     }
-    std::string ChooseFiles(const lumarin::FileDialog&, const lumarin::Form*) override { return {}; }
+    std::vector<std::string> ChooseFiles(const lumarin::FileDialog&, const lumarin::Form*) override {
+        return {};
+    }
     std::string ChooseFileToSave(const lumarin::SaveDialog&, const lumarin::Form*) override { return {}; }
     void PopupMenu(lumarin::ToolBar&, const std::string&) override {}
     void SetPointer(lumarin::Pointer) override {}

@@ -6,9 +6,6 @@
 #include <QLabel>
 #include <QRegularExpressionValidator>
 
-#include "base/Files.h"
-#include "base/Text.h"
-
 namespace host {
 
 namespace {
@@ -79,17 +76,10 @@ void FtpDialog::LayOut() {
 }
 
 void FtpDialog::AddFiles() {
-    const std::string chosen = desktop_.ChooseFiles(
+    const std::vector<std::string> chosen = desktop_.ChooseFiles(
         {.title = "Files to send", .filter = "All Files (*.*)|*.*", .folder = "", .several = true}, nullptr);
-    std::vector<std::string> parts = lumarin::text::Split(chosen, '\0');
-    std::erase(parts, "");
-    std::string folder;
-    if (parts.size() > 1) {  // several: their folder comes first
-        folder = parts.front() + lumarin::files::Separator;
-        parts.erase(parts.begin());
-    }
-    for (const std::string& name : parts) {
-        const QString path = QString::fromStdString(folder + name);
+    for (const std::string& name : chosen) {
+        const QString path = QString::fromStdString(name);
         if (lstFiles_->findItems(path, Qt::MatchExactly).isEmpty()) lstFiles_->addItem(path);
     }
     FilesChanged();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Files.h"
+#include "base/Text.h"
 
 namespace host {
 
@@ -36,7 +37,7 @@ std::string DocumentStore::Address(std::int32_t listing, std::int64_t document) 
 
 void DocumentStore::Add(std::int32_t listing, std::int64_t document, const std::string& upload) const {
     const std::string path = Path(listing, document);
-    files::EnsureFolder(path.substr(0, path.rfind(files::Separator) + 1));
+    files::EnsureFolder(lumarin::text::UpToLastSeparator(path));
     files::Copy(upload, path);
 }
 

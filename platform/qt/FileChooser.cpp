@@ -46,6 +46,13 @@ void AddPreview(QFileDialog& dialog) {
     dialog.resize(DialogSize);
 }
 
+std::vector<std::string> Run(QFileDialog& chooser) {
+    std::vector<std::string> paths;
+    if (chooser.exec() == QDialog::Accepted)
+        for (const QString& path : chooser.selectedFiles()) paths.push_back(FromQt(path));
+    return paths;
+}
+
 }  // namespace
 
 QStringList NameFilters(const std::string& pairs) {
@@ -56,15 +63,7 @@ QStringList NameFilters(const std::string& pairs) {
     return filters;
 }
 
-std::string ChosenText(const QStringList& paths) {
-    if (paths.isEmpty()) return {};
-    if (paths.size() == 1) return FromQt(paths.front());
-    std::string text = FromQt(QFileInfo(paths.front()).absolutePath());
-    for (const QString& path : paths) text += '\0' + FromQt(QFileInfo(path).fileName());
-    return text;
-}
-
-std::string RunFileDialog(const FileDialog& dialog, QWidget* owner) {
+std::vector<std::string> RunFileDialog(const FileDialog& dialog, QWidget* owner) {
     QFileDialog chooser(owner, ToQt(dialog.title), ToQt(dialog.folder));
     chooser.setObjectName("fileDialog");
     chooser.setFileMode(dialog.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
@@ -72,7 +71,7 @@ std::string RunFileDialog(const FileDialog& dialog, QWidget* owner) {
     chooser.setOption(QFileDialog::HideNameFilterDetails);
     chooser.setNameFilters(NameFilters(dialog.filter));
     if (dialog.preview) AddPreview(chooser);
-    return chooser.exec() == QDialog::Accepted ? ChosenText(chooser.selectedFiles()) : std::string();
+    return Run(chooser);
 }
 
 std::string RunSaveDialog(const SaveDialog& dialog, QWidget* owner) {
@@ -84,7 +83,8 @@ std::string RunSaveDialog(const SaveDialog& dialog, QWidget* owner) {
     chooser.setNameFilters(NameFilters(dialog.filter));
     chooser.setDefaultSuffix(DefaultSuffix(dialog.filter));
     chooser.selectFile(ToQt(dialog.name));
-    return chooser.exec() == QDialog::Accepted ? ChosenText(chooser.selectedFiles()) : std::string();
+    const std::vector<std::string> paths = Run(chooser);
+    return paths.empty() ? std::string() : paths.front();
 }
 
 }  // namespace lumarin::qt

@@ -146,7 +146,7 @@ Answer QtDesktop::ShowMessage(const Message& message, const Form* owner) {
     return RunMessageBox(message, OwnerOrActive(owner));
 }
 
-std::string QtDesktop::ChooseFiles(const FileDialog& dialog, const Form* owner) {
+std::vector<std::string> QtDesktop::ChooseFiles(const FileDialog& dialog, const Form* owner) {
     const Nested nested(*this, Nested::Shows::Dialog);
     return RunFileDialog(dialog, OwnerOrActive(owner));
 }

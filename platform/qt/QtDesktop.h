@@ -43,7 +43,7 @@ public:
     void DestroyLater(std::unique_ptr<Form> form) override;
 
     Answer ShowMessage(const Message& message, const Form* owner) override;
-    std::string ChooseFiles(const FileDialog& dialog, const Form* owner) override;
+    std::vector<std::string> ChooseFiles(const FileDialog& dialog, const Form* owner) override;
     std::string ChooseFileToSave(const SaveDialog& dialog, const Form* owner) override;
     void OpenInBrowser(const std::string& address) override;
     void OpenDocument(const std::string& path) override;

@@ -151,9 +151,12 @@ bool ContainsWords(std::string_view text, std::string_view words) {
     return false;
 }
 
+std::string UpToLastSeparator(std::string_view path) {
+    return std::string(path.substr(0, path.find_last_of("\\/") + 1));
+}
+
 std::string AfterLastSeparator(std::string_view path) {
-    const std::size_t at = path.find_last_of("\\/");
-    return std::string(at == std::string_view::npos ? path : path.substr(at + 1));
+    return std::string(path.substr(path.find_last_of("\\/") + 1));
 }
 
 std::u16string ToUtf16(std::string_view utf8) {

@@ -25,7 +25,9 @@ bool ContainsIgnoringCase(std::string_view text, std::string_view part);
 /// "100123_pool.jpg" contain "Pool", "poolside.jpg" does not).
 bool ContainsWords(std::string_view text, std::string_view words);
 
-/// The part after the last path separator ("\" or "/"); the whole text when there is none.
+/// A path's two parts: its folder with the last separator ("\" or "/"), "" when there is none; and the name
+/// behind it.
+std::string UpToLastSeparator(std::string_view path);
 std::string AfterLastSeparator(std::string_view path);
 
 std::u16string ToUtf16(std::string_view utf8);

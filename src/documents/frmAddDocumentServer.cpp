@@ -52,11 +52,13 @@ void frmAddDocument::AddExistingFile() {
     RunCommand("miAddExistingFile", [this] {
         if (!IsConnected()) return;
         const VelCommon& host = ports_.host.Common();
-        const std::string chosen = desktop().ChooseFiles({.title = "Add PDF File",
-                                                          .filter = "Portable Document File (.PDF)|*.pdf",
-                                                          .folder = DocumentFolder(host)},
-                                                         this);
-        if (chosen.empty()) return;
+        const std::vector<std::string> paths =
+            desktop().ChooseFiles({.title = "Add PDF File",
+                                   .filter = "Portable Document File (.PDF)|*.pdf",
+                                   .folder = DocumentFolder(host)},
+                                  this);
+        if (paths.empty()) return;
+        const std::string& chosen = paths.front();
         RememberDocumentFolder(host, chosen);
         if (!IsAcceptable(chosen)) return;
         frmPromptLinkText prompt(desktop());

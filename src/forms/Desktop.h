@@ -72,9 +72,8 @@ public:
 
     virtual Answer ShowMessage(const Message& message, const Form* owner) = 0;
 
-    /// The chosen file's full path; for several files the folder and the file names, separated by the
-    /// NUL character; "" when the user cancelled.
-    virtual std::string ChooseFiles(const FileDialog& dialog, const Form* owner) = 0;
+    /// The full paths of the chosen files; none when the user cancelled.
+    virtual std::vector<std::string> ChooseFiles(const FileDialog& dialog, const Form* owner) = 0;
 
     /// The chosen file's full path; "" when the user cancelled.
     virtual std::string ChooseFileToSave(const SaveDialog& dialog, const Form* owner) = 0;

@@ -96,13 +96,10 @@ bool IsSeparator(char character) { return character == '\\' || character == '/';
 /// First place at which the folder may end: after the last separator, but never within the server and
 /// share of a network path.
 std::size_t FolderEnd(std::string_view selection) {
-    // Where paths are written with "/", a "\" is a letter like any other.
-    const std::size_t last =
-        selection.starts_with('/') ? selection.rfind('/') : selection.find_last_of("/\\");
-    if (last == std::string_view::npos) return 0;
-    if (selection.size() < 2 || selection[0] != '\\' || selection[1] != '\\') return last + 1;
+    const std::size_t end = text::UpToLastSeparator(selection).size();
+    if (!selection.starts_with("\\\\")) return end;
     const std::size_t afterServer = std::min(selection.find_first_of("/\\", 2), selection.size());
-    if (last > afterServer) return last + 1;
+    if (end > afterServer + 1) return end;
     return std::min(selection.find(' ', afterServer), selection.size());
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "imaging/clsLTDlg.h"
 
 namespace lumarin {
 
@@ -20,7 +21,7 @@ std::string Joined(const std::string& folder, const std::string& name) {
 
 std::vector<std::string> SelectedPaths(const std::string& selection) {
     if (selection.empty()) return {};
-    std::vector<std::string> parts = text::Split(selection, '\0');
+    std::vector<std::string> parts = text::Split(clsLTDlg().NormalizeSelection(selection), '\0');
     if (parts.size() == 1) return parts;
     std::vector<std::string> paths;
     for (std::size_t i = 1; i < parts.size(); ++i)

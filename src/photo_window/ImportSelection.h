@@ -5,11 +5,12 @@
 
 namespace lumarin {
 
-/// The full paths of a file dialog's result: one path as it is; or, separated by NUL, a folder and the
-/// names in it. With an empty folder the names are full paths already (dropped files).
+/// The full paths of a selection, the one text that every import is given: one path as it is; or, separated
+/// by NUL, a folder and the names in it, which are full paths already where the folder is empty; or a folder
+/// and names with blanks between them, see `clsLTDlg`.
 std::vector<std::string> SelectedPaths(const std::string& selection);
 
-/// Dropped files as one text of that form: every full path preceded by a NUL.
+/// Chosen, dropped or copied files as a selection: every full path preceded by a NUL.
 std::string AsSelection(const std::vector<std::string>& paths);
 
 /// The listing number at the start of a file's name: 4 to 6 digits with at least one character behind

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/Files.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "entry/Settings.h"
@@ -68,17 +67,6 @@ bool StandsAt(const std::string& position, const Rect& window) {
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window) {
     settings::WriteText(UserIni(host), PhotosSection, PositionKey, PositionText(window));
-}
-
-std::string FolderOfSelection(const std::string& selection) {
-    const std::size_t several = selection.find('\0');
-    if (several != std::string::npos) {
-        std::string folder = selection.substr(0, several);
-        if (folder.empty() || folder.back() == files::Separator.front()) return folder;
-        return folder + files::Separator;
-    }
-    const std::size_t last = selection.find_last_of("\\/");
-    return last == std::string::npos ? std::string() : selection.substr(0, last + 1);
 }
 
 void WriteImportFolder(const VelCommon& host, const std::string& folder) {

@@ -30,9 +30,6 @@ bool StandsAt(const std::string& position, const Rect& window);
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window);
 
-/// The folder of a file dialog's result, with its separator; "" when it has none.
-std::string FolderOfSelection(const std::string& selection);
-
 void WriteImportFolder(const VelCommon& host, const std::string& folder);
 
 }  // namespace lumarin

@@ -301,8 +301,7 @@ void frmLumarin::OnStopRequested() {
 
 void frmLumarin::OnUnload() {
     const VelCommon& host = ports_.host.Common();
-    const std::string folder = FolderOfSelection(lastChosen_);
-    if (!folder.empty() && folder != settings_.importFolder) WriteImportFolder(host, folder);
+    if (!lastFolder_.empty() && lastFolder_ != settings_.importFolder) WriteImportFolder(host, lastFolder_);
     const bool moved = Bounds().left != placed_.left || Bounds().top != placed_.top;
     if (moved && !StandsAt(settings_.startUpPosition, Bounds())) WriteStartUpPosition(host, Bounds());
     for (const auto& [number, record] : records_) record->CloseListing(LocalFiles::Keep, Publish::No);

@@ -60,7 +60,7 @@ public:
     /// Brings a listing into the window and makes it the current one; says so when it cannot be found.
     LookupResult LookUpListing(const std::string& listingNumber, const std::string& searchText);
 
-    /// Imports the files of a file dialog's result: one path, or a folder and names separated by NUL.
+    /// Imports the files of a selection, see `SelectedPaths`.
     void ImportPhotos(const std::string& selection, ImportKind kind);
 
 private:
@@ -144,7 +144,7 @@ private:
     WindowSettings settings_;
     DescriptionTable descriptions_;
     std::string workingFolder_;
-    std::string lastChosen_;  ///< last result of the file dialog
+    std::string lastFolder_;  ///< of the files that were last chosen
     std::unique_ptr<frmPhotoCrop> cropWindow_;
     std::map<std::string, std::unique_ptr<clsPMListingRec>> records_;  ///< by listing number
     clsPMListingRec* current_ = nullptr;

@@ -2,7 +2,6 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "imaging/clsLTDlg.h"
 #include "lookup/frmFindProperty.h"
 #include "photo_window/ImportSelection.h"
 #include "photo_window/PhotoTools.h"
@@ -43,17 +42,16 @@ void frmLumarin::EnterListing() {
 
 void frmLumarin::OpenFiles(ImportKind kind) {
     RunCommand(kind == ImportKind::Open ? "Open" : "SmartLoad", [&] {
-        const std::string lastFolder = FolderOfSelection(lastChosen_);
-        const std::string selection = desktop().ChooseFiles(
+        const std::vector<std::string> paths = desktop().ChooseFiles(
             {.title = "Import Photo",
              .filter = "JPEG - JFIF Compliant (*.jpg,*.jif,*.jpeg)|*.jpg;*.jif;*.jpeg|All (*.*)|*.*",
-             .folder = lastFolder.empty() ? settings_.importFolder : lastFolder,
+             .folder = lastFolder_.empty() ? settings_.importFolder : lastFolder_,
              .several = true,
              .preview = Menu.IsChecked("FilePreview")},
             this);
-        if (selection.empty()) return;
-        lastChosen_ = Menu.IsChecked("FilePreview") ? clsLTDlg().NormalizeSelection(selection) : selection;
-        ImportPhotos(lastChosen_, kind);
+        if (paths.empty()) return;
+        lastFolder_ = text::UpToLastSeparator(paths.front());
+        ImportPhotos(AsSelection(paths), kind);
     });
 }
 

@@ -132,7 +132,7 @@ TEST_F(SqlShape, ListingNumber_EveryWayIn_KeepsItsShape) {
         if (prompt.IsShown()) prompt.cmdCancel.Press();
     };
     testing::FakePdfLibrary pdf;
-    frmAddDocument documents({desktop, imaging, pdf, clock, link, engine});
+    frmAddDocument documents({Ports(), pdf});
     documents.Init(8);
     // One that is there and one that is looked for everywhere.
     ExpectOneShape("documents", {"100123", "100999"},

@@ -45,7 +45,7 @@ TEST(Selection, FolderIsUnknown_NamesEndAfterAPicturesExtension) {
         {"\\\\server\\photos\\a.jpg b.jpg", "\\\\server\\photos|a.jpg|b.jpg"},
         {"\\\\server\\photos a.jpg b.jpg", "\\\\server\\photos|a.jpg|b.jpg"},
         {"a.jpg b.jpg", "|a.jpg|b.jpg"},
-        {"/no/where/half\\half.jpg b.jpg", "/no/where|half\\half.jpg|b.jpg"},
+        {"/no/where/half\\half.jpg b.jpg", "/no/where/half|half.jpg|b.jpg"},
     };
     for (const auto& [selection, result] : cases) EXPECT_EQ(Normalized(selection), result) << selection;
 }

@@ -34,7 +34,7 @@ TEST_F(frmLumarinTest, Enter_ListingNumbers_GathersEachOnce) {
 
 TEST_F(frmLumarinTest, Open_SeveralFiles_AbortEndsAndCancelSkips) {
     OpenWith({"100124"});
-    desktop.Choose(Selection("/in|a.png|b.png|a.png|b.png"));
+    desktop.Choose(Files("/in|a.png|b.png|a.png|b.png"));
     desktop.Play("frmPhotoCrop", [](frmPhotoCrop& crop) { crop.cmdCancel.Press(); });
     WillCapture({500});
     desktop.Play("frmPhotoCrop", [](frmPhotoCrop& crop) {
@@ -56,7 +56,7 @@ TEST_F(frmLumarinTest, Import_ThatFails_NoLongerCountsItsPictures) {
         count = static_cast<frmPhotoCrop&>(form).lblPicture.Caption();
         form.Hide();
     });
-    desktop.Choose(Selection("/in|a.png|b.png"));
+    desktop.Choose(Files("/in|a.png|b.png"));
     window->Menu.ClickTool("Open");
     EXPECT_EQ(count, "not opened");
     files::TryDelete(inTheWay);
@@ -77,7 +77,7 @@ TEST_F(frmLumarinTest, SmartLoad_FileNames_ChooseTheListing) {
     GivenListing(55555);
     Open();
     WillCapture({300, 400, 500});
-    desktop.Choose(Selection(selection));
+    desktop.Choose(Files(selection));
     desktop.Expect("99999 Is not a valid listing number");
     desktop.Expect(
         "Not imported:\n\nThe name does not start with a listing number (4 to 6 digits, and something behind "

@@ -68,22 +68,23 @@ Answer ScriptedDesktop::ShowMessage(const Message& message, const Form*) {
     return expected.answer;
 }
 
-std::string ScriptedDesktop::ChooseFiles(const FileDialog& dialog, const Form*) {
+std::vector<std::string> ScriptedDesktop::ChooseFiles(const FileDialog& dialog, const Form*) {
     dialogs.push_back(dialog);
     return NextChoice(dialog.title);
 }
 
 std::string ScriptedDesktop::ChooseFileToSave(const SaveDialog& dialog, const Form*) {
     saveDialogs.push_back(dialog);
-    return NextChoice(dialog.title);
+    const std::vector<std::string> choice = NextChoice(dialog.title);
+    return choice.empty() ? std::string() : choice.front();
 }
 
-std::string ScriptedDesktop::NextChoice(const std::string& title) {
+std::vector<std::string> ScriptedDesktop::NextChoice(const std::string& title) {
     if (choices_.empty()) {
         if (!playOthers_) ADD_FAILURE() << "unexpected file dialog: " << title;
         return {};
     }
-    std::string choice = choices_.front();
+    std::vector<std::string> choice = choices_.front();
     choices_.pop_front();
     return choice;
 }

@@ -20,8 +20,11 @@ public:
         expected_.push_back({text, answer, title});
     }
     void Expect(const std::string& text, const std::string& title) { Expect(text, Answer::Ok, title); }
-    /// The next file dialog gives this ("" is cancel).
-    void Choose(const std::string& result) { choices_.push_back(result); }
+    /// The user chooses these files, or this one, in the next file dialog; none or "" is cancel.
+    void Choose(std::vector<std::string> paths) { choices_.push_back(std::move(paths)); }
+    void Choose(const std::string& path) {
+        Choose(path.empty() ? std::vector<std::string>{} : std::vector{path});
+    }
     /// When this window is next shown modal, `play` acts in it; it must leave it hidden. `play` takes a Form
     /// or the window's own class.
     template <class Act>
@@ -65,7 +68,7 @@ public:
     }
     void DestroyLater(std::unique_ptr<Form> form) override { givenUp_.push_back(std::move(form)); }
     Answer ShowMessage(const Message& message, const Form* owner) override;
-    std::string ChooseFiles(const FileDialog& dialog, const Form* owner) override;
+    std::vector<std::string> ChooseFiles(const FileDialog& dialog, const Form* owner) override;
     std::string ChooseFileToSave(const SaveDialog& dialog, const Form* owner) override;
     void OpenInBrowser(const std::string& address) override { opened.push_back(address); }
     void OpenDocument(const std::string& path) override { opened.push_back(path); }
@@ -89,7 +92,7 @@ private:
     void Script(const std::string& window, std::function<void(Window&)> play) {
         plays_[window].push_back([play](Form& form) { play(static_cast<Window&>(form)); });
     }
-    std::string NextChoice(const std::string& title);
+    std::vector<std::string> NextChoice(const std::string& title);
 
     struct Expectation {
         std::string text;
@@ -97,7 +100,7 @@ private:
         std::string title;
     };
     std::deque<Expectation> expected_;
-    std::deque<std::string> choices_;
+    std::deque<std::vector<std::string>> choices_;
     std::map<std::string, std::deque<std::function<void(Form&)>>> plays_;
     std::function<void(Form&)> playOthers_;
     std::function<Answer(const Message&)> answerOthers_;

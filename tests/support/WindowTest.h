@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "base/Clock.h"
-#include "base/Files.h"
+#include "base/Text.h"
 #include "entry/JobPorts.h"
 #include "lookup/EngineVersion.h"
 #include "support/FakeHost.h"
@@ -28,15 +26,16 @@ protected:
     WindowTest() { link.Set(host); }
     ~WindowTest() override { desktop.VerifyAllUsed(); }
 
-    /// What a dialog gives for several files of a folder, from "folder|name|name".
-    static std::string Selection(std::string files) {
-        std::replace(files.begin(), files.end(), '|', '\0');
-        return files;
+    /// The paths of files of a folder, from "folder|name|name"; or the one path that it is.
+    static Texts Files(const std::string& files) {
+        Texts paths = text::Split(files, '|');
+        if (paths.size() == 1) return paths;
+        for (std::size_t i = 1; i < paths.size(); ++i) paths[i].insert(0, paths[0] + "/");
+        paths.erase(paths.begin());
+        return paths;
     }
 
-    JobPorts Ports(Scanner* scanner = nullptr) {
-        return {{desktop, link, engine}, imaging, clock, scanner};
-    }
+    JobPorts Ports(Scanner* scanner = nullptr) { return {{desktop, link, engine}, imaging, clock, scanner}; }
 
     ScriptedDesktop desktop;
     FakeHost host;

@@ -10,7 +10,7 @@ class FtpWindow : public testing::WindowTest {
 protected:
     FtpWindow() {
         for (const char* name : {"a.jpg", "b c.jpg"}) files::WriteWhole(folder.Path() + name, name);
-        both = Selection(folder.Path() + "a.jpg|" + folder.Path() + "b c.jpg");
+        both = folder.Path() + "a.jpg" + '\0' + folder.Path() + "b c.jpg";
     }
     void Send(const frmFTP::Order& order) { window.SendFiles(order, result, nullptr); }
 

@@ -221,15 +221,15 @@ void frmMakePDF::Preview() {
 void frmMakePDF::AddFiles() {
     RunBatch("cmdAddFiles", [this] {
         const VelCommon& host = ports_.host.Common();
-        const std::string chosen = desktop().ChooseFiles({.title = "Import Image",
-                                                          .filter = PictureFilter,
-                                                          .folder = DocumentFolder(host),
-                                                          .several = true,
-                                                          .preview = true},
-                                                         this);
+        const std::vector<std::string> chosen = desktop().ChooseFiles({.title = "Import Image",
+                                                                       .filter = PictureFilter,
+                                                                       .folder = DocumentFolder(host),
+                                                                       .several = true,
+                                                                       .preview = true},
+                                                                      this);
         if (chosen.empty()) return;
-        RememberDocumentFolder(host, chosen);
-        Import(ChosenFiles(chosen));
+        RememberDocumentFolder(host, chosen.front());
+        Import(chosen);
     });
 }
 

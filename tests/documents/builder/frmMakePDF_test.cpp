@@ -47,7 +47,7 @@ protected:
         window->Display(nullptr);
     }
     void Add(const std::string& files) {
-        desktop.Choose(Selection(files));
+        desktop.Choose(Files(files));
         window->cmdAddFiles.Press();
     }
     void Click(const char* tool) { window->ActiveBar1.ClickTool(tool); }
