@@ -2,7 +2,7 @@
 
 Of the project's own headers a source includes those of its target, of the targets that this one links, and the ports
 that it declares. Headers of other libraries need the library to be linked; the component has none: it includes
-itself and the standard library.
+itself and the standard library. The operating system's own headers stand in platform/system.
 """
 import os
 import re
@@ -13,10 +13,11 @@ LIBRARIES = [
     (r"QtTest/|QTest$", r"Qt6::Test$"), (r"Qt$|Qt?[A-Z]", r"Qt6::"), (r"vips/", r"PkgConfig::VIPS_CPP"),
     (r"g(lib|module)\.h", r"PkgConfig::GMODULE"), (r"qpdf/", r"PkgConfig::QPDF"), (r"tiff", r"PkgConfig::TIFF"),
     (r"zlib\.h", r"PkgConfig::ZLIB"), (r"zip\.h", r"PkgConfig::LIBZIP"), (r"curl/", r"PkgConfig::CURL"),
-    (r"sane/", r"PkgConfig::SANE"), (r"sqlite3\.h", r"SQLite::SQLite3"), (r"httplib\.h", r"PkgConfig::HTTPLIB"),
+    (r"j(peglib|error)\.h", r"PkgConfig::JPEG"), (r"sane/", r"PkgConfig::SANE"), (r"sqlite3\.h", r"SQLite::SQLite3"), (r"httplib\.h", r"PkgConfig::HTTPLIB"),
 ]
 STANDARD = re.compile(r"[a-z_0-9]+$")  # no ending, no folder
-SYSTEM = re.compile(r"(dirent|unistd|fcntl|signal|poll)\.h$|(sys|arpa|netinet|linux)/")
+SYSTEM = re.compile(r"(dirent|unistd|fcntl|windows|winsock2)\.h$|sys/")
+ASKS_SYSTEM = {"platform/system", "host/drive"}  # folders that may
 INCLUDE = re.compile(r'\s*#\s*include\s*(["<])([^">]+)')
 
 
@@ -55,7 +56,9 @@ def fault_of(target, kind, header, root, targets):
         return "it is not of the standard library"
     library = next((library for name, library in LIBRARIES if re.match(name, header)), None)
     if library is None:
-        return None if SYSTEM.match(header) else "it is of no library that is known here"
+        if not SYSTEM.match(header):
+            return "it is of no library that is known here"
+        return None if target.folder in ASKS_SYSTEM else "the operating system is asked in platform/system"
     if any(re.match(library, declared) for declared in target.declared):
         return None
     return f"{target.name} does not link its library"
