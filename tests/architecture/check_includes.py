@@ -13,7 +13,8 @@ LIBRARIES = [
     (r"QtTest/|QTest$", r"Qt6::Test$"), (r"Qt$|Qt?[A-Z]", r"Qt6::"), (r"vips/", r"PkgConfig::VIPS_CPP"),
     (r"g(lib|module)\.h", r"PkgConfig::GMODULE"), (r"qpdf/", r"PkgConfig::QPDF"), (r"tiff", r"PkgConfig::TIFF"),
     (r"zlib\.h", r"PkgConfig::ZLIB"), (r"zip\.h", r"PkgConfig::LIBZIP"), (r"curl/", r"PkgConfig::CURL"),
-    (r"j(peglib|error)\.h", r"PkgConfig::JPEG"), (r"sane/", r"PkgConfig::SANE"), (r"sqlite3\.h", r"SQLite::SQLite3"), (r"httplib\.h", r"PkgConfig::HTTPLIB"),
+    (r"j(peglib|error)\.h", r"PkgConfig::JPEG"), (r"sane/", r"PkgConfig::SANE"),
+    (r"sqlite3\.h", r"SQLite::SQLite3"), (r"httplib\.h", r"PkgConfig::HTTPLIB"),
 ]
 STANDARD = re.compile(r"[a-z_0-9]+$")  # no ending, no folder
 SYSTEM = re.compile(r"(dirent|unistd|fcntl|windows|winsock2)\.h$|sys/")
