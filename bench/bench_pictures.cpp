@@ -1,5 +1,5 @@
 // bench_pictures FOLDER: draws the inputs: photo-12.jpg, photo-24.jpg and photo-48.jpg, baseline JPEGs of
-// that many megapixels with the amount of detail of an outdoor photo (3 to 4 bits a pixel at quality 92 is
+// that many megapixels with the amount of detail of an outdoor photo (3 to 4 bits per pixel at quality 92 is
 // what cameras write), and package/, 26 listings with 26 photos of 480 x 300 each, some 30 KB a photo.
 
 #include <vips/vips8>

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Repeats what docs/reliability.md tells, and prints the figures.
+# Repeats what docs/reliability.md reports, and prints the figures.
 #   scripts/reliability.sh           as the tests run it
 #   scripts/reliability.sh --long    with 2000 kills, from a seed of its own, and the whole working day of bench/soak
 # The seed and the number of kills can be chosen: LUMARIN_SEED=7 LUMARIN_KILLS=50 scripts/reliability.sh

@@ -43,7 +43,7 @@ echo "Installing ${missing[*]}" >&2
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 apt() { "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q "$@"; }
-# An index of somebody else's that cannot be refreshed is no reason to stop while the packages can be had.
+# An index of somebody else's that cannot be refreshed is not a reason to stop while the packages can be had.
 refreshed=yes
 apt update >"$log" 2>&1 || refreshed=no
 if ! apt -y --no-install-recommends install "${missing[@]}" >>"$log" 2>&1; then

@@ -1,6 +1,6 @@
 // bench_pages FOLDER: draws the inputs. colour/ holds 100 pages in colour, a photo and a scanned sheet in
-// turn, bilevel/ 100 sheets of one bit a pixel, as a document's pages are written. sources/ holds one picture
-// of each kind, before it is made a page: photo.jpg, sheet.png and screenshot.png.
+// turn, bilevel/ 100 sheets of one bit per pixel, as a document's pages are written. sources/ holds one
+// picture of each kind, before it is made a page: photo.jpg, sheet.png and screenshot.png.
 
 #include <vips/vips8>
 

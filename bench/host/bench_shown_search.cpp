@@ -42,7 +42,7 @@ int main(int count, char** arguments) {
         const int shown = window->findChild<QTreeView*>("List")->model()->rowCount();
         std::printf("%ld\n", longestTurn / (CLOCKS_PER_SEC / 1000));
         std::fflush(stdout);
-        // Taking the window down again is no part of a search.
+        // Taking the window down again is not part of a search.
         std::_Exit((toTheEnd ? shown == wanted : shown > 0 && shown < wanted) ? 0 : 1);
     });
     QTimer::singleShot(0, [&] {

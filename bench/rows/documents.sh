@@ -1,6 +1,6 @@
 # Documents of 100 pages against img2pdf, from the same PNG files; a page more on a document that has many.
 
-# document KIND PEAK-LIMIT-MB: time and memory, and the bytes that are no picture.
+# document KIND PEAK-LIMIT-MB: time and memory, and the bytes that are not pictures.
 document() {
     local ours_pdf=$out/ours-$1.pdf peer_pdf=$out/peer-$1.pdf our_bytes peer_bytes ratio
     "$bin/documents/bench_pages" "$inputs/documents"

@@ -1,6 +1,6 @@
 # Opening a large JPEG to its preview of 320 pixels, and capturing 480 x 300 from its whole width.
 
-# Peers that decode everything must be beaten clearly at 24 megapixels; the other sizes are shown beside it.
+# Peers that decode everything must be beaten clearly at 24 megapixels; the other sizes are shown for comparison.
 slow_target() { if [[ $1 == 24 ]]; then echo 4; else echo -; fi; }
 
 preview() {

@@ -32,7 +32,7 @@ private:
     sqlite3* handle_ = nullptr;
 };
 
-/// A value of a statement's current row; a text is good until the next step.
+/// A value of a statement's current row; a text is valid until the next step.
 struct ColumnValue {
     enum class Kind { Null, Integer, Text };
 

@@ -15,7 +15,7 @@ namespace host {
 /// what was read is kept: such a recordset must not outlive its database, sees the tables as they were when
 /// it began, and until its end is reached or it is closed, others can read but not commit changes. Reading
 /// without a current row, an unknown column and any use after `Close` throw lumarin::Error; what moves, and
-/// `RecordCount`, also when a row cannot be read.
+/// `RecordCount`, even when a row cannot be read.
 class SqliteRecordset final : public lumarin::Recordset {
 public:
     explicit SqliteRecordset(std::unique_ptr<Statement> statement);

@@ -36,7 +36,7 @@ void PaintFolderFront(QPainter& painter) {
     painter.drawPolygon(QPolygonF{{9, 30}, {58, 30}, {62, 53}, {15, 53}});
 }
 
-/// Meridians that wander make the globe turn; one step of a meridian a loop closes it.
+/// Meridians that wander make the globe turn; one step of a meridian per loop closes it.
 void PaintGlobe(QPainter& painter, double phase) {
     const double radius = 23;
     QRadialGradient gradient(GlobeCenter - QPointF(7, 8), radius * 1.5);

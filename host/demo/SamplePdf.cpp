@@ -66,7 +66,7 @@ SamplePdf& SamplePdf::AddFloorPlan(const std::string& title, const std::string& 
 }
 
 std::string SamplePdf::Bytes() const {
-    // 1 the catalogue, 2 the list of pages, 3 the face, then two objects a page.
+    // 1 the catalogue, 2 the list of pages, 3 the face, then two objects per page.
     std::string kids;
     for (std::size_t i = 0; i < pages_.size(); ++i) kids += std::to_string(4 + 2 * i) + " 0 R ";
     std::vector<std::string> objects = {

@@ -20,7 +20,7 @@ struct DemoFolders {
     std::string shots;      ///< screenshots
 };
 
-/// Makes the folders anew under `folder`. Throws lumarin::Error when they cannot be made.
+/// Makes the folders afresh under `folder`. Throws lumarin::Error when they cannot be made.
 DemoFolders PrepareDemoFolders(const std::string& folder);
 
 /// The guided demo: works through the road of a photo and of a document with the real windows, says each step

@@ -21,7 +21,7 @@ public:
 
     /// A job that cannot be started is reported in a message box and leaves its tool enabled.
     void Start(JobKind kind, QAction& tool);
-    /// The component tells that the user closed the job's window.
+    /// The component reports that the user closed the job's window.
     void End(int jobIndex);
     void EndAll();
 

@@ -17,7 +17,7 @@ class StartPage;
 /// The jobs that the host offers, with the numbers of the property by which the component chooses a window.
 enum class JobKind { Photos = 0, Documents = 1 };
 
-/// The host's main window: a toolbar with one tool a job, and the start page. It is the owner of the
+/// The host's main window: a toolbar with one tool per job, and the start page. It is the owner of the
 /// jobs' windows; closing it ends the program.
 class MainWindow : public QMainWindow, public lumarin::HostMainForm {
 public:
@@ -34,7 +34,7 @@ public:
     void Prog(int first, int second) override;
 
     QAction& JobTool(JobKind kind) { return kind == JobKind::Photos ? *photos_ : *documents_; }
-    /// Reads the start page's figures anew; a failure is shown in the status bar.
+    /// Reads the start page's figures again; a failure is shown in the status bar.
     void Refresh();
 
 protected:

@@ -193,7 +193,7 @@ void Driver::Quit(std::function<void()> end) {
     CheckSoon();
 }
 
-/// Looks again by a timer: a posted event that posts itself anew would keep a handler from going on that
+/// Looks again by a timer: a posted event that posts itself again would keep a handler from going on that
 /// lets pending events run.
 void Driver::GoOnQuitting() {
     if (QWidget* popup = QApplication::activePopupWidget()) {

@@ -74,7 +74,7 @@ private:
     BrowserRecord browser_;
     QList<QPointer<QWidget>> appeared_;  ///< windows shown while handlers are at work
     std::function<void()> end_;
-    QPointer<QWidget> closed_;  ///< the modal window that was told to close last, to end the program
+    QPointer<QWidget> closed_;  ///< the modal window that was last asked to close, to end the program
     bool askedWhileQuitting_ = false;
 };
 

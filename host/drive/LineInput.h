@@ -17,7 +17,7 @@ public:
     /// for the user was dismissed.
     LineInput(Driver& driver, const QString& source, std::function<void()> ended);
 
-    /// For commands that are left when the program has ended without being told to: answers each with an
+    /// For commands that are left when the program has ended without being asked to: answers each with an
     /// error. False when there were any.
     bool AnswerTheRest();
 

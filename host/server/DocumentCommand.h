@@ -20,7 +20,7 @@ struct DocumentCommand {
     std::string address;        ///< of an added link, without blanks around it
 };
 
-/// Reads a command's fields, which "|" separates. Throws Refusal for anything that is no command, an empty
+/// Reads a command's fields, which "|" separates. Throws Refusal for anything that is not a command, an empty
 /// description, and an address that is not one of the web (see `IsWebAddress`).
 DocumentCommand ParseDocumentCommand(std::string_view text);
 

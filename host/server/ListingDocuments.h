@@ -11,12 +11,12 @@
 
 namespace host {
 
-/// Who sends a document command, and what he may do.
+/// Who sends a document command, and what that user may do.
 struct DocumentSender {
     std::string userCode;
     std::string agent;
     int level = 0;                     ///< the user's level, see `lumarin::ScopeOf`
-    std::vector<std::string> offices;  ///< those that he may act for
+    std::vector<std::string> offices;  ///< those that the user may act for
     std::string board;
     std::int64_t largestFile = 0;  ///< bytes
 };

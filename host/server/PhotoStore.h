@@ -18,7 +18,7 @@ struct PublishedPhoto {
 };
 
 /// The server's published photos: files under names that are used once and never written again, in one
-/// folder a listing, and the rows that say which file is which photo. Whoever adds or sweeps holds the
+/// folder per listing, and the rows that say which file is which photo. Whoever adds or sweeps holds the
 /// database's write lock (a Transaction), so that the files of a change that is under way elsewhere are
 /// never taken for leftovers. Failures throw lumarin::Error.
 class PhotoStore {

@@ -7,8 +7,9 @@
 
 namespace lumarin::curl {
 
-/// The transfer port over libcurl. The library waits for a server in a few places even when it is asked not
-/// to, so a thread of its own works the connection; that connection is kept for the files of one window.
+/// Adapter: the transfer port over libcurl. The library waits for a server in a few places even when it is
+/// asked not to, so a thread of its own works the connection; that connection is kept for the files of one
+/// window.
 class CurlFtp final : public FtpTransfer {
 public:
     struct Setup {

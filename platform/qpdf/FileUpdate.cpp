@@ -48,8 +48,8 @@ class Appender {
 public:
     Appender(FilePipeline& file, std::uint64_t position) : file_(file), position_(position) {}
 
-    /// What a file starts with: the first version with 16 bits a colour, four bytes that show that it is no
-    /// text, and the object 0, which is always free.
+    /// What a file starts with: the first version with 16 bits per colour, four bytes that show that it is
+    /// not text, and the object 0, which is always free.
     void Begin() {
         Put("%PDF-1.5\n%\xE2\xE3\xCF\xD3\n");
         index_ = "0 1\n0000000000 65535 f \n";
@@ -94,8 +94,8 @@ private:
         Put("\nendstream");
     }
 
-    /// The document's lasting identity, and one that tells this state of it from the others: the same bytes
-    /// get the same one.
+    /// The document's lasting identity, and one that distinguishes this state of it from the others: the same
+    /// bytes get the same one.
     Object Identity(Object& trailer) const {
         char state[33];
         std::snprintf(state, sizeof state, "%016llx%016llx", static_cast<unsigned long long>(position_),

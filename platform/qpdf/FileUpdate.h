@@ -18,12 +18,12 @@ struct FileEnd {
     std::uint64_t index = 0;  ///< where the last index of objects begins
 };
 
-/// Nothing for files that have to be written anew: encrypted ones and those whose index is itself packed.
+/// Nothing for files that have to be rewritten: encrypted ones and those whose index is itself packed.
 /// Throws FileError when the file cannot be read.
 std::optional<FileEnd> FindFileEnd(QPDF& pdf, const std::string& path);
 
 /// Writes the changed and new objects behind a file's end, as an update that readers take for one document
-/// with what is before. Writing all objects anew would take each of them apart. Returns the new end.
+/// with what is before. Rewriting all objects would take each of them apart. Returns the new end.
 FileEnd WriteUpdate(QPDF& pdf, const std::vector<QPDFObjectHandle>& changed, const FileEnd& end,
                     FilePipeline& file);
 

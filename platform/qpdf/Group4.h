@@ -6,7 +6,7 @@
 
 namespace lumarin::qpdf {
 
-/// Unpacks a picture of one bit a pixel: its rows one after the other, each of whole bytes. Throws PdfError
+/// Unpacks a picture of one bit per pixel: its rows one after the other, each of whole bytes. Throws PdfError
 /// when the packed pixels are damaged.
 std::string UnpackRows(const PngFile& png);
 

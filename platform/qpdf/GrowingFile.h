@@ -10,8 +10,9 @@
 namespace lumarin::qpdf {
 
 /// A file that gets more bytes behind those that it has, and yet is replaced whole each time: it is written
-/// beside and renamed. So that this does not cost a copy of everything every time, the file that was replaced
-/// is kept beside until the next time, when it lacks only what was added since. The object takes it away.
+/// next to the old one and renamed. So that this does not copy everything every time, the file that was
+/// replaced is kept there until the next time, when it lacks only what was added since. The object takes it
+/// away.
 class GrowingFile {
 public:
     explicit GrowingFile(std::string path);

@@ -30,7 +30,7 @@ private:
 
 namespace {
 
-// Two beside the caller: waiting pixels take memory, a megabyte a page.
+// Two besides the caller: waiting pixels take memory, a megabyte per page.
 constexpr std::size_t MostPackings = 2;
 
 /// Whether packing for fax can be smaller at all: it spends a bit or more on each change between black and

@@ -13,7 +13,7 @@
 namespace lumarin::qpdf {
 
 /// Makes PNG files picture objects of a document: with their packed pixels as they are, or packed for fax
-/// where a picture has one bit a pixel and that is smaller. Packing runs in a thread of its own while the
+/// where a picture has one bit per pixel and that is smaller. Packing runs in a thread of its own while the
 /// caller reads the next picture.
 class PictureMaker {
 public:

@@ -17,7 +17,7 @@ namespace {
 
 using Object = QPDFObjectHandle;
 
-// 1.5 is the first version with 16 bits a colour; all readers of today know it.
+// 1.5 is the first version with 16 bits per colour; all readers of today know it.
 constexpr const char* PdfVersion = "1.5";
 
 Object PictureContent(QPDF& pdf, const PageSize& page, const Placement& at) {

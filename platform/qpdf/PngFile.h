@@ -15,7 +15,7 @@ struct PngFile {
     std::uint32_t height = 0;
     int bitDepth = 0;
     PngColours colours = PngColours::Grey;
-    std::string palette;  ///< three bytes a colour
+    std::string palette;  ///< three bytes per colour
     std::string data;     ///< the packed rows, each with its filter byte first
 
     /// Bytes of one unpacked row without its filter byte.

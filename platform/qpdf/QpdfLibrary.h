@@ -10,12 +10,12 @@ namespace lumarin::qpdf {
 
 class PdfDocument;
 
-/// The PDF library over QPDF. Pictures go into the document as they lie in their PNG file; only those of
-/// one bit a pixel are packed anew, for fax, where that is smaller. What is added is kept in memory until the
-/// document is closed, so a document holds about as much memory as its new pages have bytes.
+/// Adapter: the PDF library port over QPDF. Pictures go into the document as they lie in their PNG file; only
+/// those of one bit per pixel are packed again, for fax, where that is smaller. What is added is kept in
+/// memory until the document is closed, so a document holds about as much memory as its new pages have bytes.
 ///
 /// The last closed document is remembered without its pictures, so that opening it again and adding a page
-/// costs the same however many pages it has. A second file ".part" lies beside it meanwhile, and goes with
+/// costs the same however many pages it has. Meanwhile a second file ".part" lies beside it, which goes with
 /// the library or the next document.
 class QpdfLibrary final : public PdfLibrary {
 public:

@@ -35,7 +35,7 @@ KeyDown ToKeyDown(const QKeyEvent& event);
 
 /// Shares the pixels, which stay alive as long as the image; a null image for null or an empty picture.
 QImage ToImage(const PicturePtr& picture);
-/// 24 bits a pixel, alpha laid on white.
+/// 24 bits per pixel, alpha laid on white.
 Picture ToPicture(const QImage& image);
 
 /// Full paths of the files among the dropped or pasted data; other addresses are left out, and so are those

@@ -13,7 +13,7 @@ class PreviewPane final : public QWidget {
 public:
     explicit PreviewPane(QWidget* parent = nullptr);
 
-    /// What is no picture shows "No preview".
+    /// What is not a picture shows "No preview".
     void ShowFile(const QString& path);
 
 private:

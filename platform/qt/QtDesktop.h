@@ -26,9 +26,9 @@ void SetUpApplication(QApplication& application);
 /// nobody looks at.
 enum class WindowSizes { WithinScreen, AsDesigned };
 
-/// The desktop on Qt Widgets. A form's window is built from its design, `windows/<form name>.ui`. The
-/// native window of a form is its QWidget. A window that is unloaded from within one of its own events
-/// is hidden at once and destroyed when no dialog or modal window waits any more.
+/// Adapter: the desktop port on Qt Widgets. A form's window is built from its design, `windows/<form
+/// name>.ui`. The native window of a form is its QWidget. A window that is unloaded from within one of its
+/// own events is hidden at once and destroyed when no dialog or modal window waits any more.
 class QtDesktop final : public Desktop {
 public:
     explicit QtDesktop(WindowSizes sizes = WindowSizes::WithinScreen);

@@ -11,8 +11,8 @@
 namespace lumarin::sane {
 
 /// Makes one picture from the frames of a page: grey, colour, or red, green and blue in three passes, each
-/// with 1, 8 or 16 bits a sample, and of known or unknown length. Throws ScannerError for a frame of another
-/// kind or a picture with more than MaximumPixels.
+/// with 1, 8 or 16 bits per sample, and of known or unknown length. Throws ScannerError for a frame of
+/// another kind or a picture with more than MaximumPixels.
 class PageAssembler {
 public:
     void BeginFrame(const SANE_Parameters& frame);

@@ -10,8 +10,8 @@
 
 namespace lumarin::sane {
 
-/// The scanner port over libsane. The devices are worked by a thread of its own, so that a device that
-/// keeps still never keeps the caller. One object a program.
+/// Adapter: the scanner port over libsane. The devices are worked by a thread of its own, so that a device
+/// that keeps still never keeps the caller. One object per program.
 class SaneScanner final : public Scanner {
 public:
     struct Setup {

@@ -19,7 +19,7 @@ constexpr std::uint8_t White = 255;
 // brightness, with a photo on the page too; photos have less than 50.
 constexpr int NearPaper = 216;
 constexpr double PaperOfPage = 0.6;
-// The grain of an empty sheet is no ink, nor are letters paper because a few of them are very black.
+// The grain of an empty sheet is not ink, nor are letters paper because a few of them are very black.
 constexpr int LightestInk = 216;
 constexpr int DarkestPaper = 128;
 
@@ -74,7 +74,7 @@ constexpr int DotOrder(int x, int y) {
 }
 
 /// A regular pattern and not the spreading of each pixel's error to the next ones: that shows a little more
-/// detail, but its dots lie so irregularly that the file becomes eight times as large.
+/// detail, but its dots are so irregular that the file becomes eight times as large.
 void Dither(GreyPixels& picture) {
     for (int y = 0; y < picture.height; ++y) {
         std::array<int, 8> limits{};

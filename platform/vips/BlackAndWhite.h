@@ -5,7 +5,7 @@
 
 namespace lumarin::vips {
 
-/// Grey values, a byte a pixel, row after row.
+/// Grey values, one byte per pixel, row after row.
 struct GreyPixels {
     int width = 0;
     int height = 0;

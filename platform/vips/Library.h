@@ -14,7 +14,7 @@ using ::vips::VImage;
 using ::vips::VOption;
 using ::vips::VSource;
 
-/// What a person reads when a file is no picture, damaged or too large.
+/// What a person reads when a file is not a picture, damaged or too large.
 inline constexpr const char* InvalidPictureText = "The selected file is not a valid photo.";
 
 /// Starts libvips once for the process: only the readers for pictures from cameras and the web, nothing

@@ -7,7 +7,7 @@
 
 namespace lumarin::vips {
 
-/// The imaging port over libvips. The library starts with the first picture, not with the object.
+/// Adapter: the imaging port over libvips. The library starts with the first picture, not with the object.
 ///
 /// A file is decoded again for each preview and capture, at the smallest size that the step can use, so an
 /// open picture holds its header and nothing else; only a HEIC picture, whose decoding takes seconds, is

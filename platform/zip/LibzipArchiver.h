@@ -7,9 +7,9 @@
 
 namespace lumarin::zip {
 
-/// The zip archiver over libzip. Entries are stored, not compressed: photos do not get smaller. The archive
-/// is written beside its name and renamed. Every failure is a FileError that names the file it is about; two
-/// files with the same plain name are one.
+/// Adapter: the zip archiver port over libzip. Entries are stored, not compressed: photos do not get smaller.
+/// The archive is written under another name and renamed. Every failure is a FileError that names the file it
+/// is about; two files with the same plain name are one.
 class LibzipArchiver final : public ZipArchiver {
 public:
     void Create(const std::string& archive, const std::vector<std::string>& files) override;

@@ -1,4 +1,4 @@
-# What `cmake --install` puts where: the program, the component and the platform libraries with their headers,
+# What `cmake --install` puts where: the program, the component and the adapters with their headers,
 # and a CMake package "Lumarin" that finds what each of them needs.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)

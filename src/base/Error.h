@@ -41,7 +41,7 @@ public:
     IndexError(std::string source, long long index, const std::string& what = {});
 };
 
-/// A file operation that failed: the description names the operation, the file and the system's reason.
+/// A file operation that failed: the description names the operation, the file and the platform's reason.
 class FileError : public Error {
 public:
     FileError(const std::string& operation, const std::string& path, const std::string& reason);

@@ -10,7 +10,7 @@
 
 /// The component's whole use of the file system. Paths are UTF-8; folders that come from the host end
 /// in a separator and paths are formed by concatenation. Every function that can fail throws FileError
-/// with the operation, the path and the system's reason, unless it says otherwise.
+/// with the operation, the path and the platform's reason, unless it says otherwise.
 namespace lumarin::files {
 
 /// The platform's path separator as a text of one character.
@@ -23,7 +23,7 @@ std::string FixedPath(std::string_view text);
 bool FileExists(const std::string& path);
 bool FolderExists(const std::string& path);
 
-/// Creates the folder and its missing parents; an existing folder is no error.
+/// Creates the folder and its missing parents; an existing folder is not an error.
 void EnsureFolder(const std::string& path);
 
 std::uint64_t FileLength(const std::string& path);
@@ -48,8 +48,8 @@ std::vector<std::string> List(const std::string& folder,
 enum class EntryKind { File, Folder, Link };
 
 /// Calls `visit` with the name (not path) and kind of every entry of a folder, hidden ones too, in no
-/// order, while the system lists them. A link is a link wherever it leads. The name is good for the call
-/// only; entries must not be added or removed meanwhile; what `visit` throws ends the listing. A missing
+/// order, while the platform lists them. A link is a link wherever it leads. The name is valid during the
+/// call only; entries must not be added or removed meanwhile; what `visit` throws ends the listing. A missing
 /// folder has no entries.
 void ForEachEntry(const std::string& folder,
                   const std::function<void(std::string_view name, EntryKind kind)>& visit);
@@ -77,7 +77,7 @@ private:
     std::unique_ptr<std::ifstream> in_;
 };
 
-/// Writes beside the file and renames, so that the file holds the old or the new bytes, never a part.
+/// Writes under another name and renames, so that the file holds the old or the new bytes, never a part.
 /// After a failure nothing is left beside it.
 void WriteWhole(const std::string& path, std::string_view bytes);
 

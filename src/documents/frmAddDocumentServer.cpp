@@ -103,7 +103,7 @@ bool frmAddDocument::MayDelete(const clsDoc& document) {
                                  this) != Answer::Cancel;
 }
 
-/// Makes one change and shows what is there afterwards, also when it failed.
+/// Makes one change and shows what is there afterwards, even when it failed.
 ServerAnswer frmAddDocument::ChangeDocuments(const std::string& command, const std::string& failure,
                                              SelectedRow selected) {
     const HourglassPointer hourglass(desktop());

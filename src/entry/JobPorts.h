@@ -21,7 +21,7 @@ struct LookupPorts {
 struct JobPorts : LookupPorts {
     Imaging& imaging;
     const Clock& clock;
-    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
+    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this platform
 };
 
 }  // namespace lumarin

@@ -18,7 +18,7 @@ public:
 };
 
 /// Rows of a query, read forward from the first. Owned by the caller of `Execute`, and valid as long as
-/// it is kept, also after the service object is gone. Column names are not case-sensitive. Every operation
+/// it is kept, even after the service object is gone. Column names are not case-sensitive. Every operation
 /// may throw Error with the database's reason; an open recordset is closed also after that, and may then fail
 /// once more. The component reads recordsets through QueryRows only, which sees to both.
 class Recordset {
@@ -58,7 +58,7 @@ enum class UploadMode { Begin = 1, End = 2, Abort = 3 };
 enum class BatchKind { PhotoPackage = 2 };
 
 /// The service "PhotoInterface": one file at a time goes to the server. Call order: Begin with the
-/// file's name, its bytes in chunks, End; Abort with "" drops what was sent, also after End. A failure
+/// file's name, its bytes in chunks, End; Abort with "" drops what was sent, even after End. A failure
 /// to reach the server throws Error. It leaves open whether the server did the step and only its answer was
 /// lost: Abort follows then, and drops nothing where this object has nothing at the server.
 class PhotoInterface : public HostService {

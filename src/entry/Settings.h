@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-/// The component's settings: INI files in the system's single-byte code page, or in UTF-8 where the file says
-/// so, with the rules of the platform's private-profile operations. Section and key names are not
+/// The component's settings: INI files in the platform's single-byte code page, or in UTF-8 where the file
+/// says so, with the rules of the platform's private-profile operations. Section and key names are not
 /// case-sensitive; blanks around keys and values are dropped, as is one pair of quotes around a value.
 namespace lumarin::settings {
 

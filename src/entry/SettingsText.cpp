@@ -37,7 +37,7 @@ std::string_view EndOf(std::string_view line) {
     return line.substr(length == std::string_view::npos ? 0 : length + 1);
 }
 
-/// How new lines are ended: as the file does, and as the platform does where there is no telling.
+/// How new lines are ended: as the file does, and as the platform does where that cannot be known.
 std::string_view LineEnd(std::string_view bytes) {
     return bytes.find('\n') != std::string_view::npos && bytes.find("\r\n") == std::string_view::npos
                ? "\n"

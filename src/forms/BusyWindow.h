@@ -4,7 +4,7 @@
 
 namespace lumarin {
 
-/// A window that takes no input while the pointer is the hourglass, also when the work fails. `Interrupt`
+/// A window that takes no input while the pointer is the hourglass, even when the work fails. `Interrupt`
 /// gives both back for a question, until `Begin`.
 class BusyWindow {
 public:

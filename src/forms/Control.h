@@ -31,7 +31,7 @@ enum class ControlKind {
 };
 
 /// The front end's side of one control. A control calls it whenever its state changes, by code or by
-/// the user; the view reads the control and shows what it finds. List views tell more (ListView.h).
+/// the user; the view reads the control and shows what it finds. List views report more (ListView.h).
 class ControlView {
 public:
     virtual ~ControlView() = default;
@@ -83,7 +83,7 @@ public:
 
     void SetFocus();
 
-    /// For the front end: tells this view of changes; null detaches. The view is not owned.
+    /// For the front end: changes are reported to this view; null detaches. The view is not owned.
     void Attach(ControlView* view) { view_ = view; }
 
     Event<> GotFocus, Resize;

@@ -228,7 +228,7 @@ public:
     void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
     void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
     void DropFiles(const std::vector<std::string>& paths);
-    /// Something that is no file of this machine was dropped: a web address, a text.
+    /// Something other than a file of this machine was dropped: a web address, a text.
     void DropOther() { Raise("OLEDragDrop", OtherDropped); }
 
     Event<Mouse> MouseDown, MouseMove, MouseUp;

@@ -20,7 +20,7 @@ enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Modality { Application, System };
 
 /// The button that was pressed, with the platform's numbers. Closing a question, by Escape or by its frame,
-/// answers Cancel, also where it has no such button: a caller destroys nothing on Cancel.
+/// answers Cancel, even where it has no such button: a caller destroys nothing on Cancel.
 enum class Answer { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
 
 /// A message box. A system-modal one stays above every window of the screen.

@@ -100,7 +100,7 @@ bool Form::Unload(CloseReason reason) {
     }
     bool closes = true;
     Guarded("QueryUnload", [&] { closes = OnQueryClose(reason); });
-    // The question may have ended in the window's unloading already: the host does so when it is told.
+    // The question may have ended in the window's unloading already: the host does so when it hears of it.
     if (!loaded_) return true;
     if (!closes) return false;
     if (view_ != nullptr) view_->TellPlace();
@@ -129,7 +129,7 @@ bool Form::Guarded(std::string_view command, const std::function<void()>& work) 
     } catch (const std::exception& error) {
         try {
             ReportError(name_ + "-" + std::string(command), error);
-        } catch (...) {  // the report itself failed: there is nobody left to tell
+        } catch (...) {  // the report itself failed: nobody is left to be told
         }
     } catch (...) {
     }

@@ -12,12 +12,12 @@ namespace lumarin {
 /// a moment later: laying out a long list for each portion would cost more than finding its rows.
 enum class MoreRows { No, Follow };
 
-/// The front end's side of a list view: it is told exactly what changed, so that a long list stays cheap.
+/// The front end's side of a list view: it hears exactly what changed, so that a long list stays cheap.
 class ListViewView : public ControlView {
 public:
     virtual void RowInserted(int row) = 0;
     /// Rows at the end of the list, from `first` on; they are in the list already. None when the list only
-    /// tells that no more follow.
+    /// says that no more follow.
     virtual void RowsAdded(int first, MoreRows more) = 0;
     virtual void RowRemoved(int row) = 0;
     virtual void RowChanged(int row) = 0;
@@ -58,7 +58,7 @@ public:
 
     /// Inserts in order when the list is kept sorted, else at the end. Returns where it stands.
     int AddRow(const Row& row);
-    /// Adds many rows as `AddRow` would add each, and tells the front end once. `Follow` is a promise of
+    /// Adds many rows as `AddRow` would add each, and notifies the front end once. `Follow` is a promise of
     /// another call, which may be one without rows.
     void AddRows(std::vector<PackedRow> rows, MoreRows more = MoreRows::No);
     void InsertRow(int at, const Row& row);
@@ -100,7 +100,7 @@ public:
     void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
     void DoubleClicked() { Raise("DblClick", DoubleClick); }
     void DropFiles(const std::vector<std::string>& paths);
-    /// Something that is no file of this machine was dropped: a web address, a text.
+    /// Something other than a file of this machine was dropped: a web address, a text.
     void DropOther() { Raise("OLEDragDrop", OtherDropped); }
 
     Event<int> ItemClick, ColumnClick;

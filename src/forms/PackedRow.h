@@ -26,7 +26,7 @@ public:
     PackedRow(const ListRow& row);  // NOLINT(google-explicit-constructor): a row is a row
 
     /// Column 0 is the row's text, the others its sub-items; "" for a column that the row does not fill.
-    /// Good as long as the row is.
+    /// Valid as long as the row is.
     std::string_view Cell(int column) const;
     ListRow Unpacked() const;
 

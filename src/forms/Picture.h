@@ -6,7 +6,7 @@
 
 namespace lumarin {
 
-/// A picture in memory: 24 bits a pixel, red, green, blue, rows from the top without padding.
+/// A picture in memory: 24 bits per pixel, red, green, blue, rows from the top without padding.
 struct Picture {
     int width = 0;   ///< pixels
     int height = 0;  ///< pixels

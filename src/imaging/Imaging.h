@@ -79,7 +79,7 @@ public:
     virtual int Height() const = 0;
     /// Of a TIFF file; 1 for every other picture.
     virtual int PageCount() const = 0;
-    /// Whether the source is a JPEG file of 24 bits a pixel, stored upright.
+    /// Whether the source is a JPEG file of 24 bits per pixel, stored upright.
     virtual bool IsPlainJpeg() const = 0;
 
     /// The picture resampled to exactly this size, decoding no more than that takes.
@@ -89,7 +89,7 @@ public:
     /// the picture cannot be read to its end or the file not written.
     virtual void Capture(const CaptureOrder& order, const std::string& destination) = 0;
 
-    /// Writes the page as a PNG file without metadata: 24 bits, 8 bits grey or 1 bit a pixel. Throws as
+    /// Writes the page as a PNG file without metadata: 24 bits, 8 bits grey or 1 bit per pixel. Throws as
     /// `Capture`.
     virtual void WritePage(const PageOrder& order, const std::string& destination) = 0;
 };

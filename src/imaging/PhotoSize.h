@@ -15,7 +15,7 @@ struct PhotoSize {
 };
 
 /// Reads "width,height,quality,bytes[,unused[,marker text]]". Throws IndexError when one of the four
-/// numbers is missing, Error when one is no number or the size is not that of a photo.
+/// numbers is missing, Error when one is not a number or the size is not that of a photo.
 PhotoSize ParsePhotoSize(const std::string& setting);
 
 }  // namespace lumarin

@@ -12,7 +12,7 @@ namespace lumarin {
 
 bool HasProcessedMarker(std::string_view file);
 
-/// The JPEG file's bytes with the mark. Throws ImagingError when they are no JPEG.
+/// The JPEG file's bytes with the mark. Throws ImagingError when they are not a JPEG.
 std::string WithProcessedMarker(const std::string& jpeg);
 
 /// `SourcePicture::Capture` of a marked photo. The destination appears whole, with its mark, or not at all.

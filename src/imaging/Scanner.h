@@ -49,7 +49,7 @@ enum class ScanOutcome { Finished, Cancelled };
 /// window can let its pending events run.
 using WhileWaiting = std::function<bool()>;
 
-/// What an acquisition tells; all on the caller's thread. Each may be empty, and may throw: the acquisition
+/// What an acquisition reports; all on the caller's thread. Each may be empty, and may throw: the acquisition
 /// then ends and the exception passes through.
 struct ScanEvents {
     WhileWaiting whileWaiting;

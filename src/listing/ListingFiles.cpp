@@ -74,7 +74,8 @@ std::string FolderAside(const std::string& folder, Taken taken) {
 void GiveUp(const std::string& folder, std::int32_t listNum) {
     const std::string state = folder + StateName(listNum);
     if (files::FileExists(state)) files::Delete(state);
-    // Without a state the rest is no unsent work any more; what is left of it goes at the next load or send.
+    // Without a state the rest no longer counts as unsent work; what is left of it goes at the next load or
+    // send.
     TryDeleteAll(folder, listNum);
     try {
         for (const std::string& name :

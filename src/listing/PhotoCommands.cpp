@@ -4,7 +4,7 @@
 #include "listing/clsPMListingRec.h"
 
 // Adding, moving and removing photos. File names always follow the display order, so any change of order
-// renames files; between two renames the journal tells a later run what was meant.
+// renames files; between two renames the journal lets a later run know what was meant.
 
 namespace lumarin {
 
@@ -42,7 +42,7 @@ PhotoResult clsPMListingRec::AddPhoto(const std::string& source, CropMode mode, 
     entry.DescCode = chosen ? std::to_string(cropWindow_->ChosenViewData()) : DefaultDescriptionCode;
     entry.DescText = chosen ? cropWindow_->ChosenView() : descriptions_->Text(DefaultDescriptionCode);
     entry.SentLetter.clear();
-    // By size alone: two different pictures of one length count as duplicates, and the server tells
+    // By size alone: two different pictures of one length count as duplicates, and the server distinguishes
     // changed photos from unchanged ones by nothing else.
     if (IsDuplicate(path)) {
         files::Delete(path);
@@ -83,7 +83,7 @@ bool clsPMListingRec::Settle() {
     return true;
 }
 
-/// What the journal tells of the interrupted change is finished or undone, now or as soon as it can be.
+/// What the journal says about the interrupted change is finished or undone, now or as soon as it can be.
 void clsPMListingRec::Interrupted() noexcept {
     interrupted_ = true;
     try {

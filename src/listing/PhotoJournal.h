@@ -5,7 +5,7 @@
 
 #include "listing/ListingState.h"
 
-/// Keeps changes that the state file does not tell. The state file is written at load, at the start of
+/// Keeps changes that the state file does not hold. The state file is written at load, at the start of
 /// each add and during an upload, not by a move, a removal or a finished add; the journal N.jnl holds the
 /// state as of the last such change, and while photo files are being renamed also what is under way. A
 /// program killed at any moment is so taken up where it was. Saving the state file ends the journal, unless
@@ -28,7 +28,7 @@ struct Entry {
 
 void Write(const std::string& folder, const Entry& entry);
 
-/// Ends the journal; a missing one is no error.
+/// Ends the journal; a missing one is not an error.
 void Remove(const std::string& folder, std::int32_t listNum);
 
 /// What an earlier run left of a listing.

@@ -21,7 +21,7 @@ enum class LoadResult { Loaded, Failed };
 
 /// One listing whose photos are edited: its state, its files in the working folder, and its row in the
 /// owner's listing list. Photo positions are counted from 0. File errors reach the caller as FileError;
-/// what was done before stays consistent on disk, also when the program is killed (PhotoJournal.h).
+/// what was done before stays consistent on disk, even when the program is killed (PhotoJournal.h).
 /// The owner, the description table and the crop window outlive the record or its `CloseListing`.
 class clsPMListingRec {
 public:
@@ -30,7 +30,7 @@ public:
     /// Fills the owner's photo list with this listing's photos and shows the first.
     void ShowPhotos();
 
-    /// Loads the listing from the host's database with its published photos. Failed when the number is no
+    /// Loads the listing from the host's database with its published photos. Failed when the number is not a
     /// listing number, there is no such listing or the user may not open it. Throws DatabaseError when the
     /// database fails, and Error for a photo that the host cannot give or a disk that takes nothing. However
     /// a load fails, nothing that it fetched is left in the folder.

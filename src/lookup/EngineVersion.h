@@ -16,13 +16,13 @@ public:
     };
 
     virtual ~EngineVersion() = default;
-    /// The folder of the system's own files, without a separator at its end; "" when there is none.
+    /// The folder of the platform's own files, without a separator at its end; "" when there is none.
     virtual std::string SystemFolder() const = 0;
     /// False when the file, or its version, is not available; `version` is untouched then.
     virtual bool FileVersion(const std::string& path, Version& version) const = 0;
 };
 
-/// For systems that keep no versions in program files.
+/// For platforms that keep no versions in program files.
 class NoEngineVersion final : public EngineVersion {
 public:
     std::string SystemFolder() const override { return {}; }

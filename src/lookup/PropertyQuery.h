@@ -59,7 +59,7 @@ public:
     /// The comparison for a typed text; "" for a method that there is not.
     std::string Fragment(int method, const std::string& text) const;
 
-    /// The SELECT that finds the offices of an office's company, one `OffOfficeId` a row.
+    /// The SELECT that finds the offices of an office's company, one `OffOfficeId` per row.
     static std::string CompanyOffices(const std::string& officeId, const clsSQLQuote& quote);
 
 private:

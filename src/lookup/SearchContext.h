@@ -31,7 +31,7 @@ struct SearchModeTraits {
 
 const SearchModeTraits& TraitsOf(SearchMode mode);
 
-/// A column of the result list beside the key column, and the field that fills it.
+/// A column of the result list besides the key column, and the field that fills it.
 struct ResultColumn {
     std::string heading;
     std::string field;

@@ -38,7 +38,7 @@ std::string PositionText(const Rect& window) {
 WindowSettings ReadWindowSettings(const VelCommon& host) {
     WindowSettings read;
     read.photoSize = settings::ReadText(CityInfo(host), OwnSection, "Photo Size", "480,300,35,35000,4");
-    // Kept for the whole installation although each user switches it for himself: that is deliberate.
+    // Kept for the whole installation although each user switches it separately: that is deliberate.
     read.filePreview = text::EqualsIgnoringCase(
         settings::ReadText(CityInfo(host), OwnSection, "FilePreview", "True"), "True");
     read.photoMaximum = std::clamp(settings::ReadInteger(CityInfo(host), OwnSection, "Photo Maximum", 4), 0,

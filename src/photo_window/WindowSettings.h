@@ -22,7 +22,8 @@ WindowSettings ReadWindowSettings(const VelCommon& host);
 void WriteFilePreview(const VelCommon& host, bool filePreview);
 
 /// The stored position ("left,top" in twips), pulled back where the window would pass the right or bottom
-/// edge of the screen. Only left and top of the result count. A text that is no position gives the default.
+/// edge of the screen. Only left and top of the result count. A text that is not a position gives the
+/// default.
 Rect PositionOnScreen(const std::string& position, const Rect& window, Size screen);
 
 /// Whether the window stands where the stored position says, pulled back or not.

@@ -286,7 +286,7 @@ PicturePtr frmLumarin::LoadPhoto(const std::string& path) {
     try {
         return std::make_shared<const Picture>(ports_.imaging.Thumbnail(path, PreviewPixels));
     } catch (const Error&) {
-        return nullptr;  // the list still names the photo; sending tells what is wrong with its file
+        return nullptr;  // the list still names the photo; sending reports what is wrong with its file
     }
 }
 

@@ -46,13 +46,13 @@ public:
     /// command and while another one runs.
     virtual void Execute(const std::string& command) = 0;
 
-    /// Tells what has happened since; to be called about twenty times a second while a command runs.
+    /// Reports what has happened since; to be called about twenty times a second while a command runs.
     virtual void Poll() = 0;
 
     /// Why the last command failed.
     virtual const FtpFailure& Failure() const = 0;
 
-    /// Ends the command that runs, if any, about which nothing is told any more, and lets go of the
+    /// Ends the command that runs, if any, about which nothing more is reported, and lets go of the
     /// connection. A file that was on its way may be there in part. Returns at once.
     virtual void Cancel() = 0;
 };

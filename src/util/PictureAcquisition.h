@@ -16,7 +16,7 @@ void AcquirePictures(Desktop& desktop, Form& window, Scanner& scanner, const Sca
 /// Asks whether there is another original to be put on the glass.
 AfterPage AskForNextPicture(Desktop& desktop, const Form& window);
 
-/// Lets the user choose the source to acquire from; `current` when he cancelled, or there is none.
+/// Lets the user choose the source to acquire from; `current` when the user cancelled, or there is none.
 std::string ChooseSource(Desktop& desktop, const Form& window, Scanner& scanner, const std::string& current);
 
 }  // namespace lumarin

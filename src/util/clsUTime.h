@@ -26,8 +26,8 @@ public:
     /// The machine's clock, whatever its zone.
     static UtcTime Now();
 
-    /// Throws ApplicationError for what is no date or time of the years 1 to 9999. The hour that the end of
-    /// summer time repeats is taken as summer time; the one that its beginning leaves out as standard time
+    /// Throws ApplicationError for what is not a date or time of the years 1 to 9999. The hour that the end
+    /// of summer time repeats is taken as summer time; the one that its beginning leaves out as standard time
     /// (02:30 is 03:30).
     UtcTime ToUtc(const LocalTime& local) const;
 

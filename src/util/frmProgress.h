@@ -23,7 +23,7 @@ public:
     Label lblElapsedTime{*this, "lblElapsedTime"}, lblTime{*this, "lblTime"};
     Button cmdCancel{*this, "cmdCancel"};
 
-    /// Starts the time anew and shows the window; `OwnerForm` may be null. Throws Error without a host.
+    /// Restarts the time and shows the window; `OwnerForm` may be null. Throws Error without a host.
     void Display(ShowMode Modal, const OwnerWindow* OwnerForm);
 
     /// Whether the user has cancelled since `Display`.

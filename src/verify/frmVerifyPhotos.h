@@ -15,7 +15,7 @@ namespace lumarin {
 
 /// Brings the host's photo store in line with the database: deletes the photos that no listing needs any
 /// more and has the host fetch the missing ones. The run takes place inside the click of cmdStart; the
-/// outcome, also a failure or the user's cancel, is told in lblStatus and never by a message box.
+/// outcome, including a failure or the user's cancel, is reported in lblStatus and never by a message box.
 class frmVerifyPhotos : public Form {
 public:
     /// `host` must outlive the window.

@@ -16,7 +16,7 @@ struct ListingsFolder : testing::TemporaryFolder {
     ListingsFolder() { reliability::Workplace::AddListings(Path(), {Good, "100124"}); }
 };
 
-/// An agent with one photo of listing 100123, and then all that can go wrong beside it.
+/// An agent with one photo of listing 100123, and then all that can go wrong besides.
 class SweepTest : ListingsFolder, public ::testing::Test, protected reliability::Workplace {
 protected:
     SweepTest() : Workplace(Path()) {
@@ -41,7 +41,7 @@ protected:
         goodPhoto = files::ReadAll(working + Good + "a.jpg");
     }
 
-    /// The file under every strange name, things that are no files, and nothing at all.
+    /// The file under every strange name, things that are not files, and nothing at all.
     std::vector<std::string> StrangePaths(const std::string& file, const std::string& ending) const {
         std::vector<std::string> paths;
         const auto path = [&](const std::string& name) { return paths.emplace_back(incoming + name); };

@@ -34,7 +34,7 @@ protected:
         description.security = security;
         ftp.SetServer(description);
     }
-    /// "sent", or what the user would be told.
+    /// "sent", or the message that the user would see.
     static std::string Send(CurlFtp& ftp, const std::string& local, const std::string& remote) {
         std::optional<FtpState> state;
         ftp.StateChanged = [&](FtpState changed) { state = changed; };

@@ -134,7 +134,7 @@ TEST_F(StageTest, Drop_FilesAndOtherThings_AreToldApart) {
 }
 
 TEST(Conversions, Picture_ThereAndBack_KeepsPixelsWithoutPadding) {
-    // 5 pixels of 3 bytes are no multiple of 4, as the toolkit's own rows are.
+    // 5 pixels of 3 bytes are not a multiple of 4, as the toolkit's own rows are.
     Picture picture{5, 2, {}};
     for (int i = 0; i < 30; ++i) picture.pixels.push_back(static_cast<std::uint8_t>(i * 8));
     EXPECT_EQ(qt::ToPicture(qt::ToImage(std::make_shared<Picture>(picture)).copy()).pixels, picture.pixels);

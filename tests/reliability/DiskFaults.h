@@ -16,7 +16,7 @@ enum class Kind {
     KilledHalf  ///< the program is killed in the middle of that call, or behind it if it has no middle
 };
 
-/// Counting starts anew; the fault happens at the call of this number, from 1. `folder` ends in a separator.
+/// Counting starts again; the fault happens at the call of this number, from 1. `folder` ends in a separator.
 void Begin(const std::string& folder, Kind kind, int call);
 /// Until the next call nothing is counted and nothing goes wrong.
 void Pause(bool paused);

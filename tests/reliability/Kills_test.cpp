@@ -14,7 +14,7 @@
 #include "reliability/Workplace.h"
 
 // One program after the other works on the same data folder, does what a seeded agent does, and is killed at
-// a random call by which it changes a file. It tells what it has finished in a report; the next one looks
+// a random call by which it changes a file. It notes in a report what it has finished; the next one looks
 // whether all that is there.
 
 namespace lumarin::reliability {
@@ -23,7 +23,7 @@ namespace lumarin::reliability {
 using Known = Photos;
 using ::testing::PrintToString;
 
-/// What the programs before this one told: what was finished, and what was begun then; "" for nothing.
+/// What the programs before this one reported: what was finished, and what was begun then; "" for nothing.
 struct Story {
     Known finished = {{"documents", {}}, {"draft", {"0"}}};
     std::string begun = {};
@@ -200,7 +200,7 @@ unsigned Setting(const char* name, unsigned usual) {
     return value == nullptr ? usual : static_cast<unsigned>(std::strtoul(value, nullptr, 10));
 }
 
-/// Runs one program; says whether it was killed. What it told goes into the story.
+/// Runs one program; says whether it was killed. What it reported goes into the story.
 bool RunOne(const std::string& folder, const std::string& scratch, unsigned seed, Story& story) {
     const std::string report = scratch + "report";
     const int reportFile = open(report.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);

@@ -110,7 +110,7 @@ protected:
             for (std::size_t i = 0; i < photos.size(); ++i)
                 EXPECT_TRUE(photos[i].ends_with(":" + agent->LocalCopy(listing, static_cast<int>(i) + 1)));
     }
-    /// Does again, with the fault gone, what was told to have failed before; nothing is told of that.
+    /// Does again, with the fault gone, what was reported as failed before; that itself is not reported.
     template <class Act>
     void ExpectWorksNow(Act act) {
         const std::size_t told = agent->Told();

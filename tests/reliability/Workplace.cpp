@@ -31,7 +31,7 @@ constexpr const char* Settings =
            setenv("TMPDIR", "/dev/shm", 0) == 0;
 }();
 
-/// What the agent answers to a question that belongs to what he does.
+/// What the agent answers to a question that belongs to the work at hand.
 std::optional<Answer> AnswerTo(const Message& message) {
     const std::pair<const char*, Answer> beginnings[] = {
         {"Do you really want to remove all the photos from listing - ", Answer::No},
@@ -121,8 +121,7 @@ void Workplace::BuildTwoPages(frmMakePDF& builder) {
 void Workplace::Open() {
     window.reset();
     try {
-        auto opened =
-            std::make_unique<frmLumarin>(PhotoWindowPorts{Ports(), archiver});
+        auto opened = std::make_unique<frmLumarin>(PhotoWindowPorts{Ports(), archiver});
         opened->Init(1);
         opened->Show(nullptr);
         window = std::move(opened);
@@ -148,8 +147,7 @@ void Workplace::AddLarge() {
 
 void Workplace::OpenDocuments() {
     documents.reset();
-    documents =
-        std::make_unique<frmAddDocument>(DocumentPorts{Ports(), pdf});
+    documents = std::make_unique<frmAddDocument>(DocumentPorts{Ports(), pdf});
     documents->Init(2);
     documents->Show(nullptr);
 }

@@ -48,7 +48,8 @@ public:
 
     explicit Workplace(const std::string& dataFolder);
 
-    /// The photo window, again when it was open before. When it cannot be opened, that is told as a message.
+    /// The photo window, again when it was open before. When it cannot be opened, that is reported as a
+    /// message.
     void Open();
     void Load(const std::string& listing) {
         window->txtID.SetText(listing);

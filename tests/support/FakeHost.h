@@ -25,7 +25,7 @@ struct FakeTable {
     std::vector<std::vector<FakeField>> rows;
 };
 
-/// A host in a temporary folder: what it is asked is answered from public members, what it is told is kept.
+/// A host in a temporary folder: what it is asked is answered from public members, what it is given is kept.
 class FakeHost final : public VelCommon, private HostMainForm, private lumarin::ServiceBroker {
 public:
     FakeHost();

@@ -6,7 +6,7 @@
 
 #include "platform/qt/adapters/ControlAdapter.h"
 
-/// One adapter a control kind. `Fits` says whether a widget can show the control; the makers expect that
+/// One adapter per control kind. `Fits` says whether a widget can show the control; the makers expect that
 /// it does. A kind without a widget in the design gets one that the adapter makes in the window.
 namespace lumarin::qt {
 

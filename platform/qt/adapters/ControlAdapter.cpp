@@ -96,7 +96,7 @@ void ControlAdapter::ShowLabelsOf(const QWidget& widget, bool visible) const {
 void ControlAdapter::ShowBounds() { widget_.setGeometry(ToPixels(control_->Bounds())); }
 
 void ControlAdapter::ReportPlace() {
-    // Only a real change is told: what the code has set in twips stays exact.
+    // Only a real change is reported: what the code has set in twips stays exact.
     if (control_ == nullptr || placedBy_ == PlacedBy::Code) return;
     if (ToPixels(control_->Bounds()) != widget_.geometry()) control_->Placed(ToTwips(widget_.geometry()));
 }

@@ -14,9 +14,9 @@ namespace lumarin::qt {
 /// Who says where a control stands.
 enum class PlacedBy { Layout, Code };
 
-/// Connects one control with one widget: shows the control's state in the widget and tells the control
+/// Connects one control with one widget: shows the control's state in the widget and reports to the control
 /// what the user does. The control may go while the widget still lives, so an adapter looks at `Target`
-/// anew after everything that can run a handler.
+/// again after everything that can run a handler.
 class ControlAdapter : public QObject {
 public:
     ControlAdapter(Control& control, QWidget& widget);

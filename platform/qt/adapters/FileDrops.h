@@ -8,10 +8,10 @@
 namespace lumarin::qt {
 
 /// Drags of files over a widget that accepts drops. True when `event` belongs to a drag; dropped files are
-/// then in `dropped`. Anything may be dropped, so that a person is told why it cannot be used.
+/// then in `dropped`. Anything may be dropped, so that the user can be told why it cannot be used.
 bool HandleFileDrag(QEvent& event, std::vector<std::string>& dropped);
 
-/// The same for a control that takes drops: it is told what was dropped.
+/// The same for a control that takes drops: it hears what was dropped.
 template <class Target>
 bool HandleDrag(QEvent& event, Target& target) {
     std::vector<std::string> dropped;

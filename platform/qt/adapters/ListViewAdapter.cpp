@@ -185,14 +185,14 @@ std::vector<int> ListViewAdapter::RowsInView() const {
 }
 
 void ListViewAdapter::InsertRow(int row) {
-    applying_ = true;  // the selection moves with its row, which is no choice
+    applying_ = true;  // the selection moves with its row, which is not a choice
     model_->RowInserted(row);
     applying_ = false;
     FitColumnsLater();
 }
 
-/// The first rows are seen at once. The view lays all its rows out anew whenever some are added, so while
-/// more follow it is told of them the more rarely the more there are.
+/// The first rows are seen at once. The view lays out all its rows again whenever some are added, so while
+/// more follow it hears of them the more rarely the more there are.
 void ListViewAdapter::AddRows(int first, MoreRows more) {
     if (first > 0 && more == MoreRows::Follow) {
         if (!catchUp_.isActive()) catchUp_.start(std::max(ShortestLag, first / RowsPerLag));

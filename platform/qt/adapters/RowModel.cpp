@@ -71,7 +71,7 @@ Qt::ItemFlags RowModel::flags(const QModelIndex& index) const {
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
-    // A removal is told after the fact: until then the view may still ask for the row that went.
+    // A removal is reported after the fact: until then the view may still ask for the row that went.
     if (list_ == nullptr || !index.isValid() || index.row() >= list_->Count()) return {};
     if (role == Qt::DisplayRole) return ToQt(list_->Cell(index.row(), index.column()));
     if (role == Qt::TextAlignmentRole) return Alignment(index.column());

@@ -9,7 +9,7 @@ namespace lumarin::qt {
 
 /// A list view's rows for a tree view. It holds no copy of them: it counts the rows that the view knows
 /// of, and reads texts from the control when they are painted. Those are the first rows of the control:
-/// what was added at its end need not be told at once.
+/// what was added at its end need not be reported at once.
 class RowModel final : public QAbstractTableModel {
 public:
     RowModel(const ListView& list, QObject* parent);

@@ -7,7 +7,7 @@
 
 namespace lumarin::qt {
 
-/// Small pictures of picture files, made when they are asked for. One is made anew when its file has
+/// Small pictures of picture files, made when they are asked for. One is made again when its file has
 /// changed.
 class Thumbnails {
 public:

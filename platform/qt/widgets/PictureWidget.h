@@ -31,7 +31,7 @@ private:
     void PaintIcon();
 
     PicturePtr picture_;
-    QPixmap scaled_;  ///< at the size it was last painted; null when it must be made anew
+    QPixmap scaled_;  ///< at the size it was last painted; null when it must be made again
     QIcon icon_;
     IconUse iconUse_ = IconUse::PlaceHolder;
 };

@@ -9,7 +9,7 @@ namespace lumarin {
 
 namespace {
 
-/// 8.5 x 14 inches at 150 dots an inch, and at 300.
+/// 8.5 x 14 inches at 150 dots per inch, and at 300.
 constexpr PixelSize NormalLimit{1275, 2100};
 constexpr PixelSize FineLimit{2550, 4200};
 

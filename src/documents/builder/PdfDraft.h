@@ -8,7 +8,7 @@
 
 namespace lumarin {
 
-/// A document that is being built, as it is kept beside its PDF file for the case that the program ends. It
+/// A document that is being built, as it is kept beside its PDF file in case the program ends. It
 /// is written before its PDF file, which follows by one page or more.
 struct PdfDraft {
     struct Page {
@@ -33,7 +33,7 @@ struct PdfDraft {
     std::string PageCountText() const;
 };
 
-/// One text of lines "key=value". `ParseDraft` takes any bytes; nothing for those that are no draft. It
+/// One text of lines "key=value". `ParseDraft` takes any bytes; nothing for those that are not a draft. It
 /// passes over keys that it does not know.
 std::string DraftText(const PdfDraft& draft);
 std::optional<PdfDraft> ParseDraft(const std::string& text);

@@ -32,7 +32,7 @@ inline constexpr std::int64_t PdfDocumentOverhead = 1024;
 inline constexpr std::int64_t PdfPropertyOverhead = 8;
 
 /// Port: the PDF library, which writes documents of pages with one picture each. Nothing throws: a
-/// function that fails answers 0 or `Failed`, leaves the file on disk as it was, and `LastFailure` tells
+/// function that fails answers 0 or `Failed`, leaves the file on disk as it was, and `LastFailure` says
 /// why. Call order for a page: page size, place, image, page size 0. A page whose image failed is left out,
 /// and the document goes on: its end fails too, and the next page may be begun at once. One thread, several
 /// documents, but a file only once at a time.
@@ -56,11 +56,11 @@ public:
     virtual PdfStatus AdultPdfSetFunction(PdfHandle handle, PdfFunction function, std::int32_t first,
                                           std::int32_t second, const std::string& third,
                                           const std::string& fourth) = 0;
-    /// Draws a PNG file at the place set before, one a page. The file is read here and may go afterwards.
+    /// Draws a PNG file at the place set before, one per page. The file is read here and may go afterwards.
     /// Damaged ones fail, and those with transparent parts or interlaced rows.
     virtual PdfStatus AdultPdfAddImage(PdfHandle handle, const std::string& imagePath) = 0;
     /// Writes the document whole, beside its file, and puts it in the file's place; a file that has
-    /// everything stays as it is. The handle is gone afterwards, also when this fails, as it does without a
+    /// everything stays as it is. The handle is gone afterwards, even when this fails, as it does without a
     /// single page.
     virtual PdfStatus AdultPdfClose(PdfHandle handle) = 0;
 

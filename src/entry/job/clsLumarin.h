@@ -15,7 +15,7 @@
 
 namespace lumarin {
 
-/// What the component needs of the platform; everything outlives the component's objects.
+/// The ports that the component needs; everything outlives the component's objects.
 struct ComponentPorts {
     Desktop& desktop;
     Imaging& imaging;
@@ -23,7 +23,7 @@ struct ComponentPorts {
     const Clock& clock;
     const EngineVersion& engine;
     PdfLibrary& pdf;
-    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this system
+    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this platform
 };
 
 /// The component's public class: one instance is one job with one window. Errors of host calls pass
@@ -37,13 +37,14 @@ public:
     clsLumarin& operator=(const clsLumarin&) = delete;
 
     /// Opens the job's window, owned by the host's main window, and returns at once. The tool stays
-    /// disabled until `UnloadObj`. Called once an instance. The services given by the last start, of
+    /// disabled until `UnloadObj`. Called once per instance. The services given by the last start, of
     /// whichever instance, are the ones that all windows of the component use from then on. A window that
-    /// closes itself at once is not shown; the host is then told by `EndJob`, as the last thing that is done.
+    /// closes itself at once is not shown; the host is then notified by `EndJob`, as the last thing that is
+    /// done.
     void Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& MenuButton);
 
     /// Ends the job: unloads the window and enables the tool again. It may be called from within
-    /// `VelCommon::EndJob`. A window that is just sending is told to stop, and goes when it has stopped.
+    /// `VelCommon::EndJob`. A window that is sending is asked to stop, and goes when it has stopped.
     /// Throws Error when nothing was started.
     void UnloadObj();
 
