@@ -92,7 +92,7 @@ void ListingDocuments::AddFile(const DocumentCommand& command, const DocumentSen
     uploads_.Drop(command.upload);
 }
 
-/// True when the listing has the file: its sender missed the answer, and may have described it anew since.
+/// True when the listing has the file: its sender missed the answer, and may have described it again since.
 bool ListingDocuments::TakeAsRepeated(const DocumentCommand& command, const std::string& digest) {
     Statement row(database_,
                   "UPDATE Documents SET DocDesc = ?1 WHERE DocID = (SELECT max(DocID) FROM Documents WHERE "

@@ -28,7 +28,7 @@ Object PictureContent(QPDF& pdf, const PageSize& page, const Placement& at) {
                                        " cm /Picture Do Q\n");
 }
 
-/// Pages that one group of the page tree holds. A page that is added writes its group anew and the list of
+/// Pages that one group of the page tree holds. A page that is added rewrites its group and the list of
 /// the groups, so that a document of many pages does not grow by the whole list each time.
 constexpr int GroupSize = 20;
 

@@ -4,7 +4,7 @@
 #   scripts/windows/dependencies.sh x86|x64 --print    prints the folders, separated by semicolons, and builds nothing;
 #                                                      exit code 1 when one is missing
 # Everything lies in ~/.cache/lumarin/windows (LUMARIN_WINDOWS_CACHE names another folder). Each library has a folder of
-# its own, named after its version and its recipe, so a changed recipe builds that library anew and nothing else.
+# its own, named after its version and its recipe, so a changed recipe rebuilds that library and nothing else.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 source "$here/recipe.sh"
