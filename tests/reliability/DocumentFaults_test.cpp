@@ -44,7 +44,7 @@ protected:
         if (!isDone) {
             EXPECT_EQ(agent->Documents(), held);
         }
-        if (!isDone || agent->HasDraftFiles())
+        if (!isDone || agent->DraftPages() > 0)
             ExpectWorksNow([&] {
                 agent->OpenDocuments();
                 change.act(*agent);

@@ -97,6 +97,7 @@ void Workplace::Play(Form& form) {
         prompt->txtPropertyId.SetText(documentsListing);
         prompt->cmdOK.Press();
     } else if (auto* typed = dynamic_cast<frmPromptLinkText*>(&form)) {
+        if (!typed->txtUrl.Text().empty()) return typed->cmdCancel.Press();  // refused, and asked for again
         typed->txtLinkText.SetText(linkText);
         typed->txtUrl.SetText(linkAddress);
         typed->cmdOK.Press();
