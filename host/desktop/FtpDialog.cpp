@@ -67,11 +67,11 @@ void FtpDialog::LayOut() {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     cmdSend_ = buttons->addButton("Se&nd", QDialogButtonBox::AcceptRole);
     cmdSend_->setObjectName("cmdSend");
-    cmdSend_->setDefault(true);
     buttons->button(QDialogButtonBox::Cancel)->setObjectName("cmdCancel");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     form->addRow(buttons);
+    cmdSend_->setDefault(true);  // once it is in the dialog, which would not learn of it before
     resize(UsualSize);
 }
 

@@ -25,8 +25,8 @@ FtpTool::FtpTool(lumarin::Desktop& desktop, lumarin::VelCommon& common, MainWind
 
 void FtpTool::Open() {
     FtpDialog dialog(desktop_, &mainWindow_);
-    while (dialog.exec() == QDialog::Accepted && Send(dialog.Order()) == lumarin::FtpOutcome::Failed) {
-    }
+    while (dialog.exec() == QDialog::Accepted && Send(dialog.Order()) == lumarin::FtpOutcome::Failed)
+        dialog.move(dialog.pos());  // where its frame stood, which the window system would put its inside at
 }
 
 lumarin::FtpOutcome FtpTool::Send(const lumarin::frmFTP::Order& order) {

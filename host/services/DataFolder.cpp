@@ -1,5 +1,7 @@
 #include "host/services/DataFolder.h"
 
+#include <filesystem>
+
 #include "base/Error.h"
 #include "base/Files.h"
 
@@ -17,8 +19,9 @@ constexpr const char* DefaultSettings =
     "SortNames=0\r\n"
     "DocMaxSize=8000\r\n";
 
+/// A link that leads nowhere is left alone: what it leads to may only be away.
 void WriteMissing(const std::string& path, const char* bytes) {
-    if (!files::FileExists(path)) files::WriteWhole(path, bytes);
+    if (!files::FileExists(path) && !std::filesystem::is_symlink(path)) files::WriteWhole(path, bytes);
 }
 
 }  // namespace

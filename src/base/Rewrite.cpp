@@ -4,6 +4,7 @@
 #include <charconv>
 #include <fstream>
 #include <optional>
+#include <utility>
 
 #include "base/Error.h"
 #include "base/FileSystem.h"
@@ -62,20 +63,26 @@ bool CanBeMade(const std::string& path) {
     return made.is_open() || (errno != EACCES && errno != EPERM && errno != EROFS);
 }
 
-/// The copy can be read by those who can read the file.
+/// The copy can be read by those who can read the file. There is none where the folder cannot be written, nor
+/// where somebody else's, which has served its time, cannot be replaced.
 void KeepChange(const std::string& path, std::string_view bytes) {
     const std::string unfinished = UnfinishedName(ChangeName(path));
-    if (!CanBeMade(unfinished)) return;
+    if (!TryDelete(ChangeName(path)) || !CanBeMade(unfinished)) return;
     std::error_code ignored;
     const fs::perms mode = fs::status(ToPath(path), ignored).permissions();
     fs::permissions(ToPath(unfinished), mode | fs::perms::owner_read | fs::perms::owner_write, ignored);
     WriteWhole(ChangeName(path), bytes);
 }
 
-void Overwrite(const std::string& path, std::string_view bytes) {
+std::fstream OpenToWrite(const std::string& path) {
     errno = 0;
     std::fstream out(ToPath(path), std::ios::binary | std::ios::in | std::ios::out);
     if (!out) throw FileError("write", path, LastReason());
+    return out;
+}
+
+void Overwrite(std::fstream out, const std::string& path, std::string_view bytes) {
+    errno = 0;
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     out.close();
     if (!out) throw FileError("write", path, LastReason());
@@ -91,7 +98,7 @@ void Make(const std::string& path, std::string_view bytes) {
     const fs::path target = fs::read_symlink(ToPath(path), ignored);
     if (target.empty()) return WriteWhole(path, bytes);
     std::ofstream(ToPath(path), std::ios::binary | std::ios::app).close();
-    Overwrite(path, bytes);
+    Overwrite(OpenToWrite(path), path, bytes);
 }
 
 }  // namespace
@@ -99,8 +106,9 @@ void Make(const std::string& path, std::string_view bytes) {
 void Rewrite(const std::string& path, std::string_view bytes) {
     if (!FileExists(path)) return Make(path, bytes);
     const std::string before = ReadRewritten(path);
+    std::fstream out = OpenToWrite(path);  // before a copy lies beside a file that cannot be written
     KeepChange(path, Packed(before, bytes));
-    Overwrite(path, bytes);
+    Overwrite(std::move(out), path, bytes);
     TryDelete(ChangeName(path));
 }
 
@@ -109,7 +117,7 @@ std::string ReadRewritten(const std::string& path) {
     const auto change = KeptChange(path);
     if (!change || !IsHalfMade(*change, bytes)) return bytes;
     try {
-        Overwrite(path, change->after);
+        Overwrite(OpenToWrite(path), path, change->after);
         TryDelete(ChangeName(path));
     } catch (const FileError&) {  // somebody else finishes it; here it counts as finished
     }

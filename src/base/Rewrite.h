@@ -8,7 +8,7 @@ namespace lumarin::files {
 
 /// Writes into the file itself, so that it keeps its owner, its mode and the links to it; a file that is not
 /// there is made. Where its folder can be written, a copy of the change lies beside it until all is written,
-/// and nothing is written without one. Throws FileError.
+/// and nothing is written without one. Of a file that cannot be written no copy is made. Throws FileError.
 void Rewrite(const std::string& path, std::string_view bytes);
 
 /// The bytes of a file that is written by `Rewrite`. A change that was interrupted in the middle counts as

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "entry/JobPorts.h"
 #include "entry/QueryRows.h"
 #include "forms/Controls.h"
 #include "forms/ListView.h"
-#include "entry/JobPorts.h"
 #include "lookup/EngineVersion.h"
 #include "lookup/PropertyQuery.h"
 

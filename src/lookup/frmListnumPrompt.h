@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "forms/Controls.h"
 #include "entry/JobPorts.h"
+#include "forms/Controls.h"
 #include "lookup/EngineVersion.h"
 
 namespace lumarin {

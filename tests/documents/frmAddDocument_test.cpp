@@ -10,8 +10,7 @@ class AddDocument : public testing::WindowTest {
 protected:
     AddDocument() {
         host.onQuery = [this](const std::string& sql) { return Answered(sql); };
-        window =
-            std::make_unique<frmAddDocument>(DocumentPorts{Ports(), pdf});
+        window = std::make_unique<frmAddDocument>(DocumentPorts{Ports(), pdf});
     }
 
     void WillType(const std::string& number) {

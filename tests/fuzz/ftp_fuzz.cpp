@@ -10,9 +10,8 @@ namespace {
 using namespace lumarin;
 
 bool IsHarmless(const std::string& text) {
-    return std::none_of(text.begin(), text.end(), [](char c) {
-        return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
-    });
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; });
 }
 
 template <class Work>

@@ -124,7 +124,7 @@ tool frmMain.SendFile
 set dlgSendFile.txtServer localhost:1
 press dlgSendFile.cmdAdd
 choose \"$0\"
-press dlgSendFile.cmdSend
+key dlgSendFile.txtServer Enter
 wait messageBox
 answer Cancel
 wait dlgSendFile

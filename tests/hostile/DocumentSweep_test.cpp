@@ -105,8 +105,7 @@ TEST_F(DocumentSweep, Pictures_AsPages_GiveAPageOrAMessageEach) {
                                        return message.text.find(path + "\n") != std::string::npos;
                                    });
             };
-            const auto refused =
-                static_cast<std::size_t>(std::count_if(paths.begin(), paths.end(), isNamed));
+            const auto refused = static_cast<std::size_t>(std::count_if(paths.begin(), paths.end(), isNamed));
             EXPECT_EQ(builder.lbmBM.Count() - pages + refused, paths.size()) << pictures[first].first;
             EXPECT_LE(desktop.messages.size() - messages, 1U) << "one box for all of an import";
         }

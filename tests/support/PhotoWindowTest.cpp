@@ -31,8 +31,7 @@ void PhotoWindowTest::GivenListing(std::int32_t number, const std::vector<std::s
 }
 
 void PhotoWindowTest::Open() {
-    window = std::make_unique<frmLumarin>(
-        PhotoWindowPorts{Ports(&scanner), archiver});
+    window = std::make_unique<frmLumarin>(PhotoWindowPorts{Ports(&scanner), archiver});
     window->Init(7);
     window->Show(nullptr);
 }

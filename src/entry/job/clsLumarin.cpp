@@ -25,12 +25,9 @@ clsLumarin::~clsLumarin() {
 }
 
 std::unique_ptr<JobWindow> clsLumarin::MakeWindow(int which) {
-    const JobPorts job{{ports_.desktop, ComponentHost(), ports_.engine},
-                       ports_.imaging,
-                       ports_.clock,
-                       ports_.scanner};
-    if (which == DocumentManager)
-        return std::make_unique<frmAddDocument>(DocumentPorts{job, ports_.pdf});
+    const JobPorts job{
+        {ports_.desktop, ComponentHost(), ports_.engine}, ports_.imaging, ports_.clock, ports_.scanner};
+    if (which == DocumentManager) return std::make_unique<frmAddDocument>(DocumentPorts{job, ports_.pdf});
     return std::make_unique<frmLumarin>(PhotoWindowPorts{job, ports_.archiver});
 }
 
