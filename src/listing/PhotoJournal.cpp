@@ -12,9 +12,11 @@ namespace lumarin::photo_journal {
 
 namespace {
 
-constexpr std::string_view Magic = "LJ1";
+constexpr std::string_view Magic = "LJ2";
+constexpr std::string_view MagicWithoutCheck = "LJ1";  ///< earlier versions wrote these
 constexpr const char* DamagedJournal = "its journal is damaged";
 constexpr std::size_t HeaderSize = 6;  // magic, operation, first, second
+constexpr std::size_t CheckSize = 4;
 
 class Recovery {
 public:
@@ -85,12 +87,30 @@ ListingState StateIn(std::string_view bytes) {
     }
 }
 
-Entry Decode(const std::string& bytes) {
-    if (bytes.size() < HeaderSize || bytes.compare(0, Magic.size(), Magic) != 0) Damaged(DamagedJournal);
+/// FNV-1a: every change of a single byte gives another number.
+std::string CheckOf(std::string_view bytes) {
+    std::uint32_t hash = 0x811C9DC5U;
+    for (const char c : bytes) hash = (hash ^ static_cast<unsigned char>(c)) * 0x01000193U;
+    std::string check;
+    for (unsigned shift = 0; shift < 32; shift += 8) check += static_cast<char>((hash >> shift) & 0xFFU);
+    return check;
+}
+
+std::string_view WithoutCheck(std::string_view bytes) {
+    if (bytes.starts_with(MagicWithoutCheck)) return bytes;
+    if (!bytes.starts_with(Magic) || bytes.size() < HeaderSize + CheckSize) Damaged(DamagedJournal);
+    const std::string_view checked = bytes.substr(0, bytes.size() - CheckSize);
+    if (bytes.substr(checked.size()) != CheckOf(checked)) Damaged(DamagedJournal);
+    return checked;
+}
+
+Entry Decode(std::string_view file) {
+    const std::string_view bytes = WithoutCheck(file);
+    if (bytes.size() < HeaderSize) Damaged(DamagedJournal);
     const Entry entry{.operation = static_cast<Operation>(bytes[3]),
                       .first = bytes[4],
                       .second = bytes[5],
-                      .state = StateIn(std::string_view(bytes).substr(HeaderSize))};
+                      .state = StateIn(bytes.substr(HeaderSize))};
     const auto isIndex = [](int index) { return index >= 0 && index < MaximumPhotoSlots; };
     if (entry.operation > Operation::Unchanged || !isIndex(entry.first) || !isIndex(entry.second))
         Damaged(DamagedJournal);
@@ -110,8 +130,8 @@ void Write(const std::string& folder, const Entry& entry) {
     bytes += static_cast<char>(entry.operation);
     bytes += static_cast<char>(entry.first);
     bytes += static_cast<char>(entry.second);
-    files::WriteWhole(folder + listing_files::JournalName(entry.state.ListNum),
-                      bytes + state_file::Encode(entry.state));
+    bytes += state_file::Encode(entry.state);
+    files::WriteWhole(folder + listing_files::JournalName(entry.state.ListNum), bytes + CheckOf(bytes));
 }
 
 void Remove(const std::string& folder, std::int32_t listNum) {

@@ -90,8 +90,15 @@ TEST_F(JournalTest, Remove_OfAFullListing_KilledAtOnce_IsFinished) {
 }
 
 TEST_F(JournalTest, Journal_Damaged_IsNotPassedOver) {
-    GivenState({"a"});
     GivenFile("a.jpg", "A");
+    GivenJournal(Operation::None, 0, 0, {"a"});
+    const std::string sound = files::ReadAll(folder.Path() + "5.jnl");
+    for (std::size_t at = 0; at <= sound.size(); ++at) {
+        std::string damaged = sound + '\0';
+        if (at < sound.size()) damaged.pop_back(), ++damaged[at];
+        GivenFile(".jnl", damaged);
+        EXPECT_THROW(Recovered(), Error) << at;
+    }
     const std::string state = state_file::Encode(StateOf({"z"}));
     for (const std::string& journal :
          {std::string("LJ1\x01\x7F\x7F", 6) + state, std::string("LJ1\x04\x00\x00", 6) + state,
