@@ -87,6 +87,15 @@ TEST_F(ListViewTest, User_MouseKeysAndHeader_RaiseTheirEvents) {
     EXPECT_EQ(events, "item 1 item 1 item 2 item 0 right ");
 
     events.clear();
+    form->lisRows.ItemClick = [&](int row) {
+        events += "item " + std::to_string(row) + " ";
+        if (row == 1) form->lisRows.Select(0);  // refused
+    };
+    for (int i = 0; i < 2; ++i) QTest::keyClick(&Tree(), Qt::Key_Down);
+    EXPECT_EQ(events, "item 1 item 0 item 1 item 0 ") << "one key chooses once";
+    EXPECT_EQ(Current() + form->lisRows.Selected(), 0);
+
+    events.clear();
     QTest::keyClick(&Tree(), Qt::Key_Delete);
     Click(0);
     const QPoint first = Tree().visualRect(Tree().model()->index(0, 0)).center();

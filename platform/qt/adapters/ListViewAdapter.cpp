@@ -58,6 +58,7 @@ private:
     void ShowState() override;
     void Release() override;
     bool WidgetEvent(QEvent& event) override;
+    bool KeyEvent(QKeyEvent& event);
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool ViewportEvent(QEvent& event);
 
@@ -81,7 +82,9 @@ private:
     RowModel* model_;
     bool applying_ = false;         ///< the selection changes because the code says so
     bool selectedByPress_ = false;  ///< the mouse press that runs now has selected a row already
-    QTimer catchUp_;                ///< runs while the view does not know of the last rows
+    bool keyRuns_ = false;
+    bool selectedByKey_ = false;  ///< the key press that runs now has selected a row already
+    QTimer catchUp_;              ///< runs while the view does not know of the last rows
     bool fitPending_ = false;
     bool sizedByUser_ = false;
 };
@@ -227,6 +230,8 @@ void ListViewAdapter::Reset() {
 
 void ListViewAdapter::UserSelected() {
     if (applying_ || Bound() == nullptr) return;
+    selectedByKey_ = keyRuns_;
+    if (keyRuns_) return;
     const std::vector<int> rows = RowsInView();
     // A click beside the rows chooses nothing else. Of several rows the last one can be given up.
     if (rows.empty() && !Bound()->MultiSelect()) return ShowSelection();
@@ -266,15 +271,25 @@ void ListViewAdapter::FitColumns() {
 }
 
 bool ListViewAdapter::WidgetEvent(QEvent& event) {
-    if (event.type() == QEvent::KeyPress) {
-        selectedByPress_ = false;
-        CatchUp();  // the key may mean the last row
-        const KeyDown key = ToKeyDown(static_cast<QKeyEvent&>(event));
-        return key.key != Key::None && Bound()->PressKey(key);
-    }
+    if (event.type() == QEvent::KeyPress) return KeyEvent(static_cast<QKeyEvent&>(event));
     if (event.type() == QEvent::ContextMenu) return AskForMenu(static_cast<QContextMenuEvent&>(event));
     if (event.type() == QEvent::Show) ShowPictureSize();
     return false;
+}
+
+/// For one key the view selects the row, makes it the current one and selects it again. The list hears of it
+/// once, when all that is done: only then can a choice that is refused be taken back.
+bool ListViewAdapter::KeyEvent(QKeyEvent& event) {
+    CatchUp();  // the key may mean the last row
+    const KeyDown key = ToKeyDown(event);
+    if (key.key != Key::None && Bound()->PressKey(key)) return true;
+    selectedByKey_ = false;
+    {
+        const Meanwhile running(keyRuns_, true);
+        static_cast<QObject&>(View()).event(&event);  // not sent: that would offer it to the window twice
+    }
+    if (selectedByKey_) UserSelected();
+    return true;
 }
 
 bool ListViewAdapter::eventFilter(QObject* watched, QEvent* event) {
