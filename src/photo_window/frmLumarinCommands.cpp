@@ -70,7 +70,13 @@ void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
                                      std::to_string(paths.size()));
         if (kind == ImportKind::SmartLoad && !EnterListingOfFile(paths[i], refused)) continue;
         if (current_ == nullptr) break;
-        if (current_->AddPhoto(paths[i], CropMode::File, paths.size() > 1) == PhotoResult::Cancel) break;
+        try {
+            if (current_->AddPhoto(paths[i], CropMode::File, paths.size() > 1) == PhotoResult::Cancel) break;
+        } catch (const Error& error) {  // the disk fails: the next file would fare no better
+            if (paths.size() == 1) throw;
+            for (; i < paths.size(); ++i) refused.Add(paths[i], error.Description());
+            break;
+        }
     }
     if (!refused.Empty())
         throw ApplicationError(kind == ImportKind::Open ? "frmLumarin-Open" : "frmLumarin-SmartLoad",
@@ -87,9 +93,13 @@ bool frmLumarin::EnterListingOfFile(const std::string& path, RefusedFiles& refus
         return false;
     }
     // A listing that was not found is not looked for again: that was said already.
-    const std::string notFound = "Listing " + number + " was not found.";
-    if (!refused.Names(notFound) && LookUpListing(number, "") == LookupResult::Found) return true;
-    refused.Add(path, notFound);
+    std::string reason = "Listing " + number + " was not found.";
+    try {
+        if (!refused.Names(reason) && LookUpListing(number, "") == LookupResult::Found) return true;
+    } catch (const Error& error) {  // found, but it cannot be loaded
+        reason = error.Description();
+    }
+    refused.Add(path, reason);
     return false;
 }
 

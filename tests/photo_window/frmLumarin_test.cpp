@@ -68,13 +68,14 @@ TEST_F(frmLumarinTest, Import_ThatFails_NoLongerCountsItsPictures) {
 TEST_F(frmLumarinTest, SmartLoad_FileNames_ChooseTheListing) {
     const char* taken[] = {"1234.jpg", "12345-front.jpg", "123456a"};
     std::string selection =
-        "/12345|123.jpg|1234567a.jpg|123456|a12345.jpg|99999x.jpg|99999y.jpg|55555bad.jpg";
+        "/12345|123.jpg|1234567a.jpg|123456|a12345.jpg|99999x.jpg|99999y.jpg|55555bad.jpg|44444x.jpg";
     for (const std::string name : taken) {
         selection += "|" + name;
         imaging.pictures["/12345/" + name] = {800, 500, false};
         GivenListing(std::stoi(name));
     }
     GivenListing(55555);
+    GivenListing(44444, std::vector<std::size_t>(27, 1));
     Open();
     WillCapture({300, 400, 500});
     desktop.Choose(Files(selection));
@@ -82,7 +83,9 @@ TEST_F(frmLumarinTest, SmartLoad_FileNames_ChooseTheListing) {
     desktop.Expect(
         "Not imported:\n\nThe name does not start with a listing number (4 to 6 digits, and something behind "
         "them).\n123.jpg\n1234567a.jpg\n123456\na12345.jpg\n\nListing 99999 was not found.\n99999x.jpg\n"
-        "99999y.jpg\n\nThe selected file is not a valid photo.\n55555bad.jpg",
+        "99999y.jpg\n\nThe selected file is not a valid photo.\n55555bad.jpg\n\n"
+        "Subscript out of range: 27, the database's PhotoCount of listing 44444, which can have 0 to 26 "
+        "photos\n44444x.jpg",
         "frmLumarin-SmartLoad");
     window->Menu.ClickTool("SmartLoad");
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"55555", "1234", "12345", "123456"}));
