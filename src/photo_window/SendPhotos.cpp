@@ -5,6 +5,7 @@
 #include "entry/QueryRows.h"
 #include "forms/BusyWindow.h"
 #include "listing/ListingFiles.h"
+#include "photo_window/Afterwards.h"
 #include "photo_window/PhotoPackage.h"
 #include "photo_window/PhotoUpload.h"
 #include "photo_window/frmLumarin.h"
@@ -159,27 +160,25 @@ void frmLumarin::EmptyWindow() {
         Menu.EnableTool(tool, false);
     UpdateListingCommands();
 
-    std::string unpublished;
-    for (const auto& [number, record] : records_) {
-        try {
-            record->CloseListing(LocalFiles::Keep, Publish::Yes);
-        } catch (const Error& error) {  // the server has the photos: only the host's own copy is missing
-            unpublished += "\n" + error.Description();
-        }
-    }
+    // The server has everything: whatever of the rest fails, all else is done.
+    Afterwards rest;
+    for (const auto& [number, record] : records_)
+        rest.Do([&] { record->CloseListing(LocalFiles::Keep, Publish::Yes); });
     records_.clear();
-    VelCommon& host = ports_.host.Common();
-    if (host.ReportsPhotoUpdates()) host.MainForm().Prog(0, 9);
-    ClearWorkingFolder();
-    if (!unpublished.empty())
+    rest.Do([this] {
+        VelCommon& host = ports_.host.Common();
+        if (host.ReportsPhotoUpdates()) host.MainForm().Prog(0, 9);
+    });
+    ClearWorkingFolder(rest);
+    if (!rest.Failures().empty())
         throw ApplicationError(
             "frmLumarin-SendPhotos",
-            "The photos were sent, but not all of them could be copied to the photo folder:" + unpublished);
+            "The sending is finished, but not all that follows it could be done:" + rest.Failures());
 }
 
 /// Empties the working folder but for listings whose saved work could not be read. What somebody else put
 /// there is set aside.
-void frmLumarin::ClearWorkingFolder() {
+void frmLumarin::ClearWorkingFolder(Afterwards& rest) {
     const auto isKept = [this](const std::string& name) {
         for (const auto& [state, reason] : unreadableStates_)
             if (name == state || (listing_files::ListingOf(state) &&
@@ -187,19 +186,23 @@ void frmLumarin::ClearWorkingFolder() {
                 return true;
         return false;
     };
-    const auto withoutKept = [&](const auto& wanted) {
-        return files::List(workingFolder_,
-                           [&](const std::string& name) { return wanted(name) && !isKept(name); });
+    const auto forEach = [&](const auto& wanted, const auto& step) {
+        rest.Do([&] {
+            for (const std::string& name : files::List(
+                     workingFolder_, [&](const std::string& file) { return wanted(file) && !isKept(file); }))
+                rest.Do([&] { step(name); });
+        });
     };
     const auto isState = [](const std::string& name) {
         return listing_files::ListingOf(name) && name.ends_with(".dat");
     };
+    const auto isOwn = [this](const std::string& name) { return IsOwnFile(name); };
+    const auto isOther = [this](const std::string& name) { return !IsOwnFile(name); };
+    const auto remove = [this](const std::string& name) { files::Delete(workingFolder_ + name); };
     // The states first: photos without one are not unsent work.
-    for (const std::string& name : withoutKept(isState)) files::Delete(workingFolder_ + name);
-    for (const std::string& name : withoutKept([this](const std::string& file) { return IsOwnFile(file); }))
-        files::Delete(workingFolder_ + name);
-    for (const std::string& name : withoutKept([](const std::string&) { return true; }))
-        listing_files::SetAside(workingFolder_, name);
+    forEach(isState, remove);
+    forEach(isOwn, remove);
+    forEach(isOther, [this](const std::string& name) { listing_files::SetAside(workingFolder_, name); });
 }
 
 /// False for a file that somebody else put into the working folder.

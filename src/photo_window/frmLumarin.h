@@ -24,6 +24,7 @@
 
 namespace lumarin {
 
+class Afterwards;
 class PhotoUpload;
 class RefusedFiles;
 
@@ -136,7 +137,7 @@ private:
                               const std::map<std::string, bool>& removalsConfirmed);
     void RestoreRecords();
     void EmptyWindow();
-    void ClearWorkingFolder();
+    void ClearWorkingFolder(Afterwards& rest);
     bool IsOwnFile(const std::string& name) const;
 
     PhotoWindowPorts ports_;

@@ -125,11 +125,14 @@ TEST_F(SendPhotosTest, Send_ListingsWithoutPhotos_AreAskedForOnceAndUnreadableWo
     EXPECT_EQ(WorkingFiles(), (std::set<std::string>{"100200.dat", "100200a.jpg"}));
 }
 
-TEST_F(SendPhotosTest, Send_AllRemovalsDeclined_SendsNothing) {
+TEST_F(SendPhotosTest, Send_AllRemovalsDeclined_SendsNothingAndEmptiesTheWindowWhateverFails) {
     OpenWith({"100124"});
+    host.reportsUpdates = true;
+    host.onProg = [] { throw Error(1, "host", "no list"); };
     desktop.Expect(RemoveAll + "100124", Answer::No);
+    desktop.Expect("The sending is finished, but not all that follows it could be done:\nno list");
     window->cmdSend.Press();
-    EXPECT_TRUE(host.uploads.empty());
+    EXPECT_TRUE(host.uploads.empty() && WorkingFiles().empty());
     EXPECT_EQ(window->RecList.Count(), 0);
 }
 

@@ -56,6 +56,7 @@ public:
     int switchValue = 0;
     std::vector<int> endedJobs;
     std::function<void(int)> onEndJob = [](int) {};
+    std::function<void()> onProg = [] {};
     std::vector<std::pair<int, int>> progCalls;
     int level = 10;
     std::string agent = "A101", office = "OF1", board = "1", managedOffices = ",OF1,'OF1',",
@@ -103,7 +104,10 @@ private:
     std::string PhotoFile(std::int32_t listNum, int number) const;
     void* NativeWindow() const override { return nullptr; }
     int Switch() const override { return switchValue; }
-    void Prog(int first, int second) override { progCalls.emplace_back(first, second); }
+    void Prog(int first, int second) override {
+        progCalls.emplace_back(first, second);
+        onProg();
+    }
     std::unique_ptr<HostService> GetClassInstance(const std::string& name) override;
 
     TemporaryFolder folder_;
