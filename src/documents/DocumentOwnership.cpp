@@ -28,17 +28,7 @@ std::optional<std::int32_t> TypedListingNumber(const std::string& typed) {
 }
 
 bool MayChangeDocuments(const VelCommon& host, const Recordset& listing) {
-    switch (ScopeOf(host.UserLevel())) {
-        case UserScope::Unrestricted:
-            return true;
-        case UserScope::Board:
-            return listing.Field("BoardID").Text() == host.UserBoardId();
-        case UserScope::Office:
-            return ManagesOffice(host, listing.Field("ListOfficeId").Text());
-        case UserScope::Agent:
-            break;
-    }
-    return listing.Field("ListAgentId").Text() == host.AgentId();
+    return IsInScope(host, listing, ManagesOffice);
 }
 
 std::string ListingAddress(const Recordset& listing) {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <string>
+
+#include "entry/Services.h"
+#include "entry/VelCommon.h"
+
 namespace lumarin {
 
 /// Whose listings a user works with, from the narrowest to the widest.
@@ -11,5 +16,12 @@ constexpr UserScope ScopeOf(int userLevel) {
     if (userLevel >= 90) return UserScope::Board;
     return userLevel >= 60 ? UserScope::Office : UserScope::Agent;
 }
+
+/// Whether the user works for this office.
+using OfficeRule = bool (*)(const VelCommon& host, const std::string& office);
+
+/// Whether the listing of the current row (columns BoardID, ListOfficeId, ListAgentId) is one of those that
+/// the signed-in user works with.
+bool IsInScope(const VelCommon& host, const Recordset& listing, OfficeRule isOfOffice);
 
 }  // namespace lumarin

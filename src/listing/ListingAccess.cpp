@@ -14,17 +14,7 @@ bool IsOfOffice(const VelCommon& host, const std::string& office) {
 }  // namespace
 
 bool MayOpenListing(const VelCommon& host, const Recordset& listing) {
-    switch (ScopeOf(host.UserLevel())) {
-        case UserScope::Unrestricted:
-            return true;
-        case UserScope::Board:
-            return listing.Field("BoardID").Text() == host.UserBoardId();
-        case UserScope::Office:
-            return IsOfOffice(host, listing.Field("ListOfficeId").Text());
-        case UserScope::Agent:
-            break;
-    }
-    return listing.Field("ListAgentId").Text() == host.AgentId();
+    return IsInScope(host, listing, IsOfOffice);
 }
 
 }  // namespace lumarin

@@ -63,7 +63,7 @@ class ToolBarAdapter final : public AdapterFor<ToolBar, QMenuBar> {
 public:
     ToolBarAdapter(ToolBar& control, QMenuBar& menuBar)
         : AdapterFor(control, menuBar), window_(static_cast<QMainWindow&>(*menuBar.window())) {
-        window_.setContextMenuPolicy(Qt::NoContextMenu);  // the tool bars are not to be switched off
+        window_.setContextMenuPolicy(Qt::NoContextMenu);  // the toolbars are not to be switched off
     }
 
 private:
