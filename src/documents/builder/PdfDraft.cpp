@@ -1,6 +1,7 @@
 #include "documents/builder/PdfDraft.h"
 
 #include <charconv>
+#include <iterator>
 #include <numeric>
 #include <string_view>
 
@@ -13,6 +14,7 @@ namespace lumarin {
 namespace {
 
 constexpr std::string_view Heading = "PDF draft 2";
+constexpr std::string_view FirstHeading = "PDF draft 1";
 
 std::string OneLine(std::string text) {
     for (const char* lineBreak : {"\n", "\r"}) text = text::ReplaceAll(text, lineBreak, " ");
@@ -68,6 +70,12 @@ bool TakeLine(PdfDraft& draft, std::string_view line) {
     return true;
 }
 
+/// The first version had the values alone, in this order.
+std::string KeyInFirstVersion(std::size_t line) {
+    constexpr const char* Keys[] = {"", "listing=", "length=", "description="};
+    return line < std::size(Keys) ? Keys[line] : "page=";
+}
+
 }  // namespace
 
 std::int64_t PdfDraft::PictureBytes() const {
@@ -93,10 +101,12 @@ std::string DraftText(const PdfDraft& draft) {
 
 std::optional<PdfDraft> ParseDraft(const std::string& text) {
     const std::vector<std::string> lines = text::Split(text, '\n');
-    if (lines.front() != Heading || !lines.back().empty()) return std::nullopt;
+    const bool isFirst = lines.front() == FirstHeading;
+    if ((!isFirst && lines.front() != Heading) || !lines.back().empty()) return std::nullopt;
     PdfDraft draft;
     for (std::size_t i = 1; i + 1 < lines.size(); ++i)
-        if (!TakeLine(draft, lines[i])) return std::nullopt;
+        if (!TakeLine(draft, (isFirst ? KeyInFirstVersion(i) : "") + lines[i])) return std::nullopt;
+    if (isFirst) draft.writtenPages = draft.pages.size();
     return draft;
 }
 

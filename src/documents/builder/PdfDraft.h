@@ -34,7 +34,7 @@ struct PdfDraft {
 };
 
 /// One text of lines "key=value". `ParseDraft` takes any bytes; nothing for those that are not a draft. It
-/// passes over keys that it does not know.
+/// passes over keys that it does not know, and takes texts of the first version.
 std::string DraftText(const PdfDraft& draft);
 std::optional<PdfDraft> ParseDraft(const std::string& text);
 

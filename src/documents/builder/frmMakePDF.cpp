@@ -118,6 +118,17 @@ std::string frmMakePDF::TooLargeNow(const PdfDraft& draft) const {
            "): save a copy of it, then begin a new document.";
 }
 
+/// `listing` 0: nobody knows.
+std::string frmMakePDF::OtherDraftText(std::int32_t listing) const {
+    const std::string question = "Do you want to throw its pages away and begin a new one?\n\nNo keeps them";
+    if (listing == 0)
+        return "A document that was begun earlier has not been sent, and for which listing it is cannot be "
+               "read. " +
+               question + " in this file:\n" + files_.Pdf();
+    return "A document that was begun for listing #" + std::to_string(listing) + " has not been sent. " +
+           question + ": select that listing to go on with its document.";
+}
+
 /// False when the user does not want to build a document now, because of the one that is there.
 bool frmMakePDF::TakeUpDraft() {
     if (!files_.HasPdf()) {
@@ -140,11 +151,7 @@ bool frmMakePDF::TakeUpDraft() {
         ShowDocument();
         return true;
     }
-    const std::string whose = found ? "listing #" + std::to_string(found->listing) : "another listing";
-    if (Ask("A document that was begun for " + whose +
-                " has not been sent. Do you want to throw its pages away and begin a new one?\n\nNo keeps "
-                "them: select that listing to go on with its document.",
-            Buttons::YesNo, Answer::No) != Answer::Yes)
+    if (Ask(OtherDraftText(found ? found->listing : 0), Buttons::YesNo, Answer::No) != Answer::Yes)
         return false;
     Discard();
     return true;

@@ -79,6 +79,7 @@ private:
     bool IsTooLarge(const PdfDraft& draft) const { return draft.pdfLength > maximumBytes_; }
     std::string SizeOf(const PdfDraft& draft) const;
     std::string TooLargeNow(const PdfDraft& draft) const;
+    std::string OtherDraftText(std::int32_t listing) const;
 
     // Commands
     void NewDocument();

@@ -190,6 +190,10 @@ TEST_F(MakePdf, EveryPageInTheList_IsOnDiskWithTheDescription) {
     EXPECT_EQ(looks, 5);
     EXPECT_FALSE(ParseDraft("PDF draft 2\npage=x y\n"));
     EXPECT_TRUE(ParseDraft("PDF draft 2\nof a later version=7\n"));
+    const auto old = ParseDraft("PDF draft 1\n100123\n400\nPlan\n200 a b.png\n");
+    ASSERT_TRUE(old);
+    EXPECT_EQ(DraftText(*old),
+              "PDF draft 2\nlisting=100123\ndescription=Plan\nlength=400\nwritten=1\npage=200 a b.png\n");
 }
 
 TEST_F(MakePdf, CancelNewAndCloseBox_StopAddingAndAskBeforePagesAreThrownAway) {
@@ -236,8 +240,13 @@ TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
         ExpectPages(2, "200");
     });
     EXPECT_EQ(pdf.calls.at(1), "open");
-    Renew(200200);
-    desktop.Expect(other, Answer::Yes);
+    files::WriteWhole(host.UserFolder() + "CreatePDFTmp.dat", "damaged");
+    Renew();
+    desktop.Expect(
+        "A document that was begun earlier has not been sent, and for which listing it is cannot be read. Do "
+        "you want to throw its pages away and begin a new one?\n\nNo keeps them in this file:\n" +
+            host.UserFolder() + "CreatePDFTmp.pdf",
+        Answer::Yes);
     Open([&] { EXPECT_FALSE(Exists(".pdf")); });
 }
 
