@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMap>
 #include <QTest>
 
@@ -47,6 +48,8 @@ TEST_F(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
         for (QWidget* widget : window.findChildren<QWidget*>()) {
             const auto* button = qobject_cast<QAbstractButton*>(widget);
             const auto* label = qobject_cast<QLabel*>(widget);
+            if (const auto* edit = qobject_cast<QLineEdit*>(widget))
+                EXPECT_EQ(edit->maxLength(), QLineEdit().maxLength()) << "what is pasted would be cut";
             const QString text = button != nullptr                    ? button->text()
                                  : label != nullptr && label->buddy() ? label->text()
                                                                       : "";
