@@ -6,10 +6,6 @@
 
 namespace lumarin {
 
-bool RefusedFiles::Names(const std::string& reason) const {
-    return std::ranges::any_of(reasons_, [&](const auto& entry) { return entry.first == reason; });
-}
-
 void RefusedFiles::Add(const std::string& path, const std::string& reason) {
     auto found = std::ranges::find(reasons_, reason, &std::pair<std::string, std::string>::first);
     if (found == reasons_.end()) found = reasons_.insert(reasons_.end(), {reason, ""});

@@ -11,8 +11,6 @@ class RefusedFiles {
 public:
     void Add(const std::string& path, const std::string& reason);
     bool Empty() const { return reasons_.empty(); }
-    /// Whether a file was refused for this reason.
-    bool Names(const std::string& reason) const;
     /// Each reason, with the names of its files below it.
     std::string Text() const;
 

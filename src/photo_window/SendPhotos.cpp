@@ -5,7 +5,7 @@
 #include "entry/QueryRows.h"
 #include "forms/BusyWindow.h"
 #include "listing/ListingFiles.h"
-#include "photo_window/Afterwards.h"
+#include "photo_window/EachStep.h"
 #include "photo_window/PhotoPackage.h"
 #include "photo_window/PhotoUpload.h"
 #include "photo_window/frmLumarin.h"
@@ -161,7 +161,7 @@ void frmLumarin::EmptyWindow() {
     UpdateListingCommands();
 
     // The server has everything: whatever of the rest fails, all else is done.
-    Afterwards rest;
+    EachStep rest;
     for (const auto& [number, record] : records_)
         rest.Do([&] { record->CloseListing(LocalFiles::Keep, Publish::Yes); });
     records_.clear();
@@ -178,7 +178,7 @@ void frmLumarin::EmptyWindow() {
 
 /// Empties the working folder but for listings whose saved work could not be read. What somebody else put
 /// there is set aside.
-void frmLumarin::ClearWorkingFolder(Afterwards& rest) {
+void frmLumarin::ClearWorkingFolder(EachStep& rest) {
     const auto isKept = [this](const std::string& name) {
         for (const auto& [state, reason] : unreadableStates_)
             if (name == state || (listing_files::ListingOf(state) &&

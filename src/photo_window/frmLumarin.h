@@ -24,7 +24,7 @@
 
 namespace lumarin {
 
-class Afterwards;
+class EachStep;
 class PhotoUpload;
 class RefusedFiles;
 
@@ -106,7 +106,8 @@ private:
     void ToolClicked(const std::string& name);
     void EnterListing();
     void OpenFiles(ImportKind kind);
-    bool EnterListingOfFile(const std::string& path, RefusedFiles& refused);
+    bool EnterListingOfFile(const std::string& path, RefusedFiles& refused,
+                            std::map<std::string, std::string>& unavailable);
     void DroppedOnList(const std::vector<std::string>& paths);
     void DroppedOnPicture(const std::vector<std::string>& paths);
     void DroppedSomethingElse();
@@ -137,7 +138,7 @@ private:
                               const std::map<std::string, bool>& removalsConfirmed);
     void RestoreRecords();
     void EmptyWindow();
-    void ClearWorkingFolder(Afterwards& rest);
+    void ClearWorkingFolder(EachStep& rest);
     bool IsOwnFile(const std::string& name) const;
 
     PhotoWindowPorts ports_;

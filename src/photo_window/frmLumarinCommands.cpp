@@ -1,8 +1,10 @@
+#include <map>
 #include <utility>
 
 #include "base/Error.h"
 #include "base/Text.h"
 #include "lookup/frmFindProperty.h"
+#include "photo_window/EachStep.h"
 #include "photo_window/ImportSelection.h"
 #include "photo_window/PhotoTools.h"
 #include "photo_window/RefusedFiles.h"
@@ -59,6 +61,7 @@ void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
     const std::vector<std::string> paths = SelectedPaths(selection);
     const SeveralPictures pictures(*cropWindow_);
     RefusedFiles refused;
+    std::map<std::string, std::string> unavailable;
     // Of several files those that are not photos are named together at the end; a single one at once.
     if (paths.size() > 1)
         cropWindow_->Refused = [&](const std::string& path, const std::string& why) {
@@ -68,7 +71,7 @@ void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
         if (paths.size() > 1)
             cropWindow_->SetProgress("Picture " + std::to_string(i + 1) + " of " +
                                      std::to_string(paths.size()));
-        if (kind == ImportKind::SmartLoad && !EnterListingOfFile(paths[i], refused)) continue;
+        if (kind == ImportKind::SmartLoad && !EnterListingOfFile(paths[i], refused, unavailable)) continue;
         if (current_ == nullptr) break;
         try {
             if (current_->AddPhoto(paths[i], CropMode::File, paths.size() > 1) == PhotoResult::Cancel) break;
@@ -83,8 +86,9 @@ void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
                                refused.Text());
 }
 
-/// False when the file's name leads to no listing.
-bool frmLumarin::EnterListingOfFile(const std::string& path, RefusedFiles& refused) {
+/// False when the file's name leads to no listing. `unavailable`: the numbers tried in vain, and why.
+bool frmLumarin::EnterListingOfFile(const std::string& path, RefusedFiles& refused,
+                                    std::map<std::string, std::string>& unavailable) {
     const std::string number = ListingNumberOfFile(path);
     if (number.empty()) {
         refused.Add(path,
@@ -92,14 +96,18 @@ bool frmLumarin::EnterListingOfFile(const std::string& path, RefusedFiles& refus
                     "behind them).");
         return false;
     }
-    // A listing that was not found is not looked for again: that was said already.
-    std::string reason = "Listing " + number + " was not found.";
-    try {
-        if (!refused.Names(reason) && LookUpListing(number, "") == LookupResult::Found) return true;
-    } catch (const Error& error) {  // found, but it cannot be loaded
-        reason = error.Description();
+    // A listing that was not to be had is not looked for again: that was said already.
+    auto known = unavailable.find(number);
+    if (known == unavailable.end()) {
+        std::string reason = "Listing " + number + " was not found.";
+        try {
+            if (LookUpListing(number, "") == LookupResult::Found) return true;
+        } catch (const Error& error) {  // found, but it cannot be loaded
+            reason = error.Description();
+        }
+        known = unavailable.emplace(number, reason).first;
     }
-    refused.Add(path, reason);
+    refused.Add(path, known->second);
     return false;
 }
 
@@ -128,7 +136,11 @@ void frmLumarin::Browse() {
         if (!search.FindProperty(ListingSearch(), frmFindProperty::SetUpList | frmFindProperty::SearchAtOnce,
                                  frmFindProperty::ByUserLevel, frmFindProperty::ActiveStatus, found, this))
             return;
-        for (const std::string& number : found) LookUpListing(number, "");
+        EachStep each;
+        for (const std::string& number : found) each.Do([&] { LookUpListing(number, ""); });
+        if (!each.Failures().empty())
+            throw ApplicationError("frmLumarin-Browse",
+                                   "Not all listings could be opened:" + each.Failures());
     });
 }
 

@@ -273,12 +273,17 @@ TEST_F(frmLumarinTest, SettingsOfTheInstallation_AreFollowedAndKept) {
 TEST_F(frmLumarinTest, Browse_ChosenListings_AreEnteredAsIfTyped) {
     GivenListing(100124);
     GivenListing(100125);
+    GivenListing(100123, std::vector<std::size_t>(27, 1));
     Open();
     desktop.Play("frmFindProperty", [](frmFindProperty& search) {
-        for (const char* number : {"100124", "100125"}) search.List.AddRow({.text = number, .key = number});
-        search.List.SelectRows({0, 1});
+        for (const char* number : {"100123", "100124", "100125"})
+            search.List.AddRow({.text = number, .key = number});
+        search.List.SelectRows({0, 1, 2});
         search.cmdOK.Press();
     });
+    desktop.Expect(
+        "Not all listings could be opened:\nSubscript out of range: 27, the database's PhotoCount of listing "
+        "100123, which can have 0 to 26 photos");
     window->cmdBrowse.Press();
     EXPECT_EQ(ListTexts(window->RecList), (Texts{"100124", "100125"}));
 }

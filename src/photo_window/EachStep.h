@@ -5,8 +5,8 @@
 
 namespace lumarin {
 
-/// What is left to do when the thing itself is done: each step is tried, whatever became of the others.
-class Afterwards {
+/// Steps that do not depend on each other: each is tried, whatever became of those before it.
+class EachStep {
 public:
     template <class Step>
     void Do(Step step) {
