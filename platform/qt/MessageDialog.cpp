@@ -19,7 +19,8 @@ namespace lumarin::qt {
 
 namespace {
 
-constexpr int WidestText = 640;  // pixels
+constexpr int WidestText = 640;      // pixels
+constexpr int UnscrolledText = 360;  // the toolkit's own lines are at least as long
 constexpr int TextMargin = 6;
 
 QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
@@ -99,7 +100,8 @@ private:
 void Box::BoundText() {
     const QSize room = screen()->availableSize();
     const QSize most(qMin(WidestText, room.width() / 2), room.height() / 2);
-    const QRect needed = fontMetrics().boundingRect(QRect(0, 0, most.width(), 0), Qt::TextWordWrap, text());
+    const QRect lines(0, 0, qMin(UnscrolledText, most.width()), 0);
+    const QRect needed = fontMetrics().boundingRect(lines, Qt::TextWordWrap, text());
     auto* whole = findChild<QLabel*>("qt_msgbox_label");
     if (whole == nullptr || (needed.width() <= most.width() && needed.height() <= most.height())) return;
     auto* label = new QLabel(text());

@@ -154,19 +154,23 @@ TEST_F(QtDesktopTest, Message_ButtonsKeysAndClosing_GiveTheirAnswers) {
 }
 
 TEST_F(QtDesktopTest, Message_TooLongForTheScreen_ScrollsAndKeepsItsButtons) {
-    std::string names;
-    for (int i = 0; i < 200; ++i) names += "photo-" + std::string(i, 'x') + ".jpg\n\n";
-    Meanwhile([] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        const QRect room = box->screen()->availableGeometry();
-        EXPECT_TRUE(room.contains(box->geometry().translated(room.center() - box->geometry().center())));
-        EXPECT_TRUE(box->rect().contains(box->button(QMessageBox::Ok)->geometry()));
-        auto& bar = *box->findChild<QScrollArea*>()->verticalScrollBar();
-        QTest::keyClick(box->focusWidget(), Qt::Key_PageDown);
-        EXPECT_GT(bar.value(), 0);
-        box->accept();
-    });
-    desktop.ShowMessage({.text = names, .title = "Refused"}, nullptr);
+    std::string rows;
+    for (int i = 0; i < 200; ++i) rows += "photo-" + std::string(i, 'x') + ".jpg\n\n";
+    std::string wraps;
+    for (int i = 0; i < 23; ++i) wraps += "a name that wraps in a box as wide as the toolkit's own.jpg\n";
+    for (const std::string& text : {rows, wraps}) {
+        Meanwhile([] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            const QRect room = box->screen()->availableGeometry();
+            EXPECT_TRUE(room.contains(box->geometry().translated(room.center() - box->geometry().center())));
+            EXPECT_TRUE(box->rect().contains(box->button(QMessageBox::Ok)->geometry()));
+            auto* scrolled = box->findChild<QScrollArea*>();
+            QTest::keyClick(box->focusWidget(), Qt::Key_PageDown);
+            EXPECT_GT(scrolled != nullptr ? scrolled->verticalScrollBar()->value() : 0, 0);
+            box->accept();
+        });
+        desktop.ShowMessage({.text = text, .title = "Refused"}, nullptr);
+    }
 }
 
 TEST_F(QtDesktopTest, HelpKey_InAnyWindow_AsksForTheHelpFile) {
