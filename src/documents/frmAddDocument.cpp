@@ -300,7 +300,7 @@ void frmAddDocument::mMakePDF_CloseForm() {
         // then.
         const bool sent = UploadFile(mMakePDF_->PdfPath(), mMakePDF_->ServerFile(NewServerFile()),
                                      mMakePDF_->LinkText(), LocalCopy::Delete);
-        Guarded("miMakePdf", [&] { FillDocuments(sent ? SelectedRow::TheAdded : SelectedRow::TheSame); });
+        Guarded("miMakePdf", [&] { FillDocuments(SelectedRow::TheAdded); });
         if (sent) mMakePDF_->Discard();
     });
     mMakePDF_->Unload();

@@ -63,8 +63,8 @@ void frmAddDocument::AddExistingFile() {
         if (!IsAcceptable(chosen)) return;
         frmPromptLinkText prompt(desktop());
         if (!Answered(prompt, true, DefaultDescription(chosen))) return;
-        const bool sent = UploadFile(chosen, NewServerFile(), prompt.LinkText(), LocalCopy::Keep);
-        FillDocuments(sent ? SelectedRow::TheAdded : SelectedRow::TheSame);
+        UploadFile(chosen, NewServerFile(), prompt.LinkText(), LocalCopy::Keep);
+        FillDocuments(SelectedRow::TheAdded);
     });
 }
 
@@ -113,7 +113,7 @@ ServerAnswer frmAddDocument::ChangeDocuments(const std::string& command, const s
         const bool accepted = AtServer([&] { return Update(command); });
         answer = accepted ? ServerAnswer::Accepted : ServerAnswer::Refused;
     });
-    FillDocuments(answer == ServerAnswer::Accepted ? selected : SelectedRow::TheSame);
+    FillDocuments(selected);
     return answer;
 }
 

@@ -196,8 +196,12 @@ TEST_F(AddDocument, Change_LeavesTheAddedRowOrTheNeighbourOfTheDeletedOneSelecte
         window->cmdDelete.Press();
         EXPECT_EQ(selected(), next);
     }
-    host.onUpdate = [&](const std::string&) { return documents.push_back({21, "Map", "x.y", 0}), ""; };
+    host.onUpdate = [&](const std::string&) -> std::string {
+        documents.push_back({21, "Map", "x.y", 0});
+        throw Error(1, "net", "its answer is lost");
+    };
     WillDescribe("Map", "x.y");
+    desktop.Expect("The link could not be sent to the server.\nits answer is lost", Answer::Cancel);
     Click("miAddUrl");
     EXPECT_EQ(selected(), "21");
 }
