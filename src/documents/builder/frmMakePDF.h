@@ -63,6 +63,7 @@ protected:
     bool OnQueryClose(CloseReason reason) override;
     void OnUnload() override;
     void OnStopRequested() override { stop_ = true; }
+    void OnCloseRefused() override { stop_ = true; }
 
 private:
     void WireEvents();

@@ -200,6 +200,8 @@ TEST_F(MakePdf, CancelNewAndCloseBox_StopAddingAndAskBeforePagesAreThrownAway) {
     Open([&] {
         desktop.AtPendingEvents(2, [&] { window->cmdCancel.Press(); });
         Add("/in|a.png|b.png");
+        desktop.AtPendingEvents(1, [&] { EXPECT_FALSE(window->Unload(CloseReason::Frame)); });
+        Add("/in/b.png");
         EXPECT_TRUE(window->IsShown());
         WillAsk(Answer::No);
         Click("new");
