@@ -23,7 +23,7 @@ struct DemoFolders {
 /// Makes the folders afresh under `folder`. Throws lumarin::Error when they cannot be made.
 DemoFolders PrepareDemoFolders(const std::string& folder);
 
-/// The guided demo: works through the road of a photo and of a document with the real windows, says each step
+/// The guided demo: takes a photo and a document all the way through the real windows, says each step
 /// on standard output, and checks that the server then holds exactly what was sent. The story runs on a
 /// thread of its own; the windows stay with the user interface's.
 class Demo {

@@ -17,7 +17,7 @@ constexpr int LastPort = 65'535;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Other writings than Latin are told by the browser.
+/// Letters beyond ASCII are left to the browser.
 bool IsOfName(char c) {
     return IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;

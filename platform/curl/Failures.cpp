@@ -1,6 +1,7 @@
 #include "platform/curl/Failures.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace lumarin::curl {
 
@@ -53,13 +54,24 @@ FtpFailure Sentence(const Circumstances& at) {
     }
 }
 
+/// Whether the last refusal is about this failure. A server that went away or fell silent may have refused
+/// something before that does not matter, such as to encrypt.
+bool IsAnswer(const Circumstances& at) {
+    constexpr CURLcode Unanswered[] = {CURLE_SEND_ERROR, CURLE_RECV_ERROR, CURLE_GOT_NOTHING,
+                                       CURLE_PARTIAL_FILE, CURLE_OPERATION_TIMEDOUT};
+    const bool unanswered =
+        std::find(std::begin(Unanswered), std::end(Unanswered), at.code) != std::end(Unanswered);
+    return !at.reply.empty() && (!unanswered || at.reply.starts_with("421"));
+}
+
 }  // namespace
 
 FtpFailure Describe(const Circumstances& circumstances) {
     FtpFailure failure = Sentence(circumstances);
+    if (!IsAnswer(circumstances)) return failure;
     std::string reply = circumstances.reply.substr(0, LongestReply);
     std::erase_if(reply, [](char c) { return static_cast<unsigned char>(c) < ' '; });
-    if (!reply.empty()) failure.text += "\nIts answer was: " + reply;
+    failure.text += "\nIts answer was: " + reply;
     return failure;
 }
 

@@ -86,8 +86,8 @@ void FormWindow::Show(QWidget* owner, Qt::WindowModality modality) {
     FocusFirst();
     window_->show();
     window_->activateWindow();
-    // Hidden and shown again in one go, it is the active window still to one half of the toolkit, which
-    // therefore never tells the other half, where hiding it has ended that.
+    // When it is hidden and shown again in one go, half of the toolkit has not noticed: it still has the
+    // window as the active one and does not report it to the other half, for which hiding has ended that.
     if (QGuiApplication::focusWindow() == window_->windowHandle())
         QApplication::setActiveWindow(window_.get());
 }

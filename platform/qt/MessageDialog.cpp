@@ -117,7 +117,7 @@ void Box::BoundText() {
     scrolled_->setWidget(label);
     scrolled_->setFixedSize(most);
     delete layout()->replaceWidget(whole, scrolled_);
-    whole->hide();  // goes on telling the text
+    whole->hide();  // the box's `text()` is still its text
 }
 
 /// The style's own pictures are coarse on a fine screen. The box goes on knowing which icon it has.

@@ -58,7 +58,7 @@ QPalette PaletteOf(const Colours& colours) {
     palette.setColor(QPalette::Highlight, colours.highlight);
     palette.setColor(QPalette::Disabled, QPalette::Highlight, colours.line);
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    // The chosen row of a list that has not the focus: two lists of a window are told apart at a glance.
+    // The chosen row of a list without the focus: two lists of a window are told apart at a glance.
     palette.setColor(QPalette::Inactive, QPalette::Highlight, colours.resting);
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, colours.text);
     palette.setColor(QPalette::Disabled, QPalette::HighlightedText, colours.text);

@@ -64,7 +64,7 @@ bool CanBeMade(const std::string& path) {
 }
 
 /// The copy can be read by those who can read the file. There is none where the folder cannot be written, nor
-/// where somebody else's, which has served its time, cannot be replaced.
+/// where an old one, left by another user, cannot be replaced.
 void KeepChange(const std::string& path, std::string_view bytes) {
     const std::string unfinished = UnfinishedName(ChangeName(path));
     if (!TryDelete(ChangeName(path)) || !CanBeMade(unfinished)) return;

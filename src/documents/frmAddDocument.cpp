@@ -49,7 +49,7 @@ int RowOf(const Documents& documents, std::int32_t id) {
     return found == documents.end() ? NoRow : static_cast<int>(found - documents.begin());
 }
 
-/// The last document that was not there before; none when there is no such one.
+/// The last document that was not there before; none when nothing is new.
 int AddedRow(const Documents& before, const Documents& now) {
     const auto added = std::find_if(now.rbegin(), now.rend(), [&](const clsDoc& document) {
         return RowOf(before, document.DocId) == NoRow;

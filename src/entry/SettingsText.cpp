@@ -18,7 +18,7 @@ std::string Encoded(std::string_view file, const std::string& text) {
     return IsUtf8(file) ? text : text::ToCodePage(text);
 }
 
-/// A file's lines, each with its end; the last one may have none. The mark in front of them is none of them.
+/// A file's lines, each with its end; the last one may have none. The mark in front of them is not a line.
 std::vector<std::string_view> SplitLines(std::string_view bytes) {
     std::vector<std::string_view> lines;
     if (IsUtf8(bytes)) bytes.remove_prefix(Utf8Mark.size());

@@ -16,7 +16,7 @@ class HostMainForm : public OwnerWindow {
 public:
     /// Which window a job opens: 1 the document manager, anything else the photo window.
     virtual int Switch() const = 0;
-    /// Told with (0, 9) after photos were sent, when the host asks for it (`ReportsPhotoUpdates`).
+    /// Called with (0, 9) after photos were sent, when the host asks for it (`ReportsPhotoUpdates`).
     virtual void Prog(int first, int second) = 0;
 };
 

@@ -34,7 +34,7 @@ std::optional<QueryRows> FindListing(VelCommon& host, std::int32_t listNum) {
     return rental.Eof() ? std::nullopt : std::optional(std::move(rental));
 }
 
-/// The files of a listing that is being loaded: all gone at the end unless the load came to its own.
+/// The files of a listing that is being loaded: all gone at the end unless the load is finished.
 class FetchedFiles {
 public:
     FetchedFiles(const std::string& folder, std::int32_t listNum) : folder_(folder), listNum_(listNum) {}

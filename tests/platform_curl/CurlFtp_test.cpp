@@ -87,7 +87,7 @@ TEST_F(CurlFtpTest, Failures_AreToldAndNeverTakenForSuccess) {
         {"stalls in the middle", "stall data", Agent, "did not answer for 1 seconds"},
         {"stalls at the end", "stall 226", Agent, "did not answer for 1 seconds"},
         {"stalls after it", "stall 213", Agent, "did not answer for 1 seconds"},
-        {"dies at the login", "die 230", Agent, "has ended the connection"},
+        {"dies at the login", "die 331", Agent, "has ended the connection"},
         {"dies in the middle", "die data", Agent, "has ended the connection"},
         {"dies at the end", "die 226", Agent, "has ended the connection"},
         {"dies after it", "die 213", Agent, "has ended the connection"},
@@ -97,13 +97,14 @@ TEST_F(CurlFtpTest, Failures_AreToldAndNeverTakenForSuccess) {
         told.push_back(std::async(std::launch::async, [&] {
             const FtpServer server(Remote(), one.fault);
             CurlFtp ftp;
-            Prepare(ftp, server.Address() + one.account);
+            Prepare(ftp, server.Address() + one.account, FtpSecurity::WhenOffered);
             if (one.fault.starts_with("stall")) ftp.SetRequestTimeout(1);
             return Send(ftp, path, one.name);
         }));
     for (std::size_t i = 0; i < told.size(); ++i) {
         const std::string text = told[i].get();
         EXPECT_NE(text.find(cases[i].told), std::string::npos) << cases[i].name << ": " << text;
+        EXPECT_EQ(text.find("AUTH"), std::string::npos) << cases[i].name << ": an older refusal";
     }
     CurlFtp ftp;
     Prepare(ftp, "localhost:1");

@@ -24,7 +24,7 @@ struct FakeScanner final : Scanner {
     bool failsAfterwards = false;
 };
 
-/// A photo window over a host whose listings all belong to the signed-on agent.
+/// A photo window over a host whose listings all belong to the signed-in agent.
 class PhotoWindowTest : public WindowTest {
 protected:
     PhotoWindowTest();

@@ -33,7 +33,7 @@ private:
         if (caption != View().text()) View().setText(caption);
     }
 
-    /// Of a tool button Enter would go on to the window's default button.
+    /// A tool button leaves Enter to the window's default button.
     bool WidgetEvent(QEvent& event) override {
         if (event.type() != QEvent::KeyPress || qobject_cast<QPushButton*>(&View()) != nullptr) return false;
         if (ToKeyDown(static_cast<QKeyEvent&>(event)).key != Key::Enter) return false;

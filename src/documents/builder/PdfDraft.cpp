@@ -40,7 +40,7 @@ bool Take(std::int64_t& bytes, std::string& text, std::string_view value) {
     return true;
 }
 
-/// False when the value is none of a page.
+/// False when the value does not describe a page.
 bool AddPage(PdfDraft& draft, std::string_view value) {
     PdfDraft::Page page;
     if (!Take(page.bytes, page.source, value)) return false;
@@ -55,7 +55,7 @@ bool SetNumber(Number& target, std::string_view value) {
     return number.has_value();
 }
 
-/// False when the line is none of a draft.
+/// False when the line does not belong in a draft.
 bool TakeLine(PdfDraft& draft, std::string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return false;
