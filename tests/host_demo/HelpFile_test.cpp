@@ -1,9 +1,7 @@
 #include "host/demo/HelpFile.h"
 
-#include "base/Files.h"
 #include "support/EveryWindow.h"
 #include "support/ScriptedDesktop.h"
-#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -42,14 +40,6 @@ TEST(HelpFile, Links_LeadToPlacesInTheFile) {
     EXPECT_FALSE(links.empty());
     for (const std::string& link : links)
         EXPECT_TRUE(link.starts_with('#') && places.count(link.substr(1)) == 1) << link;
-}
-
-TEST(InstallHelpFile, OlderFile_IsReplaced) {
-    const lumarin::testing::TemporaryFolder folder;
-    const std::string path = folder.Path() + "help.html";
-    lumarin::files::WriteWhole(path, "<p>of an older version</p>");
-    InstallHelpFile(path);
-    EXPECT_EQ(lumarin::files::ReadAll(path), HelpText());
 }
 
 }  // namespace host

@@ -6,7 +6,6 @@
 #include <random>
 
 #include "base/Files.h"
-#include "host/demo/FileMoveAnimation.h"
 #include "platform/qt/widgets/AnimationWidget.h"
 #include "platform_qt/EveryKindForm.h"
 #include "support/TemporaryFolder.h"
@@ -58,14 +57,6 @@ TEST(AviFile, Film_WithSoundAndNestedFrames_GivesItsPictures) {
     EXPECT_TRUE(film.Frame(2).isNull());
 }
 
-TEST(AviFile, FilmOfTheHost_IsReadWhole) {
-    const host::Animation drawn = host::DrawFileMove();
-    const qt::AviFile film(QByteArray::fromStdString(host::AviBytes(drawn)));
-    EXPECT_EQ(film.FrameCount(), static_cast<int>(drawn.frames.size()));
-    EXPECT_EQ(film.FrameMilliseconds(), 1000 / drawn.framesPerSecond);
-    EXPECT_EQ(film.Frame(film.FrameCount() - 1).size(), QSize(drawn.width, drawn.height));
-}
-
 TEST(AviFile, DamagedBytes_OnlyLoseFrames) {
     const QByteArray whole = Film();
     std::mt19937 random(4711);
@@ -90,8 +81,6 @@ TEST(AnimationWidget, Film_WhileVisible_PlaysRoundAndRound) {
     qt::AnimationWidget widget;
     widget.SetPlaying(true);
     widget.Open(QString::fromStdString(folder.Path() + "film.avi"));
-    QTest::qWait(60);
-    EXPECT_EQ(widget.CurrentFrame(), 0) << "nobody sees it";
     widget.show();
     EXPECT_TRUE(Becomes([&] { return widget.CurrentFrame() == 1; }));
     EXPECT_TRUE(Becomes([&] { return widget.CurrentFrame() == 0; }));

@@ -121,17 +121,14 @@ TEST_F(QtDesktopTest, Message_ButtonsKeysAndClosing_GiveTheirAnswers) {
     const Act close = [](QMessageBox& box) { box.close(); };
     const Act end = [](QMessageBox& box) { box.done(0); };
     const std::tuple<const char*, Buttons, std::optional<Answer>, Act, Answer> cases[] = {
-        {"ok", Buttons::Ok, {}, press(QMessageBox::Ok), Answer::Ok},
         {"ok closed", Buttons::Ok, {}, close, Answer::Ok},
         {"retry", Buttons::RetryCancel, {}, key(Qt::Key_Return), Answer::Retry},
         {"cancel", Buttons::OkCancel, {}, press(QMessageBox::Cancel), Answer::Cancel},
-        {"yes", Buttons::YesNoCancel, {}, press(QMessageBox::Yes), Answer::Yes},
         {"closed with cancel", Buttons::YesNoCancel, Answer::Yes, close, Answer::Cancel},
         {"closed without cancel", Buttons::YesNo, Answer::Yes, close, Answer::Cancel},
         {"escape without cancel", Buttons::YesNo, Answer::Yes, key(Qt::Key_Escape), Answer::Cancel},
         {"the program ends", Buttons::YesNo, Answer::Yes, end, Answer::Cancel},
         {"enter means no", Buttons::YesNo, Answer::No, key(Qt::Key_Return), Answer::No},
-        {"enter means yes", Buttons::YesNo, Answer::Yes, key(Qt::Key_Return), Answer::Yes},
     };
     desktop.SetPointer(Pointer::Hourglass);
     for (const auto& [name, buttons, enter, act, answer] : cases) {
