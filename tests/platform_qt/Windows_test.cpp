@@ -48,8 +48,9 @@ TEST_F(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
         for (QWidget* widget : window.findChildren<QWidget*>()) {
             const auto* button = qobject_cast<QAbstractButton*>(widget);
             const auto* label = qobject_cast<QLabel*>(widget);
-            if (const auto* edit = qobject_cast<QLineEdit*>(widget))
-                EXPECT_EQ(edit->maxLength(), QLineEdit().maxLength()) << "what is pasted would be cut";
+            const auto* edit = qobject_cast<QLineEdit*>(widget);
+            EXPECT_TRUE(edit == nullptr || edit->maxLength() == QLineEdit().maxLength())
+                << "cuts what is pasted";
             const QString text = button != nullptr                    ? button->text()
                                  : label != nullptr && label->buddy() ? label->text()
                                                                       : "";

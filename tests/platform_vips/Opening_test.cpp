@@ -146,7 +146,7 @@ TEST_F(Opening, Jpeg_WithoutDamage_IsTakenHoweverItEnds) {
                 try {
                     const Picture seen = Open(row.change(jpeg))->Preview(width, height);
                     EXPECT_TRUE(row.taken);
-                    if (width == whole.width) EXPECT_EQ(seen.pixels, whole.pixels);
+                    EXPECT_TRUE(width != whole.width || seen.pixels == whole.pixels);
                 } catch (const ImagingError& error) {
                     EXPECT_FALSE(row.taken);
                     EXPECT_EQ(error.Number(), InvalidPictureError);
