@@ -79,8 +79,8 @@ get_source() {
     rm -rf "$build/unpacked"
 }
 
-# Configures, builds and installs the source with CMake; the arguments are options for it.
-cmake_build() {
+# Configures the source with CMake; the arguments are options for it.
+cmake_configure() {
     local paths='' need
     for need in "${needs[@]}"; do paths+="$(prefix_of "$need");"; done
     # The build machine's own libraries are not for this.
@@ -88,8 +88,16 @@ cmake_build() {
     cmake -S "$build/source" -B "$build/out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_PREFIX_PATH="$paths" -DBUILD_SHARED_LIBS=OFF \
         -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_C_COMPILER_LAUNCHER=ccache "$@"
+}
+
+# Installs what was built; the arguments narrow it.
+cmake_install() { DESTDIR=$build/staged cmake --install "$build/out" "$@"; }
+
+# All three steps, for a source that has nothing else in it than what is wanted.
+cmake_build() {
+    cmake_configure "$@"
     cmake --build "$build/out"
-    DESTDIR=$build/staged cmake --install "$build/out"
+    cmake_install
 }
 
 # Writes the description by which pkg-config finds the library: its name there, its flags for linking and compiling.
