@@ -35,7 +35,7 @@ FaultScript::Fault FaultScript::ParseOne(const std::string& text) {
     if (knownCall == CallNames.end() || knownKind == KindNames.end() || !count || !more.empty())
         throw lumarin::Error(lumarin::ApplicationErrorNumber, "faults",
                              "\"" + std::string(lumarin::text::Trim(text)) +
-                                 "\" is no fault. A fault is a call (query, begin, chunk, end, abort, apply, "
+                                 "\" is not a fault. A fault is a call (query, begin, chunk, end, abort, apply, "
                                  "command, fetch, any), a number from 1 on and fail, stall or lose, such as "
                                  "\"chunk 3 lose\"");
     fault.call = knownCall->second;

@@ -207,7 +207,7 @@ void frmAddDocument::FillDocuments(SelectedRow selected) {
         ShowDocuments(std::move(documents), selected);
     else
         lblDocuments.SetCaption(listing + (documents_.empty() ? ": the documents could not be read"
-                                                              : ": the list could not be read anew"));
+                                                              : ": the list could not be read again"));
 }
 
 std::vector<clsDoc> frmAddDocument::ReadDocuments() const {

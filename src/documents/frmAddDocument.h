@@ -21,7 +21,7 @@ namespace lumarin {
 
 class frmPromptLinkText;
 
-/// Which row is selected after the list was read anew.
+/// Which row is selected after the list was read again.
 enum class SelectedRow { TheSame, TheAdded };
 
 enum class ServerAnswer { Accepted, Refused, None };

@@ -123,7 +123,7 @@ protected:
 
     virtual void OnLoad() {}
     /// The window is about to be seen, for the first time or again: here it says where the focus goes.
-    /// Nothing promises that a window that is shown again is also activated anew.
+    /// Nothing promises that a window that is shown again is also activated again.
     virtual void OnShow() {}
     virtual void OnActivate() {}
     /// The inner size has changed, by the code or by the user.

@@ -226,7 +226,7 @@ TEST_F(AddDocument, ServerNotReachedOrRefusing_AChangeAndAReadingCanBeRepeated) 
     Click("miAddUrl");
     EXPECT_EQ(host.commands, Texts(3, "ADD|VEL|A101|100123||Tour|Virtual tour"));
     EXPECT_EQ(window->lvFiles.Count(), 2) << "the rows stay";
-    EXPECT_EQ(window->lblDocuments.Caption(), "Listing #100123: the list could not be read anew");
+    EXPECT_EQ(window->lblDocuments.Caption(), "Listing #100123: the list could not be read again");
     host.onUpdate = [&](const std::string&) -> std::string { throw Error(1, "net", "gone"); };
     desktop.Expect("Preparing to delete document:\n\nPlan\n\nDo you wish to continue?", Answer::Yes);
     desktop.Expect("The document could not be deleted at the server.\ngone", Answer::Cancel);
