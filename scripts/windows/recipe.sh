@@ -85,7 +85,9 @@ cmake_configure() {
     for need in "${needs[@]}"; do paths+="$(prefix_of "$need");"; done
     # The build machine's own libraries are not for this.
     export PKG_CONFIG_LIBDIR=$build/none
-    cmake -S "$build/source" -B "$build/out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
+    # Another checkout may go on with a build that was broken off; the toolchain stays where CMake has seen it.
+    cp "$here"/toolchain*.cmake "$build/"
+    cmake -S "$build/source" -B "$build/out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$build/${toolchain##*/}" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_INSTALL_PREFIX="$prefix" -DCMAKE_PREFIX_PATH="$paths" -DBUILD_SHARED_LIBS=OFF \
         -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_C_COMPILER_LAUNCHER=ccache "$@"
 }
