@@ -6,12 +6,24 @@ if(CCACHE_PROGRAM)
       ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wconversion -Wno-sign-conversion)
+# Takes the options that the compiler knows.
+include(CheckCXXCompilerFlag)
+function(lumarin_compile_options)
+  foreach(flag ${ARGN})
+    string(MAKE_C_IDENTIFIER "LUMARIN_HAS${flag}" known)
+    check_cxx_compiler_flag(${flag} ${known})
+    if(${known})
+      add_compile_options(${flag})
+    endif()
+  endforeach()
+endfunction()
+lumarin_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wconversion
+                        -Wno-sign-conversion)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  add_compile_options(-Wno-restrict)  # wrong about std::string concatenation in this compiler's library
+  lumarin_compile_options(-Wno-restrict)  # wrong about std::string concatenation in this compiler's library
 endif()
 if(LUMARIN_WARNINGS_AS_ERRORS)
-  add_compile_options(-Werror)
+  lumarin_compile_options(-Werror)
 endif()
 
 option(LUMARIN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <atomic>
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <string>
 
 namespace lumarin::testing {
@@ -11,8 +10,11 @@ namespace lumarin::testing {
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "lumarin-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
+        std::random_device random;
+        const auto parent = std::filesystem::temp_directory_path();
+        do {
+            path_ = parent / ("lumarin-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(path_));
     }
     ~TemporaryFolder() {
         std::error_code ignored;
@@ -23,10 +25,13 @@ public:
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     /// With a separator at the end.
-    std::string Path() const { return path_ + "/"; }
+    std::string Path() const {
+        const std::u8string utf8 = (path_ / "").u8string();
+        return {utf8.begin(), utf8.end()};
+    }
 
 private:
-    std::string path_;
+    std::filesystem::path path_;
 };
 
 }  // namespace lumarin::testing
