@@ -10,6 +10,7 @@
 #include "forms/Desktop.h"
 #include "host/desktop/DriveClient.h"
 #include "host/desktop/PublishedListing.h"
+#include "imaging/Scanner.h"
 
 namespace host {
 
@@ -28,8 +29,8 @@ DemoFolders PrepareDemoFolders(const std::string& folder);
 /// thread of its own; the windows stay with the user interface's.
 class Demo {
 public:
-    /// Everything outlives this.
-    Demo(Driver& driver, lumarin::Desktop& desktop, DemoFolders folders);
+    /// Everything outlives this. `scanner` may be null, and may reach no device: nothing is scanned then.
+    Demo(Driver& driver, lumarin::Desktop& desktop, lumarin::Scanner* scanner, DemoFolders folders);
     ~Demo();
 
     /// `ended` is called on the user-interface thread with whether all was as it should be.
@@ -63,11 +64,13 @@ private:
     void ExpectRows(const QString& list, int rows);
     void ExpectNoMessage(const QString& action);
     void ExpectStored(const QString& description, const std::string& bytes);
+    bool HasScanner();
     std::vector<std::string> DocumentsOf(std::int32_t listing, const QString& description) const;
     QString Draw(const QString& name, int width, int height, unsigned seed);
 
     Driver& driver_;
     lumarin::Desktop& desktop_;
+    lumarin::Scanner* scanner_;
     DemoFolders folders_;
     DriveClient client_;
     std::thread thread_;

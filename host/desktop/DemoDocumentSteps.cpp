@@ -46,16 +46,19 @@ void Demo::AddDocuments() {
 }
 
 void Demo::BuildPdf() {
-    Step("A PDF is built of a JPEG, a PNG, the clipboard's picture and a scanned page");
+    const bool scans = HasScanner();
+    Step(QString("A PDF is built of a JPEG, a PNG, the clipboard's picture") +
+         (scans ? " and a scanned page" : ""));
     const QString jpeg = Draw("garden.jpg", 480, 300, 4);
     const QString png = QString::fromStdString(folders_.shots) + "frmPhotoViewer.png";
     client_.DoAll(steps::BeginPdf() +
                   QStringList{"press frmMakePDF.cmdAddFiles", "choose " + Quoted(jpeg),
                               "press frmMakePDF.cmdAddFiles", "choose " + Quoted(png),
                               "clipboard " + Quoted(png), "tool frmMakePDF.paste"} +
-                  steps::ChooseBlackAndWhite() + QStringList{"tool frmMakePDF.AcquireSingle"});
+                  steps::ChooseBlackAndWhite() +
+                  (scans ? QStringList{"tool frmMakePDF.AcquireSingle"} : QStringList{}));
     ExpectNoMessage("Building a PDF");
-    ExpectRows("frmMakePDF.lbmBM", 4);
+    ExpectRows("frmMakePDF.lbmBM", scans ? 4 : 3);
     client_.Do("set frmMakePDF.txtLinkText \"Garden and house\"");
     Shot("frmMakePDF");
     const std::string built = lumarin::files::ReadAll(folders_.data + "user/CreatePDFTmp.pdf");

@@ -12,17 +12,16 @@
 #include "host/demo/SeedData.h"
 #include "host/desktop/Demo.h"
 #include "host/desktop/FtpTool.h"
+#include "host/desktop/HostScanner.h"
 #include "host/desktop/Jobs.h"
 #include "host/desktop/MainWindow.h"
 #include "host/desktop/ProgramOptions.h"
-#include "host/desktop/ScannerFolder.h"
 #include "host/drive/DriveError.h"
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
 #include "host/web/WebServer.h"
 #include "platform/qpdf/QpdfLibrary.h"
 #include "platform/qt/QtDesktop.h"
-#include "platform/sane/SaneScanner.h"
 #include "platform/vips/VipsImaging.h"
 #include "platform/zip/LibzipArchiver.h"
 
@@ -74,11 +73,12 @@ class Program {
 public:
     Program(host::ProgramOptions options, const host::HostOptions& user)
         : options_(std::move(options)),
-          scanner_({host::ScannerConfiguration(user.dataFolder), {}}),
+          scanner_(host::MakeScanner(user.dataFolder,
+                                     options_.demo ? host::ScannerUse::Demo : host::ScannerUse::Usual)),
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
           web_(user.dataFolder, user.connection),
-          jobs_({desktop_, imaging_, archiver_, clock_, engine_, pdf_, &scanner_}, common_, mainWindow_),
+          jobs_({desktop_, imaging_, archiver_, clock_, engine_, pdf_, scanner_.get()}, common_, mainWindow_),
           ftpTool_(desktop_, common_, mainWindow_, user.dataFolder + "ftp.pem") {
         if (web_.Port() > 0)
             common_.SetWebPort(web_.Port());
@@ -115,7 +115,7 @@ private:
 
     int RunDemo(const host::DemoFolders& folders) {
         host::Driver driver;
-        host::Demo demo(driver, desktop_, folders);
+        host::Demo demo(driver, desktop_, scanner_.get(), folders);
         bool wentWell = false;
         demo.Start([&](bool succeeded) {
             wentWell = succeeded;
@@ -131,7 +131,7 @@ private:
     lumarin::SystemClock clock_;
     lumarin::NoEngineVersion engine_;
     lumarin::qpdf::QpdfLibrary pdf_;
-    lumarin::sane::SaneScanner scanner_;
+    std::unique_ptr<lumarin::Scanner> scanner_;
     // Destroys windows that were given up late, and these use what stands above.
     lumarin::qt::QtDesktop desktop_{IsSeen() ? lumarin::qt::WindowSizes::WithinScreen
                                              : lumarin::qt::WindowSizes::AsDesigned};
@@ -162,7 +162,6 @@ int Start(host::ProgramOptions options) {
                 "\" is in use by another run of this program. Close it, or name another folder with --data.",
             DataInUse);
     host::SeedData(folder);
-    if (options.demo) host::UseTestScanner(folder);
     Program program(options, {.dataFolder = folder,
                               .level = options.level,
                               .agent = options.agent,
