@@ -11,6 +11,8 @@ cache=${LUMARIN_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/lumarin/windows}
 export WINEPREFIX=${WINEPREFIX:-$cache/drive-$bits}
 # No talk of Wine's own, and none of its offers to install a browser or a runtime.
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml,winemenubuilder.exe=}
+# File names of any letters.
+export LC_ALL=C.UTF-8
 mkdir -p "$WINEPREFIX"
 
 if [[ $bits == x64 ]]; then
@@ -20,7 +22,7 @@ fi
 root=$("$here/wine32.sh" --print) || { echo "wine.sh: scripts/windows/wine32.sh was not run" >&2; exit 1; }
 export WINEARCH=win32 LUMARIN_WINE_ROOT=$root LUMARIN_WINE_FOLDER=$PWD
 # The folders that programs are given: bound under the same names.
-binds=(/proc /sys /dev /tmp "$HOME" "$(cd "$here/../.." && pwd)" "$WINEPREFIX" "$PWD" "$cache")
+binds=(/proc /sys /dev /tmp /usr/lib/locale "$HOME" "$(cd "$here/../.." && pwd)" "$WINEPREFIX" "$PWD" "$cache")
 LUMARIN_WINE_BINDS=$(printf '%s\n' "${binds[@]}" | sort -u)
 export LUMARIN_WINE_BINDS
 namespaces=(--mount)
