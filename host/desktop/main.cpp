@@ -16,6 +16,7 @@
 #include "host/desktop/Jobs.h"
 #include "host/desktop/MainWindow.h"
 #include "host/desktop/ProgramOptions.h"
+#include "host/desktop/SystemPorts.h"
 #include "host/drive/DriveError.h"
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
@@ -78,7 +79,9 @@ public:
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
           web_(user.dataFolder, user.connection),
-          jobs_({desktop_, imaging_, archiver_, clock_, engine_, pdf_, scanner_.get()}, common_, mainWindow_),
+          jobs_(
+              {desktop_, imaging_, archiver_, clock_, system_.engine, pdf_, scanner_.get(), system_.settings},
+              common_, mainWindow_),
           ftpTool_(desktop_, common_, mainWindow_, user.dataFolder + "ftp.pem") {
         if (web_.Port() > 0)
             common_.SetWebPort(web_.Port());
@@ -129,7 +132,7 @@ private:
     lumarin::vips::VipsImaging imaging_;
     lumarin::zip::LibzipArchiver archiver_;
     lumarin::SystemClock clock_;
-    lumarin::NoEngineVersion engine_;
+    const host::SystemPorts system_ = host::PortsOfThisSystem();
     lumarin::qpdf::QpdfLibrary pdf_;
     std::unique_ptr<lumarin::Scanner> scanner_;
     // Destroys windows that were given up late, and these use what stands above.

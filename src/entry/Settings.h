@@ -3,22 +3,19 @@
 #include <cstdint>
 #include <string>
 
-/// The component's settings: INI files in the platform's single-byte code page, or in UTF-8 where the file
-/// says so, with the rules of the platform's private-profile operations. Section and key names are not
-/// case-sensitive; blanks around keys and values are dropped, as is one pair of quotes around a value.
+#include "entry/SettingsFiles.h"
+
+/// The component's settings, through the files that were named last (`SettingsFiles` has the rules).
 namespace lumarin::settings {
 
-/// The first 249 characters of the value, or `fallback` when file, section or key is missing.
+/// What all windows of the component read and write from now on; not owned. Null stands for `PlainSettings`,
+/// which are used too as long as nothing was named.
+void Use(const SettingsFiles* files);
+
 std::string ReadText(const std::string& file, const std::string& section, const std::string& key,
                      const std::string& fallback);
-
-/// The value's leading whole number (0 when it does not start with one), or `fallback` when it is missing or
-/// empty.
 std::int32_t ReadInteger(const std::string& file, const std::string& section, const std::string& key,
                          std::int32_t fallback);
-
-/// Sets one value and leaves every other line as it is, and the file its owner, mode and links
-/// (`files::Rewrite`). False when the file could not be written.
 bool WriteText(const std::string& file, const std::string& section, const std::string& key,
                const std::string& value) noexcept;
 

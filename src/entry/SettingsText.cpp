@@ -103,17 +103,18 @@ std::optional<std::string> FindValue(const std::string& bytes, const std::string
     return IsUtf8(bytes) ? std::string(value) : text::FromCodePage(value);
 }
 
+std::string OneLine(const std::string& value) {
+    return text::ReplaceAll(text::ReplaceAll(value, "\r", ""), "\n", " ");
+}
+
 std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key,
                       const std::string& value) {
     const std::vector<std::string_view> lines = SplitLines(bytes);
     const Place place = FindPlace(lines, Encoded(bytes, section), Encoded(bytes, key));
     const std::string end(LineEnd(bytes));
-    // A line break inside a value would make lines of its own.
-    const std::string oneLine =
-        text::ReplaceAll(text::ReplaceAll(Encoded(bytes, value), "\r", ""), "\n", " ");
     const bool endKept = place.line && !EndOf(lines[*place.line]).empty();
-    const std::string setting =
-        Encoded(bytes, key) + "=" + oneLine + (endKept ? std::string(EndOf(lines[*place.line])) : end);
+    const std::string setting = Encoded(bytes, key) + "=" + Encoded(bytes, OneLine(value)) +
+                                (endKept ? std::string(EndOf(lines[*place.line])) : end);
     const std::size_t at = place.line ? *place.line : place.hasSection ? place.insertAt : lines.size();
 
     std::string result;

@@ -11,7 +11,10 @@ namespace lumarin::settings {
 std::optional<std::string> FindValue(const std::string& bytes, const std::string& section,
                                      const std::string& key);
 
-/// The file's bytes with one value set and every other line as it was.
+/// A value without line breaks, which would make lines of their own.
+std::string OneLine(const std::string& value);
+
+/// The file's bytes with one value set, as one line, and every other line as it was.
 std::string WithValue(const std::string& bytes, const std::string& section, const std::string& key,
                       const std::string& value);
 

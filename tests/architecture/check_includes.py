@@ -18,7 +18,7 @@ LIBRARIES = [
 ]
 STANDARD = re.compile(r"[a-z_0-9]+$")  # no ending, no folder
 SYSTEM = re.compile(r"(dirent|unistd|fcntl|windows|winsock2)\.h$|sys/")
-ASKS_SYSTEM = {"platform/system", "host/drive"}  # folders that may
+ASKS_SYSTEM = {"platform/system", "platform/windows", "host/drive"}  # folders that may
 INCLUDE = re.compile(r'\s*#\s*include\s*(["<])([^">]+)')
 
 
@@ -39,6 +39,13 @@ def owner_of(path, targets):
             return next((target for target in here if stem in target.stems), here[-1])
         folder = os.path.dirname(folder)
     return None
+
+
+def is_left_out(path, targets):
+    """Whether a file is of an adapter that this system does not have: nothing of its folder is built."""
+    adapter = "/".join(path.split("/")[:2])
+    return adapter.startswith("platform/") and not any((target.folder + "/").startswith(adapter + "/")
+                                                       for target in targets)
 
 
 def fault_of(target, kind, header, root, targets):
@@ -73,6 +80,8 @@ def main(root, list_of_targets):
         for folder, _, names in os.walk(os.path.join(root, top)):
             for path in (os.path.join(folder, name) for name in names if name.endswith((".h", ".cpp"))):
                 relative = os.path.relpath(path, root)
+                if is_left_out(relative, targets):
+                    continue
                 target = owner_of(relative, targets)
                 with open(path, encoding="utf-8") as lines:
                     includes = [(number, *found.groups()) for number, line in enumerate(lines, 1)

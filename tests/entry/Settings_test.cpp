@@ -1,4 +1,4 @@
-#include "entry/Settings.h"
+#include "entry/PlainSettings.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -8,33 +8,14 @@
 #include "base/Files.h"
 #include "base/Rewrite.h"
 #include "entry/SettingsText.h"
+#include "support/SettingsRules.h"
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
 
-TEST(Settings, Read_FileForms_AreReadAsThePlatformDoes) {
+TEST(PlainSettings, ReadAndWrite_FileForms_FollowThePlatform) {
     const testing::TemporaryFolder folder;
-    const std::string file = folder.Path() + "CityInfo.ini";
-    files::WriteWhole(
-        file,
-        "; comment\r\n[Other]\r\nPhoto Size=9\r\n\r\n[LUMARIN]\r\nphoto size = 640,480,20,50000,4 \r\n"
-        ";Photo Maximum=9\r\nQuoted=\"a b\"\r\nNoEquals\r\nMark=\xE9\x80\r\nEmpty=\r\nNumber= -12x\r\nLong=" +
-            std::string(400, 'v') + "\r\n[Lumarin]\r\nLate=1");
-    const std::pair<const char*, std::string> texts[] = {
-        {"Photo Size", "640,480,20,50000,4"},
-        {"Photo Maximum", "default"},
-        {"Quoted", "a b"},
-        {"NoEquals", "default"},
-        {"Mark", "é€"},
-        {"Empty", ""},
-        {"Long", std::string(249, 'v')},
-        {"Late", "default"},  // only the first section of a name counts
-    };
-    for (const auto& [key, text] : texts)
-        EXPECT_EQ(settings::ReadText(file, "Lumarin", key, "default"), text) << key;
-    EXPECT_EQ(settings::ReadText(folder.Path() + "none.ini", "Lumarin", "x", "default"), "default");
-    for (const auto& [key, number] : {std::pair{"Number", -12}, {"Mark", 0}, {"Empty", 4}, {"Late", 4}})
-        EXPECT_EQ(settings::ReadInteger(file, "Lumarin", key, 4), number) << key;
+    testing::ExpectSettingsRules(PlainSettings(), folder.Path());
 }
 
 TEST(Settings, Write_OneValue_LeavesTheRestUntouched) {
@@ -74,7 +55,7 @@ TEST(Settings, Write_SharedFile_StaysTheSameFile) {
         if (path == file && user == 0) {
             ASSERT_EQ(seteuid(65534), 0);
         }
-        EXPECT_EQ(settings::WriteText(path, "S", "k", value), written);
+        EXPECT_EQ(PlainSettings().WriteText(path, "S", "k", value), written);
         ASSERT_EQ(seteuid(user), 0);
         EXPECT_EQ(files::ReadAll(file), written ? std::string("[S]\nk=") + value + "\n" : before);
         EXPECT_TRUE(fs::is_symlink(link) && fs::equivalent(file, other.Path() + "second.ini"));
@@ -105,7 +86,7 @@ TEST(Settings, Read_WriteWasInterrupted_IsFinishedUnlessSomebodyElseWrote) {
         files::WriteWhole(files::ChangeName(file), change);
         EXPECT_EQ(files::ReadRewritten(file), read) << name;
         EXPECT_EQ(files::ReadAll(file), read) << name;
-        EXPECT_TRUE(settings::WriteText(file, "S", "k", "next"));
+        EXPECT_TRUE(PlainSettings().WriteText(file, "S", "k", "next"));
         EXPECT_FALSE(files::FileExists(files::ChangeName(file))) << name;
     }
 }

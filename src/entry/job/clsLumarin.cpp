@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "documents/frmAddDocument.h"
 #include "entry/HostLink.h"
+#include "entry/Settings.h"
 #include "photo_window/frmLumarin.h"
 
 namespace lumarin {
@@ -33,6 +34,7 @@ std::unique_ptr<JobWindow> clsLumarin::MakeWindow(int which) {
 
 void clsLumarin::Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& MenuButton) {
     ComponentHost().Set(pVelCommon);
+    settings::Use(ports_.settings);
     menuButton_ = &MenuButton;
     MenuButton.SetEnabled(false);
     ports_.desktop.SetHelpFile(pVelCommon.HelpFilePath());

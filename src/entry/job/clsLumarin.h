@@ -6,6 +6,7 @@
 #include "base/Clock.h"
 #include "documents/builder/PdfLibrary.h"
 #include "entry/JobWindow.h"
+#include "entry/SettingsFiles.h"
 #include "entry/VelCommon.h"
 #include "forms/Desktop.h"
 #include "imaging/Imaging.h"
@@ -23,7 +24,8 @@ struct ComponentPorts {
     const Clock& clock;
     const EngineVersion& engine;
     PdfLibrary& pdf;
-    Scanner* scanner = nullptr;  ///< null: nothing can be acquired on this platform
+    Scanner* scanner = nullptr;               ///< null: nothing can be acquired on this platform
+    const SettingsFiles* settings = nullptr;  ///< null: the component reads and writes them itself
 };
 
 /// The component's public class: one instance is one job with one window. Errors of host calls pass

@@ -1,0 +1,10 @@
+#include "host/desktop/SystemPorts.h"
+
+namespace host {
+
+SystemPorts PortsOfThisSystem() {
+    static const lumarin::NoEngineVersion engine;
+    return {engine, nullptr};
+}
+
+}  // namespace host

@@ -1,0 +1,14 @@
+#include "host/desktop/SystemPorts.h"
+
+#include "platform/windows/ProfileSettings.h"
+#include "platform/windows/ProgramVersion.h"
+
+namespace host {
+
+SystemPorts PortsOfThisSystem() {
+    static const lumarin::windows::ProgramVersion engine;
+    static const lumarin::windows::ProfileSettings settings;
+    return {engine, &settings};
+}
+
+}  // namespace host
