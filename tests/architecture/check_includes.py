@@ -17,8 +17,9 @@ LIBRARIES = [
     (r"sqlite3\.h", r"SQLite::SQLite3"), (r"httplib\.h", r"PkgConfig::HTTPLIB"),
 ]
 STANDARD = re.compile(r"[a-z_0-9]+$")  # no ending, no folder
-SYSTEM = re.compile(r"(dirent|unistd|fcntl|windows|winsock2)\.h$|sys/")
-ASKS_SYSTEM = {"platform/system", "platform/windows", "host/drive"}  # folders that may
+SYSTEM = re.compile(r"(dirent|unistd|fcntl|windows|winsock2|ole2|oleauto|dispex)\.h$|sys/")
+# Folders that may.
+ASKS_SYSTEM = re.compile(r"(automation|platform/system|platform/windows|host/automation|host/drive|host/pdf)(/|$)")
 INCLUDE = re.compile(r'\s*#\s*include\s*(["<])([^">]+)')
 
 
@@ -42,10 +43,9 @@ def owner_of(path, targets):
 
 
 def is_left_out(path, targets):
-    """Whether a file is of an adapter that this system does not have: nothing of its folder is built."""
-    adapter = "/".join(path.split("/")[:2])
-    return adapter.startswith("platform/") and not any((target.folder + "/").startswith(adapter + "/")
-                                                       for target in targets)
+    """Whether a file is of a part that this system does not have: nothing of its folder is built."""
+    part = "/".join(path.split("/")[:2]) + "/"
+    return not part.startswith("src/") and not any((target.folder + "/").startswith(part) for target in targets)
 
 
 def fault_of(target, kind, header, root, targets):
@@ -66,7 +66,7 @@ def fault_of(target, kind, header, root, targets):
     if library is None:
         if not SYSTEM.match(header):
             return "it is of no library that is known here"
-        return None if target.folder in ASKS_SYSTEM else "the operating system is asked in platform/system"
+        return None if ASKS_SYSTEM.match(target.folder) else "the operating system is asked in platform/system"
     if any(re.match(library, declared) for declared in target.declared):
         return None
     return f"{target.name} does not link its library"
