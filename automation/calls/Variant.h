@@ -1,0 +1,60 @@
+#pragma once
+
+#include "automation/calls/Bstr.h"
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace lumarin::automation {
+
+/// A VARIANT that is cleared at the end. What is put into it is copied, but for the references, which stay
+/// the caller's and must outlive it.
+class Variant {
+public:
+    Variant() { VariantInit(&value_); }
+    /// A copy of what `value` holds or refers to.
+    explicit Variant(const VARIANT& value);
+    explicit Variant(std::int32_t number);
+    explicit Variant(std::int64_t number);
+    explicit Variant(bool truth);
+    explicit Variant(double number);
+    explicit Variant(std::string_view utf8);
+    explicit Variant(const char* utf8) : Variant(std::string_view(utf8)) {}
+    explicit Variant(Bstr text);
+    /// An object; null is "Nothing".
+    explicit Variant(IDispatch* object);
+    /// An array of bytes.
+    explicit Variant(std::span<const std::byte> bytes);
+    /// An array of variants.
+    explicit Variant(std::vector<Variant> elements);
+    Variant(const Variant& other) : Variant(other.value_) {}
+    Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
+    Variant& operator=(Variant other) noexcept {
+        std::swap(value_, other.value_);
+        return *this;
+    }
+    ~Variant() { VariantClear(&value_); }
+
+    static Variant Null();
+    /// A reference to a text, which the one who is called may replace.
+    static Variant Reference(Bstr& text);
+    /// A reference to what another holds: to the text or the array within, if it is one.
+    static Variant Reference(Variant& value);
+
+    VARTYPE Type() const { return value_.vt; }
+    const VARIANT& Get() const { return value_; }
+    /// For a call that fills it; it must be empty.
+    VARIANT* Address() { return &value_; }
+    /// What it holds now belongs to the caller.
+    VARIANT Release();
+
+private:
+    VARIANT value_;
+};
+
+}  // namespace lumarin::automation
