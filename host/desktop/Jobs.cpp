@@ -6,16 +6,16 @@ namespace host {
 
 void Jobs::Start(JobKind kind, QAction& tool) {
     const int index = ++lastIndex_;
-    auto job = std::make_unique<Job>(ports_, tool);
-    Job& started = *job;
-    jobs_.emplace(index, std::move(job));
+    Job job{&tool, nullptr};
     mainWindow_.SetSwitch(kind);
     try {
-        started.component.Start(common_, index, started.tool);
+        job.component = component_.NewJob(common_, tool);
+        ComponentJob& started = *job.component;
+        jobs_.emplace(index, std::move(job));
+        started.Start(index);
     } catch (const std::exception& error) {
-        started.tool.SetEnabled(true);
         jobs_.erase(index);
-        Report("The job could not be started.", error);
+        Fail({&tool, nullptr}, "The job could not be started.", error);
     }
 }
 
@@ -23,10 +23,9 @@ void Jobs::End(int jobIndex) {
     auto entry = jobs_.extract(jobIndex);
     if (entry.empty()) return;
     try {
-        entry.mapped()->component.UnloadObj();
+        entry.mapped().component->UnloadObj();
     } catch (const std::exception& error) {
-        entry.mapped()->tool.SetEnabled(true);
-        Report("The job did not end as it should.", error);
+        Fail(entry.mapped(), "The job did not end as it should.", error);
     }
 }
 
@@ -34,7 +33,8 @@ void Jobs::EndAll() {
     while (!jobs_.empty()) End(jobs_.begin()->first);
 }
 
-void Jobs::Report(const QString& what, const std::exception& error) {
+void Jobs::Fail(const Job& job, const QString& what, const std::exception& error) {
+    if (job.tool) job.tool->setEnabled(true);
     QMessageBox box(QMessageBox::Critical, mainWindow_.windowTitle(), what + "\n\n" + error.what(),
                     QMessageBox::Ok, &mainWindow_);
     box.exec();

@@ -6,7 +6,7 @@
 #include <map>
 #include <memory>
 
-#include "entry/job/clsLumarin.h"
+#include "host/desktop/Component.h"
 #include "host/desktop/MainWindow.h"
 
 namespace host {
@@ -16,8 +16,8 @@ namespace host {
 class Jobs {
 public:
     /// Everything outlives this.
-    Jobs(const lumarin::ComponentPorts& ports, lumarin::VelCommon& common, MainWindow& mainWindow)
-        : ports_(ports), common_(common), mainWindow_(mainWindow) {}
+    Jobs(Component& component, lumarin::VelCommon& common, MainWindow& mainWindow)
+        : component_(component), common_(common), mainWindow_(mainWindow) {}
 
     /// A job that cannot be started is reported in a message box and leaves its tool enabled.
     void Start(JobKind kind, QAction& tool);
@@ -26,30 +26,18 @@ public:
     void EndAll();
 
 private:
-    /// The tool as the component sees it.
-    class Tool final : public lumarin::HostTool {
-    public:
-        explicit Tool(QAction& action) : action_(&action) {}
-        void SetEnabled(bool enabled) override {
-            if (action_) action_->setEnabled(enabled);
-        }
-
-    private:
-        QPointer<QAction> action_;
-    };
-
     struct Job {
-        Job(const lumarin::ComponentPorts& ports, QAction& action) : tool(action), component(ports) {}
-        Tool tool;
-        lumarin::clsLumarin component;
+        QPointer<QAction> tool;
+        std::unique_ptr<ComponentJob> component;
     };
 
-    void Report(const QString& what, const std::exception& error);
+    /// Enables the tool again, which the component leaves as it was when it failed, and says why.
+    void Fail(const Job& job, const QString& what, const std::exception& error);
 
-    lumarin::ComponentPorts ports_;
+    Component& component_;
     lumarin::VelCommon& common_;
     MainWindow& mainWindow_;
-    std::map<int, std::unique_ptr<Job>> jobs_;
+    std::map<int, Job> jobs_;
     int lastIndex_ = 0;
 };
 

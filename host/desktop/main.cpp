@@ -8,23 +8,18 @@
 #include <filesystem>
 #include <memory>
 
-#include "base/Clock.h"
 #include "host/demo/SeedData.h"
+#include "host/desktop/Component.h"
 #include "host/desktop/Demo.h"
 #include "host/desktop/FtpTool.h"
-#include "host/desktop/HostScanner.h"
 #include "host/desktop/Jobs.h"
 #include "host/desktop/MainWindow.h"
 #include "host/desktop/ProgramOptions.h"
-#include "host/desktop/SystemPorts.h"
 #include "host/drive/DriveError.h"
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
 #include "host/web/WebServer.h"
-#include "platform/qpdf/QpdfLibrary.h"
 #include "platform/qt/QtDesktop.h"
-#include "platform/vips/VipsImaging.h"
-#include "platform/zip/LibzipArchiver.h"
 
 namespace {
 
@@ -74,15 +69,14 @@ class Program {
 public:
     Program(host::ProgramOptions options, const host::HostOptions& user)
         : options_(std::move(options)),
-          scanner_(host::MakeScanner(user.dataFolder,
-                                     options_.demo ? host::ScannerUse::Demo : host::ScannerUse::Usual)),
+          component_(host::MakeComponent(
+              user.dataFolder, options_.demo ? host::ScannerUse::Demo : host::ScannerUse::Usual,
+              IsSeen() ? lumarin::qt::WindowSizes::WithinScreen : lumarin::qt::WindowSizes::AsDesigned)),
           mainWindow_(user),
           common_(user, mainWindow_, [this](int job) { jobs_.End(job); }),
           web_(user.dataFolder, user.connection),
-          jobs_(
-              {desktop_, imaging_, archiver_, clock_, system_.engine, pdf_, scanner_.get(), system_.settings},
-              common_, mainWindow_),
-          ftpTool_(desktop_, common_, mainWindow_, user.dataFolder + "ftp.pem") {
+          jobs_(*component_, common_, mainWindow_),
+          ftpTool_(component_->Desktop(), common_, mainWindow_, user.dataFolder + "ftp.pem") {
         if (web_.Port() > 0)
             common_.SetWebPort(web_.Port());
         else
@@ -118,7 +112,7 @@ private:
 
     int RunDemo(const host::DemoFolders& folders) {
         host::Driver driver;
-        host::Demo demo(driver, desktop_, scanner_.get(), folders);
+        host::Demo demo(driver, component_->Desktop(), component_->Scanner(), folders);
         bool wentWell = false;
         demo.Start([&](bool succeeded) {
             wentWell = succeeded;
@@ -129,15 +123,7 @@ private:
     }
 
     host::ProgramOptions options_;
-    lumarin::vips::VipsImaging imaging_;
-    lumarin::zip::LibzipArchiver archiver_;
-    lumarin::SystemClock clock_;
-    const host::SystemPorts system_ = host::PortsOfThisSystem();
-    lumarin::qpdf::QpdfLibrary pdf_;
-    std::unique_ptr<lumarin::Scanner> scanner_;
-    // Destroys windows that were given up late, and these use what stands above.
-    lumarin::qt::QtDesktop desktop_{IsSeen() ? lumarin::qt::WindowSizes::WithinScreen
-                                             : lumarin::qt::WindowSizes::AsDesigned};
+    std::unique_ptr<host::Component> component_;
     host::MainWindow mainWindow_;
     host::HostVelCommon common_;
     host::WebServer web_;
