@@ -45,12 +45,11 @@ DISPID Object::LookUp(const wchar_t* member) const {
 }
 
 DISPID Object::Find(const wchar_t* member) const {
-    const auto known = std::find_if(known_.begin(), known_.end(),
-                                    [member](const auto& entry) { return entry.first == member; });
-    if (known == known_.end()) known_.emplace_back(member, LookUp(member));
-    const DISPID id = known == known_.end() ? known_.back().second : known->second;
-    if (id == DISPID_UNKNOWN) throw MissingMember(name_, Narrow(member));
-    return id;
+    auto known = std::find_if(known_.begin(), known_.end(),
+                              [member](const auto& entry) { return entry.first == member; });
+    if (known == known_.end()) known = known_.insert(known, {member, LookUp(member)});
+    if (known->second == DISPID_UNKNOWN) throw MissingMember(name_, Narrow(member));
+    return known->second;
 }
 
 Variant Object::Invoke(DISPID id, WORD kind, Arguments& arguments, const wchar_t* member) const {

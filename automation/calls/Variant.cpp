@@ -28,6 +28,10 @@ Variant::Variant(const VARIANT& value) : Variant() {
     if (FAILED(copied)) throw Error(copied, "automation", "A value of an unknown type was passed");
 }
 
+Variant::Variant(const Variant& other) : Variant() {
+    if (FAILED(VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)))) throw std::bad_alloc();
+}
+
 Variant::Variant(std::int32_t number) : Variant() {
     value_.vt = VT_I4;
     value_.lVal = number;

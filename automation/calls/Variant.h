@@ -32,7 +32,7 @@ public:
     explicit Variant(std::span<const std::byte> bytes);
     /// An array of variants.
     explicit Variant(std::vector<Variant> elements);
-    Variant(const Variant& other) : Variant(other.value_) {}
+    Variant(const Variant& other);
     Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
     Variant& operator=(Variant other) noexcept {
         std::swap(value_, other.value_);

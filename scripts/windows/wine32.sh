@@ -52,7 +52,10 @@ END
     done
     # What the packages' own scripts would do.
     /sbin/ldconfig -r "$root.part"
-    cp "$root.part/usr/i686-w64-mingw32/lib/zlib1.dll" "$root.part/usr/lib/i386-linux-gnu/wine/i386-windows/"
+    local zlib=$root.part/usr/lib/i386-linux-gnu/wine/i386-windows/zlib1.dll
+    cp "$root.part/usr/i686-w64-mingw32/lib/zlib1.dll" "$zlib"
+    # By this mark Wine knows its own libraries; without it a program that takes them in a roundabout way finds no zlib.
+    printf 'Wine builtin DLL\0' | dd of="$zlib" bs=1 seek=64 conv=notrunc status=none
     mkdir -p "$root.part"/{proc,dev,sys,tmp,root,home,etc}
     cp /etc/passwd /etc/group "$root.part/etc/"
     rm -rf "$apt"
