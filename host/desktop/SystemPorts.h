@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entry/SettingsFiles.h"
+#include "forms/HelpViewer.h"
 #include "lookup/EngineVersion.h"
 
 namespace host {
@@ -9,6 +10,7 @@ namespace host {
 struct SystemPorts {
     const lumarin::EngineVersion& engine;
     const lumarin::SettingsFiles* settings;  ///< null: the component reads and writes them itself
+    lumarin::HelpViewer* help;               ///< null: the browser shows every help file
 };
 
 /// Those of this system; they live as long as the program.

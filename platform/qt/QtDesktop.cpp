@@ -78,7 +78,7 @@ private:
     bool hidesPointer_;
 };
 
-QtDesktop::QtDesktop(WindowSizes sizes) : sizes_(sizes) {
+QtDesktop::QtDesktop(WindowSizes sizes, HelpViewer* helpViewer) : sizes_(sizes), helpViewer_(helpViewer) {
     destroy_.setSingleShot(true);
     destroy_.setInterval(0);
     QObject::connect(&destroy_, &QTimer::timeout, &destroy_, [this] { DestroyRetired(); });
@@ -230,6 +230,12 @@ void QtDesktop::ClearClipboard() { QGuiApplication::clipboard()->clear(); }
 void QtDesktop::OpenHelp(const std::string& helpFile, int context) {
     const QFileInfo file(ToQt(helpFile));
     if (!file.isFile()) throw FileError("open the help file", helpFile, "there is no such file");
+    if (helpViewer_ != nullptr && helpViewer_->Shows(helpFile)) {
+        const QWidget* owner = QApplication::activeWindow();
+        helpViewer_->Open(FromQt(QDir::toNativeSeparators(file.absoluteFilePath())), context,
+                          owner != nullptr ? owner->winId() : 0);
+        return;
+    }
     QUrl page = QUrl::fromLocalFile(file.absoluteFilePath());
     page.setFragment(QString::number(context));
     // Some desktops drop the page's number from the address of a file: a page of one line leads there.

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "forms/Desktop.h"
+#include "forms/HelpViewer.h"
 
 class QApplication;
 class QWidget;
@@ -31,7 +32,8 @@ enum class WindowSizes { WithinScreen, AsDesigned };
 /// own events is hidden at once and destroyed when no dialog or modal window waits any more.
 class QtDesktop final : public Desktop {
 public:
-    explicit QtDesktop(WindowSizes sizes = WindowSizes::WithinScreen);
+    /// The viewer, if there is one, is not owned; without it every help file opens in the browser.
+    explicit QtDesktop(WindowSizes sizes = WindowSizes::WithinScreen, HelpViewer* helpViewer = nullptr);
     ~QtDesktop() override;
 
     /// Throws Error when the form and its design do not fit, with all that is wrong.
@@ -68,6 +70,7 @@ private:
     void DestroyRetired();
 
     const WindowSizes sizes_;
+    HelpViewer* const helpViewer_;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retiredWindows_;
     std::vector<std::unique_ptr<Form>> retiredForms_;

@@ -25,9 +25,9 @@ private:
 
 TEST(ProgramVersion, QuoteLike_EngineFiles_BareDashFromTheKnownVersionOn) {
     const std::pair<const char*, const char*> cases[] = {
-        {"4.0.3714.7", "a-b"},  {"4.0.3714.6", "a[-]b"}, {"4.1.3714.7", "a-b"},
-        {"5.0.1.0", "a[-]b"}, {"4.0.40000.0", "a[-]b"},  // each half is a signed number
-        {"none", "a[-]b"},      {"missing", "a[-]b"},
+        {"4.0.3714.7", "a-b"}, {"4.0.3714.6", "a[-]b"},  {"4.1.3714.7", "a-b"},
+        {"5.0.1.0", "a[-]b"},  {"4.0.40000.0", "a[-]b"},  // each half is a signed number
+        {"none", "a[-]b"},     {"missing", "a[-]b"},
     };
     for (const auto& [version, quoted] : cases)
         EXPECT_EQ(clsSQLQuote(EngineIn(std::string(ENGINES) + version)).QuoteLike("a-b"), quoted) << version;

@@ -1,5 +1,6 @@
 #include "host/desktop/SystemPorts.h"
 
+#include "platform/windows/CompiledHelp.h"
 #include "platform/windows/ProfileSettings.h"
 #include "platform/windows/ProgramVersion.h"
 
@@ -8,7 +9,8 @@ namespace host {
 SystemPorts PortsOfThisSystem() {
     static const lumarin::windows::ProgramVersion engine;
     static const lumarin::windows::ProfileSettings settings;
-    return {engine, &settings};
+    static lumarin::windows::CompiledHelp help;
+    return {engine, &settings, &help};
 }
 
 }  // namespace host
