@@ -17,7 +17,16 @@ quietly() {
     fi
 }
 
-quietly cmake --preset "$preset"
+fresh=()
+if [[ $preset == windows-* ]]; then
+    # CMake remembers where it has found a library; one that was built anew lies elsewhere.
+    mkdir -p "build/$preset"
+    folders=$(scripts/windows/dependencies.sh "${preset#windows-}" --print) ||
+        { echo "Libraries are missing; scripts/windows/dependencies.sh ${preset#windows-} builds them" >&2; exit 1; }
+    if [[ $folders != "$(cat "build/$preset/libraries.txt" 2>/dev/null)" ]]; then fresh=(--fresh); fi
+    echo "$folders" >"build/$preset/libraries.txt"
+fi
+quietly cmake --preset "$preset" "${fresh[@]}"
 targets=()
 [[ $# -eq 0 ]] || targets=(--target "$@")
 quietly cmake --build "build/$preset" "${targets[@]}"

@@ -1,6 +1,5 @@
 #include "bench/day/WorkingDay.h"
 
-#include <unistd.h>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -53,14 +52,7 @@ public:
         times[kind].push_back(taken.count());
     }
 
-    Holdings Held() const {
-        const std::string folder = "/proc/" + std::to_string(process_.processId());
-        long size = 0, resident = 0;
-        std::ifstream(folder + "/statm") >> size >> resident;
-        const std::filesystem::directory_iterator descriptors(folder + "/fd");
-        return {static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / 1'048'576,
-                static_cast<int>(std::distance(begin(descriptors), end(descriptors)))};
-    }
+    Holdings Held() const { return HeldBy(process_.processId()); }
 
     void End() {
         Ask("quit");

@@ -6,13 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace bench {
+#include "bench/day/Holdings.h"
 
-/// What the running program holds at a moment.
-struct Holdings {
-    double megabytes = 0;
-    int descriptors = 0;
-};
+namespace bench {
 
 struct WorkingDay {
     /// Milliseconds of every step, by kind, in order.

@@ -6,8 +6,10 @@
 #include <filesystem>
 #include <memory>
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "host/demo/LargePhoto.h"
+#include "host/desktop/ProgramOptions.h"
 #include "host/drive/Steps.h"
 #include "util/frmBusy.h"
 
@@ -32,10 +34,10 @@ QJsonArray Rows(const QJsonObject& list) { return list["rows"].toArray(); }
 }  // namespace
 
 DemoFolders PrepareDemoFolders(const std::string& folder) {
-    const std::string root = std::filesystem::absolute(folder).lexically_normal().string() + '/';
+    const std::string root = AbsolutePath(folder) + lumarin::files::Separator;
     DemoFolders folders{root + "data/", root + "originals/", root};
     for (const std::string& own : {folders.data, folders.originals}) {
-        std::filesystem::remove_all(own);
+        std::filesystem::remove_all(lumarin::files::ToPath(own));
         lumarin::files::EnsureFolder(own);
     }
     return folders;

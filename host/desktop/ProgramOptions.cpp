@@ -1,11 +1,14 @@
 #include "host/desktop/ProgramOptions.h"
 
 #include <charconv>
-#include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <map>
 
 #include "base/Error.h"
+#include "base/FileSystem.h"
+#include "base/Files.h"
+#include "platform/system/UserSession.h"
 
 namespace host {
 
@@ -33,11 +36,6 @@ void CheckTogether(const ProgramOptions& options) {
     if (!options.drive.empty()) throw OptionError("--demo and --drive exclude each other");
     if (!options.dataFolder.empty())
         throw OptionError("--demo uses a data folder of its own; leave out --data");
-}
-
-const char* Environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && *value != '\0' ? value : nullptr;
 }
 
 }  // namespace
@@ -110,10 +108,17 @@ command line that cannot be understood, and 3 when the data folder is in use.
 )";
 }
 
+std::string AbsolutePath(const std::string& path) {
+    namespace files = lumarin::files;
+    const auto whole = std::filesystem::absolute(files::ToPath(path)).lexically_normal();
+    return files::ToUtf8(whole.has_filename() ? whole : whole.parent_path());
+}
+
 std::string UsualDataFolder() {
-    if (const char* data = Environment("XDG_DATA_HOME")) return std::string(data) + "/lumarin-host";
-    if (const char* home = Environment("HOME")) return std::string(home) + "/.local/share/lumarin-host";
-    throw OptionError("There is no home folder; say with --data where to keep everything");
+    const std::string folder = lumarin::platform::UserDataFolder();
+    if (folder.empty())
+        throw OptionError("There is no home folder; say with --data where to keep everything");
+    return folder + lumarin::files::Separator + "lumarin-host";
 }
 
 }  // namespace host

@@ -40,8 +40,11 @@ ProgramOptions ParseOptions(const std::vector<std::string>& arguments);
 /// The help text.
 std::string OptionHelp();
 
+/// The whole of a path that a person gave, without a separator at its end.
+std::string AbsolutePath(const std::string& path);
+
 /// Where the host keeps everything when nobody says otherwise: in the user's data folder. Throws
-/// OptionError when the environment names none.
+/// OptionError when the system names none.
 std::string UsualDataFolder();
 
 }  // namespace host

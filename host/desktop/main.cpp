@@ -4,8 +4,6 @@
 #include <QTimer>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
 
 #include "host/demo/SeedData.h"
@@ -20,6 +18,7 @@
 #include "host/services/DataFolder.h"
 #include "host/web/WebServer.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/system/UserSession.h"
 
 namespace {
 
@@ -27,12 +26,8 @@ constexpr int Failed = 1;
 constexpr int BadOptions = 2;
 constexpr int DataInUse = 3;
 
-bool IsSet(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
-}
-
-bool HasDisplay() { return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM"); }
+/// Also when the toolkit was told where to draw.
+bool HasDisplay() { return lumarin::platform::HasDisplay() || !qgetenv("QT_QPA_PLATFORM").isEmpty(); }
 
 /// Without a display only the demo and a driven program can run; both then draw off the screen.
 void ChoosePlatform(host::ProgramOptions& options) {
@@ -138,8 +133,7 @@ int Start(host::ProgramOptions options) {
         options.dataFolder = demoFolders.data;
     }
     const std::string usual = options.dataFolder.empty() ? host::UsualDataFolder() : options.dataFolder;
-    const std::string folder =
-        host::PrepareDataFolder(std::filesystem::absolute(usual).lexically_normal().string());
+    const std::string folder = host::PrepareDataFolder(host::AbsolutePath(usual));
 
     QLockFile lock(QString::fromStdString(folder + "host.lock"));
     // Only the lock of a program that has ended may be broken, however old it is.
@@ -167,7 +161,7 @@ int Start(host::ProgramOptions options) {
 int main(int argumentCount, char** arguments) {
     host::ProgramOptions options;
     try {
-        options = host::ParseOptions({arguments + 1, arguments + argumentCount});
+        options = host::ParseOptions(lumarin::platform::ProgramArguments(argumentCount, arguments));
     } catch (const host::OptionError& error) {
         std::fprintf(stderr, "lumarin-host: %s\nTry --help.\n", error.what());
         return BadOptions;

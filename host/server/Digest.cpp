@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <fstream>
 
+#include "base/FileSystem.h"
+
 namespace host {
 
 std::string DigestOf(const std::string& path) {
@@ -10,7 +12,7 @@ std::string DigestOf(const std::string& path) {
     constexpr std::uint64_t Prime = 1099511628211U;
     std::uint64_t hash = OffsetBasis;
     std::uint64_t length = 0;
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(lumarin::files::ToPath(path), std::ios::binary);
     char block[65536];
     while (in.read(block, sizeof block) || in.gcount() > 0) {
         for (std::streamsize i = 0; i < in.gcount(); ++i)

@@ -4,6 +4,7 @@
 #include <set>
 #include <vector>
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "base/Text.h"
 
@@ -42,19 +43,19 @@ void DocumentStore::Add(std::int32_t listing, std::int64_t document, const std::
 }
 
 void DocumentStore::Sweep(Database& database) const {
-    std::set<std::string> wanted;
+    std::set<std::filesystem::path> wanted;
     Statement rows(database, "SELECT DocListNum, DocID FROM Documents WHERE ifnull(DocUrl, '') = ''");
-    while (rows.Step()) wanted.insert(Path(static_cast<std::int32_t>(rows.Integer(0)), rows.Integer(1)));
+    while (rows.Step())
+        wanted.insert(files::ToPath(Path(static_cast<std::int32_t>(rows.Integer(0)), rows.Integer(1))));
 
     std::error_code ignored;
-    std::vector<std::string> leftovers;
-    std::vector<std::filesystem::path> folders;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(root_, ignored))
+    std::vector<std::filesystem::path> leftovers, folders;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(files::ToPath(root_), ignored))
         if (entry.is_directory(ignored))
             folders.push_back(entry.path());
-        else if (!wanted.contains(entry.path().string()))
-            leftovers.push_back(entry.path().string());
-    for (const std::string& path : leftovers) files::TryDelete(path);
+        else if (!wanted.contains(entry.path()))
+            leftovers.push_back(entry.path());
+    for (const auto& path : leftovers) std::filesystem::remove(path, ignored);
     // From the innermost outwards; a folder that holds something stays.
     for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder)
         std::filesystem::remove(*folder, ignored);

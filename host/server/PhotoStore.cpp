@@ -1,5 +1,6 @@
 #include "host/server/PhotoStore.h"
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "base/Numbers.h"
 
@@ -73,8 +74,8 @@ void PhotoStore::Publish(Database& database, std::int32_t listing,
 void PhotoStore::Sweep(Database& database) const {
     std::error_code ignored;
     std::vector<std::int32_t> listings;
-    for (const auto& entry : std::filesystem::directory_iterator(folder_, ignored))
-        if (const auto listing = lumarin::ParseListingNumber(entry.path().filename().string()))
+    for (const auto& entry : std::filesystem::directory_iterator(files::ToPath(folder_), ignored))
+        if (const auto listing = lumarin::ParseListingNumber(files::ToUtf8(entry.path().filename())))
             listings.push_back(*listing);
     for (const std::int32_t listing : listings) Sweep(database, listing);
 }

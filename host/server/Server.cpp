@@ -1,6 +1,7 @@
 #include "host/server/Server.h"
 
 #include "base/Clock.h"
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "host/database/Schema.h"
 #include "host/server/Digest.h"
@@ -156,7 +157,7 @@ void Server::Log(const std::string& line) const noexcept {
         char stamp[32];
         std::snprintf(stamp, sizeof stamp, "%04d-%02d-%02d %02d:%02d:%02d ", now.year, now.month, now.day,
                       now.hour, now.minute, now.second);
-        std::ofstream(folder_ + "server.log", std::ios::app) << stamp + line + "\n";
+        std::ofstream(files::ToPath(folder_ + "server.log"), std::ios::app) << stamp + line + "\n";
     } catch (...) {
         // A log that cannot be written must not stop the server.
     }

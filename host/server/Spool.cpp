@@ -1,5 +1,6 @@
 #include "host/server/Spool.h"
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "base/Numbers.h"
 #include "host/server/PackageReader.h"
@@ -87,7 +88,7 @@ void Spool::Begin(const std::string& name, Sender sender) {
     uploads_.push_back({.sender = sender,
                         .name = name,
                         .path = path,
-                        .out = std::ofstream(path, std::ios::binary | std::ios::trunc)});
+                        .out = std::ofstream(files::ToPath(path), std::ios::binary | std::ios::trunc)});
     if (uploads_.back().out) return;
     Drop(std::prev(uploads_.end()));
     throw lumarin::FileError("write", path, "the server cannot store the upload");

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/Error.h"
+#include "base/FileSystem.h"
 #include "base/Files.h"
 
 namespace host {
@@ -21,7 +22,8 @@ constexpr const char* DefaultSettings =
 
 /// A link that leads nowhere is left alone: what it leads to may only be away.
 void WriteMissing(const std::string& path, const char* bytes) {
-    if (!files::FileExists(path) && !std::filesystem::is_symlink(path)) files::WriteWhole(path, bytes);
+    if (!files::FileExists(path) && !std::filesystem::is_symlink(files::ToPath(path)))
+        files::WriteWhole(path, bytes);
 }
 
 }  // namespace

@@ -33,10 +33,6 @@ void FilePipeline::Close() {
 
 void FilePipeline::Fail() const { throw FileError("write", path_, std::strerror(errno)); }
 
-std::filesystem::path ToPath(const std::string& utf8) {
-    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-}
-
 void TryWriting(const std::string& path) {
     FilePipeline(path).Close();
     files::TryDelete(path);

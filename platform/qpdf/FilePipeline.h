@@ -3,7 +3,6 @@
 #include <qpdf/Pipeline.hh>
 
 #include <cstdio>
-#include <filesystem>
 #include <string>
 
 namespace lumarin::qpdf {
@@ -30,8 +29,6 @@ private:
     std::string path_;
     std::FILE* file_ = nullptr;
 };
-
-std::filesystem::path ToPath(const std::string& utf8);
 
 /// Throws FileError when no such file could be written; leaves nothing behind.
 void TryWriting(const std::string& path);

@@ -10,6 +10,7 @@
 #include <memory>
 #include <string_view>
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 
 namespace lumarin::qpdf {
@@ -117,7 +118,7 @@ private:
 std::optional<FileEnd> FindFileEnd(QPDF& pdf, const std::string& path) {
     if (pdf.isEncrypted() || pdf.getTrailer().hasKey("/XRefStm")) return std::nullopt;
     FileEnd end{files::FileLength(path), 0};
-    std::ifstream file(ToPath(path), std::ios::binary);
+    std::ifstream file(files::ToPath(path), std::ios::binary);
     const std::uint64_t tail = std::min(end.length, TailLength);
     const auto index = IndexPosition(ReadPart(file, end.length - tail, tail));
     const bool startsAtOnce = ReadPart(file, 0, 5) == "%PDF-";

@@ -1,11 +1,12 @@
 #include "platform/qpdf/GrowingFile.h"
 
 #include <algorithm>
-#include <memory>
+#include <fstream>
 #include <system_error>
 #include <utility>
 
 #include "base/Error.h"
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "platform/qpdf/PdfError.h"
 
@@ -19,21 +20,20 @@ constexpr std::uint64_t BlockLength = 1 << 20;
 
 bool IsFile(const std::string& path, std::uint64_t length, fs::file_time_type time) {
     std::error_code problem;
-    return fs::file_size(ToPath(path), problem) == length && !problem &&
-           fs::last_write_time(ToPath(path), problem) == time && !problem;
+    return fs::file_size(files::ToPath(path), problem) == length && !problem &&
+           fs::last_write_time(files::ToPath(path), problem) == time && !problem;
 }
 
 /// Adds a part of a file to another one.
 void CopyPart(const std::string& from, std::uint64_t start, std::uint64_t end, const std::string& to) {
-    std::FILE* source = std::fopen(from.c_str(), "rb");
-    if (source == nullptr) throw FileError("open", from, "no such file");
-    const std::unique_ptr<std::FILE, decltype(&std::fclose)> owner(source, &std::fclose);
+    std::ifstream source(files::ToPath(from), std::ios::binary);
+    if (!source) throw FileError("open", from, "no such file");
     FilePipeline target(to, FilePipeline::Start::AtEnd);
     std::string block;
-    std::fseek(source, static_cast<long>(start), SEEK_SET);
+    source.seekg(static_cast<std::streamoff>(start));
     for (; start < end; start += block.size()) {
         block.resize(std::min(BlockLength, end - start));
-        if (std::fread(block.data(), 1, block.size(), source) != block.size())
+        if (!source.read(block.data(), static_cast<std::streamsize>(block.size())))
             throw FileError("read", from, "it is shorter than it was");
         target.write(reinterpret_cast<const unsigned char*>(block.data()), block.size());
     }
@@ -81,7 +81,8 @@ void GrowingFile::MakeStart(std::uint64_t length) {
         return;
     }
     std::error_code problem;
-    fs::copy_file(ToPath(path_), ToPath(unfinished_), fs::copy_options::overwrite_existing, problem);
+    fs::copy_file(files::ToPath(path_), files::ToPath(unfinished_), fs::copy_options::overwrite_existing,
+                  problem);
     if (problem) throw FileError("copy", path_, problem.message());
 }
 
@@ -89,17 +90,17 @@ void GrowingFile::MakeStart(std::uint64_t length) {
 void GrowingFile::TakePlace(std::uint64_t length) {
     std::error_code problem;
     files::TryDelete(replaced_);
-    if (length > 0) fs::create_hard_link(ToPath(path_), ToPath(replaced_), problem);
+    if (length > 0) fs::create_hard_link(files::ToPath(path_), files::ToPath(replaced_), problem);
     const bool isKept = length > 0 && !problem;
     files::Rename(unfinished_, path_);
     replacedLength_ = 0;
     if (isKept) {
-        fs::rename(ToPath(replaced_), ToPath(unfinished_), problem);
-        replacedTime_ = fs::last_write_time(ToPath(unfinished_), problem);
+        fs::rename(files::ToPath(replaced_), files::ToPath(unfinished_), problem);
+        replacedTime_ = fs::last_write_time(files::ToPath(unfinished_), problem);
         replacedLength_ = problem ? 0 : length;
     }
     writtenLength_ = files::FileLength(path_);
-    writtenTime_ = fs::last_write_time(ToPath(path_), problem);
+    writtenTime_ = fs::last_write_time(files::ToPath(path_), problem);
 }
 
 bool GrowingFile::IsAsLeft() const {

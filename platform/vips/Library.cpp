@@ -1,7 +1,5 @@
 #include "platform/vips/Library.h"
 
-#include <gmodule.h>
-
 #include <optional>
 #include <string>
 
@@ -17,7 +15,6 @@ constexpr int WorkerThreads = 2;
 
 // All other readers (documents, drawings, scientific data, the catch-all ones) are shut: they would run on
 // files from strangers and open things that are not photos.
-constexpr const char* HeifReader = "VipsForeignLoadHeif";
 constexpr const char* Readers[] = {"VipsForeignLoadJpeg", "VipsForeignLoadPng",   "VipsForeignLoadTiff",
                                    "VipsForeignLoadWebp", "VipsForeignLoadNsgif", HeifReader};
 
@@ -56,22 +53,6 @@ std::string TakeReason() {
 void StartLibrary() {
     static const bool started = Start();
     if (!started) throw ImagingError(FirstImagingError, "The imaging library cannot start: " + TakeReason());
-}
-
-void LoadHeifReader() {
-    static GModule* const module = [] {
-        const std::string folder =
-            "vips-modules-" + std::to_string(VIPS_MAJOR_VERSION) + "." + std::to_string(VIPS_MINOR_VERSION);
-        const std::string path =
-            std::string(LUMARIN_VIPS_LIBRARIES) + "/" + folder + "/vips-heif." G_MODULE_SUFFIX;
-        GModule* loaded = g_module_open(path.c_str(), G_MODULE_BIND_LOCAL);
-        if (loaded != nullptr) {
-            g_module_make_resident(loaded);
-            vips_operation_block_set(HeifReader, FALSE);
-        }
-        return loaded;
-    }();
-    static_cast<void>(module);
 }
 
 ImagingError ErrorOf(std::int32_t number) {

@@ -21,7 +21,9 @@ inline constexpr const char* InvalidPictureText = "The selected file is not a va
 /// kept from one operation to the next, no messages. Throws ImagingError when the library cannot start.
 void StartLibrary();
 
-/// Loads the reader for HEIF pictures where libvips has it as a module; not needed again once it is there.
+/// The reader for HEIF pictures: within libvips, or a module of its own.
+inline constexpr const char* HeifReader = "VipsForeignLoadHeif";
+/// Loads that reader where libvips has it as a module; not needed again once it is there.
 void LoadHeifReader();
 
 /// The library's last reason, which is forgotten by that, as our error. `number` says what was tried; lack

@@ -23,3 +23,5 @@ set(PKG_CONFIG_ARGN --static)
 # Qt's tools that run on the build machine are Debian's.
 set(QT_HOST_PATH /usr)
 set(QT_HOST_PATH_CMAKE_DIR /usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake)
+# Programs of this build run in Wine, tests among them.
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine.sh ${LUMARIN_WINDOWS_BITS})

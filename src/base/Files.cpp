@@ -13,11 +13,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string ToUtf8(const fs::path& path) {
-    const std::u8string utf8 = path.u8string();
-    return {utf8.begin(), utf8.end()};
-}
-
 /// The file name of a path that a listing gave, without taking the whole path apart where it is UTF-8.
 template <class Path>
 auto LastPart(const Path& path) {

@@ -5,16 +5,11 @@
 #include "host/server/Refusal.h"
 #include "host/server/Server.h"
 #include "host_server/PackageBuilder.h"
-#include "reliability/DiskFaults.h"
 #include "support/Reason.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#include <csignal>
 
-#include <filesystem>
 #include <functional>
 #include <optional>
 
@@ -84,32 +79,8 @@ protected:
 
     /// Does the work in another process, on the folder as it stands, and kills that at each of its file calls
     /// in turn; then the server starts anew and is looked at. The last process is not killed.
-    void AtEachKill(const std::function<void(Server&)>& work, const std::function<void()>& check) {
-        namespace fs = std::filesystem;
-        namespace faults = lumarin::disk_faults;
-        server_.reset();
-        const lumarin::testing::TemporaryFolder before;
-        fs::copy(folder_.Path(), before.Path(), fs::copy_options::recursive);
-        int status = SIGKILL;
-        for (int call = 1; WIFSIGNALED(status); ++call) {
-            SCOPED_TRACE(call);
-            server_.reset();
-            for (const auto& entry : fs::directory_iterator(folder_.Path())) fs::remove_all(entry);
-            fs::copy(before.Path(), folder_.Path(), fs::copy_options::recursive);
-            const pid_t child = fork();
-            if (child == 0) {
-                Server doomed(folder_.Path());
-                const auto kind = call % 2 == 0 ? faults::Kind::Killed : faults::Kind::KilledHalf;
-                faults::Begin(folder_.Path(), kind, call);
-                work(doomed);
-                _exit(0);
-            }
-            waitpid(child, &status, 0);
-            ASSERT_TRUE(status == 0 || WTERMSIG(status) == SIGKILL) << status;
-            Restart();
-            check();
-        }
-    }
+    /// Where a process cannot be copied, the work is done once, and not killed.
+    void AtEachKill(const std::function<void(Server&)>& work, const std::function<void()>& check);
 
     lumarin::testing::TemporaryFolder folder_;
     std::optional<Server> server_;

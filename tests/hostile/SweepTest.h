@@ -1,7 +1,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
+
+#include <functional>
 
 #include "base/Files.h"
 #include "hostile/Corpus.h"
@@ -15,6 +16,10 @@ inline const std::string Good = "100123";
 struct ListingsFolder : testing::TemporaryFolder {
     ListingsFolder() { reliability::Workplace::AddListings(Path(), {Good, "100124"}); }
 };
+
+/// Makes what the system has besides files and folders; `path` gives a path for a name and takes it down.
+void MakeThingsThatAreNotFiles(const std::function<std::string(const std::string&)>& path,
+                               const std::string& ending);
 
 /// An agent with one photo of listing 100123, and then all that can go wrong besides.
 class SweepTest : ListingsFolder, public ::testing::Test, protected reliability::Workplace {
@@ -47,9 +52,7 @@ protected:
         const auto path = [&](const std::string& name) { return paths.emplace_back(incoming + name); };
         for (const std::string& name : Names()) std::filesystem::copy_file(file, path(name));
         std::filesystem::create_directory(path("100123 folder" + ending));
-        std::filesystem::create_symlink("nowhere", path("100123 link" + ending));
-        std::filesystem::create_symlink("/dev/zero", path("100123 endless" + ending));
-        mkfifo(path("100123 pipe" + ending).c_str(), 0600);
+        MakeThingsThatAreNotFiles(path, ending);
         path("100123 gone" + ending);
         return paths;
     }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <csignal>
-
-#include <cstdio>
 #include <string>
+
+#include "support/Command.h"
 
 namespace lumarin::testing {
 
@@ -11,24 +10,16 @@ namespace lumarin::testing {
 class FtpServer {
 public:
     explicit FtpServer(const std::string& folder, const std::string& fault = "none")
-        : output_(
-              popen(("exec /usr/bin/python3 " FTP_SERVER_SCRIPT " " + folder + " " + fault).c_str(), "r")) {
-        if (std::fscanf(output_, "%d %d", &process_, &port_) != 2) process_ = 0;
-    }
-    ~FtpServer() {
-        if (process_ > 0) kill(process_, SIGKILL);
-        pclose(output_);
-    }
-    FtpServer(const FtpServer&) = delete;
-    FtpServer& operator=(const FtpServer&) = delete;
+        : command_("exec /usr/bin/python3 " FTP_SERVER_SCRIPT " '" + folder + "' " + fault),
+          port_(command_.ReadLine()) {}
 
-    std::string Address() const { return "localhost:" + std::to_string(port_); }
+    std::string Address() const { return "localhost:" + port_; }
     /// Waits until it stalls; false when it ends without.
-    bool WaitForStall() { return std::fgetc(output_) == '\n' && std::fgetc(output_) == 's'; }
+    bool WaitForStall() { return command_.ReadLine() == "stalled"; }
 
 private:
-    FILE* output_;
-    int process_ = 0, port_ = 0;
+    Command command_;
+    std::string port_;
 };
 
 }  // namespace lumarin::testing

@@ -2,7 +2,7 @@
 
 FAULT is "none"; "tls" (nothing without encryption; the certificate is written beside FOLDER, as FOLDER.pem);
 "short" (keeps half of each file); "sizeless" (does not know SIZE); or "stall CODE" and "die CODE", at the reply
-with that code, or with "data" at the first bytes of a file. Says its process and port when it listens, and "stalled".
+with that code, or with "data" at the first bytes of a file. Says its port when it listens, and "stalled".
 """
 import logging
 import os
@@ -83,5 +83,5 @@ handler.authorizer.add_user("agent", 'se|cr"et', folder, perm="elradfmwMT")
 handler.authorizer.add_user("guest", "guest", folder, perm="elr")
 logging.disable()
 server = FTPServer(("127.0.0.1", 0), handler)
-print(os.getpid(), server.address[1], flush=True)
+print(server.address[1], flush=True)
 server.serve_forever()

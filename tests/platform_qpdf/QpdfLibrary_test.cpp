@@ -1,25 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <optional>
 
 #include "base/Files.h"
 #include "platform/qpdf/QpdfLibrary.h"
 #include "platform/vips/VipsImaging.h"
 #include "platform_vips/Samples.h"
+#include "support/Command.h"
 
 namespace lumarin {
 
 using namespace samples;
-
-/// What a command prints; its failure is a failure of the test.
-std::string OutputOf(const std::string& command) {
-    std::string output;
-    std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-    for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe)) output += static_cast<char>(byte);
-    EXPECT_EQ(pclose(pipe), 0) << command << "\n" << output.substr(0, 2000);
-    return output;
-}
+using testing::OutputOf;
 
 /// "type width height colour components bits packing" of every picture, a line each; fails for an unsound
 /// file.

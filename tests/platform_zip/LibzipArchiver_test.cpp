@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "base/Files.h"
+#include "support/Command.h"
 #include "support/Reason.h"
 #include "support/TemporaryFolder.h"
 
@@ -25,7 +24,7 @@ TEST(LibzipArchiver, Create_FromSeveralFolders_StoresByPlainNameOrLeavesNothing)
     for (const int empty : {1, 2}) files::WriteWhole(paths[empty], "");
     LibzipArchiver().Create(archive, {paths[0], paths[1]});
     EXPECT_EQ(NamesIn(folder), (std::vector<std::string>{"100123a.jpg", "DB12345A101.zip"}));
-    ASSERT_EQ(std::system(("unzip -q '" + archive + "' -d " + folder + "out").c_str()), 0);
+    testing::OutputOf("unzip -q '" + archive + "' -d " + folder + "out");
     EXPECT_EQ(NamesIn(folder + "out/"), (std::vector<std::string>{"100123a.jpg", "empty [1].jpg"}));
     EXPECT_EQ(files::ReadAll(folder + "out/100123a.jpg"), photo);
 

@@ -1,7 +1,5 @@
 #include "reliability/Workplace.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
@@ -26,9 +24,9 @@ constexpr const char* Settings =
 /// Thousands of small folders come and go: in memory, where there is room and nobody chose another place.
 [[maybe_unused]] const bool inMemory = [] {
     std::error_code none;
-    return access("/dev/shm", W_OK) == 0 &&
-           std::filesystem::space("/dev/shm", none).available > 500'000'000 &&
-           setenv("TMPDIR", "/dev/shm", 0) == 0;
+    const bool hasRoom = std::filesystem::space("/dev/shm", none).available > 500'000'000;
+    if (hasRoom && std::getenv("TMPDIR") == nullptr) testing::TemporaryFolder::Parent() = "/dev/shm";
+    return hasRoom;
 }();
 
 /// What the agent answers to a question that belongs to the work at hand.

@@ -11,9 +11,8 @@ class TemporaryFolder {
 public:
     TemporaryFolder() {
         std::random_device random;
-        const auto parent = std::filesystem::temp_directory_path();
         do {
-            path_ = parent / ("lumarin-" + std::to_string(random()));
+            path_ = Parent() / ("lumarin-" + std::to_string(random()));
         } while (!std::filesystem::create_directory(path_));
     }
     ~TemporaryFolder() {
@@ -23,6 +22,12 @@ public:
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    /// Where all of them are made.
+    static std::filesystem::path& Parent() {
+        static std::filesystem::path parent = std::filesystem::temp_directory_path();
+        return parent;
+    }
 
     /// With a separator at the end.
     std::string Path() const {

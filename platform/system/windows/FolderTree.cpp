@@ -25,11 +25,6 @@ std::uint64_t Length(DWORD high, DWORD low) { return (std::uint64_t{high} << 32)
 
 bool IsFile(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0; }
 
-std::string ToUtf8(const wchar_t* name) {
-    const std::u8string text = std::filesystem::path(name).u8string();
-    return {text.begin(), text.end()};
-}
-
 }  // namespace
 
 FolderTree::FolderTree(const std::string& root) : root_(std::make_unique<Root>()) {
@@ -61,7 +56,7 @@ FolderTree::Reading FolderTree::ReadFolder(const std::string& folder,
     const Search search(first);
     do {
         if (!IsFile(found.dwFileAttributes)) continue;
-        const std::string name = ToUtf8(found.cFileName);
+        const std::string name = files::ToUtf8(found.cFileName);
         if (wanted(name) && !take(name, Length(found.nFileSizeHigh, found.nFileSizeLow)))
             return Reading::Ended;
     } while (FindNextFileW(search.get(), &found));

@@ -20,7 +20,6 @@ build() {
     done
     "$triplet-ar" rcs "$stage/lib/libvips-cpp.a" V*.o
     describe vips-cpp "-lvips-cpp -lvips"
-    describe gmodule-2.0 -lvips
     cp library/versions.json library/README.md "$stage"
 }
 

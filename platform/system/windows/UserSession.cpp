@@ -1,0 +1,32 @@
+#include "platform/system/UserSession.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <memory>
+
+#include "base/FileSystem.h"
+
+namespace lumarin::platform {
+
+std::vector<std::string> ProgramArguments(int, char**) {
+    int count = 0;
+    const std::unique_ptr<wchar_t*, decltype(&LocalFree)> values(
+        CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) arguments.push_back(files::ToUtf8(values.get()[i]));
+    return arguments;
+}
+
+std::string UserDataFolder() {
+    wchar_t* path = nullptr;
+    const HRESULT found = SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_DEFAULT, nullptr, &path);
+    const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> owner(path, &CoTaskMemFree);
+    return SUCCEEDED(found) ? files::ToUtf8(path) : "";
+}
+
+bool HasDisplay() { return true; }
+
+}  // namespace lumarin::platform

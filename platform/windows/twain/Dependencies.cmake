@@ -1,1 +1,0 @@
-# Nothing but the system: the source manager is loaded at run time.

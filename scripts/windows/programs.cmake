@@ -1,0 +1,35 @@
+# Windows programs need their libraries beside them. All programs of the build go into one folder, with what they load
+# from elsewhere: the compiler's libraries, Qt with its plugins, libvips.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+function(lumarin_compiler_file name result)
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name} OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT IS_ABSOLUTE "${file}")
+    message(FATAL_ERROR "The compiler has no ${name}")
+  endif()
+  set(${result} ${file} PARENT_SCOPE)
+endfunction()
+
+set(unwinder libgcc_s_seh-1.dll)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  set(unwinder libgcc_s_dw2-1.dll)
+endif()
+set(LUMARIN_WINDOWS_LIBRARIES)
+foreach(name libstdc++-6.dll ${unwinder})
+  lumarin_compiler_file(${name} file)
+  list(APPEND LUMARIN_WINDOWS_LIBRARIES ${file})
+endforeach()
+find_file(LUMARIN_WINPTHREAD libwinpthread-1.dll PATHS / PATH_SUFFIXES lib bin REQUIRED)
+find_file(LUMARIN_VIPS_LIBRARY libvips-42.dll PATHS / PATH_SUFFIXES bin REQUIRED)
+list(APPEND LUMARIN_WINDOWS_LIBRARIES ${LUMARIN_WINPTHREAD} ${LUMARIN_VIPS_LIBRARY})
+foreach(module Core Gui Widgets)
+  list(APPEND LUMARIN_WINDOWS_LIBRARIES ${QT6_INSTALL_PREFIX}/bin/Qt6${module}.dll)
+endforeach()
+set(LUMARIN_QT_PLUGINS platforms/qwindows.dll platforms/qoffscreen.dll styles/qwindowsvistastyle.dll
+    imageformats/qjpeg.dll imageformats/qgif.dll imageformats/qico.dll)
+
+file(COPY ${LUMARIN_WINDOWS_LIBRARIES} ${QT6_INSTALL_PREFIX}/bin/Qt6Test.dll DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+foreach(plugin ${LUMARIN_QT_PLUGINS})
+  get_filename_component(folder ${plugin} DIRECTORY)
+  file(COPY ${QT6_INSTALL_PREFIX}/plugins/${plugin} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${folder})
+endforeach()
