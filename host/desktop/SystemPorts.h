@@ -3,6 +3,7 @@
 #include "entry/SettingsFiles.h"
 #include "forms/HelpViewer.h"
 #include "lookup/EngineVersion.h"
+#include "platform/vips/VipsImaging.h"
 
 namespace host {
 
@@ -10,7 +11,8 @@ namespace host {
 struct SystemPorts {
     const lumarin::EngineVersion& engine;
     const lumarin::SettingsFiles* settings;  ///< null: the component reads and writes them itself
-    lumarin::HelpViewer* help;               ///< null: the browser shows every help file
+    lumarin::vips::VipsImaging::SystemDecoder decodeHeic;  ///< null: libvips decodes all it can
+    lumarin::HelpViewer* help;                             ///< null: the browser shows every help file
 };
 
 /// Those of this system; they live as long as the program.

@@ -30,6 +30,8 @@ std::string FindReader(const VSource& source) {
     return reader;
 }
 
+constexpr const char* HeifSource = "VipsForeignLoadHeifSource";
+
 class StoredFile final : public StoredPicture {
 public:
     StoredFile(std::string path, int page) : path_(std::move(path)), page_(page) {
@@ -38,7 +40,7 @@ public:
         isJpeg_ = reader == "VipsForeignLoadJpegSource";
         isWebp_ = reader == "VipsForeignLoadWebpSource";
         isTiff_ = reader == "VipsForeignLoadTiffSource";
-        isHeif_ = reader == "VipsForeignLoadHeifSource";
+        isHeif_ = reader == HeifSource;
         ReadHeader(VImage::new_from_source(source, "", PageOptions()));
     }
 
@@ -146,6 +148,23 @@ std::unique_ptr<StoredPicture> OpenFile(const std::string& path, int page) {
     // Reading a pipe or a device might never end.
     if (!files::FileExists(path)) throw ImagingError(InvalidPictureError, InvalidPictureText);
     return std::make_unique<StoredFile>(path, page);
+}
+
+bool IsHeifFile(const std::string& path) {
+    if (!files::FileExists(path)) return false;
+    return FindReader(VSource::new_from_file(path.c_str())) == HeifSource;
+}
+
+std::unique_ptr<StoredPicture> OpenHeif(const std::string& path,
+                                        const std::function<PicturePtr(const std::string&)>& decode) {
+    try {
+        auto stored = OpenFile(path, 0);
+        stored->Decode(1.0);  // the header alone does not tell whether the pixels can be read
+        return stored;
+    } catch (const VError&) {
+        vips_error_clear();
+        return OpenPixels(decode(path));
+    }
 }
 
 std::unique_ptr<StoredPicture> OpenPixels(PicturePtr picture) {

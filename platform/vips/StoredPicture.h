@@ -46,6 +46,14 @@ public:
 /// has no such page or too many pixels.
 std::unique_ptr<StoredPicture> OpenFile(const std::string& path, int page);
 
+/// Whether the file is of the kind of HEIC pictures; AVIF pictures are of it too.
+bool IsHeifFile(const std::string& path);
+
+/// Opens such a file with a second decoder, which is asked when libvips cannot decode it. Throws as
+/// `OpenFile`.
+std::unique_ptr<StoredPicture> OpenHeif(const std::string& path,
+                                        const std::function<PicturePtr(const std::string&)>& decode);
+
 /// Shares the pixels with the caller. An empty picture is an ImagingError.
 std::unique_ptr<StoredPicture> OpenPixels(PicturePtr picture);
 

@@ -67,7 +67,9 @@ private:
 std::unique_ptr<SourcePicture> VipsImaging::Open(const std::string& path) { return OpenPage(path, 0); }
 
 std::unique_ptr<SourcePicture> VipsImaging::OpenPage(const std::string& path, int page) {
-    return std::make_unique<VipsPicture>(Guarded(InvalidPictureError, [&] { return OpenFile(path, page); }));
+    return std::make_unique<VipsPicture>(Guarded(InvalidPictureError, [&] {
+        return decodeHeic_ && IsHeifFile(path) ? OpenHeif(path, decodeHeic_) : OpenFile(path, page);
+    }));
 }
 
 std::unique_ptr<SourcePicture> VipsImaging::FromMemory(PicturePtr picture) {

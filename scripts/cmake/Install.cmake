@@ -14,14 +14,18 @@ endfunction()
 
 # Installs the library lumarin_platform_<name> as Lumarin::<name>, a component of the package. HEADERS are those
 # that a host includes, and what they include in turn; OBJECTS are targets whose object files belong to it.
-# Dependencies.cmake of the folder finds the libraries behind it, here and in the package.
+# FOLDER is where it stands below platform/, where that is not its name. Dependencies.cmake of the folder finds the
+# libraries behind it, here and in the package.
 function(lumarin_install_platform name)
-  cmake_parse_arguments(ARG "" "" "HEADERS;OBJECTS" ${ARGN})
+  cmake_parse_arguments(ARG "" "FOLDER" "HEADERS;OBJECTS" ${ARGN})
   set(target lumarin_platform_${name})
+  if(NOT ARG_FOLDER)
+    set(ARG_FOLDER ${name})
+  endif()
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
   install(TARGETS ${target} ${ARG_OBJECTS} EXPORT lumarin_${name}
           ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} OBJECTS DESTINATION ${CMAKE_INSTALL_LIBDIR}/lumarin)
-  install(FILES ${ARG_HEADERS} DESTINATION ${LUMARIN_INCLUDE_DIR}/platform/${name})
+  install(FILES ${ARG_HEADERS} DESTINATION ${LUMARIN_INCLUDE_DIR}/platform/${ARG_FOLDER})
   install(FILES Dependencies.cmake DESTINATION ${LUMARIN_PACKAGE_DIR} RENAME ${name}-dependencies.cmake)
   install(EXPORT lumarin_${name} NAMESPACE Lumarin:: FILE ${name}-targets.cmake DESTINATION ${LUMARIN_PACKAGE_DIR})
 endfunction()

@@ -15,7 +15,8 @@ public:
     explicit FieldValue(std::string text) : value_(std::move(text)) {}
 
     bool IsNull() const { return std::holds_alternative<std::monostate>(value_); }
-    bool IsNumber() const { return std::holds_alternative<std::int64_t>(value_); }
+    /// Null unless it is a whole number.
+    const std::int64_t* Number() const { return std::get_if<std::int64_t>(&value_); }
     /// "" for null; a number in decimal.
     std::string Text() const& {
         if (const auto* text = std::get_if<std::string>(&value_)) return *text;

@@ -17,6 +17,8 @@ inline constexpr std::int32_t LastImagingError = 20171;
 inline constexpr std::int32_t InvalidPictureError = 20009;
 /// No memory for the picture.
 inline constexpr std::int32_t PictureMemoryError = 20001;
+/// Nothing on this machine reads pictures of that kind; the description says what is missing.
+inline constexpr std::int32_t MissingCodecError = 20016;
 /// The picture could not be written.
 inline constexpr std::int32_t PictureWriteError = 20014;
 
@@ -101,7 +103,8 @@ public:
     virtual ~Imaging() = default;
 
     /// Opens a picture file by its content; JPEG, PNG, TIFF (first page), WebP, HEIC, GIF. Throws
-    /// ImagingError with InvalidPictureError when it is not a picture or has more than MaximumPixels. Whether
+    /// ImagingError with InvalidPictureError when it is not a picture or has more than MaximumPixels, with
+    /// MissingCodecError when it is a HEIC picture and the machine has nothing that reads those. Whether
     /// its data are whole shows when it is decoded.
     virtual std::unique_ptr<SourcePicture> Open(const std::string& path) = 0;
 

@@ -17,7 +17,8 @@ LIBRARIES = [
     (r"sqlite3\.h", r"SQLite::SQLite3"), (r"httplib\.h", r"PkgConfig::HTTPLIB"),
 ]
 STANDARD = re.compile(r"[a-z_0-9]+$")  # no ending, no folder
-SYSTEM = re.compile(r"(dirent|unistd|fcntl|windows|winsock2|ole2|oleauto|dispex|htmlhelp|shellapi|shlobj)\.h$|sys/")
+SYSTEM = re.compile(
+    r"(dirent|unistd|fcntl|windows|winsock2|ole2|oleauto|dispex|htmlhelp|shellapi|shlobj|wincodec)\.h$|sys/")
 # Folders that may.
 ASKS_SYSTEM = re.compile(r"(automation|platform/system|platform/windows|host/automation|host/drive|host/pdf)(/|$)")
 INCLUDE = re.compile(r'\s*#\s*include\s*(["<])([^">]+)')

@@ -23,6 +23,31 @@ TEST_F(Opening, Format_WhateverItsName_IsReadByContent) {
         }
 }
 
+TEST_F(Opening, Heic_LibraryCannotDecodeIt_SystemDoes) {
+    vips::LoadHeifReader();
+    const std::string whole = Encode(Quadrants(64, 40, "RGBW"), ".heic[lossless]");
+    const std::size_t pixels = whole.find("mdat") + 4;
+    const std::string damaged = whole.substr(0, pixels) + std::string(whole.size() - pixels, '\0');
+    int asked = 0;
+    vips::VipsImaging withSystem([&](const std::string& path) {
+        ++asked;
+        EXPECT_EQ(path, folder / "picture");
+        return std::make_shared<Picture>(Picture{1, 1, {1, 2, 3}});
+    });
+    const std::tuple<const char*, std::string, int, int> cases[] = {
+        {"whole", whole, 64, 0},
+        {"pixels that it cannot read", damaged, 1, 1},
+        {"header too", whole.substr(0, 60), 1, 2}};
+    for (const auto& [name, bytes, width, count] : cases) {
+        files::WriteWhole(folder / "picture", bytes);
+        EXPECT_EQ(withSystem.Open(folder / "picture")->Width(), width) << name;
+        EXPECT_EQ(asked, count) << name;
+    }
+    files::WriteWhole(folder / "picture", "no picture");
+    EXPECT_THROW(withSystem.Open(folder / "picture"), ImagingError);
+    EXPECT_EQ(asked, 2);
+}
+
 TEST_F(Opening, Page_OfATiffFile_IsOpenedByItsNumber) {
     VImage pages = Quadrants(64, 40, "RGBW").join(Quadrants(64, 40, "WBGR"), VIPS_DIRECTION_VERTICAL).copy();
     pages.set("page-height", 40);

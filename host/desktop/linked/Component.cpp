@@ -52,10 +52,10 @@ public:
     lumarin::Scanner* Scanner() override { return scanner_.get(); }
 
 private:
-    lumarin::vips::VipsImaging imaging_;
+    const SystemPorts system_ = PortsOfThisSystem();
+    lumarin::vips::VipsImaging imaging_{system_.decodeHeic};
     lumarin::zip::LibzipArchiver archiver_;
     lumarin::SystemClock clock_;
-    const SystemPorts system_ = PortsOfThisSystem();
     lumarin::qpdf::QpdfLibrary pdf_;
     std::unique_ptr<lumarin::Scanner> scanner_;
     // Destroys windows that were given up late, and these use what stands above.

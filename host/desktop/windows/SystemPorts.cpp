@@ -1,6 +1,7 @@
 #include "host/desktop/SystemPorts.h"
 
 #include "platform/windows/CompiledHelp.h"
+#include "platform/windows/PictureCodec.h"
 #include "platform/windows/ProfileSettings.h"
 #include "platform/windows/ProgramVersion.h"
 
@@ -10,7 +11,7 @@ SystemPorts PortsOfThisSystem() {
     static const lumarin::windows::ProgramVersion engine;
     static const lumarin::windows::ProfileSettings settings;
     static lumarin::windows::CompiledHelp help;
-    return {engine, &settings, &help};
+    return {engine, &settings, lumarin::windows::DecodeHeic, &help};
 }
 
 }  // namespace host

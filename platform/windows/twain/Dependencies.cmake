@@ -1,0 +1,1 @@
+# Nothing but the system: the source manager is loaded at run time.
