@@ -37,7 +37,6 @@ FormWindow::~FormWindow() {
 
 void FormWindow::Bind() {
     placedByCode_ = form_->Bounds().left != 0 || form_->Bounds().top != 0;
-    if (form_->Caption().empty()) form_->SetCaption(FromQt(window_->windowTitle()));
     for (Control* control : form_->Controls()) {
         auto* widget = NeedsWidget(control->Kind())
                            ? window_->findChild<QWidget*>(ToQt(control->ObjectName()))

@@ -1,12 +1,14 @@
 #include "platform/qt/WindowLoader.h"
 
+#include <QAbstractButton>
+#include <QLabel>
 #include <QRegularExpression>
-#include <QWidget>
+#include <QTabWidget>
 
 #include <map>
 
 #include "base/Error.h"
-#include "forms/Control.h"
+#include "forms/Controls.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/adapters/Adapters.h"
@@ -20,6 +22,23 @@ std::map<std::string, WindowMaker>& Designs() {
     return designs;
 }
 
+/// A caption stands on a button or label itself, otherwise on the label that names the widget.
+bool ShowsCaption(const QWidget& widget) {
+    return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
+           qobject_cast<const QLabel*>(&widget) != nullptr || LabelOf(widget) != nullptr;
+}
+
+std::string CaptionMismatchOf(const Control& control, const QWidget& widget) {
+    if (!control.Caption().empty() && !ShowsCaption(widget))
+        return control.ObjectName() + ": no label shows its caption";
+    const auto* tabs = qobject_cast<const QTabWidget*>(&widget);
+    if (tabs == nullptr) return {};
+    const std::size_t captions = static_cast<const TabStrip&>(control).Captions().size();
+    if (captions == static_cast<std::size_t>(tabs->count())) return {};
+    return control.ObjectName() + ": " + std::to_string(captions) + " captions for " +
+           std::to_string(tabs->count()) + " pages";
+}
+
 std::string MismatchOf(const Control& control, const QWidget& window) {
     if (!NeedsWidget(control.Kind())) return {};
     const QString name = ToQt(control.ObjectName());
@@ -27,9 +46,17 @@ std::string MismatchOf(const Control& control, const QWidget& window) {
     const std::string needed = FromQt(WidgetNeededFor(control.Kind()));
     if (widgets.isEmpty()) return control.ObjectName() + ": there is no such widget (" + needed + ")";
     if (widgets.size() > 1) return control.ObjectName() + ": several widgets have this name";
-    if (Fits(control.Kind(), *widgets.front())) return {};
+    if (Fits(control.Kind(), *widgets.front())) return CaptionMismatchOf(control, *widgets.front());
     return control.ObjectName() + ": the widget is a " + widgets.front()->metaObject()->className() +
            ", not a " + needed;
+}
+
+/// A label that is no control shows the caption of the control that it names.
+bool HasCaption(const QLabel& label, const Form& form) {
+    if (form.Find(FromQt(label.objectName())) != nullptr) return true;
+    const Control* named =
+        label.buddy() != nullptr ? form.Find(FromQt(label.buddy()->objectName())) : nullptr;
+    return named != nullptr && !named->Caption().empty();
 }
 
 }  // namespace
@@ -65,6 +92,9 @@ std::vector<std::string> Mismatches(const Form& form, const QWidget& window) {
         if (numbered.match(object->objectName()).hasMatch())
             found.push_back(name + ": a numbered name that no control has");
     }
+    for (const QLabel* label : window.findChildren<QLabel*>())
+        if (!HasCaption(*label, form))
+            found.push_back(FromQt(label->objectName()) + ": a label without caption");
     return found;
 }
 

@@ -35,8 +35,8 @@ std::unique_ptr<QWidget> MakeFrom(void (Design::*setUp)(Window*)) {
 std::unique_ptr<QWidget> BuildWindow(const std::string& formName);
 
 /// What keeps the controls of a form and the widgets of its design from being bound, a sentence each:
-/// controls without a widget, with several, or with one of the wrong kind, and numbered object names that
-/// no control has. Empty when all is well.
+/// controls without a widget, with several, or with one of the wrong kind, captions without a place, labels
+/// without a caption, and numbered object names that no control has. Empty when all is well.
 std::vector<std::string> Mismatches(const Form& form, const QWidget& window);
 /// The same for the form's own design.
 std::vector<std::string> Mismatches(const Form& form);

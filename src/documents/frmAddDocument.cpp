@@ -74,7 +74,6 @@ frmAddDocument::frmAddDocument(const DocumentPorts& ports)
     BuildDocumentTools(ActiveBar1);
     cmdPreview.SetEnabled(false);
     cmdDelete.SetEnabled(false);
-    lblDocuments.SetCaption("No listing is selected");
     WireEvents();
 }
 

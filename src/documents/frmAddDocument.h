@@ -35,9 +35,16 @@ public:
     explicit frmAddDocument(const DocumentPorts& ports);
     ~frmAddDocument() override;
 
-    ListView lvFiles{*this, "lvFiles"};
-    Label lblDocuments{*this, "lblDocuments"};  ///< which listing, how many documents of what size in all
-    Button cmdPreview{*this, "cmdPreview"}, cmdDelete{*this, "cmdDelete"}, cmdClose{*this, "cmdClose"};
+    ListView lvFiles{
+        *this, "lvFiles", {"&Documents of the listing:", "Enter opens a document, Delete deletes it"}};
+    /// Which listing, how many documents of what size in all.
+    Label lblDocuments{
+        *this,
+        "lblDocuments",
+        {.caption = "No listing is selected", .accessibleName = "Listing and number of documents"}};
+    Button cmdPreview{*this, "cmdPreview", {"&Preview", "Open the selected document in the browser"}};
+    Button cmdDelete{*this, "cmdDelete", {"De&lete", "Delete the selected document from the server"}};
+    Button cmdClose{*this, "cmdClose", {"&Close"}};
     ToolBar ActiveBar1{*this, "ActiveBar1"};
 
     /// Asks for the first listing. Without a connection it says so and the window is not loaded afterwards.

@@ -9,6 +9,7 @@ constexpr int HelpPage = 11;
 }
 
 frmPromptLinkText::frmPromptLinkText(Desktop& desktop) : Form(desktop, "frmPromptLinkText") {
+    SetCaption("Document");
     SetHelpContext(HelpPage);
     cmdOK.Click = [this] { Confirm(); };
     cmdCancel.Click = [this] {

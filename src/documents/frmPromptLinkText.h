@@ -13,8 +13,9 @@ public:
     explicit frmPromptLinkText(Desktop& desktop);
 
     Frame fraUrl{*this, "fraUrl"}, fraDisplayName{*this, "fraDisplayName"};
-    TextBox txtUrl{*this, "txtUrl"}, txtLinkText{*this, "txtLinkText"};
-    Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"};
+    TextBox txtUrl{*this, "txtUrl", {.caption = "&Internet address (URL):", .placeholder = "https://"}};
+    TextBox txtLinkText{*this, "txtLinkText", {"&Description of the document:"}};
+    Button cmdOK{*this, "cmdOK", {"&OK"}}, cmdCancel{*this, "cmdCancel", {"&Cancel"}};
 
     /// Shows the window modal above `owner`. With `DescOnly` it asks for the description alone.
     /// `DefLinkText` stands in the description, selected. The window stays loaded.

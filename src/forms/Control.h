@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "forms/Event.h"
 #include "forms/Geometry.h"
@@ -42,6 +43,18 @@ public:
     virtual void ControlGoes() {}
 };
 
+/// What a person reads or hears about a control besides what it holds; "" is none.
+struct ControlTexts {
+    /// Stands on a button or a label itself, otherwise on the label that names the control; "&" marks the
+    /// access key.
+    std::string caption{};
+    std::string toolTip{};
+    /// What a screen reader calls it, where neither caption nor tool tip does for that.
+    std::string accessibleName{};
+    std::string accessibleDescription{};
+    std::string placeholder{};  ///< stands in a text box while it is empty
+};
+
 /// A named control: plain state with events. It is owned by its form as a member, is never copied, and
 /// lives as long as the form. The name is the object name in the front end; a member of a control array
 /// has an index besides, and its object name is the name, an underscore and the index.
@@ -49,7 +62,7 @@ class Control {
 public:
     static constexpr int NoIndex = -1;
 
-    Control(Form& form, ControlKind kind, std::string name, int index = NoIndex);
+    Control(Form& form, ControlKind kind, std::string name, ControlTexts texts, int index);
     virtual ~Control();
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
@@ -60,6 +73,10 @@ public:
     int Index() const { return index_; }
     /// "cmdMove_0" for a member of an array, the name otherwise.
     std::string ObjectName() const;
+
+    const ControlTexts& Texts() const { return texts_; }
+    const std::string& Caption() const { return texts_.caption; }
+    void SetCaption(const std::string& caption) { Set(texts_.caption, caption); }
 
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled) { Set(enabled_, enabled); }
@@ -107,6 +124,7 @@ private:
     Form& form_;
     ControlKind kind_;
     std::string name_;
+    ControlTexts texts_;
     int index_;
     bool enabled_ = true;
     bool visible_ = true;
@@ -114,6 +132,14 @@ private:
     Pointer pointer_ = Pointer::Default;
     Rect bounds_;
     ControlView* view_ = nullptr;
+};
+
+/// What every kind of control is derived from.
+template <ControlKind OfKind>
+class ControlOf : public Control {
+public:
+    ControlOf(Form& form, std::string name, ControlTexts texts = {}, int index = NoIndex)
+        : Control(form, OfKind, std::move(name), std::move(texts), index) {}
 };
 
 }  // namespace lumarin

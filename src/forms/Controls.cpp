@@ -4,8 +4,8 @@
 
 namespace lumarin {
 
-Control::Control(Form& form, ControlKind kind, std::string name, int index)
-    : form_(form), kind_(kind), name_(std::move(name)), index_(index) {
+Control::Control(Form& form, ControlKind kind, std::string name, ControlTexts texts, int index)
+    : form_(form), kind_(kind), name_(std::move(name)), texts_(std::move(texts)), index_(index) {
     form_.Enter(*this);
 }
 

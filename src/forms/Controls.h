@@ -17,8 +17,8 @@ namespace lumarin {
 template <class T, int Count>
 class ControlArray {
 public:
-    ControlArray(Form& form, const std::string& name) {
-        for (int i = 0; i < Count; ++i) items_.emplace_back(form, name, i);
+    ControlArray(Form& form, const std::string& name, const ControlTexts (&texts)[Count] = {}) {
+        for (int i = 0; i < Count; ++i) items_.emplace_back(form, name, texts[i], i);
     }
     T& operator()(int index) { return items_.at(static_cast<std::size_t>(index)); }
     auto begin() { return items_.begin(); }
@@ -29,10 +29,9 @@ private:
     std::deque<T> items_;  // never moves its elements: controls keep their address
 };
 
-class TextBox : public Control {
+class TextBox : public ControlOf<ControlKind::TextBox> {
 public:
-    TextBox(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::TextBox, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     const std::string& Text() const { return text_; }
     /// Set by code and by the user alike; raises `Change` when the text differs.
@@ -49,39 +48,25 @@ private:
     std::string text_;
 };
 
-class Button : public Control {
+class Button : public ControlOf<ControlKind::Button> {
 public:
-    Button(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::Button, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
-    /// "" leaves the caption of the front end's design.
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(const std::string& caption) { Set(caption_, caption); }
     /// Does nothing while the button is disabled or hidden.
     void Press();
     void MouseWentDown() { Raise("MouseDown", MouseDown); }
     void MouseWentUp() { Raise("MouseUp", MouseUp); }
 
     Event<> Click, MouseDown, MouseUp;
-
-private:
-    std::string caption_;
 };
 
-class Label : public Control {
+class Label : public ControlOf<ControlKind::Label> {
 public:
-    Label(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::Label, std::move(name), index) {}
-
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(const std::string& caption) { Set(caption_, caption); }
-
-private:
-    std::string caption_;
+    using ControlOf::ControlOf;
 };
 
 /// A drop-down list; each entry has a text and a number of its own.
-class ComboBox : public Control {
+class ComboBox : public ControlOf<ControlKind::ComboBox> {
 public:
     struct Item {
         std::string text;
@@ -89,8 +74,7 @@ public:
         bool operator==(const Item&) const = default;
     };
 
-    ComboBox(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::ComboBox, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     const std::vector<Item>& Items() const { return items_; }
     void Clear();
@@ -110,10 +94,9 @@ private:
     int listIndex_ = -1;
 };
 
-class Slider : public Control {
+class Slider : public ControlOf<ControlKind::Slider> {
 public:
-    Slider(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::Slider, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     int Min() const { return min_; }
     int Max() const { return max_; }
@@ -131,14 +114,14 @@ private:
 };
 
 /// One of a group of choices: choosing one gives up the others of the group.
-class OptionButton : public Control {
+class OptionButton : public ControlOf<ControlKind::OptionButton> {
 public:
     /// A member of a control array: the array is the group.
-    OptionButton(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::OptionButton, std::move(name), index), group_(Name()) {}
+    OptionButton(Form& form, std::string name, ControlTexts texts, int index)
+        : ControlOf(form, std::move(name), std::move(texts), index), group_(Name()) {}
     /// One of several with names of their own.
-    OptionButton(Form& form, std::string name, std::string group)
-        : Control(form, ControlKind::OptionButton, std::move(name)), group_(std::move(group)) {}
+    OptionButton(Form& form, std::string name, std::string group, ControlTexts texts)
+        : ControlOf(form, std::move(name), std::move(texts)), group_(std::move(group)) {}
 
     const std::string& Group() const { return group_; }
     bool Value() const { return value_; }
@@ -153,11 +136,13 @@ private:
 };
 
 /// Pages of a window, one of which is in front; the front end's design says what stands on each.
-class TabStrip : public Control {
+class TabStrip : public ControlOf<ControlKind::TabStrip> {
 public:
-    TabStrip(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::TabStrip, std::move(name), index) {}
+    TabStrip(Form& form, std::string name, std::vector<std::string> captions)
+        : ControlOf(form, std::move(name)), captions_(std::move(captions)) {}
 
+    /// One for each page, in their order.
+    const std::vector<std::string>& Captions() const { return captions_; }
     int Tab() const { return tab_; }
     /// Raises `Click` when another page comes to the front. A hidden page stays where it is.
     void SetTab(int tab);
@@ -171,16 +156,16 @@ public:
     Event<> Click;
 
 private:
+    std::vector<std::string> captions_;
     int tab_ = 0;
     std::set<int> hidden_;
     std::map<int, std::string> notes_;
 };
 
 /// A box for a whole number, which may be left empty.
-class NumberBox : public Control {
+class NumberBox : public ControlOf<ControlKind::NumberBox> {
 public:
-    NumberBox(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::NumberBox, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     std::int32_t Min() const { return min_; }
     std::int32_t Max() const { return max_; }
@@ -196,10 +181,9 @@ private:
     std::optional<std::int32_t> value_;
 };
 
-class ProgressBar : public Control {
+class ProgressBar : public ControlOf<ControlKind::ProgressBar> {
 public:
-    ProgressBar(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::ProgressBar, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     int Max() const { return max_; }
     void SetMax(int max) { Set(max_, max); }
@@ -212,10 +196,9 @@ private:
 
 /// Shows a picture, stretched over the control with its proportions kept. Mouse events carry twips
 /// relative to the control.
-class PictureBox : public Control {
+class PictureBox : public ControlOf<ControlKind::PictureBox> {
 public:
-    PictureBox(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::PictureBox, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     const PicturePtr& Image() const { return image_; }
     /// Null clears the box.
@@ -241,10 +224,9 @@ private:
 };
 
 /// A visible area that holds other controls; it can take the keyboard and the mouse itself.
-class Frame : public Control {
+class Frame : public ControlOf<ControlKind::Frame> {
 public:
-    Frame(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::Frame, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     void MouseWentDown(const Mouse& mouse) { Raise("MouseDown", MouseDown, mouse); }
     void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
@@ -258,18 +240,14 @@ public:
 
 /// A drawn rectangle over its container, transparent to the mouse. It shows rule-of-thirds guides, and
 /// what lies outside of it within the container's picture is dimmed.
-class Shape : public Control {
+class Shape : public ControlOf<ControlKind::Shape> {
 public:
-    Shape(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::Shape, std::move(name), index) {}
+    using ControlOf::ControlOf;
 };
 
-class Timer : public Control {
+class Timer : public ControlOf<ControlKind::Timer> {
 public:
-    Timer(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::Timer, std::move(name), index) {
-        SetEnabled(false);
-    }
+    Timer(Form& form, std::string name) : ControlOf(form, std::move(name)) { SetEnabled(false); }
 
     /// Milliseconds between ticks.
     int Interval() const { return interval_; }
@@ -284,10 +262,9 @@ private:
 };
 
 /// Plays a film file over and over. A file that cannot be played shows nothing.
-class Animation : public Control {
+class Animation : public ControlOf<ControlKind::Animation> {
 public:
-    Animation(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::Animation, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     const std::string& File() const { return file_; }
     void Open(const std::string& file) { Set(file_, file); }

@@ -28,7 +28,7 @@ public:
 
 /// A report-style list: columns, and rows of texts. The first column is the row's text, the others its
 /// sub-items. Rows are counted from 0. At most one row is selected unless several can be; -1 is none.
-class ListView : public Control {
+class ListView : public ControlOf<ControlKind::ListView> {
 public:
     enum class Sizing { Fixed, GrowsWithTexts };
     enum class Alignment { Left, Right };
@@ -40,8 +40,7 @@ public:
     };
     using Row = ListRow;
 
-    ListView(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::ListView, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     const std::vector<Column>& Columns() const { return columns_; }
     void AddColumn(const std::string& caption, double width = 0, Sizing sizing = Sizing::Fixed,

@@ -10,7 +10,7 @@ namespace lumarin {
 /// The menus, toolbars and context menus of one window. Tools are addressed by name; a tool may stand in
 /// several bands and has one state in all of them. A tool with tools under it is a group: it opens a
 /// sub-menu and has no click of its own.
-class ToolBar : public Control {
+class ToolBar : public ControlOf<ControlKind::ToolBar> {
 public:
     struct Tool {
         std::string name;
@@ -32,8 +32,7 @@ public:
         std::vector<std::string> tools;  ///< in order; "-" is a separator
     };
 
-    ToolBar(Form& form, std::string name, int index = NoIndex)
-        : Control(form, ControlKind::ToolBar, std::move(name), index) {}
+    using ControlOf::ControlOf;
 
     void AddTool(Tool tool);
     void AddBand(Band band);

@@ -11,7 +11,6 @@ constexpr int HelpPage = 8;
 frmAcquire::frmAcquire(Desktop& desktop) : Form(desktop, "frmAcquire") {
     SetCaption("Acquire");
     SetHelpContext(HelpPage);
-    cmdCancel.SetCaption("&Cancel");
     pbBar.SetMax(100);
     cmdCancel.Click = [this] { Cancel(); };
 }

@@ -13,9 +13,9 @@ class frmAcquire : public Form {
 public:
     explicit frmAcquire(Desktop& desktop);
 
-    Label lblStatus{*this, "lblStatus"};
-    ProgressBar pbBar{*this, "pbBar"};
-    Button cmdCancel{*this, "cmdCancel"};
+    Label lblStatus{*this, "lblStatus", {.accessibleName = "Status"}};
+    ProgressBar pbBar{*this, "pbBar", {.accessibleName = "Progress"}};
+    Button cmdCancel{*this, "cmdCancel", {"&Cancel"}};
 
     void Display(const OwnerWindow* owner);
     /// `percent` from 0 to 100; -1 when it is not known.

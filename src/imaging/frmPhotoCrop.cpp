@@ -44,10 +44,10 @@ Message ErrorMessage(const std::string& text) {
 
 frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
     : Form(desktop, "frmPhotoCrop"), imaging_(imaging) {
+    SetCaption(Title);
     SetTopmost(true);
     SetHelpContext(HelpPage);
     SetInitialSize(12000, 8400);
-    SetCaptions();
     for (PictureBox* hidden : {&lbmBM, &LEAD1, &LEAD2}) hidden->SetVisible(false);
     cmbView.SetVisible(false);
     lblPicture.SetVisible(false);
@@ -59,19 +59,6 @@ frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
     }
     ConnectStage();
     ConnectButtons();
-}
-
-void frmPhotoCrop::SetCaptions() {
-    SetCaption(Title);
-    cmdCenterHeight.SetCaption("Center &Height");
-    cmdCenterWidth.SetCaption("Center &Width");
-    lblIntensity.SetCaption("Intensity");
-    lblContrast.SetCaption("Contrast");
-    cmdCapture.SetCaption("C&apture");
-    cmdCancel.SetCaption("&Cancel");
-    cmdAbort.SetCaption("&Abort");
-    for (Button& zero : cmdZeroControl) zero.SetCaption("0");
-    for (Label& value : lblControlValue) value.SetCaption("0");
 }
 
 void frmPhotoCrop::ConnectButtons() {

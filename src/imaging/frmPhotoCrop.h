@@ -25,21 +25,39 @@ class frmPhotoCrop : public Form {
 public:
     frmPhotoCrop(Desktop& desktop, Imaging& imaging);
 
-    Frame Shape1{*this, "Shape1"};
+    Frame Shape1{*this,
+                 "Shape1",
+                 {.accessibleName = "Photo with crop box",
+                  .accessibleDescription = "Arrow keys move the box, with Shift they size it; plus and minus "
+                                           "size it, Home and End fit it."}};
     PictureBox Preview{*this, "Preview"};
     Shape CropBox{*this, "CropBox"};
     PictureBox lbmBM{*this, "lbmBM"};                         ///< hidden: the working picture
     PictureBox LEAD1{*this, "LEAD1"}, LEAD2{*this, "LEAD2"};  ///< hidden; the imaging port does their work
-    Button cmdCenterHeight{*this, "cmdCenterHeight"}, cmdCenterWidth{*this, "cmdCenterWidth"};
-    ControlArray<Button, 4> cmdMoveCropBox{*this, "cmdMoveCropBox"};  ///< left, right, up, down
-    lumarin::Timer Timer{*this, "Timer"};                             ///< repeats a move button that is held
-    Label lblIntensity{*this, "lblIntensity"}, lblContrast{*this, "lblContrast"};
+    Button cmdCenterHeight{*this, "cmdCenterHeight", {"Center &Height", "Make the box as high as the photo"}};
+    Button cmdCenterWidth{*this, "cmdCenterWidth", {"Center &Width", "Make the box as wide as the photo"}};
+    ControlArray<Button, 4> cmdMoveCropBox{*this,
+                                           "cmdMoveCropBox",
+                                           {{.toolTip = "Move the box left"},
+                                            {.toolTip = "Move the box right"},
+                                            {.toolTip = "Move the box up"},
+                                            {.toolTip = "Move the box down"}}};
+    lumarin::Timer Timer{*this, "Timer"};  ///< repeats a move button that is held
+    Label lblIntensity{*this, "lblIntensity", {"Intensity"}}, lblContrast{*this, "lblContrast", {"Contrast"}};
     ControlArray<Slider, 2> hsbControl{*this, "hsbControl"};  ///< intensity, contrast
-    ControlArray<Label, 2> lblControlValue{*this, "lblControlValue"};
-    ControlArray<Button, 2> cmdZeroControl{*this, "cmdZeroControl"};
-    ComboBox cmbView{*this, "cmbView"};
-    Label lblPicture{*this, "lblPicture"};  ///< which picture of several this is
-    Button cmdCapture{*this, "cmdCapture"}, cmdCancel{*this, "cmdCancel"}, cmdAbort{*this, "cmdAbort"};
+    ControlArray<Label, 2> lblControlValue{*this,
+                                           "lblControlValue",
+                                           {{.caption = "0", .accessibleName = "Intensity value"},
+                                            {.caption = "0", .accessibleName = "Contrast value"}}};
+    ControlArray<Button, 2> cmdZeroControl{
+        *this,
+        "cmdZeroControl",
+        {{.caption = "0", .toolTip = "Set the intensity back to zero", .accessibleName = "Intensity to zero"},
+         {.caption = "0", .toolTip = "Set the contrast back to zero", .accessibleName = "Contrast to zero"}}};
+    ComboBox cmbView{*this, "cmbView", {"&View:", "What the photo shows"}};
+    Label lblPicture{*this, "lblPicture", {.accessibleName = "Which picture of several"}};
+    Button cmdCapture{*this, "cmdCapture", {"C&apture"}}, cmdCancel{*this, "cmdCancel", {"&Cancel"}};
+    Button cmdAbort{*this, "cmdAbort", {"&Abort", "Give up this photo and all that follow"}};
 
     /// A picture has come from the scanner or camera into lbmBM.
     Event<> Twain;
@@ -81,7 +99,6 @@ protected:
     void OnUnload() override;
 
 private:
-    void SetCaptions();
     void ConnectStage();
     void ConnectButtons();
 

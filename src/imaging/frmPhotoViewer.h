@@ -14,7 +14,11 @@ class frmPhotoViewer : public Form {
 public:
     explicit frmPhotoViewer(Desktop& desktop);
 
-    PictureBox imgImage{*this, "imgImage"};
+    PictureBox imgImage{*this,
+                        "imgImage",
+                        {.toolTip = "Click, or press Esc, to close",
+                         .accessibleName = "Photo",
+                         .accessibleDescription = "A click or the Escape key closes the window."}};
 
     /// Loads the window with the picture at `percent` of its size, which may be above 100, and makes the
     /// inner area fit it exactly; the caller shows it. Throws Error for no picture or a size of nothing.

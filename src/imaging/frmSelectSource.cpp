@@ -15,8 +15,6 @@ frmSelectSource::frmSelectSource(Desktop& desktop) : Form(desktop, "frmSelectSou
     SetInitialSize(7200, 3600);
     SetCaption(Title);
     SetHelpContext(HelpPage);
-    cmdOK.SetCaption("&OK");
-    cmdCancel.SetCaption("&Cancel");
     lisSources.AddColumn("Scanner or camera", 3600);
     lisSources.AddColumn("Kind", 1800);
     lisSources.AddColumn("Connection", 1800);

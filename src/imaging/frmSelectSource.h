@@ -15,8 +15,10 @@ class frmSelectSource : public Form {
 public:
     explicit frmSelectSource(Desktop& desktop);
 
-    ListView lisSources{*this, "lisSources"};
-    Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"};
+    ListView lisSources{*this,
+                        "lisSources",
+                        {.caption = "Acquire &pictures from:", .accessibleName = "Scanners and cameras"}};
+    Button cmdOK{*this, "cmdOK", {"&OK"}}, cmdCancel{*this, "cmdCancel", {"&Cancel"}};
 
     /// Shows the window modal with `current` (a source's name, or "") selected. The chosen source's name;
     /// `current` when the user cancelled, or when there is nothing to choose, which is said in a message.

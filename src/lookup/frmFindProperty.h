@@ -37,21 +37,43 @@ public:
                       int statusDefault, std::vector<std::string>& selectedIds,
                       const OwnerWindow* owner = nullptr);
 
-    TabStrip sstTab{*this, "sstTab"};
-    Label lblOwnerName{*this, "lblOwnerName"};
+    TabStrip sstTab{*this, "sstTab", {"&Name", "Street &Address"}};
+    Label lblOwnerName{*this, "lblOwnerName"};  ///< what is searched for says whose name it is
     TextBox txtOwnerName{*this, "txtOwnerName"};
-    ControlArray<OptionButton, 4> optMatchMethodOwner{*this, "optMatchMethodOwner"};
-    TextBox txtStreetName{*this, "txtStreetName"};
-    ControlArray<OptionButton, 4> optMatchMethodStreet{*this, "optMatchMethodStreet"};
-    ComboBox cmbStreetDirection{*this, "cmbStreetDirection"};
-    NumberBox fpAddrMin{*this, "fpAddrMin"}, fpAddrMax{*this, "fpAddrMax"};
-    Label lblStatus{*this, "lblStatus"}, lblListingOwner{*this, "lblListingOwner"};
-    ComboBox cmbStatus{*this, "cmbStatus"}, cmbListingOwner{*this, "cmbListingOwner"};
+    Label lblMatchOwner{*this, "lblMatchOwner", {"Match:"}};
+    ControlArray<OptionButton, 4> optMatchMethodOwner{
+        *this,
+        "optMatchMethodOwner",
+        {{.caption = "Beginning", .accessibleName = "Name match: Beginning"},
+         {.caption = "Anywhere", .accessibleName = "Name match: Anywhere"},
+         {.caption = "Exact", .accessibleName = "Name match: Exact"},
+         {.caption = "End", .accessibleName = "Name match: End"}}};
+    TextBox txtStreetName{*this, "txtStreetName", {"&Street name:"}};
+    Label lblMatchStreet{*this, "lblMatchStreet", {"Match:"}};
+    ControlArray<OptionButton, 4> optMatchMethodStreet{
+        *this,
+        "optMatchMethodStreet",
+        {{.caption = "Beginning", .accessibleName = "Street match: Beginning"},
+         {.caption = "Anywhere", .accessibleName = "Street match: Anywhere"},
+         {.caption = "Exact", .accessibleName = "Street match: Exact"},
+         {.caption = "End", .accessibleName = "Street match: End"}}};
+    ComboBox cmbStreetDirection{*this, "cmbStreetDirection", {"&Direction:"}};
+    NumberBox fpAddrMin{*this, "fpAddrMin", {"N&umber from:"}}, fpAddrMax{*this, "fpAddrMax", {"&to:"}};
+    Label lblStatus{*this, "lblStatus", {"Filter by status:"}};
+    ComboBox cmbStatus{*this, "cmbStatus"};
+    Label lblListingOwner{*this, "lblListingOwner", {"Show:"}};
+    ComboBox cmbListingOwner{*this, "cmbListingOwner"};
     ComboBox lisIncludestatuses{*this, "lisIncludestatuses"};  ///< never seen: the host's statuses
-    Button cmdShowMatches{*this, "cmdShowMatches"};
-    ListView List{*this, "List"};
-    Label lblMatchCount{*this, "lblMatchCount"};
-    Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"};
+    Button cmdShowMatches{*this, "cmdShowMatches", {"Show &Matches", "Search with what is entered above"}};
+    ListView List{
+        *this,
+        "List",
+        {.toolTip = "Double-click a row to choose it; hold Ctrl or Shift to select several; click a "
+                    "heading to sort",
+         .accessibleName = "Matches"}};
+    Label lblMatches{*this, "lblMatches", {"Matches:"}};
+    Label lblMatchCount{*this, "lblMatchCount", {.accessibleName = "Number of matches"}};
+    Button cmdOK{*this, "cmdOK", {"&OK"}}, cmdCancel{*this, "cmdCancel", {"&Cancel"}};
     Timer tmrRows{*this, "tmrRows"};
 
 protected:

@@ -14,6 +14,7 @@ constexpr int Backspace = 8, CtrlV = 22, CtrlC = 3, EnterKey = 13;
 
 frmListnumPrompt::frmListnumPrompt(const LookupPorts& ports)
     : Form(ports.desktop, "frmListnumPrompt"), ports_(ports) {
+    SetCaption("Listing Number");
     SetHelpContext(HelpPage);
     txtPropertyId.KeyPressed = [this](KeyPress& key) { FilterKey(key); };
     cmdOK.Click = [this] { AcceptNumber(); };

@@ -18,8 +18,9 @@ public:
     /// can be typed, separated by commas. `offered` stands there at first, selected. The window stays loaded.
     std::string Display(bool allowList, const OwnerWindow* owner = nullptr, const std::string& offered = {});
 
-    TextBox txtPropertyId{*this, "txtPropertyId"};
-    Button cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"}, cmdBrowse{*this, "cmdBrowse"};
+    TextBox txtPropertyId{*this, "txtPropertyId", {"&Listing number:"}};
+    Button cmdOK{*this, "cmdOK", {"&OK"}}, cmdCancel{*this, "cmdCancel", {"&Cancel"}};
+    Button cmdBrowse{*this, "cmdBrowse", {"&Browse...", "Search for the listing by owner or address"}};
 
 protected:
     void OnShow() override { txtPropertyId.SetFocus(); }

@@ -45,12 +45,16 @@ public:
     explicit frmLumarin(const PhotoWindowPorts& ports);
     ~frmLumarin() override;
 
-    TextBox txtID{*this, "txtID"};
-    Button cmdAdd{*this, "cmdAdd"}, cmdBrowse{*this, "cmdBrowse"}, cmdRemove{*this, "cmdRemove"};
-    Button cmdSend{*this, "cmdSend"};
-    ControlArray<Button, 2> cmdMove{*this, "cmdMove"};  ///< 0 moves the photo up, 1 down
-    ListView RecList{*this, "RecList"}, PhotoList{*this, "PhotoList"};
-    PictureBox imgMain{*this, "imgMain"};
+    TextBox txtID{*this, "txtID", {"&Listing number:", "Type a listing's number and press Enter"}};
+    Button cmdAdd{*this, "cmdAdd", {"&Add", "Bring the listing into this window"}};
+    Button cmdBrowse{*this, "cmdBrowse", {"&Browse...", "Search for listings"}};
+    Button cmdRemove{*this, "cmdRemove", {"Re&move", "Take the listing out of this window"}};
+    Button cmdSend{*this, "cmdSend", {"&Send Photos", "Send the photos of all these listings to the server"}};
+    ControlArray<Button, 2> cmdMove{
+        *this, "cmdMove", {{.toolTip = "Move the photo up"}, {.toolTip = "Move the photo down"}}};
+    ListView RecList{*this, "RecList", {.accessibleName = "Listings"}};
+    ListView PhotoList{*this, "PhotoList", {"&Photos of the listing:"}};
+    PictureBox imgMain{*this, "imgMain", {.accessibleName = "Selected photo"}};
     Label lblPhotos{*this, "lblPhotos"};  ///< how many photos of how many the listing has
     ToolBar Menu{*this, "Menu"};
 

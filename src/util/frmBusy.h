@@ -11,11 +11,10 @@ public:
     explicit frmBusy(Desktop& desktop) : Form(desktop, "frmBusy") {
         SetCaption("Retrieving information");
         SetHelpContext(HelpPage);
-        Label1.SetCaption("Please wait ... ");
     }
 
     PictureBox Image1{*this, "Image1"};
-    Label Label1{*this, "Label1"};
+    Label Label1{*this, "Label1", {"Please wait ... "}};
 
 private:
     static constexpr int HelpPage = 10;

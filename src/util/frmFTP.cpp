@@ -19,10 +19,7 @@ frmFTP::frmFTP(Desktop& desktop, const Clock& clock, HostLink& host, FtpTransfer
     : Form(desktop, "frmFTP"), Inet(transfer), clock_(clock), host_(host) {
     SetCaption("Send File");
     SetHelpContext(HelpPage);
-    lblCopyInProgress.SetCaption("Copy in progress please wait ...");
-    lblElapsedTime.SetCaption("Elapsed Time:");
     lblTime.SetCaption(ElapsedText(0));
-    cmdCancel.SetCaption("&Cancel");
     cmdCancel.Click = [this] { Cancel(); };
     Timer.SetInterval(TickInterval);
     Timer.Elapsed = [this] {

@@ -29,11 +29,12 @@ public:
     frmFTP(Desktop& desktop, const Clock& clock, HostLink& host, FtpTransfer& transfer);
 
     FtpTransfer& Inet;
-    lumarin::Animation Animation{*this, "Animation"};
+    lumarin::Animation Animation{*this, "Animation", {.accessibleName = "Files on their way to the server"}};
     lumarin::Timer Timer{*this, "Timer"};
-    Label lblCopyInProgress{*this, "lblCopyInProgress"}, lblFile{*this, "lblFile"};
-    Label lblElapsedTime{*this, "lblElapsedTime"}, lblTime{*this, "lblTime"};
-    Button cmdCancel{*this, "cmdCancel"};
+    Label lblCopyInProgress{*this, "lblCopyInProgress", {"Copy in progress please wait ..."}};
+    Label lblFile{*this, "lblFile"};
+    Label lblElapsedTime{*this, "lblElapsedTime", {"Elapsed Time:"}}, lblTime{*this, "lblTime"};
+    Button cmdCancel{*this, "cmdCancel", {"&Cancel"}};
 
     /// What is sent: texts as `ftp::ParseServer` and `ftp::SplitFileList` take them, and the remote folder,
     /// which is made when it is missing; "" is where the server puts the user.

@@ -13,9 +13,7 @@ frmProgress::frmProgress(Desktop& desktop, const Clock& clock, HostLink& host)
     : Form(desktop, "frmProgress"), clock_(clock), host_(host) {
     SetCaption("Upload in progress");
     SetHelpContext(HelpPage);
-    lblElapsedTime.SetCaption("Elapsed Time:");
     lblTime.SetCaption(ElapsedText(0));
-    cmdCancel.SetCaption("&Cancel");
     Timer.SetInterval(TickInterval);
     Timer.Elapsed = [this] { ShowElapsedTime(); };
     cmdCancel.Click = [this] { cancelled_ = true; };

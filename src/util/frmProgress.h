@@ -18,10 +18,10 @@ public:
     /// The clock and the host link outlive the window.
     frmProgress(Desktop& desktop, const Clock& clock, HostLink& host);
 
-    lumarin::Animation Animation{*this, "Animation"};
+    lumarin::Animation Animation{*this, "Animation", {.accessibleName = "Files on their way to the server"}};
     lumarin::Timer Timer{*this, "Timer"};
-    Label lblElapsedTime{*this, "lblElapsedTime"}, lblTime{*this, "lblTime"};
-    Button cmdCancel{*this, "cmdCancel"};
+    Label lblElapsedTime{*this, "lblElapsedTime", {"Elapsed Time:"}}, lblTime{*this, "lblTime"};
+    Button cmdCancel{*this, "cmdCancel", {"&Cancel"}};
 
     /// Restarts the time and shows the window; `OwnerForm` may be null. Throws Error without a host.
     void Display(ShowMode Modal, const OwnerWindow* OwnerForm);

@@ -42,9 +42,6 @@ frmVerifyPhotos::frmVerifyPhotos(Desktop& desktop, HostLink& host)
     SetInitialSize(6600, 3000);
     SetCaption("Verify Photos");
     SetHelpContext(HelpPage);
-    cmdStart.SetCaption("&Start");
-    cmdCancel.SetCaption("&Cancel");
-    cmdExit.SetCaption("E&xit");
     cmdCancel.SetEnabled(false);
     cmdStart.Click = [this] { RunCommand("cmdStart", [this] { Verify(); }); };
     // The run looks at the button: that is all that a cancel takes.

@@ -21,11 +21,20 @@ public:
     /// `host` must outlive the window.
     frmVerifyPhotos(Desktop& desktop, HostLink& host);
 
-    Button cmdStart{*this, "cmdStart"}, cmdCancel{*this, "cmdCancel"}, cmdExit{*this, "cmdExit"};
-    Label lblStatus{*this, "lblStatus"};    ///< what the run does now, or how it ended
-    Label lblCount{*this, "lblCount"};      ///< files deleted
-    Label lblListNum{*this, "lblListNum"};  ///< listing whose photos are asked for
-    ProgressBar pbBar{*this, "pbBar"};
+    Button cmdStart{*this, "cmdStart", {"&Start"}}, cmdExit{*this, "cmdExit", {"E&xit"}};
+    Button cmdCancel{*this, "cmdCancel", {"&Cancel", "Stop; what was deleted or fetched stays so"}};
+    /// What the run does now, or how it ended.
+    Label lblStatus{*this,
+                    "lblStatus",
+                    {.caption = "Deletes the photos on this computer that no listing needs any more, and "
+                                "fetches the missing ones.",
+                     .accessibleName = "Status"}};
+    Label lblFilesDeleted{*this, "lblFilesDeleted", {"Files deleted:"}};
+    Label lblCount{*this, "lblCount", {.caption = "0", .accessibleName = "Files deleted"}};
+    Label lblListing{*this, "lblListing", {"Listing:"}};
+    /// The listing whose photos are asked for.
+    Label lblListNum{*this, "lblListNum", {.accessibleName = "Listing being checked"}};
+    ProgressBar pbBar{*this, "pbBar", {.accessibleName = "Progress"}};
 
 protected:
     void OnStopRequested() override;

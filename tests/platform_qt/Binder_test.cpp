@@ -146,7 +146,8 @@ TEST_F(BinderTest, Layout_TellsPlacesInTwips) {
 TEST(Mismatches, DesignThatDoesNotFit_AllAreNamedAtOnce) {
     struct Mismatched : Form {
         explicit Mismatched(Desktop& desktop) : Form(desktop, "frmMismatched") {}
-        TextBox txtText{*this, "txtText"};
+        TextBox txtText{*this, "txtText"}, txtUnlabelled{*this, "txtUnlabelled", {"&Name:"}};
+        TabStrip sstPages{*this, "sstPages", {"&First"}};
         Button cmdMissing{*this, "cmdMissing"}, cmdTwice{*this, "cmdTwice"};
         ControlArray<Button, 2> cmdGood{*this, "cmdGood"};
         lumarin::Timer tmrTick{*this, "tmrTick"};
@@ -159,16 +160,22 @@ TEST(Mismatches, DesignThatDoesNotFit_AllAreNamedAtOnce) {
         add(new QPushButton(window.get()), "cmdTwice");
         add(new QPushButton(window.get()), "cmdTwice");
         add(new QToolButton(window.get()), "cmdGood_0");
+        add(new QLineEdit(window.get()), "txtUnlabelled");
+        add(new QTabWidget(window.get()), "sstPages");
+        add(new QLabel(window.get()), "emptyLabel");
         return window;
     });
     qt::QtDesktop desktop;
     Mismatched form(desktop);
     EXPECT_EQ(qt::Mismatches(form), (std::vector<std::string>{
                                         "txtText: the widget is a QLabel, not a QLineEdit",
+                                        "txtUnlabelled: no label shows its caption",
+                                        "sstPages: 1 captions for 0 pages",
                                         "cmdMissing: there is no such widget (QPushButton or QToolButton)",
                                         "cmdTwice: several widgets have this name",
                                         "cmdGood_1: there is no such widget (QPushButton or QToolButton)",
                                         "pushButton_2: a numbered name that no control has",
+                                        "emptyLabel: a label without caption",
                                     }));
     EXPECT_THROW(form.Load(), Error);
 }

@@ -18,12 +18,12 @@ inline bool Becomes(const std::function<bool()>& condition) { return QTest::qWai
 
 class EveryKindForm : public Form {
 public:
-    explicit EveryKindForm(Desktop& desktop) : Form(desktop, "frmEveryKind") {}
+    explicit EveryKindForm(Desktop& desktop) : Form(desktop, "frmEveryKind") { SetCaption("Every kind"); }
 
     TextBox txtText{*this, "txtText"};
-    Button cmdDo{*this, "cmdDo"}, cmdHidden{*this, "cmdHidden"};
+    Button cmdDo{*this, "cmdDo", {"&Do"}}, cmdHidden{*this, "cmdHidden"};
     Label lblNote{*this, "lblNote"};
-    ComboBox cmbChoice{*this, "cmbChoice"};
+    ComboBox cmbChoice{*this, "cmbChoice", {"&Choice"}};
     Slider hsbLevel{*this, "hsbLevel"};
     ListView lisRows{*this, "lisRows"};
     Frame fraStage{*this, "fraStage"};
@@ -32,8 +32,8 @@ public:
     lumarin::Timer tmrTick{*this, "tmrTick"};
     Animation aniFilm{*this, "aniFilm"};
     ToolBar Menu{*this, "Menu"};
-    ControlArray<OptionButton, 2> optWay{*this, "optWay"};
-    TabStrip sstPages{*this, "sstPages"};
+    ControlArray<OptionButton, 2> optWay{*this, "optWay", {{"one"}, {"other"}}};
+    TabStrip sstPages{*this, "sstPages", {"First", "Second"}};
     NumberBox numCount{*this, "numCount"};
     ProgressBar pbDone{*this, "pbDone"};
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMap>
+#include <QTabWidget>
 #include <QTest>
 
 #include "platform/qt/Icons.h"
@@ -21,6 +22,25 @@ QChar AccessKey(const QString& text) {
     return at < 0 ? QChar() : text[at + 1].toUpper();
 }
 
+/// "cmdOK.text" for each text that a design holds: they belong in the controllers.
+std::vector<std::string> TextsInDesign(const std::string& form) {
+    const auto window = qt::BuildWindow(form);
+    std::vector<std::string> texts;
+    const auto add = [&](const QObject& object, const char* property, const QString& text) {
+        if (!text.isEmpty()) texts.push_back(object.objectName().toStdString() + "." + property);
+    };
+    for (const QObject* object : QList<QObject*>{window.get()} + window->findChildren<QObject*>()) {
+        if (object->parent() != nullptr && object->parent()->objectName().startsWith("qt_")) continue;
+        for (const char* property : {"text", "title", "windowTitle", "toolTip", "statusTip", "whatsThis",
+                                     "accessibleName", "accessibleDescription", "placeholderText"})
+            add(*object, property, object->property(property).toString());
+        const auto* tabs = qobject_cast<const QTabWidget*>(object);
+        for (int tab = 0; tabs != nullptr && tab < tabs->count(); ++tab)
+            add(*tabs->widget(tab), "title", tabs->tabText(tab));
+    }
+    return texts;
+}
+
 }  // namespace
 
 class Windows : public ::testing::Test {
@@ -35,6 +55,7 @@ TEST_F(Windows, EveryWindow_FitsItsDesign) {
     for (const char* ofTests : {"frmEveryKind", "frmMismatched"}) std::erase(designs, ofTests);
     for (const auto& form : forms) {
         EXPECT_EQ(qt::Mismatches(*form), std::vector<std::string>()) << form->Name();
+        EXPECT_EQ(TextsInDesign(form->Name()), std::vector<std::string>()) << form->Name();
         EXPECT_EQ(std::erase(designs, form->Name()), 1U) << form->Name();
     }
     EXPECT_EQ(designs, std::vector<std::string>()) << "designs without a form";
@@ -60,7 +81,6 @@ TEST_F(Windows, EveryControl_IsReachedByKeyboardAndHasAName) {
             EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus);
             if (!button->text().isEmpty()) continue;
             EXPECT_FALSE(button->icon().isNull());
-            EXPECT_FALSE(button->accessibleName().isEmpty());
             EXPECT_FALSE(button->toolTip().isEmpty());
         }
         // The captions of these two are the system's own; cmdAbort is seen only while several photos are

@@ -12,8 +12,7 @@ namespace {
 
 class ButtonAdapter final : public AdapterFor<Button, QAbstractButton> {
 public:
-    ButtonAdapter(Button& control, QAbstractButton& button)
-        : AdapterFor(control, button), designed_(button.text()) {
+    ButtonAdapter(Button& control, QAbstractButton& button) : AdapterFor(control, button) {
         // The button that has the focus is the one that Enter presses, and looks so.
         if (auto* push = qobject_cast<QPushButton*>(&button)) push->setAutoDefault(true);
         connect(&button, &QAbstractButton::pressed, this, [this] {
@@ -28,10 +27,7 @@ public:
     }
 
 private:
-    void ShowState() override {
-        const QString caption = Bound()->Caption().empty() ? designed_ : ToQt(Bound()->Caption());
-        if (caption != View().text()) View().setText(caption);
-    }
+    void ShowState() override { View().setText(ToQt(Bound()->Caption())); }
 
     /// A tool button leaves Enter to the window's default button.
     bool WidgetEvent(QEvent& event) override {
@@ -40,8 +36,6 @@ private:
         View().click();
         return true;
     }
-
-    QString designed_;
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QRegularExpression>
 
 #include "platform/qt/Conversions.h"
 #include "platform/qt/widgets/FrameWidget.h"
@@ -36,10 +37,25 @@ Qt::CursorShape ShapeOf(Pointer pointer) {
     return Qt::ArrowCursor;
 }
 
+/// What a screen reader calls a control. Not every kind of widget is called what its label says, and a button
+/// may have no caption.
+QString NameOf(const ControlTexts& texts, bool hasLabel) {
+    if (!texts.accessibleName.empty()) return ToQt(texts.accessibleName);
+    if (texts.caption.empty()) return ToQt(texts.toolTip);
+    static const QRegularExpression marks("&(?=.)|:$");
+    return hasLabel ? ToQt(texts.caption).remove(marks) : QString();
+}
+
 }  // namespace
 
+QLabel* LabelOf(const QWidget& widget) {
+    for (QLabel* label : widget.window()->findChildren<QLabel*>())
+        if (label->buddy() == &widget) return label;
+    return nullptr;
+}
+
 ControlAdapter::ControlAdapter(Control& control, QWidget& widget)
-    : control_(&control), widget_(widget), placedBy_(WhoPlaces(widget)) {}
+    : control_(&control), widget_(widget), label_(LabelOf(widget)), placedBy_(WhoPlaces(widget)) {}
 
 void ControlAdapter::Attach() {
     // What the design hides starts hidden; the code may show it later.
@@ -47,7 +63,16 @@ void ControlAdapter::Attach() {
     view_ = MakeView();
     control_->Attach(view_.get());
     widget_.installEventFilter(this);
+    ShowFixedTexts();
     Refresh();
+}
+
+/// The code can change the caption alone.
+void ControlAdapter::ShowFixedTexts() const {
+    const ControlTexts& texts = control_->Texts();
+    widget_.setToolTip(ToQt(texts.toolTip));
+    widget_.setAccessibleName(NameOf(texts, label_ != nullptr));
+    widget_.setAccessibleDescription(ToQt(texts.accessibleDescription));
 }
 
 void ControlAdapter::Detach() {
@@ -76,21 +101,17 @@ void ControlAdapter::ShowCommonState() {
     widget_.setEnabled(control_->Enabled());
     if (WasHidden(widget_) == control_->Visible()) {
         widget_.setVisible(control_->Visible());
-        ShowLabelsOf(widget_, control_->Visible());
+        // A label that names a control comes and goes with it.
+        if (label_ != nullptr) label_->setVisible(control_->Visible());
     }
+    // A label that is a control itself has its caption from there.
+    if (label_ != nullptr && !control_->Caption().empty()) label_->setText(ToQt(control_->Caption()));
     if (control_->MousePointer() == pointer_) return;
     pointer_ = control_->MousePointer();
     if (pointer_ == Pointer::Default)
         widget_.unsetCursor();
     else
         widget_.setCursor(ShapeOf(pointer_));
-}
-
-/// A label that names a control comes and goes with it.
-void ControlAdapter::ShowLabelsOf(const QWidget& widget, bool visible) const {
-    if (widget.isWindow()) return;
-    for (QLabel* label : widget.window()->findChildren<QLabel*>())
-        if (label->buddy() == &widget) label->setVisible(visible);
 }
 
 void ControlAdapter::ShowBounds() { widget_.setGeometry(ToPixels(control_->Bounds())); }

@@ -9,10 +9,15 @@
 
 #include "forms/Control.h"
 
+class QLabel;
+
 namespace lumarin::qt {
 
 /// Who says where a control stands.
 enum class PlacedBy { Layout, Code };
+
+/// The label that names a widget, as its buddy; null when there is none.
+QLabel* LabelOf(const QWidget& widget);
 
 /// Connects one control with one widget: shows the control's state in the widget and reports to the control
 /// what the user does. The control may go while the widget still lives, so an adapter looks at `Target`
@@ -45,7 +50,7 @@ protected:
     virtual void TakeFocus();
     virtual void SelectAllText() {}
     virtual void ShowBounds();
-    /// Enabled, visible, pointer.
+    /// Enabled, visible, pointer, the label that names the control.
     virtual void ShowCommonState();
 
     /// The control's side of the link, for a kind of view `Base`.
@@ -64,10 +69,11 @@ protected:
 
 private:
     void Forget();
-    void ShowLabelsOf(const QWidget& widget, bool visible) const;
+    void ShowFixedTexts() const;
 
     Control* control_;
     QWidget& widget_;
+    QLabel* label_;  ///< that names the widget; null when there is none
     std::unique_ptr<ControlView> view_;
     PlacedBy placedBy_;
     Pointer pointer_ = Pointer::Default;

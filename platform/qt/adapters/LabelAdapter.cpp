@@ -15,14 +15,7 @@ public:
     }
 
 private:
-    /// Until the code has set a caption, the design's stands.
-    void ShowState() override {
-        wasSet_ = wasSet_ || !Bound()->Caption().empty();
-        const QString caption = ToQt(Bound()->Caption());
-        if (wasSet_ && caption != View().text()) View().setText(caption);
-    }
-
-    bool wasSet_ = false;
+    void ShowState() override { View().setText(ToQt(Bound()->Caption())); }
 };
 
 }  // namespace

@@ -35,6 +35,7 @@ public:
 private:
     void ShowState() override {
         const QSignalBlocker blocker(View());
+        View().setText(ToQt(Bound()->Caption()));
         View().setChecked(Bound()->Value());
     }
 };

@@ -17,7 +17,6 @@ public:
         connect(&tabs, &QTabWidget::currentChanged, this, [this](int tab) {
             if (Bound() != nullptr) Bound()->SetTab(tab);
         });
-        for (int tab = 0; tab < tabs.count(); ++tab) captions_ += tabs.tabText(tab);
     }
 
 private:
@@ -25,7 +24,7 @@ private:
         const QSignalBlocker blocker(View());
         for (int tab = 0; tab < View().count(); ++tab) {
             View().setTabVisible(tab, Bound()->TabVisible(tab));
-            View().setTabText(tab, captions_[tab] + NoteText(tab));
+            View().setTabText(tab, ToQt(Bound()->Captions()[static_cast<std::size_t>(tab)]) + NoteText(tab));
         }
         View().setCurrentIndex(Bound()->Tab());
     }
@@ -36,8 +35,6 @@ private:
         // A "&" would mark an access key.
         return ": " + View().fontMetrics().elidedText(note, Qt::ElideRight, WidestNote).replace('&', "&&");
     }
-
-    QStringList captions_;
 };
 
 }  // namespace

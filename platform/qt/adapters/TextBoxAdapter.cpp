@@ -30,6 +30,7 @@ int CodeOf(const QKeyEvent& key) {
 class TextBoxAdapter final : public AdapterFor<TextBox, QLineEdit> {
 public:
     TextBoxAdapter(TextBox& control, QLineEdit& edit) : AdapterFor(control, edit) {
+        edit.setPlaceholderText(ToQt(control.Texts().placeholder));
         connect(&edit, &QLineEdit::textChanged, this, [this](const QString& text) {
             if (Bound() != nullptr) Bound()->SetText(FromQt(text));
         });

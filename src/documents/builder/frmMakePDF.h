@@ -28,13 +28,29 @@ class frmMakePDF : public Form {
 public:
     explicit frmMakePDF(const DocumentPorts& ports);
 
-    ComboBox cboDocType{*this, "cboDocType"};
-    OptionButton optLetter{*this, "optLetter", "PageSize"}, optLegal{*this, "optLegal", "PageSize"};
-    ListView lbmBM{*this, "lbmBM"};  ///< the pages in their order
-    TextBox txtLinkText{*this, "txtLinkText"}, txtFilesImported{*this, "txtFilesImported"};
-    Label lblFilesize{*this, "lblFilesize"};  ///< of what is allowed
-    Label lblStatus{*this, "lblStatus"};      ///< how many pages; what is being done
-    Button cmdAddFiles{*this, "cmdAddFiles"}, cmdOK{*this, "cmdOK"}, cmdCancel{*this, "cmdCancel"};
+    ComboBox cboDocType{*this, "cboDocType", {"C&olors:", "How many colors the next pages keep"}};
+    OptionButton optLetter{*this, "optLetter", "PageSize", {"8.5 x 11 (&Letter)"}};
+    OptionButton optLegal{*this, "optLegal", "PageSize", {"8.5 x 14 (L&egal)"}};
+    ListView lbmBM{*this,
+                   "lbmBM",
+                   {.caption = "Pa&ges, in their order:",
+                    .toolTip = "Picture files can be dropped here",
+                    .accessibleName = "Pages of the document"}};
+    TextBox txtLinkText{
+        *this,
+        "txtLinkText",
+        {.caption = "Desc&ription:", .placeholder = "What the document is called in the listing"}};
+    TextBox txtFilesImported{
+        *this,
+        "txtFilesImported",
+        {.caption = "&Imported:", .placeholder = "Add pictures, paste one, or scan a page"}};
+    Label lblSize{*this, "lblSize", {"Size:"}};
+    /// Of what is allowed.
+    Label lblFilesize{*this, "lblFilesize", {.accessibleName = "Size of the document"}};
+    Label lblStatus{*this, "lblStatus"};  ///< how many pages; what is being done
+    Button cmdAddFiles{*this, "cmdAddFiles", {"&Add Files...", "Add picture files, each as a page"}};
+    Button cmdOK{*this, "cmdOK", {"O&K", "Send the document to the listing"}};
+    Button cmdCancel{*this, "cmdCancel", {"&Cancel"}};
     ToolBar ActiveBar1{*this, "ActiveBar1"};
 
     /// Raised when the user has finished: with the temporary PDF file there, it is to be sent. The handler
