@@ -15,6 +15,7 @@ LIBRARIES = [
     (r"zlib\.h", r"PkgConfig::ZLIB"), (r"zip\.h", r"PkgConfig::LIBZIP"), (r"curl/", r"PkgConfig::CURL"),
     (r"j(peglib|error)\.h", r"PkgConfig::JPEG"), (r"sane/", r"PkgConfig::SANE"),
     (r"sqlite3\.h", r"SQLite::SQLite3"), (r"httplib\.h", r"PkgConfig::HTTPLIB"),
+    (r"Qor(Lumarin|VelCommon|ToolBar)\.h", r"lumarin_automation_types"),
 ]
 STANDARD = re.compile(r"[a-z_0-9]+$")  # no ending, no folder
 SYSTEM = re.compile(
@@ -31,22 +32,29 @@ class Target:
         self.declared = set(filter(None, declared.split(";")))
 
 
+def stem_in(target, path):
+    return os.path.splitext(os.path.relpath(path, target.folder))[0]
+
+
 def owner_of(path, targets):
     """The target of the nearest folder above; where that folder has several, the one with a source of this name."""
     folder = os.path.dirname(path)
     while folder:
         here = [target for target in targets if target.folder == folder]
         if here:
-            stem = os.path.splitext(os.path.relpath(path, folder))[0]
-            return next((target for target in here if stem in target.stems), here[-1])
+            return next((target for target in here if stem_in(target, path) in target.stems), here[-1])
         folder = os.path.dirname(folder)
     return None
 
 
-def is_left_out(path, targets):
-    """Whether a file is of a part that this system does not have: nothing of its folder is built."""
+def is_left_out(path, target, targets):
+    """Whether a file is of a part that this system does not have: nothing of its folder is built, or not this source."""
+    if path.startswith("src/"):
+        return False
     part = "/".join(path.split("/")[:2]) + "/"
-    return not part.startswith("src/") and not any((target.folder + "/").startswith(part) for target in targets)
+    if not any((other.folder + "/").startswith(part) for other in targets):
+        return True
+    return target is not None and path.endswith(".cpp") and stem_in(target, path) not in target.stems
 
 
 def fault_of(target, kind, header, root, targets):
@@ -81,9 +89,9 @@ def main(root, list_of_targets):
         for folder, _, names in os.walk(os.path.join(root, top)):
             for path in (os.path.join(folder, name) for name in names if name.endswith((".h", ".cpp"))):
                 relative = os.path.relpath(path, root)
-                if is_left_out(relative, targets):
-                    continue
                 target = owner_of(relative, targets)
+                if is_left_out(relative, target, targets):
+                    continue
                 with open(path, encoding="utf-8") as lines:
                     includes = [(number, *found.groups()) for number, line in enumerate(lines, 1)
                                 if (found := INCLUDE.match(line))]
