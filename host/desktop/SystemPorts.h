@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/FileCalls.h"
 #include "entry/SettingsFiles.h"
 #include "forms/HelpViewer.h"
 #include "lookup/EngineVersion.h"
@@ -12,6 +13,7 @@ struct SystemPorts {
     const lumarin::EngineVersion& engine;
     const lumarin::SettingsFiles* settings;  ///< null: the component reads and writes them itself
     lumarin::vips::VipsImaging::SystemDecoder decodeHeic;  ///< null: libvips decodes all it can
+    const lumarin::files::FileCalls* files;                ///< null: the standard library
     lumarin::HelpViewer* help;                             ///< null: the browser shows every help file
 };
 

@@ -13,6 +13,7 @@
 #include "host/desktop/Jobs.h"
 #include "host/desktop/MainWindow.h"
 #include "host/desktop/ProgramOptions.h"
+#include "host/desktop/SystemPorts.h"
 #include "host/drive/DriveError.h"
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
@@ -159,6 +160,7 @@ int Start(host::ProgramOptions options) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+    lumarin::files::Use(host::PortsOfThisSystem().files);
     host::ProgramOptions options;
     try {
         options = host::ParseOptions(lumarin::platform::ProgramArguments(argumentCount, arguments));

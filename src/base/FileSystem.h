@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -10,17 +8,13 @@
 /// and for those who need more of the standard library than `files` has.
 namespace lumarin::files {
 
-inline std::filesystem::path ToPath(std::string_view utf8) {
-    return {reinterpret_cast<const char8_t*>(utf8.data()),
-            reinterpret_cast<const char8_t*>(utf8.data() + utf8.size())};
-}
+/// A text that is not UTF-8 names a file that is not there. Where paths are limited in their length, a long
+/// one takes the form that is not.
+std::filesystem::path ToPath(std::string_view utf8);
 
-inline std::string ToUtf8(const std::filesystem::path& path) {
-    const std::u8string utf8 = path.u8string();
-    return {utf8.begin(), utf8.end()};
-}
+std::string ToUtf8(const std::filesystem::path& path);
 
 /// Why a stream could not be opened, read or written. `errno` is 0 before the attempt.
-inline std::string LastReason() { return errno != 0 ? std::strerror(errno) : "input/output error"; }
+std::string LastReason();
 
 }  // namespace lumarin::files

@@ -1,10 +1,11 @@
 #include "base/Files.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
-#include <type_traits>
 
 #include "base/Error.h"
+#include "base/FileCalls.h"
 #include "base/FileSystem.h"
 
 namespace lumarin::files {
@@ -13,19 +14,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The file name of a path that a listing gave, without taking the whole path apart where it is UTF-8.
-template <class Path>
-auto LastPart(const Path& path) {
-    if constexpr (std::is_same_v<typename Path::value_type, char>) {
-        const std::string_view whole = path.native();
-        return whole.substr(whole.rfind(static_cast<char>(Path::preferred_separator)) + 1);
-    } else {
-        return ToUtf8(path.filename());
-    }
-}
-
-void Check(const std::error_code& problem, const char* operation, const std::string& path) {
-    if (problem) throw FileError(operation, path, problem.message());
+void Check(const std::error_code& problem, const std::string& operation, const std::string& path) {
+    if (problem) throw FileError(operation, path, Calls().ReasonOf(problem));
 }
 
 /// An operation with two files: the first one is named with it, the second one is the error's path.
@@ -64,56 +54,40 @@ std::string FixedPath(std::string_view text) {
     return path;
 }
 
-bool FileExists(const std::string& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(ToPath(path), ignored);
-}
+bool FileExists(const std::string& path) { return Calls().KindOf(ToPath(path)) == FileCalls::Kind::File; }
 
-bool FolderExists(const std::string& path) {
-    std::error_code ignored;
-    return fs::is_directory(ToPath(path), ignored);
-}
+bool FolderExists(const std::string& path) { return Calls().KindOf(ToPath(path)) == FileCalls::Kind::Folder; }
 
 void EnsureFolder(const std::string& path) {
-    std::error_code problem;
-    fs::create_directories(ToPath(path), problem);
+    const std::error_code problem = Calls().MakeFolder(ToPath(path));
     if (!FolderExists(path))
-        throw FileError("create the folder", path, problem ? problem.message() : "a file has that name");
+        throw FileError("create the folder", path,
+                        problem ? Calls().ReasonOf(problem) : "a file has that name");
 }
 
 std::uint64_t FileLength(const std::string& path) {
     std::error_code problem;
-    const std::uint64_t length = fs::file_size(ToPath(path), problem);
+    const std::uint64_t length = Calls().Length(ToPath(path), problem);
     Check(problem, "read the length of", path);
     return length;
 }
 
 void Copy(const std::string& from, const std::string& to) {
     UnfinishedFile unfinished(to);
-    std::error_code problem;
-    fs::copy_file(ToPath(from), ToPath(unfinished.Path()), fs::copy_options::overwrite_existing, problem);
-    if (problem) throw FileError(Between("copy", from), to, problem.message());
+    Check(Calls().Copy(ToPath(from), ToPath(unfinished.Path())), Between("copy", from), to);
     unfinished.MoveTo(to);
 }
 
 void Rename(const std::string& from, const std::string& to) {
-    std::error_code problem;
-    fs::rename(ToPath(from), ToPath(to), problem);
-    if (problem) throw FileError(Between("rename", from), to, problem.message());
+    Check(Calls().Replace(ToPath(from), ToPath(to)), Between("rename", from), to);
 }
 
-void Delete(const std::string& path) {
-    std::error_code problem;
-    const bool deleted = fs::remove(ToPath(path), problem);
-    Check(problem, "delete", path);
-    if (!deleted) throw FileError("delete", path, "no such file");
-}
+void Delete(const std::string& path) { Check(Calls().Remove(ToPath(path)), "delete", path); }
 
 bool TryDelete(const std::string& path) noexcept {
     try {
-        std::error_code problem;
-        fs::remove(ToPath(path), problem);
-        return !problem;
+        const std::error_code problem = Calls().Remove(ToPath(path));
+        return !problem || problem == std::errc::no_such_file_or_directory;
     } catch (...) {
         return false;
     }
@@ -122,15 +96,13 @@ bool TryDelete(const std::string& path) noexcept {
 std::vector<std::string> List(const std::string& folder,
                               const std::function<bool(const std::string&)>& wanted) {
     std::vector<std::string> names;
-    std::error_code problem;
     if (!FolderExists(folder)) return names;
-    for (fs::directory_iterator entry(ToPath(folder), problem), end; !problem && entry != end;
-         entry.increment(problem)) {
-        std::error_code ignored;
-        if (!entry->is_regular_file(ignored)) continue;
-        std::string name = ToUtf8(entry->path().filename());
-        if (wanted(name)) names.push_back(std::move(name));
-    }
+    const std::error_code problem =
+        Calls().ForEachEntry(ToPath(folder), [&](std::string_view name, EntryKind kind) {
+            if (kind == EntryKind::Folder || !wanted(std::string(name))) return true;
+            if (FileExists(folder + Separator + std::string(name))) names.emplace_back(name);
+            return true;
+        });
     Check(problem, "list", folder);
     std::sort(names.begin(), names.end());
     return names;
@@ -138,24 +110,20 @@ std::vector<std::string> List(const std::string& folder,
 
 void ForEachEntry(const std::string& folder,
                   const std::function<void(std::string_view name, EntryKind kind)>& visit) {
-    std::error_code problem;
     if (!FolderExists(folder)) return;
-    for (fs::directory_iterator entry(ToPath(folder), problem), end; !problem && entry != end;
-         entry.increment(problem)) {
-        // The kind comes with the listing: asking the file itself would cost more than all the rest.
-        std::error_code ignored;
-        const EntryKind kind = entry->is_symlink(ignored)     ? EntryKind::Link
-                               : entry->is_directory(ignored) ? EntryKind::Folder
-                                                              : EntryKind::File;
-        visit(LastPart(entry->path()), kind);
-    }
+    const std::error_code problem =
+        Calls().ForEachEntry(ToPath(folder), [&](std::string_view name, EntryKind kind) {
+            visit(name, kind);
+            return true;
+        });
     Check(problem, "list", folder);
 }
 
 bool HasEntries(const std::string& folder) {
-    std::error_code problem;
-    const fs::directory_iterator first(ToPath(folder), problem);
-    return !problem && first != fs::directory_iterator();
+    bool has = false;
+    const std::error_code problem =
+        Calls().ForEachEntry(ToPath(folder), [&](std::string_view, EntryKind) { return !(has = true); });
+    return has && !problem;
 }
 
 std::string ReadAll(const std::string& path) {

@@ -1,12 +1,14 @@
 #include "base/Rewrite.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <fstream>
 #include <optional>
 #include <utility>
 
 #include "base/Error.h"
+#include "base/FileCalls.h"
 #include "base/FileSystem.h"
 #include "base/Files.h"
 
@@ -89,7 +91,7 @@ void Overwrite(std::fstream out, const std::string& path, std::string_view bytes
     if (FileLength(path) == bytes.size()) return;
     std::error_code problem;
     fs::resize_file(ToPath(path), bytes.size(), problem);
-    if (problem) throw FileError("write", path, problem.message());
+    if (problem) throw FileError("write", path, Calls().ReasonOf(problem));
 }
 
 /// A file that nobody has yet, or to which only a link leads.
