@@ -20,20 +20,26 @@ std::string Narrow(const wchar_t* name) {
 
 }  // namespace
 
-Object::Object(Microsoft::WRL::ComPtr<IDispatch> object, std::string name)
-    : object_(std::move(object)), name_(std::move(name)) {
-    if (object_ == nullptr) throw Error(E_POINTER, name_, "The host gave no object for " + name_);
-}
+struct Object::Known {
+    Known(Microsoft::WRL::ComPtr<IDispatch> of, std::string called)
+        : object(std::move(of)), name(std::move(called)) {}
 
-std::string Object::Named(const wchar_t* member) const { return name_ + "." + Narrow(member); }
+    std::string Named(const wchar_t* member) const { return name + "." + Narrow(member); }
+    DISPID Find(const wchar_t* member);
+    DISPID LookUp(const wchar_t* member) const;
+
+    const Microsoft::WRL::ComPtr<IDispatch> object;
+    const std::string name;
+    std::vector<std::pair<std::wstring, DISPID>> members;
+};
 
 /// Objects of scripts may answer names in the extended way alone.
-DISPID Object::LookUp(const wchar_t* member) const {
-    auto* name = const_cast<wchar_t*>(member);
+DISPID Object::Known::LookUp(const wchar_t* member) const {
+    auto* asked = const_cast<wchar_t*>(member);
     DISPID id = DISPID_UNKNOWN;
-    HRESULT found = object_->GetIDsOfNames(IID_NULL, &name, 1, AnyLanguage, &id);
+    HRESULT found = object->GetIDsOfNames(IID_NULL, &asked, 1, AnyLanguage, &id);
     Microsoft::WRL::ComPtr<IDispatchEx> extended;
-    if (FAILED(found) && SUCCEEDED(object_.As(&extended))) {
+    if (FAILED(found) && SUCCEEDED(object.As(&extended))) {
         Bstr text;
         *text.Address() = SysAllocString(member);
         found = extended->GetDispID(text.Get(), fdexNameCaseInsensitive, &id);
@@ -44,15 +50,30 @@ DISPID Object::LookUp(const wchar_t* member) const {
     return id;
 }
 
-DISPID Object::Find(const wchar_t* member) const {
-    auto known = std::find_if(known_.begin(), known_.end(),
+DISPID Object::Known::Find(const wchar_t* member) {
+    auto found = std::find_if(members.begin(), members.end(),
                               [member](const auto& entry) { return entry.first == member; });
-    if (known == known_.end()) known = known_.insert(known, {member, LookUp(member)});
-    if (known->second == DISPID_UNKNOWN) throw MissingMember(name_, Narrow(member));
-    return known->second;
+    if (found == members.end()) found = members.insert(found, {member, LookUp(member)});
+    if (found->second == DISPID_UNKNOWN) throw MissingMember(name, Narrow(member));
+    return found->second;
 }
 
-Variant Object::Invoke(DISPID id, WORD kind, Arguments& arguments, const wchar_t* member) const {
+Object::Object(Microsoft::WRL::ComPtr<IDispatch> object, std::string name)
+    : known_(std::make_shared<Known>(std::move(object), std::move(name))) {
+    if (known_->object == nullptr)
+        throw Error(E_POINTER, known_->name, "The host gave no object for " + known_->name);
+}
+
+bool Object::Is(IDispatch* other) const {
+    Microsoft::WRL::ComPtr<IUnknown> mine, theirs;
+    return other != nullptr && SUCCEEDED(known_->object.As(&mine)) &&
+           SUCCEEDED(other->QueryInterface(IID_PPV_ARGS(theirs.GetAddressOf()))) &&
+           mine.Get() == theirs.Get();
+}
+
+Variant Object::Invoke(const std::shared_ptr<Known>& known, DISPID id, WORD kind, Arguments& arguments,
+                       const wchar_t* member) {
+    const std::shared_ptr<Known> held = known;
     // The last argument comes first. What they hold stays theirs: the call does not free it.
     std::vector<VARIANT> reversed;
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
@@ -65,29 +86,29 @@ Variant Object::Invoke(DISPID id, WORD kind, Arguments& arguments, const wchar_t
     EXCEPINFO exception{};
     UINT wrong = 0;
     const bool hasResult = (kind & DISPATCH_PROPERTYGET) != 0;
-    const HRESULT status = object_->Invoke(id, IID_NULL, AnyLanguage, kind, &parameters,
-                                           hasResult ? result.Address() : nullptr, &exception, &wrong);
-    if (status == DISP_E_MEMBERNOTFOUND) throw MissingMember(name_, Narrow(member));
-    if (FAILED(status)) throw ErrorOf(status, exception, Named(member));
+    const HRESULT status = held->object->Invoke(id, IID_NULL, AnyLanguage, kind, &parameters,
+                                                hasResult ? result.Address() : nullptr, &exception, &wrong);
+    if (status == DISP_E_MEMBERNOTFOUND) throw MissingMember(held->name, Narrow(member));
+    if (FAILED(status)) throw ErrorOf(status, exception, held->Named(member));
     return result;
 }
 
 Variant Object::Get(const wchar_t* member, Arguments arguments) const {
-    return Invoke(Find(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, member);
+    return Invoke(known_, known_->Find(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, member);
 }
 
 Variant Object::GetDefault(Arguments arguments) const {
-    return Invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, L"(default)");
+    return Invoke(known_, DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, L"(default)");
 }
 
 void Object::Call(const wchar_t* member, Arguments arguments) const {
-    Invoke(Find(member), DISPATCH_METHOD, arguments, member);
+    Invoke(known_, known_->Find(member), DISPATCH_METHOD, arguments, member);
 }
 
 void Object::Put(const wchar_t* member, Variant value) const {
     Arguments arguments;
     arguments.push_back(std::move(value));
-    Invoke(Find(member), DISPATCH_PROPERTYPUT, arguments, member);
+    Invoke(known_, known_->Find(member), DISPATCH_PROPERTYPUT, arguments, member);
 }
 
 Object Object::AsObject(const wchar_t* member, Arguments arguments) const {

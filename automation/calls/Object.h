@@ -3,8 +3,8 @@
 #include "automation/calls/Values.h"
 #include "base/Error.h"
 
+#include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace lumarin::automation {
@@ -36,18 +36,16 @@ public:
     /// A property's value as an object; throws Error when it is none.
     Object AsObject(const wchar_t* member, Arguments arguments = {}) const;
 
-    const std::string& Name() const { return name_; }
-    IDispatch* Get() const { return object_.Get(); }
+    /// Whether it is the same object, whichever way it was come by.
+    bool Is(IDispatch* other) const;
 
 private:
-    DISPID Find(const wchar_t* member) const;
-    DISPID LookUp(const wchar_t* member) const;
-    Variant Invoke(DISPID id, WORD kind, Arguments& arguments, const wchar_t* member) const;
-    std::string Named(const wchar_t* member) const;
+    struct Known;
 
-    Microsoft::WRL::ComPtr<IDispatch> object_;
-    std::string name_;
-    mutable std::vector<std::pair<std::wstring, DISPID>> known_;
+    static Variant Invoke(const std::shared_ptr<Known>& known, DISPID id, WORD kind, Arguments& arguments,
+                          const wchar_t* member);
+
+    std::shared_ptr<Known> known_;
 };
 
 }  // namespace lumarin::automation

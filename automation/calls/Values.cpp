@@ -86,6 +86,11 @@ std::int32_t IntegerOf(const VARIANT& value) {
     return IsNothing(held.Get()) ? 0 : Changed(held, VT_I4, "a whole number").Get().lVal;
 }
 
+std::int64_t LargeIntegerOf(const VARIANT& value) {
+    const Variant held(value);
+    return IsNothing(held.Get()) ? 0 : Changed(held, VT_I8, "a whole number").Get().llVal;
+}
+
 bool TruthOf(const VARIANT& value) {
     if (value.vt == VT_BOOL) return value.boolVal != VARIANT_FALSE;
     const Variant held(value);

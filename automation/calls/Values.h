@@ -19,6 +19,8 @@ namespace lumarin::automation {
 std::string TextOf(const VARIANT& value);
 /// 0 for an empty or null value; a fraction is rounded half to even.
 std::int32_t IntegerOf(const VARIANT& value);
+/// The same, for numbers of up to 64 bits.
+std::int64_t LargeIntegerOf(const VARIANT& value);
 /// False for an empty or null value.
 bool TruthOf(const VARIANT& value);
 /// Null for an empty value and for "Nothing".

@@ -86,6 +86,13 @@ Variant Variant::Null() {
     return null;
 }
 
+Variant Variant::Missing() {
+    Variant missing;
+    missing.value_.vt = VT_ERROR;
+    missing.value_.scode = DISP_E_PARAMNOTFOUND;
+    return missing;
+}
+
 // What a reference points to is not freed with the variant that holds it.
 Variant Variant::Reference(Bstr& text) {
     Variant reference;

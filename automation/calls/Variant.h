@@ -41,6 +41,8 @@ public:
     ~Variant() { VariantClear(&value_); }
 
     static Variant Null();
+    /// An argument that is left out.
+    static Variant Missing();
     /// A reference to a text, which the one who is called may replace.
     static Variant Reference(Bstr& text);
     /// A reference to what another holds: to the text or the array within, if it is one.

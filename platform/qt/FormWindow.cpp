@@ -69,17 +69,16 @@ void FormWindow::ReportPlaces() {
     for (const auto& adapter : adapters_) adapter->ReportPlace();
 }
 
-void FormWindow::Show(QWidget* owner, Qt::WindowModality modality) {
+void FormWindow::Show(const Owner& owner, Qt::WindowModality modality) {
     if (window_->isVisible() && window_->windowModality() != modality) window_->hide();
     if (window_->isVisible()) {
         window_->raise();
     } else {
         window_->setWindowModality(modality);
         window_->setWindowFlag(Qt::WindowStaysOnTopHint, form_->Topmost());
-        window_->winId();  // the window below is there from now on
-        QWindow* above = owner != nullptr ? owner->window()->windowHandle() : nullptr;
-        window_->windowHandle()->setTransientParent(above);
-        if (!wasShown_ && !placedByCode_ && owner != nullptr) PlaceOver(*owner->window());
+        owner.Own(*window_);
+        const QRect above = owner.Place(*window_);
+        if (!wasShown_ && !placedByCode_ && !above.isEmpty()) PlaceOver(above);
     }
     wasShown_ = true;
     FocusFirst();
@@ -91,7 +90,7 @@ void FormWindow::Show(QWidget* owner, Qt::WindowModality modality) {
         QApplication::setActiveWindow(window_.get());
 }
 
-bool FormWindow::RunModal(QWidget* owner) {
+bool FormWindow::RunModal(const Owner& owner) {
     QEventLoop loop;
     const Meanwhile running(loop_, &loop);
     Show(owner, Qt::ApplicationModal);
@@ -113,10 +112,11 @@ void FormWindow::Detach() {
     Hide();
 }
 
-void FormWindow::PlaceOver(const QWidget& owner) {
-    const QRect room = owner.screen()->availableGeometry();
+void FormWindow::PlaceOver(const QRect& owner) {
+    const QScreen* screen = QGuiApplication::screenAt(owner.center());
+    const QRect room = (screen != nullptr ? screen : window_->screen())->availableGeometry();
     QRect place({}, window_->size().grownBy(assumedFrame_));
-    place.moveCenter(owner.frameGeometry().center());
+    place.moveCenter(owner.center());
     place.moveRight(qMin(place.right(), room.right()));
     place.moveBottom(qMin(place.bottom(), room.bottom()));
     place.moveTopLeft({qMax(place.left(), room.left()), qMax(place.top(), room.top())});

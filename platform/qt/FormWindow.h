@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "forms/Form.h"
+#include "platform/qt/Owner.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/adapters/ControlAdapter.h"
 
@@ -26,10 +27,10 @@ public:
 
     QWidget& Window() const { return *window_; }
 
-    /// `owner` may be null. Shows it in front of its owner and gives it the keyboard.
-    void Show(QWidget* owner, Qt::WindowModality modality);
+    /// Shows it in front of its owner and gives it the keyboard.
+    void Show(const Owner& owner, Qt::WindowModality modality);
     /// Shows it modal and returns when it was hidden; false when the program ended instead.
-    bool RunModal(QWidget* owner);
+    bool RunModal(const Owner& owner);
     void Hide();
     void Detach();
     bool IsDetached() const { return form_ == nullptr; }
@@ -48,7 +49,7 @@ private:
     void ReportPlaces();
     void ShowEnabled();
     void ReportInnerSize();
-    void PlaceOver(const QWidget& owner);
+    void PlaceOver(const QRect& owner);
     static QMargins LikelyFrame();
     QRect Outer() const;
     void CountFrame();

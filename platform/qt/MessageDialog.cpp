@@ -157,8 +157,9 @@ Answer AnswerOf(int button) {
 
 }  // namespace
 
-Answer RunMessageBox(const Message& message, QWidget* owner) {
-    Box box(IconOf(message.icon), ToQt(message.title), ToQt(message.text), ButtonsOf(message.buttons), owner);
+Answer RunMessageBox(const Message& message, const Owner& owner) {
+    Box box(IconOf(message.icon), ToQt(message.title), ToQt(message.text), ButtonsOf(message.buttons),
+            owner.widget);
     box.setObjectName("messageBox");
     UseDrawing(box, message.icon);
     box.setTextFormat(Qt::PlainText);
@@ -167,6 +168,7 @@ Answer RunMessageBox(const Message& message, QWidget* owner) {
     box.setDefaultButton(ButtonOf(EnterOf(message)));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowFlag(Qt::WindowStaysOnTopHint, message.modality == Modality::System);
+    if (owner.widget == nullptr) owner.Own(box);
     const Answer answer = AnswerOf(box.exec());
     return message.buttons == Buttons::Ok ? Answer::Ok : answer;
 }

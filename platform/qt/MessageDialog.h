@@ -1,12 +1,11 @@
 #pragma once
 
 #include "forms/Desktop.h"
-
-class QWidget;
+#include "platform/qt/Owner.h"
 
 namespace lumarin::qt {
 
-/// Shows the message and returns the button. `owner` may be null.
-Answer RunMessageBox(const Message& message, QWidget* owner);
+/// Shows the message and returns the button.
+Answer RunMessageBox(const Message& message, const Owner& owner);
 
 }  // namespace lumarin::qt

@@ -24,6 +24,7 @@
 #include "platform/qt/FileChooser.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/MessageDialog.h"
+#include "platform/qt/Owner.h"
 
 namespace lumarin::qt {
 
@@ -65,6 +66,7 @@ public:
         ++desktop_.nesting_;
         if (hidesPointer_)
             desktop_.SetPointer(Pointer::Default);  // a person who is asked is not kept waiting
+        if (shows == Shows::Dialog) hostPause_.emplace(desktop_.HostOwner().host);
     }
     ~Nested() {
         if (hidesPointer_) desktop_.SetPointer(Pointer::Hourglass);
@@ -76,6 +78,7 @@ public:
 private:
     QtDesktop& desktop_;
     bool hidesPointer_;
+    std::optional<platform::WindowPause> hostPause_;
 };
 
 QtDesktop::QtDesktop(WindowSizes sizes, HelpViewer* helpViewer) : sizes_(sizes), helpViewer_(helpViewer) {
@@ -87,6 +90,18 @@ QtDesktop::QtDesktop(WindowSizes sizes, HelpViewer* helpViewer) : sizes_(sizes),
 QtDesktop::~QtDesktop() {
     retiredForms_.clear();
     windows_.clear();
+}
+
+/// A host's window that is of the toolkit after all is treated as such.
+Owner QtDesktop::HostOwner() const {
+    const platform::WindowNumber host = hostWindow_ ? hostWindow_() : 0;
+    QWidget* widget = QWidget::find(host);
+    return {widget, widget == nullptr ? host : 0};
+}
+
+Owner QtDesktop::OwnerOf(const OwnerWindow* owner) const {
+    QWidget* widget = WidgetOf(owner);
+    return hostWindow_ && (widget == nullptr || !widget->isVisible()) ? HostOwner() : Owner{widget};
 }
 
 FormWindow& QtDesktop::WindowOf(const Form& form) const {
@@ -102,14 +117,14 @@ void QtDesktop::Load(Form& form) {
 
 void QtDesktop::Show(Form& form, const OwnerWindow* owner) {
     FormWindow& window = WindowOf(form);
-    window.Show(WidgetOf(owner), Qt::NonModal);
+    window.Show(OwnerOf(owner), Qt::NonModal);
     unseen_ = window.Window().windowHandle();
 }
 
 void QtDesktop::ShowModal(Form& form, const OwnerWindow* owner) {
     FormWindow& window = WindowOf(form);
     const Nested nested(*this, Nested::Shows::Dialog);
-    const bool ended = window.RunModal(WidgetOf(owner));
+    const bool ended = window.RunModal(OwnerOf(owner));
     // The program ends while the window waits: for its caller it is as if it had been hidden.
     if (!ended && !window.IsDetached()) form.Hide();
 }
@@ -143,7 +158,8 @@ void QtDesktop::DestroyRetired() {
 
 Answer QtDesktop::ShowMessage(const Message& message, const Form* owner) {
     const Nested nested(*this, Nested::Shows::Dialog);
-    return RunMessageBox(message, OwnerOrActive(owner));
+    QWidget* widget = OwnerOrActive(owner);
+    return RunMessageBox(message, widget != nullptr ? Owner{widget} : HostOwner());
 }
 
 std::vector<std::string> QtDesktop::ChooseFiles(const FileDialog& dialog, const Form* owner) {

@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -18,10 +20,14 @@ class QWidget;
 namespace lumarin::qt {
 
 class FormWindow;
+struct Owner;
 
 /// Prepares the application: style, a light or dark palette (the desktop's choice, or the environment's
 /// LUMARIN_THEME=light or dark), fonts, icons. Call once, before any window.
 void SetUpApplication(QApplication& application);
+
+/// What the windows need in an application of somebody else's, whose looks stay its own.
+void SetUpWindows();
 
 /// How large a window opens: as designed, but no larger than the screen; or as designed on a screen that
 /// nobody looks at.
@@ -35,6 +41,10 @@ public:
     /// The viewer, if there is one, is not owned; without it every help file opens in the browser.
     explicit QtDesktop(WindowSizes sizes = WindowSizes::WithinScreen, HelpViewer* helpViewer = nullptr);
     ~QtDesktop() override;
+
+    /// For a host that is not of the toolkit: which of its windows owns ours that no other window of ours
+    /// owns; 0 is none. It is asked each time, and takes no input while a modal window of ours is shown.
+    void UseHostWindow(std::function<std::uintptr_t()> find) { hostWindow_ = std::move(find); }
 
     /// Throws Error when the form and its design do not fit, with all that is wrong.
     void Load(Form& form) override;
@@ -67,9 +77,13 @@ private:
     class Nested;
 
     FormWindow& WindowOf(const Form& form) const;
+    /// The window of the owner, if it is seen, or the host's.
+    Owner OwnerOf(const OwnerWindow* owner) const;
+    Owner HostOwner() const;
     void DestroyRetired();
 
     const WindowSizes sizes_;
+    std::function<std::uintptr_t()> hostWindow_;
     HelpViewer* const helpViewer_;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retiredWindows_;

@@ -143,9 +143,13 @@ bool WantsDark() {
 
 }  // namespace
 
-void SetUpApplication(QApplication& application) {
+void SetUpWindows() {
     UseResources();
     AddWindowDesigns();
+}
+
+void SetUpApplication(QApplication& application) {
+    SetUpWindows();
     const bool dark = WantsDark();
     QApplication::setStyle(new ColouredStyle(PaletteOf(dark ? Dark : Light)));
     QFont font = QApplication::font();

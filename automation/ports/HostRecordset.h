@@ -1,0 +1,43 @@
+#pragma once
+
+#include "automation/calls/Object.h"
+#include "entry/Services.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace lumarin::automation {
+
+/// A recordset of the host's: the platform's own, or any object with these members. `Fields` takes the
+/// column's name as its argument or gives a collection whose default member does. What comes is the column's
+/// field, which is kept: its `Value` is that of whatever row is the current one. It may also be the value
+/// itself.
+class HostRecordset final : public Recordset {
+public:
+    explicit HostRecordset(Object rows) : rows_(std::move(rows)) {}
+
+    bool Eof() const override { return TruthOf(rows_.Get(L"EOF").Get()); }
+    bool Bof() const override { return TruthOf(rows_.Get(L"BOF").Get()); }
+    bool IsOpen() const override;
+    void MoveFirst() override { rows_.Call(L"MoveFirst"); }
+    void MoveNext() override { rows_.Call(L"MoveNext"); }
+    int RecordCount() const override { return IntegerOf(rows_.Get(L"RecordCount").Get()); }
+    void Find(const std::string& criterion) override { rows_.Call(L"Find", {Variant(criterion)}); }
+    FieldValue Field(std::string_view column) const override;
+    void Close() override { rows_.Call(L"Close"); }
+
+private:
+    struct Column {
+        std::string name;
+        std::optional<Object> field;
+    };
+
+    Variant Fetch(std::string_view column) const;
+
+    Object rows_;
+    mutable std::optional<Object> collection_;  ///< of the fields; nothing where `Fields` takes the name
+    mutable std::vector<Column> columns_;       ///< those that were asked for
+};
+
+}  // namespace lumarin::automation
