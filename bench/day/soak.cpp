@@ -1,5 +1,7 @@
 // A long day of work, judged by what grows and what becomes slower. Usage: soak PROGRAM LISTINGS PHOTOS.
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cstdio>
 #include <exception>
@@ -62,6 +64,7 @@ int Run(const QString& program, int listings, int photos) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);  // who draws the pictures looks for plugins beside it
     if (argc != 4) return std::fprintf(stderr, "usage: soak PROGRAM LISTINGS PHOTOS\n"), 2;
     try {
         return Run(argv[1], std::stoi(argv[2]), std::stoi(argv[3]));

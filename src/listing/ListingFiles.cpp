@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Files.h"
 #include "base/Numbers.h"
+#include "base/Text.h"
 #include "listing/ListingState.h"
 
 namespace lumarin::listing_files {
@@ -93,6 +94,13 @@ void SetAside(const std::string& folder, std::int32_t listNum) {
         if (name != state) files::Rename(folder + name, aside + name);
     // As long as it is here, whatever is left counts as work that cannot be read.
     files::Rename(folder + state, aside + state);
+}
+
+void SetLookalikesAside(const std::string& folder, std::int32_t listNum) {
+    const auto looksAlike = [&](const std::string& name) {
+        return ListingOf(name) != listNum && ListingOf(text::LowerAscii(name)) == listNum;
+    };
+    for (const std::string& name : files::List(folder, looksAlike)) SetAside(folder, name);
 }
 
 void SetAside(const std::string& folder, const std::string& name) {

@@ -42,6 +42,10 @@ void GiveUp(const std::string& folder, std::int32_t listNum);
 /// aside", or a numbered one in it when files of the listing lie there already.
 void SetAside(const std::string& folder, std::int32_t listNum);
 
+/// Moves files of somebody else there whose names are the listing's but for the case of letters: where the
+/// file system takes such names for one, the listing's own would overwrite them.
+void SetLookalikesAside(const std::string& folder, std::int32_t listNum);
+
 /// The same for one file, whoever it belongs to.
 void SetAside(const std::string& folder, const std::string& name);
 

@@ -98,6 +98,7 @@ LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const 
     if (files::FileExists(folder_ + listing_files::StateName(*number)))
         listing_files::SetAside(folder_, *number);
     listing_files::DeleteAll(folder_, *number);
+    listing_files::SetLookalikesAside(folder_, *number);
     FetchedFiles fetched(folder_, *number);
     FetchPhotos(version);
     SaveState();

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "hostile/Corpus.h"
 #include "platform_vips/Samples.h"
@@ -50,7 +51,9 @@ protected:
     std::vector<std::string> StrangePaths(const std::string& file, const std::string& ending) const {
         std::vector<std::string> paths;
         const auto path = [&](const std::string& name) { return paths.emplace_back(incoming + name); };
-        for (const std::string& name : Names()) std::filesystem::copy_file(file, path(name));
+        std::error_code notTaken;  // by the system: there is nothing then, or something else, of that name
+        for (const std::string& name : Names())
+            std::filesystem::copy_file(file, files::ToPath(path(name)), notTaken);
         std::filesystem::create_directory(path("100123 folder" + ending));
         MakeThingsThatAreNotFiles(path, ending);
         path("100123 gone" + ending);

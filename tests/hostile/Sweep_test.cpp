@@ -51,7 +51,7 @@ TEST_F(Sweep, WorkingFolder_FullOfStrangeFiles_KeepsThemAndSendsTheRest) {
          {"abc.dat", ".dat", "0.dat", "-5.dat", "99999999999.dat", "100999.dat", "1e3.dat", "300000.jnl"})
         strange[name] = stateBytes;
     for (const char* name :
-         {"100123z.jpg", "100123A.jpg", "100123aa.jpg", "200001a.jpg", "100123b.tmp", "x.part", "x.zip"})
+         {"100123z.jpg", "100124A.jpg", "100123aa.jpg", "200001a.jpg", "100123b.tmp", "x.part", "x.zip"})
         strange[name] = "strange";
     for (const auto& [name, bytes] : strange) Write(working + name, bytes);
     std::filesystem::create_directory(working + "100777.dat");

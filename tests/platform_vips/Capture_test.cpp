@@ -84,8 +84,7 @@ TEST_F(Capture, Caption_InTheCorner_KeepsTheRest) {
 }
 
 TEST_F(Capture, Heic_OnceSeen_IsNotDecodedAgain) {
-    vips::LoadHeifReader();
-    const auto source = Open(Encode(Detailed(640, 400), ".heic"));
+    const auto source = Open(EncodeHeif(Detailed(640, 400)));
     source->Preview(320, 200);
     files::WriteWhole(folder / "picture", "gone");
     EXPECT_EQ(Captured(*source, Order({0, 0, 640, 400}, 480, 300)).width, 480);

@@ -9,14 +9,14 @@ using namespace samples;
 class Opening : public PicturesTest {};
 
 TEST_F(Opening, Format_WhateverItsName_IsReadByContent) {
-    vips::LoadHeifReader();  // brings the writer too
     const VImage image = Quadrants(64, 40, "RGBW");
     for (const char* format :
          {".jpg[Q=95,subsample-mode=off]", ".jpg[Q=95,interlace]", ".png", ".png[interlace]", ".png[palette]",
-          ".tif", ".tif[tile,compression=jpeg,Q=95]", ".webp[lossless]", ".gif", ".heic[lossless]"})
+          ".tif", ".tif[tile,compression=jpeg,Q=95]", ".webp[lossless]", ".gif", "heif"})
         for (const char* name : {"plan[1,page=9] of house.txt", "plan.jpg"}) {
             SCOPED_TRACE(std::string(format) + " as " + name);
-            const auto picture = Open(Encode(image, format), name);
+            const bool isHeif = std::string(format) == "heif";
+            const auto picture = Open(isHeif ? EncodeHeif(image) : Encode(image, format), name);
             EXPECT_EQ(std::pair(picture->Width(), picture->Height()), std::pair(64, 40));
             EXPECT_EQ(QuadrantsOf(picture->Preview(320, 200)), "RGBW");
             EXPECT_EQ(picture->IsPlainJpeg(), std::string(format).starts_with(".jpg"));
@@ -24,8 +24,7 @@ TEST_F(Opening, Format_WhateverItsName_IsReadByContent) {
 }
 
 TEST_F(Opening, Heic_LibraryCannotDecodeIt_SystemDoes) {
-    vips::LoadHeifReader();
-    const std::string whole = Encode(Quadrants(64, 40, "RGBW"), ".heic[lossless]");
+    const std::string whole = EncodeHeif(Quadrants(64, 40, "RGBW"));
     const std::size_t pixels = whole.find("mdat") + 4;
     const std::string damaged = whole.substr(0, pixels) + std::string(whole.size() - pixels, '\0');
     int asked = 0;
@@ -116,7 +115,7 @@ TEST_F(Opening, File_NoWholePicture_IsRefusedInOneSentence) {
         {"a text", "This is a letter, not a photo.\n"},
         {"a drawing", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><path d='M0 0'/></svg>"},
         {"a document", "%PDF-1.4\n1 0 obj <</Type /Catalog>> endobj\n"},
-        {"a raw bitmap", Encode(image, ".ppm")},
+        {"a raw bitmap", "P6 9 9 255\n" + std::string(9 * 9 * 3, 'x')},
         {"too many pixels", Encode(VImage::black(16000, 16000), ".png[bitdepth=1,compression=1]")},
     };
     for (const char* format : {".jpg", ".jpg[interlace]", ".png", ".tif", ".webp", ".gif"}) {

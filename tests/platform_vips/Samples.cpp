@@ -43,6 +43,16 @@ std::string Encode(const VImage& image, const std::string& format) {
     return {static_cast<const char*>(bytes), size};
 }
 
+std::string EncodeHeif(const VImage& image) {
+    vips::LoadHeifReader();  // brings the writer too
+    try {
+        return Encode(image, ".heic[lossless]");
+    } catch (const vips::VError&) {
+        vips_error_clear();
+        return Encode(image, ".avif[lossless,effort=0]");
+    }
+}
+
 CaptureOrder Order(const PixelRect& cut, int width, int height) {
     CaptureOrder order;
     order.cut = cut;

@@ -31,6 +31,9 @@ VImage Detailed(int width, int height);
 
 /// The bytes as a file of the format that the suffix names, for example ".jpg[Q=90]".
 std::string Encode(const VImage& image, const std::string& format);
+/// The bytes of a file as phones make it, or where the library cannot write that, with another compression in
+/// it.
+std::string EncodeHeif(const VImage& image);
 
 /// A photo of this size in the upper left corner of a canvas of 480 x 300, nothing changed.
 CaptureOrder Order(const PixelRect& cut, int width, int height);

@@ -24,7 +24,7 @@ constexpr const char* Settings =
 /// Thousands of small folders come and go: in memory, where there is room and nobody chose another place.
 [[maybe_unused]] const bool inMemory = [] {
     std::error_code none;
-    const bool hasRoom = std::filesystem::space("/dev/shm", none).available > 500'000'000;
+    const bool hasRoom = std::filesystem::space("/dev/shm", none).available > 500'000'000 && !none;
     if (hasRoom && std::getenv("TMPDIR") == nullptr) testing::TemporaryFolder::Parent() = "/dev/shm";
     return hasRoom;
 }();

@@ -114,7 +114,7 @@ void FakeHost::Publish(std::int32_t listNum, const std::vector<std::size_t>& len
 }
 
 std::string FakeHost::ListingPhotoFolder(std::int32_t listingNumber) const {
-    return PhotoFolder() + std::to_string(listingNumber % 10) + "/";
+    return PhotoFolder() + std::to_string(listingNumber % 10) + files::Separator;
 }
 
 std::string FakeHost::PhotoFile(std::int32_t listNum, int number) const {

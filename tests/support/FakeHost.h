@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Files.h"
 #include "entry/VelCommon.h"
 #include "support/TemporaryFolder.h"
 
@@ -73,10 +74,10 @@ public:
         endedJobs.push_back(jobIndex);
         onEndJob(jobIndex);
     }
-    std::string ProgramFolder() const override { return folder_.Path() + "program/"; }
-    std::string CityFolder() const override { return folder_.Path() + "city/"; }
-    std::string UserFolder() const override { return folder_.Path() + "user/"; }
-    std::string WorkingFolder() const { return UserFolder() + "Photo Import/"; }
+    std::string ProgramFolder() const override { return Folder("program\\"); }
+    std::string CityFolder() const override { return Folder("city\\"); }
+    std::string UserFolder() const override { return Folder("user\\"); }
+    std::string WorkingFolder() const { return Folder("user\\Photo Import\\"); }
     std::string ConnectionName() const override { return connection; }
     std::string AgentId() const override { return agent; }
     std::string OfficeId() const override { return office; }
@@ -91,7 +92,7 @@ public:
     std::string DocDomain() const override { return "example.org"; }
     std::string PdfInfoText() const override { return "Host text"; }
     std::string HelpSite() const override { return "http://help.example"; }
-    std::string PhotoFolder() const override { return folder_.Path() + "photos/"; }
+    std::string PhotoFolder() const override { return Folder("photos\\"); }
     std::string ListingPhotoFolder(std::int32_t listingNumber) const override;
     std::string FetchPhoto(std::int32_t listingNumber, int number, const std::string& version) override;
     std::string StreetDirectionCaption() const override { return "Dir"; }
@@ -101,6 +102,8 @@ public:
     std::vector<ListingStatus> ListingStatuses() const override { return statuses; }
 
 private:
+    /// A folder below the temporary one, with separators of the system, as hosts have them.
+    std::string Folder(const std::string& name) const { return folder_.Path() + files::FixedPath(name); }
     std::string PhotoFile(std::int32_t listNum, int number) const;
     void* NativeWindow() const override { return nullptr; }
     int Switch() const override { return switchValue; }

@@ -51,7 +51,7 @@ void AviFile::ForEachChunk(Span inside, Visit visit) const {
     const qsizetype end = inside.start + inside.length;
     for (qsizetype at = inside.start; end - at >= ChunkHead;) {
         const qsizetype start = at + ChunkHead;
-        const qsizetype length = std::min<qsizetype>(Number(at + 4), end - start);
+        const qsizetype length = static_cast<qsizetype>(std::min<qint64>(Number(at + 4), end - start));
         visit(Name(at), Span{start, length});
         at = start + length + length % 2;
     }
