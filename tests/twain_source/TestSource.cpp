@@ -4,9 +4,10 @@
 //   pages    sheets in the feeder; 1 where not said
 //   bits     24, 8 or 1 for each pixel; 24 where not said
 //   delay    milliseconds that each picture takes
-//   jam, cancel, close, lie    the picture, from 1, at which the paper jams, the user cancels, the user
-//   closes the
-//            source's window instead, or whose header says more rows than come
+//   window   1: it shows a window with a button, "Scan"; otherwise it scans at once
+//   jam, cancel, lie    the picture, from 1, at which the paper jams, the user cancels, or whose header says
+//   more
+//            rows than come
 //   dead     1: it cannot be opened
 // LUMARIN_TEST_SCANNER_STATE then says in which of the interface's states it is.
 
@@ -38,13 +39,15 @@ int Plan(const std::string& name, int otherwise = 0) {
 class Scanner {
 public:
     TW_UINT16 Identify(TW_IDENTITY& identity);
+    void Report(TW_UINT16 message);
     TW_UINT16 Do(TW_IDENTITY* program, TW_UINT16 type, TW_UINT16 message, TW_MEMREF data);
 
 private:
     TW_UINT16 Fail(TW_UINT16 code) { return condition_ = code, TWRC_FAILURE; }
     TW_UINT16 Go(int from, int to);
     TW_UINT16 OpenUp(TW_IDENTITY& identity);
-    TW_UINT16 Enable(TW_IDENTITY* program);
+    TW_UINT16 Enable(TW_IDENTITY* program, HWND owner);
+    TW_UINT16 Disable();
     TW_UINT16 Capability(TW_UINT16 message, TW_CAPABILITY& capability);
     TW_UINT16 Transfer(TW_HANDLE& memory);
     TW_UINT16 EndTransfer(TW_PENDINGXFERS& pending);
@@ -55,10 +58,13 @@ private:
     std::size_t named_ = 0;
     int state_ = Closed;
     TW_UINT16 condition_ = TWCC_SUCCESS;
-    TW_IDENTITY self_{};
+    TW_IDENTITY self_{}, program_{};
+    HWND window_ = nullptr;
     int done_ = 0;
     std::map<TW_UINT16, double> values_;
 };
+
+Scanner scanner;
 
 /// Called until it fails; each time the next name.
 TW_UINT16 Scanner::Identify(TW_IDENTITY& identity) {
@@ -89,18 +95,46 @@ TW_UINT16 Scanner::OpenUp(TW_IDENTITY& identity) {
     return Go(Closed, Open);
 }
 
-TW_UINT16 Scanner::Enable(TW_IDENTITY* program) {
+void Scanner::Report(TW_UINT16 message) {
     using Manager =
         TW_UINT16(__stdcall*)(TW_IDENTITY*, TW_IDENTITY*, TW_UINT32, TW_UINT16, TW_UINT16, TW_MEMREF);
-    const TW_UINT16 answer = Go(Open, Enabled);
     HMODULE library = GetModuleHandleA("TWAINDSM.dll");
     if (library == nullptr) library = GetModuleHandleA("twain_32.dll");
     const auto manager =
         reinterpret_cast<Manager>(reinterpret_cast<void*>(GetProcAddress(library, "DSM_Entry")));
-    const bool closes = Plan("close") == done_ + 1;
-    if (!closes) state_ = Ready;
-    manager(&self_, program, DG_CONTROL, DAT_NULL, closes ? MSG_CLOSEDSREQ : MSG_XFERREADY, nullptr);
+    if (message == MSG_XFERREADY && Go(Enabled, Ready) != TWRC_SUCCESS) return;
+    manager(&self_, &program_, DG_CONTROL, DAT_NULL, message, nullptr);
+}
+
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == WM_COMMAND || message == WM_CLOSE) {
+        scanner.Report(message == WM_CLOSE || LOWORD(first) != IDOK ? MSG_CLOSEDSREQ : MSG_XFERREADY);
+        return 0;
+    }
+    return DefWindowProcW(window, message, first, second);
+}
+
+TW_UINT16 Scanner::Enable(TW_IDENTITY* program, HWND owner) {
+    program_ = *program;
+    const TW_UINT16 answer = Go(Open, Enabled);
+    if (Plan("window") == 0) return Report(MSG_XFERREADY), answer;
+    WNDCLASSW description{};
+    description.lpfnWndProc = OnMessage;
+    description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    description.lpszClassName = L"LumarinTestScanner";
+    RegisterClassW(&description);
+    window_ = CreateWindowW(L"LumarinTestScanner", L"Lumarin Test Scanner",
+                            WS_POPUPWINDOW | WS_CAPTION | WS_VISIBLE, 100, 100, 260, 120, owner, nullptr,
+                            nullptr, nullptr);
+    CreateWindowW(L"BUTTON", L"&Scan", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, 80, 25, 100, 30,
+                  window_, reinterpret_cast<HMENU>(IDOK), nullptr, nullptr);
     return answer;
+}
+
+TW_UINT16 Scanner::Disable() {
+    DestroyWindow(window_);
+    window_ = nullptr;
+    return Go(Enabled, Open);
 }
 
 TW_UINT16 Scanner::Capability(TW_UINT16 message, TW_CAPABILITY& capability) {
@@ -188,9 +222,12 @@ TW_UINT16 Scanner::Do(TW_IDENTITY* program, TW_UINT16 type, TW_UINT16 message, T
         case DAT_CAPABILITY:
             return Capability(message, *static_cast<TW_CAPABILITY*>(data));
         case DAT_USERINTERFACE:
-            return message == MSG_ENABLEDS ? Enable(program) : Go(Enabled, Open);
-        case DAT_EVENT:
-            return TWRC_NOTDSEVENT;
+            if (message == MSG_DISABLEDS) return Disable();
+            return Enable(program, static_cast<HWND>(static_cast<TW_USERINTERFACE*>(data)->hParent));
+        case DAT_EVENT: {
+            auto* event = static_cast<MSG*>(static_cast<TW_EVENT*>(data)->pEvent);
+            return window_ != nullptr && IsDialogMessageW(window_, event) ? TWRC_DSEVENT : TWRC_NOTDSEVENT;
+        }
         case DAT_IMAGENATIVEXFER:
             return Transfer(*static_cast<TW_HANDLE*>(data));
         case DAT_PENDINGXFERS:
@@ -200,8 +237,6 @@ TW_UINT16 Scanner::Do(TW_IDENTITY* program, TW_UINT16 type, TW_UINT16 message, T
             return Fail(TWCC_BADPROTOCOL);
     }
 }
-
-Scanner scanner;
 
 }  // namespace
 
