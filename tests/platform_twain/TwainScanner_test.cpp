@@ -130,10 +130,16 @@ TEST_F(TwainScannerTest, Acquire_Several_EndsAsItShould) {
 
 TEST_F(TwainScannerTest, Acquire_SourceShowsAWindow_TakesItsKeysAndEndsWithIt) {
     GivenScanner("window=1");
-    const auto press = [](int pages) {
+    // Of a thread that answers messages of other threads only as the scanner lets it.
+    const HWND owner = CreateWindowW(L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200,
+                                     nullptr, nullptr, nullptr, nullptr);
+    SetActiveWindow(owner);
+    bool isAbove = false;
+    const auto press = [&](int pages) {
         // Again and again: what comes after the first goes to a window that is gone.
         const HWND window = FindWindowW(L"LumarinTestScanner", nullptr);
         if (window == nullptr) return;
+        isAbove |= GetWindow(GetWindow(window, GW_OWNER), GW_OWNER) == owner;
         if (pages < 2)
             PostMessageW(window, WM_KEYDOWN, VK_RETURN, 0);  // of its default button
         else
@@ -142,6 +148,8 @@ TEST_F(TwainScannerTest, Acquire_SourceShowsAWindow_TakesItsKeysAndEndsWithIt) {
     const auto close = [&](int) { press(2); };
     EXPECT_EQ(Result({.several = true}, 20, press), "2 pages, finished");
     EXPECT_EQ(Result({.several = false}, 20, close), "0 pages, cancelled");
+    EXPECT_TRUE(isAbove);
+    DestroyWindow(owner);
 }
 
 TEST_F(TwainScannerTest, Acquire_CallerEndsIt_DoesNotWaitForTheSourceAndCanStartAgain) {

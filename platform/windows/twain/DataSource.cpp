@@ -50,14 +50,14 @@ void DataSource::ChooseFeeder(bool several) {
 
 void DataSource::Enable(HWND window) {
     window_ = {1, 0, window};
+    wantsToClose_ = false;
     const TW_UINT16 answer = Call(DG_CONTROL, DAT_USERINTERFACE, MSG_ENABLEDS, &window_);
     if (answer == TWRC_CANCEL) {
         wantsToClose_ = true;
         return;
     }
     if (answer != TWRC_SUCCESS && answer != TWRC_CHECKSTATUS) Fail();
-    // A source may already have reported a picture from within the call.
-    if (state_ == State::Open) state_ = State::Enabled;
+    state_ = State::Enabled;
 }
 
 bool DataSource::TakeMessage(MSG& message) {

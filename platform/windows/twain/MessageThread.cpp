@@ -36,6 +36,8 @@ std::future<void> MessageThread::Post(std::function<void()> job) {
 }
 
 void MessageThread::Work() {
+    // A library that cannot be loaded is reported by the program, not by the system.
+    SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, nullptr);
     // Many sources are built on automation objects and expect a thread that is ready for them.
     const bool isReady = SUCCEEDED(OleInitialize(nullptr));
     while (DoNextJob()) {

@@ -32,6 +32,12 @@ std::vector<ScannerSource> ListSources(const std::string& onlySource) {
     return sources;
 }
 
+/// A source's window and its owner's send each other messages, and the sender waits. Leaves what was posted.
+void AnswerOtherThreads() {
+    MSG message;
+    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+}
+
 }  // namespace
 
 class TwainScanner::Work {
@@ -39,6 +45,7 @@ public:
     explicit Work(Setup setup) : setup_(std::move(setup)) {}
     ~Work() {
         if (acquisition_ != nullptr) acquisition_->Cancel();
+        Do([] {}, {});  // behind all others
     }
 
     std::vector<ScannerSource> Sources(const WhileWaiting& whileWaiting);
@@ -61,8 +68,10 @@ private:
 
 bool TwainScanner::Work::Do(std::function<void()> job, const WhileWaiting& whileWaiting) {
     std::future<void> done = thread_.Post(std::move(job));
-    while (done.wait_for(WaitingStep) != std::future_status::ready)
+    while (done.wait_for(WaitingStep) != std::future_status::ready) {
+        AnswerOtherThreads();
         if (whileWaiting && !whileWaiting()) return false;
+    }
     try {
         done.get();
     } catch (const std::bad_alloc&) {
