@@ -32,7 +32,7 @@ public:
     virtual std::unique_ptr<ComponentJob> NewJob(lumarin::VelCommon& common, QAction& tool) = 0;
     /// For the host's own windows.
     virtual lumarin::Desktop& Desktop() = 0;
-    /// The scanners that the component's windows offer; null where only the component knows them, or nobody.
+    /// For the demo: what knows its test device among the component's scanners. May be null.
     virtual lumarin::Scanner* Scanner() = 0;
 };
 

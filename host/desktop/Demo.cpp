@@ -211,29 +211,39 @@ void Demo::Verify() {
     client_.Do("press frmVerifyPhotos.cmdExit");
 }
 
-bool Demo::HasScanner() {
-    bool found = false;
+void Demo::LookForTestDevice() {
+    if (!client_.Get("frmLumarin.SelectSource")["enabled"].toBool()) return;
+    std::vector<lumarin::ScannerSource> sources;
     client_.OnUserInterface([&] {
         try {
-            found = scanner_ != nullptr && !scanner_->Sources({}).empty();
+            if (scanner_ != nullptr) sources = scanner_->Sources({});
         } catch (const lumarin::ScannerError& error) {
             Say(error.what());
         }
     });
-    return found;
+    if (!sources.empty()) testDevice_ = QString::fromStdString(sources.front().name);
+}
+
+void Demo::ChooseTestDevice(const QString& window) {
+    client_.DoAll({"tool " + window + ".SelectSource", "wait frmSelectSource"});
+    const QJsonArray sources = Rows(client_.Get("frmSelectSource.lisSources"));
+    for (int row = 0; row < sources.size(); ++row)
+        if (sources[row].toArray().last().toString() == testDevice_)
+            client_.Do(QString("select frmSelectSource.lisSources %1").arg(row));
+    Shot("frmSelectSource");
+    client_.Do("press frmSelectSource.cmdOK");
 }
 
 void Demo::Scan() {
-    if (!HasScanner()) {
+    LookForTestDevice();
+    if (testDevice_.isEmpty()) {
         Step("There is no test device for scanners here, so nothing is scanned");
         client_.Do("close frmLumarin");
         return;
     }
     Step("A picture from the scanner library's test device goes through the crop window");
-    client_.DoAll({"tool frmLumarin.SelectSource", "wait frmSelectSource"});
-    Shot("frmSelectSource");
-    client_.DoAll({"press frmSelectSource.cmdOK", "tool frmLumarin.AcquireSingle", "wait frmAcquire",
-                   ShotOf("frmAcquire")});
+    ChooseTestDevice("frmLumarin");
+    client_.DoAll({"tool frmLumarin.AcquireSingle", "wait frmAcquire", ShotOf("frmAcquire")});
     client_.Do("wait frmPhotoCrop");
     client_.Do(ShotOf("frmPhotoCrop", "-scan"));
     client_.DoAll({"press frmPhotoCrop.cmdCancel", "close frmLumarin"});

@@ -64,7 +64,9 @@ private:
     void ExpectRows(const QString& list, int rows);
     void ExpectNoMessage(const QString& action);
     void ExpectStored(const QString& description, const std::string& bytes);
-    bool HasScanner();
+    void LookForTestDevice();
+    /// Makes it the window's source.
+    void ChooseTestDevice(const QString& window);
     std::vector<std::string> DocumentsOf(std::int32_t listing, const QString& description) const;
     QString Draw(const QString& name, int width, int height, unsigned seed);
 
@@ -75,6 +77,7 @@ private:
     DriveClient client_;
     std::thread thread_;
     int step_ = 0;
+    QString testDevice_;  ///< a scanner that draws its pictures itself; "" when there is none
     std::map<std::int32_t, std::vector<PhotoContent>> sent_;
 };
 

@@ -46,7 +46,7 @@ void Demo::AddDocuments() {
 }
 
 void Demo::BuildPdf() {
-    const bool scans = HasScanner();
+    const bool scans = !testDevice_.isEmpty();
     Step(QString("A PDF is built of a JPEG, a PNG, the clipboard's picture") +
          (scans ? " and a scanned page" : ""));
     const QString jpeg = Draw("garden.jpg", 480, 300, 4);
@@ -55,8 +55,11 @@ void Demo::BuildPdf() {
                   QStringList{"press frmMakePDF.cmdAddFiles", "choose " + Quoted(jpeg),
                               "press frmMakePDF.cmdAddFiles", "choose " + Quoted(png),
                               "clipboard " + Quoted(png), "tool frmMakePDF.paste"} +
-                  steps::ChooseBlackAndWhite() +
-                  (scans ? QStringList{"tool frmMakePDF.AcquireSingle"} : QStringList{}));
+                  steps::ChooseBlackAndWhite());
+    if (scans) {
+        ChooseTestDevice("frmMakePDF");
+        client_.Do("tool frmMakePDF.AcquireSingle");
+    }
     ExpectNoMessage("Building a PDF");
     ExpectRows("frmMakePDF.lbmBM", scans ? 4 : 3);
     client_.Do("set frmMakePDF.txtLinkText \"Garden and house\"");

@@ -70,7 +70,8 @@ private:
 
 class LibraryComponent final : public Component {
 public:
-    explicit LibraryComponent(lumarin::qt::WindowSizes sizes) : desktop_(sizes, PortsOfThisSystem().help) {}
+    LibraryComponent(std::unique_ptr<lumarin::Scanner> testScanner, lumarin::qt::WindowSizes sizes)
+        : testScanner_(std::move(testScanner)), desktop_(sizes, PortsOfThisSystem().help) {}
 
     std::unique_ptr<ComponentJob> NewJob(lumarin::VelCommon& common, QAction& tool) override {
         if (!common_) {
@@ -81,10 +82,11 @@ public:
         return std::make_unique<LibraryJob>(library_.NewClass(), common_, tool);
     }
     lumarin::Desktop& Desktop() override { return desktop_; }
-    lumarin::Scanner* Scanner() override { return nullptr; }
+    lumarin::Scanner* Scanner() override { return testScanner_.get(); }
 
 private:
     AutomationThread thread_;
+    std::unique_ptr<lumarin::Scanner> testScanner_;
     ComponentLibrary library_;
     ComPtr<IDispatch> common_;
     lumarin::qt::QtDesktop desktop_;
@@ -92,10 +94,13 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Component> MakeComponent(const std::string& dataFolder, ScannerUse,
+std::unique_ptr<Component> MakeComponent(const std::string& dataFolder, ScannerUse use,
                                          lumarin::qt::WindowSizes sizes) {
     ProvidePdfLibrary(dataFolder);
-    return std::make_unique<LibraryComponent>(sizes);
+    // The component brings its own scanner; the demo asks this one whether there is a device for it.
+    std::unique_ptr<lumarin::Scanner> testScanner;
+    if (use == ScannerUse::Demo) testScanner = MakeScanner(dataFolder, use);
+    return std::make_unique<LibraryComponent>(std::move(testScanner), sizes);
 }
 
 }  // namespace host
