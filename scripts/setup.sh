@@ -3,14 +3,15 @@
 #   scripts/setup.sh          what building, running and testing takes
 #   scripts/setup.sh bench    also what the benchmarks compare with
 #   scripts/setup.sh lint     also what checks the code
+#   scripts/setup.sh windows  also what building and testing for Windows takes
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 lists=("$here/packages.txt")
 case "${1:-}" in
     "") ;;
-    bench | lint) lists+=("$here/packages-$1.txt") ;;
-    *) echo "setup.sh: unknown argument \"$1\"; there are \"bench\" and \"lint\"" >&2; exit 2 ;;
+    bench | lint | windows) lists+=("$here/packages-$1.txt") ;;
+    *) echo "setup.sh: unknown argument \"$1\"; there are \"bench\", \"lint\" and \"windows\"" >&2; exit 2 ;;
 esac
 
 names=()
@@ -24,7 +25,9 @@ if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
 fi
 
 missing=()
-for name in "${names[@]}"; do
+for entry in "${names[@]}"; do
+    name=${entry%%|*}
+    if [[ $entry == *"|"* ]] && command -v "${entry#*|}" >/dev/null; then continue; fi
     state=$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null || true)
     [[ $state == *installed && $state != *not-installed ]] || missing+=("$name")
 done

@@ -29,7 +29,9 @@ set(LUMARIN_QT_PLUGINS platforms/qwindows.dll platforms/qoffscreen.dll styles/qw
     imageformats/qjpeg.dll imageformats/qgif.dll imageformats/qico.dll)
 
 file(COPY ${LUMARIN_WINDOWS_LIBRARIES} ${QT6_INSTALL_PREFIX}/bin/Qt6Test.dll DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+install(FILES ${LUMARIN_WINDOWS_LIBRARIES} DESTINATION bin COMPONENT program)
 foreach(plugin ${LUMARIN_QT_PLUGINS})
   get_filename_component(folder ${plugin} DIRECTORY)
+  install(FILES ${QT6_INSTALL_PREFIX}/plugins/${plugin} DESTINATION bin/${folder} COMPONENT program)
   file(COPY ${QT6_INSTALL_PREFIX}/plugins/${plugin} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${folder})
 endforeach()

@@ -13,6 +13,8 @@ export WINEPREFIX=${WINEPREFIX:-$cache/drive-$bits}
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml,winemenubuilder.exe=}
 # File names of any letters.
 export LC_ALL=C.UTF-8
+# Wine keeps the settings of the machine's own Qt from its programs, unless they come under this name.
+for name in "${!QT_@}"; do export "WINE$name=${!name}"; done
 mkdir -p "$WINEPREFIX"
 
 if [[ $bits == x64 ]]; then

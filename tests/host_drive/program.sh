@@ -11,7 +11,7 @@ failed=0
 run() {
     local wanted=$1 pattern=$2 script=$3 output status
     shift 3
-    output=$(printf '%b' "$script" | "$program" "$@" 2>&1 | tr '\n' ' ' | tr -d '\\')
+    output=$(printf '%b' "$script" | "$program" "$@" 2>&1 | tr '\n' ' ' | tr -d '\\\r')
     status=$?
     if [[ $status != "$wanted" || ! $output =~ $pattern ]]; then
         printf '%s: exit code %s, not %s; said: %s\n' "$*" "$status" "$wanted" "$output"
