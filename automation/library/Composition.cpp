@@ -6,23 +6,27 @@
 #include "automation/library/Toolkit.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/vips/VipsImaging.h"
+#include "platform/windows/ClipboardBitmap.h"
 #include "platform/windows/CompiledHelp.h"
+#include "platform/windows/PictureCodec.h"
 #include "platform/windows/ProfileSettings.h"
 #include "platform/windows/ProgramVersion.h"
+#include "platform/windows/WindowsFiles.h"
 #include "platform/windows/pdf/DllPdfLibrary.h"
 #include "platform/zip/LibzipArchiver.h"
 
 namespace lumarin::automation {
 
 struct Composition::Adapters {
-    vips::VipsImaging imaging;
+    windows::WindowsFiles files;
+    vips::VipsImaging imaging{windows::DecodeHeic};
     zip::LibzipArchiver archiver;
     SystemClock clock;
     windows::ProgramVersion engine;
     windows::DllPdfLibrary pdf;
     windows::ProfileSettings settings;
     windows::CompiledHelp help;
-    qt::QtDesktop desktop{qt::WindowSizes::WithinScreen, &help};
+    qt::QtDesktop desktop{qt::WindowSizes::WithinScreen, {&help, windows::ClipboardBitmap}};
 };
 
 Composition::Composition(std::unique_ptr<Adapters> adapters)
@@ -35,6 +39,7 @@ Composition::Composition(std::unique_ptr<Adapters> adapters)
              adapters_->pdf,
              nullptr,
              &adapters_->settings} {
+    files::Use(&adapters_->files);
     adapters_->desktop.UseHostWindow([this] { return HostWindowNow(); });
 }
 

@@ -2,8 +2,8 @@
 
 #include "base/FileCalls.h"
 #include "entry/SettingsFiles.h"
-#include "forms/HelpViewer.h"
 #include "lookup/EngineVersion.h"
+#include "platform/qt/QtDesktop.h"
 #include "platform/vips/VipsImaging.h"
 
 namespace host {
@@ -14,7 +14,7 @@ struct SystemPorts {
     const lumarin::SettingsFiles* settings;  ///< null: the component reads and writes them itself
     lumarin::vips::VipsImaging::SystemDecoder decodeHeic;  ///< null: libvips decodes all it can
     const lumarin::files::FileCalls* files;                ///< null: the standard library
-    lumarin::HelpViewer* help;                             ///< null: the browser shows every help file
+    lumarin::qt::QtDesktop::System desktop;
 };
 
 /// Those of this system; they live as long as the program.

@@ -1,5 +1,6 @@
 #include "platform/qt/Conversions.h"
 
+#include <QDir>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -73,6 +74,8 @@ QString ToQt(const std::string& utf8) { return QString::fromStdU16String(text::T
 
 std::string FromQt(const QString& text) { return text::FromUtf16(text.toStdU16String()); }
 
+std::string PathFromQt(const QString& path) { return FromQt(QDir::toNativeSeparators(path)); }
+
 int ToPixels(double twips) { return static_cast<int>(std::lround(twips / TwipsPerPixel)); }
 
 QRect ToPixels(const Rect& twips) {
@@ -132,7 +135,7 @@ std::vector<std::string> FilesOf(const QMimeData& data) {
     for (const QUrl& url : data.urls()) {
         if (!url.isLocalFile()) continue;
         const QString path = url.toLocalFile();
-        if (!path.isEmpty() && !path.contains(QChar::Null)) paths.push_back(FromQt(path));
+        if (!path.isEmpty() && !path.contains(QChar::Null)) paths.push_back(PathFromQt(path));
     }
     return paths;
 }

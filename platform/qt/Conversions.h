@@ -21,6 +21,8 @@ namespace lumarin::qt {
 /// An unpaired surrogate survives both ways.
 QString ToQt(const std::string& utf8);
 std::string FromQt(const QString& text);
+/// A path with the system's separators, where the toolkit writes "/" everywhere.
+std::string PathFromQt(const QString& path);
 
 int ToPixels(double twips);
 QRect ToPixels(const Rect& twips);

@@ -49,7 +49,7 @@ void AddPreview(QFileDialog& dialog) {
 std::vector<std::string> Run(QFileDialog& chooser) {
     std::vector<std::string> paths;
     if (chooser.exec() == QDialog::Accepted)
-        for (const QString& path : chooser.selectedFiles()) paths.push_back(FromQt(path));
+        for (const QString& path : chooser.selectedFiles()) paths.push_back(PathFromQt(path));
     return paths;
 }
 

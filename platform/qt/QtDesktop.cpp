@@ -81,7 +81,7 @@ private:
     std::optional<platform::WindowPause> hostPause_;
 };
 
-QtDesktop::QtDesktop(WindowSizes sizes, HelpViewer* helpViewer) : sizes_(sizes), helpViewer_(helpViewer) {
+QtDesktop::QtDesktop(WindowSizes sizes, System system) : sizes_(sizes), system_(std::move(system)) {
     destroy_.setSingleShot(true);
     destroy_.setInterval(0);
     QObject::connect(&destroy_, &QTimer::timeout, &destroy_, [this] { DestroyRetired(); });
@@ -229,7 +229,8 @@ bool QtDesktop::ClipboardHasPicture() const {
 
 PicturePtr QtDesktop::ClipboardPicture() const {
     const QImage image = QGuiApplication::clipboard()->image();
-    return image.isNull() ? nullptr : std::make_shared<Picture>(ToPicture(image));
+    if (!image.isNull()) return std::make_shared<Picture>(ToPicture(image));
+    return system_.clipboardPicture ? system_.clipboardPicture() : nullptr;
 }
 
 std::vector<std::string> QtDesktop::ClipboardFiles() const {
@@ -246,10 +247,10 @@ void QtDesktop::ClearClipboard() { QGuiApplication::clipboard()->clear(); }
 void QtDesktop::OpenHelp(const std::string& helpFile, int context) {
     const QFileInfo file(ToQt(helpFile));
     if (!file.isFile()) throw FileError("open the help file", helpFile, "there is no such file");
-    if (helpViewer_ != nullptr && helpViewer_->Shows(helpFile)) {
+    if (system_.help != nullptr && system_.help->Shows(helpFile)) {
         const QWidget* owner = QApplication::activeWindow();
-        helpViewer_->Open(FromQt(QDir::toNativeSeparators(file.absoluteFilePath())), context,
-                          owner != nullptr ? owner->winId() : 0);
+        system_.help->Open(PathFromQt(file.absoluteFilePath()), context,
+                           owner != nullptr ? owner->winId() : 0);
         return;
     }
     QUrl page = QUrl::fromLocalFile(file.absoluteFilePath());

@@ -38,8 +38,13 @@ enum class WindowSizes { WithinScreen, AsDesigned };
 /// own events is hidden at once and destroyed when no dialog or modal window waits any more.
 class QtDesktop final : public Desktop {
 public:
-    /// The viewer, if there is one, is not owned; without it every help file opens in the browser.
-    explicit QtDesktop(WindowSizes sizes = WindowSizes::WithinScreen, HelpViewer* helpViewer = nullptr);
+    /// What a system does better than the toolkit.
+    struct System {
+        HelpViewer* help = nullptr;  ///< not owned; without it every help file opens in the browser
+        std::function<PicturePtr()> clipboardPicture;  ///< asked for pictures that the toolkit cannot read
+    };
+
+    explicit QtDesktop(WindowSizes sizes = WindowSizes::WithinScreen, System system = {nullptr, nullptr});
     ~QtDesktop() override;
 
     /// For a host that is not of the toolkit: which of its windows owns ours that no other window of ours
@@ -84,7 +89,7 @@ private:
 
     const WindowSizes sizes_;
     std::function<std::uintptr_t()> hostWindow_;
-    HelpViewer* const helpViewer_;
+    const System system_;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
     std::vector<std::unique_ptr<FormWindow>> retiredWindows_;
     std::vector<std::unique_ptr<Form>> retiredForms_;

@@ -41,7 +41,7 @@ private:
 class LinkedComponent final : public Component {
 public:
     LinkedComponent(const std::string& dataFolder, ScannerUse use, lumarin::qt::WindowSizes sizes)
-        : scanner_(MakeScanner(dataFolder, use)), desktop_(sizes, system_.help) {}
+        : scanner_(MakeScanner(dataFolder, use)), desktop_(sizes, system_.desktop) {}
 
     std::unique_ptr<ComponentJob> NewJob(lumarin::VelCommon& common, QAction& tool) override {
         const lumarin::ComponentPorts ports{desktop_,       imaging_, archiver_,      clock_,

@@ -4,7 +4,7 @@ namespace host {
 
 SystemPorts PortsOfThisSystem() {
     static const lumarin::NoEngineVersion engine;
-    return {engine, nullptr, nullptr, nullptr, nullptr};
+    return {engine, nullptr, nullptr, nullptr, {nullptr, nullptr}};
 }
 
 }  // namespace host
