@@ -70,13 +70,8 @@ private:
 
 class LibraryComponent final : public Component {
 public:
-<<<<<<< HEAD
     LibraryComponent(std::unique_ptr<lumarin::Scanner> testScanner, lumarin::qt::WindowSizes sizes)
-        : testScanner_(std::move(testScanner)), desktop_(sizes, PortsOfThisSystem().help) {}
-=======
-    explicit LibraryComponent(lumarin::qt::WindowSizes sizes)
-        : desktop_(sizes, PortsOfThisSystem().desktop) {}
->>>>>>> ac0de84 (Bitmaps that other Windows programs put on the clipboard are pasted whatever their depth; paths have the system's separators)
+        : testScanner_(std::move(testScanner)), desktop_(sizes, PortsOfThisSystem().desktop) {}
 
     std::unique_ptr<ComponentJob> NewJob(lumarin::VelCommon& common, QAction& tool) override {
         if (!common_) {
