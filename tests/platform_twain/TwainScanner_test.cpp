@@ -85,19 +85,19 @@ TEST_F(TwainScannerTest, Sources_AreNamedAndCanBeNarrowed) {
 TEST_F(TwainScannerTest, Acquire_OnePicture_HasTheNearestResolutionAndItsColours) {
     const struct {
         const char* plan;
-        int resolution, width;
+        int resolution, width, height;
         Colour below;
     } cases[] = {
-        {"", 300, 150, {100, 100, 100}},
-        {"bits=8", 20, 75, {100, 100, 100}},
-        {"bits=1", 2400, 600, {0, 0, 0}},
-        {"feeder=1;pages=5", 600, 600, {100, 100, 100}},
+        {"", 280, 150, 300, {100, 100, 100}},
+        {"bits=8", 20, 75, 50, {100, 100, 100}},
+        {"bits=1", 2400, 600, 600, {0, 0, 0}},
+        {"feeder=1;pages=5", 600, 600, 600, {100, 100, 100}},
     };
     for (const auto& row : cases) {
         GivenScanner(row.plan);
         EXPECT_EQ(Result({.source = "Lumarin Test Camera", .resolution = row.resolution}), "1 page, finished")
             << row.plan;
-        EXPECT_EQ(std::pair(last.width, last.height), std::pair(row.width, row.width / 2)) << row.plan;
+        EXPECT_EQ(std::pair(last.width, last.height), std::pair(row.width, row.height)) << row.plan;
         EXPECT_EQ(LeftPixelOfRow(0), (Colour{255, 255, 255})) << row.plan;
         EXPECT_EQ(LeftPixelOfRow(1), row.below) << row.plan;
     }

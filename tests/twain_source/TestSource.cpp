@@ -25,7 +25,8 @@ using namespace lumarin::twain;
 namespace {
 
 constexpr const char* Names[] = {"Lumarin Test Scanner", "Lumarin Test Camera"};
-constexpr double Resolutions[] = {75, 150, 600};
+constexpr TW_UINT32 Resolutions[] = {75, 150, 600};
+constexpr TW_UINT32 Range[] = {50, 600, 50};  // smallest, largest, step
 constexpr int Closed = 3, Open = 4, Enabled = 5, Ready = 6, Transferring = 7;
 
 int Plan(const std::string& name, int otherwise = 0) {
@@ -147,22 +148,28 @@ TW_UINT16 Scanner::Capability(TW_UINT16 message, TW_CAPABILITY& capability) {
         const double number = static_cast<std::int16_t>(wanted->Item & 0xFFFF);
         GlobalUnlock(capability.hContainer);
         bool allowed = !isResolution;
-        for (const double resolution : Resolutions) allowed |= number == resolution;
+        for (const TW_UINT32 resolution : Resolutions)
+            allowed |= capability.Cap == ICAP_XRESOLUTION && number == resolution;
+        for (TW_UINT32 step = Range[0]; step <= Range[1]; step += Range[2])
+            allowed |= capability.Cap == ICAP_YRESOLUTION && number == step;
         if (!allowed) return Fail(TWCC_BADVALUE);
         value = number;
         return TWRC_SUCCESS;
     }
-    // A list of fixed-point numbers for the resolutions, one value for everything else.
+    // Across a list of fixed-point numbers, down a range of them, and one value for everything else.
     capability.hContainer = GlobalAlloc(GHND, 32);
-    capability.ConType = isResolution ? TWON_ENUMERATION : TWON_ONEVALUE;
     auto* bytes = static_cast<char*>(GlobalLock(capability.hContainer));
     const auto put = [&](std::size_t at, TW_UINT32 number) {
         std::memcpy(bytes + at, &number, sizeof number);
     };
     put(0, isResolution ? TWTY_FIX32 : TWTY_UINT16);
     put(2, isResolution ? std::size(Resolutions) : static_cast<TW_UINT32>(value));
-    for (std::size_t i = 0; isResolution && i < std::size(Resolutions); ++i)
-        put(14 + 4 * i, static_cast<TW_UINT32>(Resolutions[i]));
+    for (std::size_t i = 0; isResolution && i < std::size(Resolutions); ++i) put(14 + 4 * i, Resolutions[i]);
+    capability.ConType = isResolution ? TWON_ENUMERATION : TWON_ONEVALUE;
+    if (capability.Cap == ICAP_YRESOLUTION) {
+        capability.ConType = TWON_RANGE;
+        for (const std::size_t i : {0, 1, 2}) put(2 + 4 * i, Range[i]);
+    }
     GlobalUnlock(capability.hContainer);
     return TWRC_SUCCESS;
 }
@@ -178,11 +185,11 @@ TW_UINT16 Scanner::Transfer(TW_HANDLE& memory) {
     return TWRC_XFERDONE;
 }
 
-/// An inch wide and half an inch high: a light line above a dark remainder, darker from page to page.
+/// An inch wide and an inch high: a light line above a dark remainder, darker from page to page.
 TW_HANDLE Scanner::Draw(bool lies) const {
     const int bits = Plan("bits", 24);
     const auto width = static_cast<LONG>(values_.at(ICAP_XRESOLUTION));
-    const LONG height = static_cast<LONG>(values_.at(ICAP_YRESOLUTION)) / 2;
+    const auto height = static_cast<LONG>(values_.at(ICAP_YRESOLUTION));
     const std::size_t row = static_cast<std::size_t>(width * bits + 31) / 32 * 4;
     const std::size_t colours = bits <= 8 ? std::size_t{1} << bits : 0;
     const std::size_t start = sizeof(BITMAPINFOHEADER) + colours * sizeof(RGBQUAD);
