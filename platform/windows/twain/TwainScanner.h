@@ -10,7 +10,8 @@ namespace lumarin::twain {
 
 /// Adapter: the scanner port over TWAIN. The source manager and the sources are worked by a thread of their
 /// own that runs their messages, so that a source that keeps still, or shows a modal window, never keeps the
-/// caller. Pictures are acquired through the source's own window. One object per program.
+/// caller. Pictures are acquired through the source's own window. A program may have several of these, but
+/// only one of them may work at a time.
 class TwainScanner final : public Scanner {
 public:
     struct Setup {
