@@ -15,6 +15,11 @@ set(folders $ENV{LUMARIN_WINDOWS_FOLDERS_${LUMARIN_WINDOWS_BITS}})
 set(CMAKE_PREFIX_PATH ${folders})
 list(APPEND CMAKE_FIND_ROOT_PATH ${folders})
 
+# For targets with headers that put their own path into the program.
+list(GET folders 0 first)
+get_filename_component(cache ${first} DIRECTORY)
+set(LUMARIN_HIDE_PATHS -fmacro-prefix-map=${cache}=.)
+
 # The libraries are static but for Qt and libvips, so what they need in turn is linked too.
 list(TRANSFORM folders APPEND /lib/pkgconfig)
 list(JOIN folders ":" descriptions)

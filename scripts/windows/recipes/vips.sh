@@ -16,7 +16,8 @@ build() {
     cp -r headers/include/vips headers/include/glib-2.0/* library/lib/glib-2.0/include/glibconfig.h "$stage/include"
     local file
     for file in VConnection VError VImage VInterpolate VRegion; do
-        "$triplet-g++-posix" -std=c++17 -O2 -I"$stage/include" -c "headers/cplusplus/$file.cpp" -o "$file.o"
+        "$triplet-g++-posix" -std=c++17 -O2 -ffile-prefix-map="$stage"=. -I"$stage/include" \
+            -c "headers/cplusplus/$file.cpp" -o "$file.o"
     done
     "$triplet-ar" rcs "$stage/lib/libvips-cpp.a" V*.o
     describe vips-cpp "-lvips-cpp -lvips"
