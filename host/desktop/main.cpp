@@ -40,6 +40,8 @@ void ChoosePlatform(host::ProgramOptions& options) {
     // The driver works only what lies in this program; a file dialog of the desktop's does not.
     if (options.demo || !options.drive.empty()) QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     if (options.demo || !HasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QByteArray fonts = QByteArray::fromStdString(lumarin::platform::FontFolder());
+    if (!fonts.isEmpty() && qgetenv("QT_QPA_FONTDIR").isEmpty()) qputenv("QT_QPA_FONTDIR", fonts);
 }
 
 QtMessageHandler usualMessages = nullptr;

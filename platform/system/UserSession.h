@@ -15,4 +15,7 @@ std::string UserDataFolder();
 /// Whether windows can be seen.
 bool HasDisplay();
 
+/// Where fonts are for those who draw without a display; "" where the system's own way to find them works there too.
+std::string FontFolder();
+
 }  // namespace lumarin::platform

@@ -14,6 +14,7 @@ export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree
 # File names of any letters.
 export LC_ALL=C.UTF-8
 # Wine keeps the settings of the machine's own Qt from its programs, unless they come under this name.
+export QT_QPA_FONTDIR=${QT_QPA_FONTDIR:-/usr/share/fonts/truetype/dejavu}
 for name in "${!QT_@}"; do export "WINE$name=${!name}"; done
 mkdir -p "$WINEPREFIX"
 

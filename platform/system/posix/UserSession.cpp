@@ -23,4 +23,6 @@ std::string UserDataFolder() {
 
 bool HasDisplay() { return !Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty(); }
 
+std::string FontFolder() { return ""; }
+
 }  // namespace lumarin::platform

@@ -11,6 +11,17 @@
 
 namespace lumarin::platform {
 
+namespace {
+
+std::string KnownFolder(REFKNOWNFOLDERID folder) {
+    wchar_t* path = nullptr;
+    const HRESULT found = SHGetKnownFolderPath(folder, KF_FLAG_DEFAULT, nullptr, &path);
+    const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> owner(path, &CoTaskMemFree);
+    return SUCCEEDED(found) ? files::ToUtf8(path) : "";
+}
+
+}  // namespace
+
 std::vector<std::string> ProgramArguments(int, char**) {
     int count = 0;
     const std::unique_ptr<wchar_t*, decltype(&LocalFree)> values(
@@ -20,13 +31,10 @@ std::vector<std::string> ProgramArguments(int, char**) {
     return arguments;
 }
 
-std::string UserDataFolder() {
-    wchar_t* path = nullptr;
-    const HRESULT found = SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_DEFAULT, nullptr, &path);
-    const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> owner(path, &CoTaskMemFree);
-    return SUCCEEDED(found) ? files::ToUtf8(path) : "";
-}
+std::string UserDataFolder() { return KnownFolder(FOLDERID_LocalAppData); }
 
 bool HasDisplay() { return true; }
+
+std::string FontFolder() { return KnownFolder(FOLDERID_Fonts); }
 
 }  // namespace lumarin::platform
