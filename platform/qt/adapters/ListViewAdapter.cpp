@@ -298,7 +298,7 @@ bool ListViewAdapter::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool ListViewAdapter::ViewportEvent(QEvent& event) {
-    if (HandleDrag(event, *Bound())) return true;
+    if (HandleDrag(event, *this, View(), [this] { return Bound(); })) return true;
     switch (event.type()) {
         case QEvent::MouseButtonPress:
             selectedByPress_ = false;

@@ -22,7 +22,7 @@ private:
     }
 
     bool WidgetEvent(QEvent& event) override {
-        if (HandleDrag(event, *Bound())) return true;
+        if (HandleDrag(event, *this, View(), [this] { return Bound(); })) return true;
         switch (event.type()) {
             case QEvent::MouseButtonPress:
             case QEvent::MouseButtonDblClick:
