@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "util/FileUpload.h"
 
@@ -22,6 +24,8 @@ public:
     PhotoUpload(Desktop& desktop, HostLink& host, const Clock& clock)
         : host_(host), file_(desktop, host, clock) {}
 
+    /// What the progress window says of the package.
+    void SetParts(std::vector<SentPart> parts) { file_.SetParts(std::move(parts)); }
     /// Throws ServerUnreachable or UpdateRefused; FileError when the package cannot be read. However it
     /// ends but applied, the server keeps nothing of it.
     UploadOutcome Send(const std::string& packagePath, const std::string& packageName,

@@ -1,4 +1,5 @@
 #include <exception>
+#include <utility>
 
 #include "base/Files.h"
 #include "base/PutBack.h"
@@ -25,17 +26,43 @@ std::string SizesOf(Recordset& versions, const std::string& number) {
     return versions.Eof() ? std::string() : versions.Field("PhotoVersion").Text();
 }
 
+std::string Counted(int count, const std::string& thing) {
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+/// Bytes of the files that a listing gives to the package.
+std::uint64_t LengthOf(const std::vector<std::string>& files) {
+    std::uint64_t bytes = 0;
+    for (const std::string& file : files) bytes += files::FileLength(file);
+    return bytes;
+}
+
 }  // namespace
+
+void frmLumarin::ShowSent(const std::string& line) {
+    lblSent.SetCaption(line);
+    lblSent.SetVisible(!line.empty());
+}
+
+void frmLumarin::ShowNotSent(const std::string& reason) {
+    ShowSent((sending_.empty() ? "Nothing was sent" : sending_ + " not sent") +
+             (reason.empty() ? "" : ": " + reason));
+}
 
 void frmLumarin::SendPhotos() {
     RunCommand("SendPhotos", [this] {
         if (RecList.Count() == 0) return;
+        ShowSent("");
         std::map<std::string, bool> removalsConfirmed;
         for (bool retry = true; retry;) {
             retry = false;
+            bool sent = false;
             try {
-                if (TrySend(removalsConfirmed)) EmptyWindow();
+                sending_.clear();
+                sent = TrySend(removalsConfirmed);
+                if (!sent) ShowNotSent("cancelled");
             } catch (const ServerUnreachable&) {
+                ShowNotSent("the server could not be reached");
                 retry =
                     desktop().ShowMessage({.text = "Unavailable to connect to server, do you want to retry",
                                            .title = "Unavailable to connect to server",
@@ -45,13 +72,20 @@ void frmLumarin::SendPhotos() {
                                            .enter = Answer::Yes},
                                           this) == Answer::Yes;
             } catch (const UpdateRefused&) {
+                ShowNotSent("the server has refused the update");
                 desktop().ShowMessage({.text = "Unable to update photo on server, please call Tech support.",
                                        .title = "Unable to update",
                                        .buttons = Buttons::Ok,
                                        .icon = Icon::Critical,
                                        .modality = Modality::System},
                                       this);
+            } catch (...) {
+                ShowNotSent("");
+                throw;
             }
+            if (!sent) continue;
+            ShowSent(sending_.empty() ? "Nothing was sent" : sending_ + " sent");
+            EmptyWindow();
         }
     });
 }
@@ -75,10 +109,12 @@ bool frmLumarin::TrySend(std::map<std::string, bool>& removalsConfirmed) {
     files::TryDelete(workingFolder_ + packageName);
     const AtEnd dropped([&] { files::TryDelete(workingFolder_ + packageName); });
     try {
-        const std::string fileList = BuildFileList(publishedSizes, removalsConfirmed);
+        std::vector<SentPart> parts;
+        const std::string fileList = BuildFileList(publishedSizes, removalsConfirmed, parts);
         if (!fileList.empty()) {
             ports_.archiver.Create(workingFolder_ + packageName, FilesOfList(fileList));
             PhotoUpload upload(desktop(), ports_.host, ports_.clock);
+            upload.SetParts(std::move(parts));
             const Meanwhile stoppable(upload_, &upload);
             if (upload.Send(workingFolder_ + packageName, packageName, this) == UploadOutcome::Cancelled) {
                 RestoreRecords();
@@ -122,14 +158,21 @@ bool frmLumarin::AskRemoval(std::int32_t listNum) {
 
 /// Has every listing that takes part write its manifest and name its files, in the order of the list.
 std::string frmLumarin::BuildFileList(const std::map<std::string, std::string>& publishedSizes,
-                                      const std::map<std::string, bool>& removalsConfirmed) {
+                                      const std::map<std::string, bool>& removalsConfirmed,
+                                      std::vector<SentPart>& parts) {
     std::string fileList;
+    int photos = 0;
     for (int row = 0; row < RecList.Count(); ++row) {
         const std::string& number = RecList.At(row).text;
         clsPMListingRec& record = *records_.at(number);
         if (record.GetPhotoCount() == 0 && !removalsConfirmed.at(number)) continue;
-        record.PrepareUpload(fileList, publishedSizes.at(number));
+        std::string files;
+        photos += record.PrepareUpload(files, publishedSizes.at(number));
+        parts.push_back({"Listing " + number, LengthOf(FilesOfList(files))});
+        fileList += files;
     }
+    if (!parts.empty())
+        sending_ = Counted(static_cast<int>(parts.size()), "listing") + ", " + Counted(photos, "photo");
     return fileList;
 }
 

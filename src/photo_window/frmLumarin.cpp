@@ -214,6 +214,7 @@ LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const s
 void frmLumarin::MakeCurrent(clsPMListingRec* record) {
     current_ = record;
     UpdateListingCommands();
+    ShowSent("");
     if (record == nullptr) return;
     HighlightCurrent();
     record->ShowPhotos();

@@ -27,6 +27,7 @@ namespace lumarin {
 class EachStep;
 class PhotoUpload;
 class RefusedFiles;
+struct SentPart;
 
 /// The ports that the photo window works with; all outlive it.
 struct PhotoWindowPorts : JobPorts {
@@ -56,6 +57,7 @@ public:
     ListView PhotoList{*this, "PhotoList", {"&Photos of the listing:"}};
     PictureBox imgMain{*this, "imgMain", {.accessibleName = "Selected photo"}};
     Label lblPhotos{*this, "lblPhotos"};  ///< how many photos of how many the listing has
+    Label lblSent{*this, "lblSent"};      ///< what the last sending has come to
     ToolBar Menu{*this, "Menu"};
 
     /// Called once, before the window is shown: reads the settings, takes up unsent work. Throws Error when
@@ -139,7 +141,10 @@ private:
     bool AskRemoval(std::int32_t listNum);
     std::map<std::string, std::string> PublishedSizes() const;
     std::string BuildFileList(const std::map<std::string, std::string>& publishedSizes,
-                              const std::map<std::string, bool>& removalsConfirmed);
+                              const std::map<std::string, bool>& removalsConfirmed,
+                              std::vector<SentPart>& parts);
+    void ShowSent(const std::string& line);
+    void ShowNotSent(const std::string& reason);
     void RestoreRecords();
     void EmptyWindow();
     void ClearWorkingFolder(EachStep& rest);
@@ -155,6 +160,7 @@ private:
     std::map<std::string, std::unique_ptr<clsPMListingRec>> records_;  ///< by listing number
     clsPMListingRec* current_ = nullptr;
     PhotoUpload* upload_ = nullptr;  ///< while a send runs
+    std::string sending_;            ///< what it sends, in words
     bool clipboardUsed_ = false;
     std::unique_ptr<frmPhotoViewer> viewer_;
     std::string scannerSource_;  ///< chosen with Select Source; "" is the first there is

@@ -11,7 +11,8 @@ namespace lumarin {
 
 bool FileUpload::SendChunks(const std::string& path) {
     files::Reader file(path);
-    std::uint64_t remaining = file.Length();
+    const std::uint64_t length = file.Length();
+    std::uint64_t remaining = length;
     while (remaining > 0) {
         const std::string chunk =
             file.Read(static_cast<std::size_t>(std::min<std::uint64_t>(remaining, ChunkSize)));
@@ -20,6 +21,7 @@ bool FileUpload::SendChunks(const std::string& path) {
         if (IsCancelled()) return false;
         AtServer([&] { service_->UploadPhotoFile(std::as_bytes(std::span(chunk))); });
         remaining -= chunk.size();
+        progress_.ShowSent(length - remaining, length);
     }
     return true;
 }

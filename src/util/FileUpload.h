@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "base/Error.h"
 #include "entry/HostLink.h"
@@ -41,6 +43,8 @@ public:
     FileUpload(const FileUpload&) = delete;
     FileUpload& operator=(const FileUpload&) = delete;
 
+    /// What the progress window says of the file that is sent next.
+    void SetParts(std::vector<SentPart> parts) { progress_.SetParts(std::move(parts)); }
     /// Throws ServerUnreachable, and FileError when the file cannot be read. A file that was not sent whole
     /// has been abandoned.
     FileSent Send(const std::string& path, const std::string& serverName, const OwnerWindow* owner);

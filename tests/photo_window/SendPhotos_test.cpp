@@ -16,13 +16,14 @@ protected:
         WillCapture({300});
         window->PhotoList.DropFiles({"/in/a.png"});
     }
-    void SendAndExpectAllKept() {
+    void SendAndExpectAllKept(const std::string& line) {
         const auto saved = [&] { return photo_journal::Recover(host.WorkingFolder(), 100123).state; };
         const ListingState before = saved();
         window->cmdSend.Press();
         EXPECT_EQ(saved(), before);
         EXPECT_EQ(WorkingFiles(), (std::set<std::string>{"100123.dat", "100123a.jpg", "100123b.jpg"}));
         EXPECT_EQ(window->PhotoList.Count(), 2);
+        EXPECT_EQ(window->lblSent.Caption(), line);
         EXPECT_TRUE(window->Enabled());
         EXPECT_FALSE(desktop.shown.contains("frmProgress"));
     }
@@ -53,6 +54,7 @@ TEST_F(SendPhotosTest, Send_ChangedPhotos_GoesInOnePackageAndEmptiesTheWindow) {
     EXPECT_TRUE(files::FileExists(published + "1001231a.jpg"));
     EXPECT_EQ(host.progCalls, (std::vector<std::pair<int, int>>{{0, 9}}));
     EXPECT_EQ(window->RecList.Count() + window->PhotoList.Count(), 0);
+    EXPECT_EQ(window->lblSent.Caption(), "1 listing, 1 photo sent");
     EXPECT_FALSE(window->Menu.IsEnabled("SendPhotos"));
     EXPECT_TRUE(window->Enabled());
     EXPECT_EQ(desktop.pointer, Pointer::Default);
@@ -62,14 +64,14 @@ TEST_F(SendPhotosTest, Send_RefusedOrCancelled_KeepsEverything) {
     GivenUnsentPhoto();
     host.batchResult = 1;
     desktop.Expect("Unable to update photo on server, please call Tech support.", "Unable to update");
-    SendAndExpectAllKept();
+    SendAndExpectAllKept("1 listing, 1 photo not sent: the server has refused the update");
     host.uploads.clear();
     archiver.length = std::size_t{5120} * 4;
     host.onUpload = [&](const std::string&) {
         if (host.uploads.size() == 3)
             static_cast<frmProgress*>(desktop.shown["frmProgress"])->cmdCancel.Press();
     };
-    SendAndExpectAllKept();
+    SendAndExpectAllKept("1 listing, 1 photo not sent: cancelled");
     EXPECT_EQ(host.uploads, (Texts{"begin VEL42A101.zip", "chunk 5120", "chunk 5120", "end", "abort"}));
     host.uploads.clear();
     host.onUpload = [&](const std::string& step) {
@@ -79,7 +81,7 @@ TEST_F(SendPhotosTest, Send_RefusedOrCancelled_KeepsEverything) {
             1, [&] { static_cast<frmProgress*>(desktop.shown["frmProgress"])->cmdCancel.Press(); });
         throw Error(1, "net", "gone");
     };
-    SendAndExpectAllKept();
+    SendAndExpectAllKept("1 listing, 1 photo not sent: cancelled");
     EXPECT_EQ(host.uploads, (Texts{"begin VEL42A101.zip", "chunk 5120", "abort"}));
 }
 
@@ -121,6 +123,7 @@ TEST_F(SendPhotosTest, Send_ListingsWithoutPhotos_AreAskedForOnceAndUnreadableWo
     const std::string begin = "begin VEL42A101.zip";
     EXPECT_EQ(host.uploads, (Texts{begin, "abort", begin, "chunk 5120", "end", "apply VEL42A101.zip"}))
         << "no empty chunk behind the last, and nothing left of a begin whose answer was lost";
+    EXPECT_EQ(window->lblSent.Caption(), "1 listing, 0 photos sent");
     EXPECT_EQ(desktop.messages.at(1).buttons, Buttons::YesNo);
     EXPECT_EQ(WorkingFiles(), (std::set<std::string>{"100200.dat", "100200a.jpg"}));
 }
@@ -133,6 +136,7 @@ TEST_F(SendPhotosTest, Send_AllRemovalsDeclined_SendsNothingAndEmptiesTheWindowW
     desktop.Expect("The sending is finished, but not all that follows it could be done:\nno list");
     window->cmdSend.Press();
     EXPECT_TRUE(host.uploads.empty() && WorkingFiles().empty());
+    EXPECT_EQ(window->lblSent.Caption(), "Nothing was sent");
     EXPECT_EQ(window->RecList.Count(), 0);
 }
 
