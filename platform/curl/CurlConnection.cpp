@@ -39,6 +39,12 @@ struct Source {
 
 std::size_t Discard(const char*, std::size_t size, std::size_t count, void*) { return size * count; }
 
+/// Where the library itself waits for a reply it asks this now and then; not every system wakes it when its
+/// socket is shut down.
+int EndsWhenInterrupted(void* sockets, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    return static_cast<const Sockets*>(sockets)->Interrupted() ? 1 : 0;
+}
+
 long SecurityOption(FtpSecurity security) {
     switch (security) {
         case FtpSecurity::WhenOffered:
@@ -145,6 +151,9 @@ void CurlConnection::Prepare(const SendOrder& order) {
     curl_easy_setopt(easy_, CURLOPT_HEADERFUNCTION, &ReplyArrived);
     curl_easy_setopt(easy_, CURLOPT_HEADERDATA, this);
     curl_easy_setopt(easy_, CURLOPT_WRITEFUNCTION, &Discard);
+    curl_easy_setopt(easy_, CURLOPT_XFERINFOFUNCTION, &EndsWhenInterrupted);
+    curl_easy_setopt(easy_, CURLOPT_XFERINFODATA, &sockets_);
+    curl_easy_setopt(easy_, CURLOPT_NOPROGRESS, 0L);
 }
 
 void CurlConnection::Perform(const SendOrder& order) {

@@ -136,13 +136,15 @@ TEST_F(CurlFtpTest, Cancel_WhereverTheServerStalls_DoesNotWaitForIt) {
 TEST_F(CurlFtpTest, Encryption_IsUsedWhenAskedForAndOffered) {
     const FtpServer tls(Remote(), "tls");
     const FtpServer plain(Remote());
+    files::EnsureFolder(folder.Path() + "other");
+    const FtpServer another(folder.Path() + "other", "tls");
     const std::string path = GivenFile("file.txt", "secret");
-    const std::string trusted = Remote() + ".pem";
+    const std::string trusted = Remote() + ".pem", others = folder.Path() + "other.pem";
     const std::tuple<const char*, const FtpServer&, FtpSecurity, std::string, const char*> cases[] = {
         {"offered", tls, FtpSecurity::WhenOffered, trusted, "sent"},
         {"offered and required", tls, FtpSecurity::Required, trusted, "sent"},
         {"not asked for", tls, FtpSecurity::None, trusted, "550 SSL/TLS required on the control channel."},
-        {"not trusted", tls, FtpSecurity::WhenOffered, "", "has a certificate that is not trusted here"},
+        {"not trusted", tls, FtpSecurity::WhenOffered, others, "has a certificate that is not trusted here"},
         {"not offered", plain, FtpSecurity::WhenOffered, trusted, "sent"},
         {"required, not offered", plain, FtpSecurity::Required, trusted,
          "does not offer an encrypted connection"},

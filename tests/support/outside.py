@@ -4,6 +4,7 @@
 The test finds the port to ask at in LUMARIN_OUTSIDE_PORT; support/windows/Command.cpp says how it asks. Paths with a drive
 letter become this machine's.
 """
+import contextlib
 import os
 import re
 import signal
@@ -37,8 +38,9 @@ def serve(connection):
             pass  # the test has given the command up
 
     threading.Thread(target=answer, daemon=True).start()
-    while connection.recv(1):  # nothing comes; the end means that the command is given up
-        pass
+    with contextlib.suppress(ConnectionError):
+        while connection.recv(1):  # nothing comes; the end means that the command is given up
+            pass
     if command.poll() is None:
         os.killpg(command.pid, signal.SIGKILL)
 
