@@ -64,6 +64,8 @@ Object::Object(Microsoft::WRL::ComPtr<IDispatch> object, std::string name)
         throw Error(E_POINTER, known_->name, "The host gave no object for " + known_->name);
 }
 
+IDispatch* Object::Pointer() const { return known_->object.Get(); }
+
 bool Object::Is(IDispatch* other) const {
     Microsoft::WRL::ComPtr<IUnknown> mine, theirs;
     return other != nullptr && SUCCEEDED(known_->object.As(&mine)) &&

@@ -36,6 +36,7 @@ public:
     /// A property's value as an object; throws Error when it is none.
     Object AsObject(const wchar_t* member, Arguments arguments = {}) const;
 
+    IDispatch* Pointer() const;
     /// Whether it is the same object, whichever way it was come by.
     bool Is(IDispatch* other) const;
 

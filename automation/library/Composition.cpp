@@ -13,6 +13,7 @@
 #include "platform/windows/ProgramVersion.h"
 #include "platform/windows/WindowsFiles.h"
 #include "platform/windows/pdf/DllPdfLibrary.h"
+#include "platform/windows/twain/TwainScanner.h"
 #include "platform/zip/LibzipArchiver.h"
 
 namespace lumarin::automation {
@@ -26,6 +27,7 @@ struct Composition::Adapters {
     windows::DllPdfLibrary pdf;
     windows::ProfileSettings settings;
     windows::CompiledHelp help;
+    twain::TwainScanner scanner;
     qt::QtDesktop desktop{qt::WindowSizes::WithinScreen, {&help, windows::ClipboardBitmap}};
 };
 
@@ -37,7 +39,7 @@ Composition::Composition(std::unique_ptr<Adapters> adapters)
              adapters_->clock,
              adapters_->engine,
              adapters_->pdf,
-             nullptr,
+             &adapters_->scanner,
              &adapters_->settings} {
     files::Use(&adapters_->files);
     adapters_->desktop.UseHostWindow([this] { return HostWindowNow(); });

@@ -15,6 +15,7 @@ constexpr UINT StartArguments = 3;
 /// An argument that a late caller gave cannot be taken.
 struct BadArgument {
     HRESULT status;
+    UINT place;  ///< among those that were passed
 };
 
 Microsoft::WRL::ComPtr<IDispatch> Named(IUnknown* object, const char* what) {
@@ -85,12 +86,13 @@ HRESULT LumarinClass::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, D
 
 /// The arguments may be objects that answer IDispatch alone, by value or by reference, which the type
 /// library's own way of calling would refuse.
-void LumarinClass::InvokeStart(DISPPARAMS& parameters, UINT* wrong) {
+void LumarinClass::InvokeStart(DISPPARAMS& parameters) {
     constexpr VARTYPE Types[StartArguments] = {VT_DISPATCH, VT_I4, VT_DISPATCH};
     Variant values[StartArguments];
     for (UINT place = 0; place < StartArguments; ++place) {
-        const HRESULT taken = DispGetParam(&parameters, place, Types[place], values[place].Address(), wrong);
-        if (FAILED(taken)) throw BadArgument{taken};
+        UINT which = 0;
+        const HRESULT taken = DispGetParam(&parameters, place, Types[place], values[place].Address(), &which);
+        if (FAILED(taken)) throw BadArgument{taken, which};
     }
     StartJob(values[0].Get().pdispVal, values[1].Get().lVal, values[2].Get().pdispVal);
 }
@@ -104,11 +106,12 @@ HRESULT LumarinClass::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* par
     const Microsoft::WRL::ComPtr<IDispatch> held(this);
     try {
         if (id == StartId)
-            InvokeStart(*parameters, wrong);
+            InvokeStart(*parameters);
         else
             EndJob();
         return S_OK;
     } catch (const BadArgument& bad) {
+        if (wrong != nullptr) *wrong = bad.place;
         return bad.status;
     } catch (...) {
         return Report(CurrentFailure(), exception);

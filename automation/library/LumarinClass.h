@@ -42,7 +42,7 @@ private:
 
     void StartJob(IUnknown* common, LONG jobIndex, IUnknown* tool);
     void EndJob();
-    void InvokeStart(DISPPARAMS& parameters, UINT* wrong);
+    void InvokeStart(DISPPARAMS& parameters);
 
     const module::Use use_;
     std::shared_ptr<Job> job_;

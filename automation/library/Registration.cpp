@@ -110,6 +110,8 @@ HRESULT Unregister(Scope scope) {
             removed == ERROR_SUCCESS || removed == ERROR_FILE_NOT_FOUND || removed == ERROR_ACCESS_DENIED;
         if (!expected && SUCCEEDED(result)) result = HRESULT_FROM_WIN32(static_cast<DWORD>(removed));
     }
+    // A user who had no classes before has none afterwards.
+    for (const wchar_t* shared : {L"CLSID", L"TypeLib", L"Interface"}) RegDeleteKeyW(Root(scope), Whole(shared).c_str());
     return result;
 }
 

@@ -83,6 +83,7 @@ void FormWindow::Show(const Owner& owner, Qt::WindowModality modality) {
     wasShown_ = true;
     FocusFirst();
     window_->show();
+    owner.Own(*window_);
     window_->activateWindow();
     // When it is hidden and shown again in one go, half of the toolkit has not noticed: it still has the
     // window as the active one and does not report it to the other half, for which hiding has ended that.

@@ -1,13 +1,38 @@
 #include "platform/qt/Owner.h"
 
+#include <QEvent>
 #include <QWindow>
 
 namespace lumarin::qt {
 
+namespace {
+
+/// Puts a window above one that is not of the toolkit. When the toolkit shows a window it sets the owner
+/// anew, to one that it knows or none; so this does it after that, whenever the window comes to be seen.
+class ForeignOwner final : public QObject {
+public:
+    ForeignOwner(QWindow& window, platform::WindowNumber owner) : QObject(&window), owner_(owner) {
+        window.installEventFilter(this);
+        platform::SetOwner(window.winId(), owner);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Expose)
+            platform::SetOwner(static_cast<QWindow*>(watched)->winId(), owner_);
+        return false;
+    }
+
+private:
+    platform::WindowNumber owner_;
+};
+
+}  // namespace
+
 void Owner::Own(QWidget& window) const {
-    const WId own = window.winId();  // the window below is there from now on
+    window.winId();  // the window below is there from now on
     window.windowHandle()->setTransientParent(widget != nullptr ? widget->window()->windowHandle() : nullptr);
-    if (widget == nullptr && host != 0) platform::SetOwner(own, host);
+    for (QObject* child : window.windowHandle()->children())
+        if (dynamic_cast<ForeignOwner*>(child) != nullptr) delete child;
+    if (widget == nullptr && host != 0) new ForeignOwner(*window.windowHandle(), host);
 }
 
 QRect Owner::Place(const QWidget& window) const {
