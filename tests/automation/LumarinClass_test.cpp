@@ -65,6 +65,10 @@ TEST_F(TestHost, Start_AsTheMainFormSwitches_OpensAWindowAndEndsItForTheHostOrTh
             EXPECT_FALSE(toolEnabled);
             ASSERT_TRUE(Until([&] { return Seen(title) != nullptr; }));
             EXPECT_EQ(GetWindow(Seen(title), GW_OWNER), window);
+            SendMessageW(window, WM_SYSCOMMAND, SC_MINIMIZE, 0);
+            EXPECT_TRUE(Until([&] { return Seen(title) == nullptr; }));
+            SendMessageW(window, WM_SYSCOMMAND, SC_RESTORE, 0);
+            EXPECT_TRUE(Until([&] { return Seen(title) != nullptr; }));
             if (byFrame)
                 PostMessageW(Seen(title), WM_CLOSE, 0, 0);
             else
