@@ -207,6 +207,11 @@ Size QtDesktop::ScreenSize() const {
     return {room.width, room.height};
 }
 
+double QtDesktop::PixelScale(const Form& form) const {
+    const auto* window = static_cast<const QWidget*>(form.NativeWindow());
+    return window != nullptr ? window->devicePixelRatioF() : 1.0;
+}
+
 void QtDesktop::ProcessPendingEvents() {
     const Nested nested(*this, Nested::Shows::Nothing);
     // Painting waits behind the events that ask for it, so one turn is not always enough.

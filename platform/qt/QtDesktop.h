@@ -68,6 +68,7 @@ public:
 
     void SetPointer(Pointer pointer) override;
     Size ScreenSize() const override;
+    double PixelScale(const Form& form) const override;
     void ProcessPendingEvents() override;
 
     bool ClipboardHasPicture() const override;

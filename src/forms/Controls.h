@@ -203,6 +203,9 @@ public:
     const PicturePtr& Image() const { return image_; }
     /// Null clears the box.
     void SetImage(PicturePtr image);
+    /// What becomes of the picture's colour values where it is shown; the picture itself stays as it is.
+    const std::optional<ToneTable>& Tones() const { return tones_; }
+    void SetTones(const std::optional<ToneTable>& tones) { Set(tones_, tones); }
     bool AcceptsFiles() const { return acceptsFiles_; }
     void SetAcceptsFiles(bool accepts) { Set(acceptsFiles_, accepts); }
 
@@ -220,22 +223,35 @@ public:
 
 private:
     PicturePtr image_;
+    std::optional<ToneTable> tones_;
     bool acceptsFiles_ = false;
 };
 
-/// A visible area that holds other controls; it can take the keyboard and the mouse itself.
+/// A visible area that holds other controls; it can take the keyboard and the mouse itself. Places in it and
+/// those of mouse events are twips before the lens, through which its contents are seen.
 class Frame : public ControlOf<ControlKind::Frame> {
 public:
     using ControlOf::ControlOf;
+
+    const lumarin::Lens& Lens() const { return lens_; }
+    /// For contents that the code places.
+    void SetLens(const lumarin::Lens& lens) { Set(lens_, lens); }
 
     void MouseWentDown(const Mouse& mouse) { Raise("MouseDown", MouseDown, mouse); }
     void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
     void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
     /// True when a handler used the key.
     bool PressKey(const KeyDown& key);
+    void ReleaseKey(Key key) { Raise("KeyUp", KeyReleased, key); }
+    void Zoom(const ZoomStep& step) { Raise("Zoom", Zoomed, step); }
 
     Event<Mouse> MouseDown, MouseMove, MouseUp;
     Event<const KeyDown&, bool&> KeyPressed;
+    Event<Key> KeyReleased;
+    Event<ZoomStep> Zoomed;
+
+private:
+    lumarin::Lens lens_;
 };
 
 /// A drawn rectangle over its container, transparent to the mouse. It shows rule-of-thirds guides, and

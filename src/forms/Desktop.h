@@ -84,6 +84,8 @@ public:
     virtual void SetPointer(Pointer pointer) = 0;
     /// The work area of the screen, in twips.
     virtual Size ScreenSize() const = 0;
+    /// Pixels of the screen for one of `TwipsPerPixel` twips, where this form is shown: 2 at 200 percent.
+    virtual double PixelScale(const Form&) const { return 1; }
     /// Lets timers, painting and input that wait take their turn; returns at once when nothing waits.
     virtual void ProcessPendingEvents() = 0;
 

@@ -25,4 +25,17 @@ struct Rect {
     bool operator==(const Rect&) const = default;
 };
 
+/// How the contents of a frame are seen: what stands at `x` is shown at `x * scale + left`.
+struct Lens {
+    double scale = 1;
+    double left = 0;  ///< twips
+    double top = 0;   ///< twips
+
+    Rect Shown(const Rect& place) const {
+        return {place.left * scale + left, place.top * scale + top, place.width * scale,
+                place.height * scale};
+    }
+    bool operator==(const Lens&) const = default;
+};
+
 }  // namespace lumarin

@@ -47,7 +47,25 @@ struct Mouse {
     double y = 0;
 };
 
-/// Shapes of the mouse pointer.
-enum class Pointer { Default, Hourglass, SizeWestEast, SizeNorthSouth, SizeAll };
+/// A turn of the wheel, or two fingers that part or close, at a place of the control in twips. More than 1
+/// is nearer.
+struct ZoomStep {
+    double factor = 1;
+    double x = 0;
+    double y = 0;
+};
+
+/// Shapes of the mouse pointer. `SizeFalling` sizes along the diagonal from the upper left, `SizeRising`
+/// along the one from the lower left.
+enum class Pointer {
+    Default,
+    Hourglass,
+    SizeWestEast,
+    SizeNorthSouth,
+    SizeAll,
+    SizeFalling,
+    SizeRising,
+    Hand
+};
 
 }  // namespace lumarin

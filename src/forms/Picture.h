@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -16,5 +17,8 @@ struct Picture {
 };
 
 using PicturePtr = std::shared_ptr<const Picture>;
+
+/// What a step does to each colour value: the new value by the old one, the same for all three colours.
+using ToneTable = std::array<std::uint8_t, 256>;
 
 }  // namespace lumarin

@@ -33,13 +33,35 @@ double AtLeastShortestWidth(double width, float aspectRatio) {
     return std::max({width, ShortestSide, ShortestSide * aspectRatio});
 }
 
+Rect DraggedByCorner(const Rect& box, HitZone corner, int dX, int dY, float aspectRatio) {
+    const double across = box.width + (HoldsRight(corner) ? dX : -dX);
+    const double down = box.height + (HoldsBottom(corner) ? dY : -dY);
+    const double width = AtLeastShortestWidth(std::max(across, down * aspectRatio), aspectRatio);
+    const double height = width / aspectRatio;
+    return {HoldsRight(corner) ? box.left : box.Right() - width,
+            HoldsBottom(corner) ? box.top : box.Bottom() - height, width, height};
+}
+
 }  // namespace
+
+bool HoldsRight(HitZone zone) {
+    return zone == HitZone::RightEdge || zone == HitZone::TopRight || zone == HitZone::BottomRight;
+}
+
+bool HoldsBottom(HitZone zone) {
+    return zone == HitZone::BottomEdge || zone == HitZone::BottomLeft || zone == HitZone::BottomRight;
+}
 
 HitZone HitTest(const Rect& box, double x, double y) {
     const int left = RoundToWhole(box.left);
     const int right = RoundToWhole(box.Right());
     const int top = RoundToWhole(box.top);
     const int bottom = RoundToWhole(box.Bottom());
+    const auto near = [](double inwards) { return inwards >= -CornerOutside && inwards <= CornerInside; };
+    if (near(y - top) && near(x - left)) return HitZone::TopLeft;
+    if (near(y - top) && near(right - x)) return HitZone::TopRight;
+    if (near(bottom - y) && near(x - left)) return HitZone::BottomLeft;
+    if (near(bottom - y) && near(right - x)) return HitZone::BottomRight;
     if (x < left || x > right || y < top || y > bottom) return HitZone::Outside;
     if (x < left + BorderBand) return HitZone::LeftEdge;
     if (x > right - BorderBand) return HitZone::RightEdge;
@@ -79,7 +101,8 @@ Rect Dragged(const Rect& box, HitZone zone, int dX, int dY, float aspectRatio) {
         const double height = width / aspectRatio;
         return {box.left - (width - box.width) / 2, topEdge ? box.Bottom() - height : box.top, width, height};
     }
-    return box;
+    if (zone == HitZone::Outside) return box;
+    return DraggedByCorner(box, zone, dX, dY, aspectRatio);
 }
 
 Rect Widened(const Rect& box, double dWidth, float aspectRatio) {

@@ -9,10 +9,28 @@
 namespace lumarin::crop {
 
 /// What the pointer takes hold of.
-enum class HitZone { Outside = 0, LeftEdge = 1, TopEdge = 2, RightEdge = 3, BottomEdge = 4, Inside = 5 };
+enum class HitZone {
+    Outside = 0,
+    LeftEdge = 1,
+    TopEdge = 2,
+    RightEdge = 3,
+    BottomEdge = 4,
+    Inside = 5,
+    TopLeft = 6,
+    TopRight = 7,
+    BottomLeft = 8,
+    BottomRight = 9
+};
 
 /// Width of the band along the box's edges, on its inside, that sizes instead of moving.
 inline constexpr int BorderBand = 150;
+/// How far a corner's handle reaches out of the box and into it. It lies outside for the most part, so that
+/// it takes little from the edges.
+inline constexpr int CornerOutside = 120;
+inline constexpr int CornerInside = 60;
+
+bool HoldsRight(HitZone zone);
+bool HoldsBottom(HitZone zone);
 
 HitZone HitTest(const Rect& box, double x, double y);
 
@@ -25,8 +43,9 @@ Rect CenteredByHeight(const Rect& preview, float aspectRatio);
 Size LargestPlacements(float aspectRatio);
 
 /// The box after the pointer moved by (`dX`, `dY`) whole twips with this hold on it. An edge takes the other
-/// side's length along, about its middle, so that the ratio stays. No side gets shorter than 300 twips: an
-/// edge that is dragged past the opposite one stops before it.
+/// side's length along, about its middle, so that the ratio stays; a corner leaves the opposite one where it
+/// is, and the box reaches as far as the pointer in at least one direction. No side gets shorter than 300
+/// twips: an edge that is dragged past the opposite one stops before it.
 Rect Dragged(const Rect& box, HitZone zone, int dX, int dY, float aspectRatio);
 
 /// The box made wider (narrower below 0) by `dWidth` about its middle.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -30,9 +29,6 @@ public:
 
 /// A picture with more pixels than this is refused before it is decoded.
 inline constexpr std::int64_t MaximumPixels = 250'000'000;
-
-/// What a step does to each colour value: the new value by the old one, the same for all three colours.
-using ToneTable = std::array<std::uint8_t, 256>;
 
 /// A part of a picture, in whole pixels.
 struct PixelRect {

@@ -58,6 +58,7 @@ frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
         cmdZeroControl(i).Click = [this, i] { hsbControl(i).SetValue(0); };
     }
     ConnectStage();
+    ConnectView();
     ConnectButtons();
 }
 
@@ -147,11 +148,10 @@ void frmPhotoCrop::OpenPicture(const std::string& sourcePath, CropMode mode, boo
     passThrough_ = mode == CropMode::File && MayPassThrough(sourcePath);
     const crop::PreviewSize size = crop::PreviewSizeOf(source_->Width(), source_->Height());
     previewScale_ = size.scale;
-    previewBitmap_ = std::make_shared<const Picture>(source_->Preview(size.width, size.height));
-    lbmBM.SetImage(previewBitmap_);
-    Preview.SetImage(previewBitmap_);
     Preview.Move({0, 0, size.width * TwipsPerPixel, size.height * TwipsPerPixel});
     CenterPreview();
+    FitView();
+    ShowPicture();
     SelectViewOfFile(sourcePath);
     PlaceByWidth();
 }
@@ -187,10 +187,11 @@ void frmPhotoCrop::ReleasePicture() {
     previewBitmap_.reset();
     lbmBM.SetImage(nullptr);
     Preview.SetImage(nullptr);
+    tmrSharpen.SetEnabled(false);
 }
 
 void frmPhotoCrop::OnLoad() {
-    MakeRoomForBox();
+    ChooseSize();
     const Size screen = desktop().ScreenSize();
     MoveTo((screen.width - Bounds().width) / 2, (screen.height - Bounds().height) / 2);
 }
@@ -210,10 +211,7 @@ void frmPhotoCrop::OnUnload() {
 
 void frmPhotoCrop::SliderChanged(int index) {
     lblControlValue(index).SetCaption(std::to_string(hsbControl(index).Value()));
-    if (previewBitmap_ == nullptr) return;  // the sliders are set back before the next picture is there
-    const auto adjusted = std::make_shared<const Picture>(WithTones(*previewBitmap_, Tones()));
-    lbmBM.SetImage(adjusted);
-    Preview.SetImage(adjusted);
+    Preview.SetTones(Tones());
 }
 
 ToneTable frmPhotoCrop::Tones() { return MakeToneTable(hsbControl(0).Value(), hsbControl(1).Value()); }

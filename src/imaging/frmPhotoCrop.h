@@ -42,7 +42,8 @@ public:
                                             {.toolTip = "Move the box right"},
                                             {.toolTip = "Move the box up"},
                                             {.toolTip = "Move the box down"}}};
-    lumarin::Timer Timer{*this, "Timer"};  ///< repeats a move button that is held
+    lumarin::Timer Timer{*this, "Timer"};            ///< repeats a move button that is held
+    lumarin::Timer tmrSharpen{*this, "tmrSharpen"};  ///< waits until the view has come to rest
     Label lblIntensity{*this, "lblIntensity", {"Intensity"}}, lblContrast{*this, "lblContrast", {"Contrast"}};
     ControlArray<Slider, 2> hsbControl{*this, "hsbControl"};  ///< intensity, contrast
     ControlArray<Label, 2> lblControlValue{*this,
@@ -78,6 +79,11 @@ public:
 
     void SetTwainPicture(PicturePtr picture);
 
+    /// The inner size that the user has left the window with in an earlier run; 0 x 0 when there is none.
+    void SetOpeningSize(const Size& inner) { openingSize_ = inner; }
+    /// The inner size that the user has given the window since it opened; 0 x 0 when it is as it was.
+    Size ChosenSize() const { return openedSize_ == InnerSize() ? Size{} : InnerSize(); }
+
     /// Says which picture of how many the next one is ("Picture 2 of 5"); "" hides it.
     void SetProgress(const std::string& text);
 
@@ -107,7 +113,7 @@ private:
     bool MayPassThrough(const std::string& sourcePath) const;
     void ReleasePicture();
 
-    void MakeRoomForBox();
+    void ChooseSize();
     void CenterPreview();
     void StageResized();
     void StageMouseDown(const Mouse& mouse);
@@ -117,6 +123,16 @@ private:
     void StepCropBox(int button);
     void PlaceByWidth();
     void PlaceByHeight();
+
+    void ConnectView();
+    double FittingScale() const;
+    void FitView();
+    void ShowView();
+    void ZoomView(const ZoomStep& step);
+    void PanView(const Mouse& mouse);
+    crop::PreviewSize SharpSize() const;
+    void ShowPicture();
+    void Sharpen();
 
     void SliderChanged(int index);
     ToneTable Tones();
@@ -131,12 +147,19 @@ private:
     float aspectRatio_ = 1;  ///< of the finished photo
     float previewScale_ = 1;
     std::unique_ptr<SourcePicture> source_;
-    PicturePtr previewBitmap_;  ///< the preview before any adjustment
+    PicturePtr previewBitmap_;  ///< before any adjustment, with the pixels that the screen has room for
     std::string sourcePath_;
     std::string destinationPath_;
     bool passThrough_ = false;
     PhotoResult result_ = PhotoResult::Skip;
     ComboBox::Item chosenView_;
+
+    Size openingSize_;
+    Size openedSize_;
+    double zoom_ = 1;     ///< of the view; 1 fills the stage
+    double middleX_ = 0;  ///< what is seen in the middle of the stage
+    double middleY_ = 0;
+    bool spaceHeld_ = false;
 
     double lastX_ = 0;
     double lastY_ = 0;

@@ -11,9 +11,7 @@ namespace {
 
 constexpr int Step = 30;  // twips
 constexpr int LongStep = 300;
-constexpr double StageMargin = 24 * TwipsPerPixel;
-constexpr double ScreenMargin = 40 * TwipsPerPixel;  // what the window's frame takes of the screen
-constexpr int FirstRepeat = 500;                     // milliseconds
+constexpr int FirstRepeat = 500;  // milliseconds
 constexpr int NextRepeats = 10;
 
 struct Direction {
@@ -45,6 +43,12 @@ Pointer PointerOver(crop::HitZone zone) {
         case crop::HitZone::TopEdge:
         case crop::HitZone::BottomEdge:
             return Pointer::SizeNorthSouth;
+        case crop::HitZone::TopLeft:
+        case crop::HitZone::BottomRight:
+            return Pointer::SizeFalling;
+        case crop::HitZone::TopRight:
+        case crop::HitZone::BottomLeft:
+            return Pointer::SizeRising;
         case crop::HitZone::Inside:
             return Pointer::SizeAll;
         case crop::HitZone::Outside:
@@ -91,20 +95,6 @@ void frmPhotoCrop::ConnectStage() {
     };
 }
 
-// The window opens as large as the photo's proportions ask for, and the screen allows.
-void frmPhotoCrop::MakeRoomForBox() {
-    const Size room = crop::LargestPlacements(aspectRatio_);
-    const Size screen = desktop().ScreenSize();
-    const auto grown = [](double inner, double missing, double most) {
-        return missing <= 0 ? inner : std::max(inner, std::min(inner + missing, most));
-    };
-    const Size size{
-        grown(InnerSize().width, room.width + 2 * StageMargin - Shape1.Width(), screen.width - ScreenMargin),
-        grown(InnerSize().height, room.height + 2 * StageMargin - Shape1.Height(),
-              screen.height - ScreenMargin)};
-    if (size != InnerSize()) SetInnerSize(size);
-}
-
 // The stage is the window's inside above the strip with the placement buttons, which takes the place of
 // one and a half times their height: its middle is the middle of what the strip leaves.
 void frmPhotoCrop::CenterPreview() {
@@ -116,7 +106,12 @@ void frmPhotoCrop::StageResized() {
     if (previewBitmap_ == nullptr) return;
     const Rect before = Preview.Bounds();
     CenterPreview();
-    CropBox.Move(crop::Moved(CropBox.Bounds(), Preview.Left() - before.left, Preview.Top() - before.top));
+    const double dX = Preview.Left() - before.left;
+    const double dY = Preview.Top() - before.top;
+    CropBox.Move(crop::Moved(CropBox.Bounds(), dX, dY));
+    middleX_ += dX;
+    middleY_ += dY;
+    ShowView();
 }
 
 void frmPhotoCrop::StageMouseDown(const Mouse& mouse) {
@@ -129,6 +124,7 @@ void frmPhotoCrop::StageMouseDown(const Mouse& mouse) {
 
 void frmPhotoCrop::StageMouseMove(const Mouse& mouse) {
     if (!dragging_) return TakeHold(mouse);
+    if (spaceHeld_) return PanView(mouse);
     const int dX = RoundToWhole(mouse.x - lastX_);
     const int dY = RoundToWhole(mouse.y - lastY_);
     if (dX == 0 && dY == 0) return;
@@ -136,16 +132,17 @@ void frmPhotoCrop::StageMouseMove(const Mouse& mouse) {
     const Rect after = crop::Dragged(before, hitZone_, dX, dY, aspectRatio_);
     CropBox.Move(after);
     // As far as the held edge has gone: a box at its smallest waits until the pointer is back at that edge.
-    const bool rightEdge = hitZone_ == crop::HitZone::RightEdge;
-    const bool bottomEdge = hitZone_ == crop::HitZone::BottomEdge;
+    const bool rightEdge = crop::HoldsRight(hitZone_);
+    const bool bottomEdge = crop::HoldsBottom(hitZone_);
     lastX_ += rightEdge ? after.Right() - before.Right() : after.left - before.left;
     lastY_ += bottomEdge ? after.Bottom() - before.Bottom() : after.top - before.top;
 }
 
 void frmPhotoCrop::TakeHold(const Mouse& mouse) {
     hitZone_ = crop::HitTest(CropBox.Bounds(), mouse.x, mouse.y);
-    Preview.SetMousePointer(PointerOver(hitZone_));
-    Shape1.SetMousePointer(PointerOver(hitZone_));
+    const Pointer pointer = spaceHeld_ ? Pointer::Hand : PointerOver(hitZone_);
+    Preview.SetMousePointer(pointer);
+    Shape1.SetMousePointer(pointer);
 }
 
 bool frmPhotoCrop::StageKey(const KeyDown& key) {
@@ -159,6 +156,9 @@ bool frmPhotoCrop::StageKey(const KeyDown& key) {
         return true;
     }
     switch (key.key) {
+        case Key::Space:
+            spaceHeld_ = true;
+            return true;
         case Key::Plus:
             CropBox.Move(crop::Widened(CropBox.Bounds(), step, aspectRatio_));
             return true;

@@ -16,6 +16,7 @@ constexpr const char* OwnSection = "Lumarin";
 constexpr const char* PhotosSection = "Photos";
 constexpr const char* PositionKey = "Start Up Position";
 constexpr const char* ImportKey = "Default Import Dir";
+constexpr const char* CropSizeKey = "Crop Window Size";
 constexpr const char* DefaultPosition = "1,100";
 
 std::string CityInfo(const VelCommon& host) { return host.CityFolder() + "CityInfo.ini"; }
@@ -27,6 +28,14 @@ std::pair<double, double> StoredPlace(const std::string& position) {
     if (parts.size() < 2 || !ParseNumber(parts[0]) || !ParseNumber(parts[1]))
         parts = text::Split(DefaultPosition, ',');
     return {*ParseNumber(parts[0]), *ParseNumber(parts[1])};
+}
+
+Size StoredSize(const std::string& size) {
+    const std::vector<std::string> parts = text::Split(size, ',');
+    if (parts.size() != 2) return {};
+    const auto width = ParseNumber(parts[0]);
+    const auto height = ParseNumber(parts[1]);
+    return width && height && *width > 0 && *height > 0 ? Size{*width, *height} : Size{};
 }
 
 std::string PositionText(const Rect& window) {
@@ -46,6 +55,7 @@ WindowSettings ReadWindowSettings(const VelCommon& host) {
     read.sortNames = settings::ReadInteger(CityInfo(host), OwnSection, "SortNames", 0) != 0;
     read.importFolder = settings::ReadText(UserIni(host), PhotosSection, ImportKey, "");
     read.startUpPosition = settings::ReadText(UserIni(host), PhotosSection, PositionKey, DefaultPosition);
+    read.cropWindow = StoredSize(settings::ReadText(UserIni(host), OwnSection, CropSizeKey, ""));
     return read;
 }
 
@@ -67,6 +77,12 @@ bool StandsAt(const std::string& position, const Rect& window) {
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window) {
     settings::WriteText(UserIni(host), PhotosSection, PositionKey, PositionText(window));
+}
+
+void WriteCropWindowSize(const VelCommon& host, const Size& inner) {
+    settings::WriteText(
+        UserIni(host), OwnSection, CropSizeKey,
+        SingleText(static_cast<float>(inner.width)) + "," + SingleText(static_cast<float>(inner.height)));
 }
 
 void WriteImportFolder(const VelCommon& host, const std::string& folder) {

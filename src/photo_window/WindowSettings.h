@@ -15,6 +15,7 @@ struct WindowSettings {
     bool sortNames = false;
     std::string importFolder;
     std::string startUpPosition;
+    Size cropWindow;  ///< inner size; 0 x 0 when none is stored
 };
 
 WindowSettings ReadWindowSettings(const VelCommon& host);
@@ -30,6 +31,8 @@ Rect PositionOnScreen(const std::string& position, const Rect& window, Size scre
 bool StandsAt(const std::string& position, const Rect& window);
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window);
+
+void WriteCropWindowSize(const VelCommon& host, const Size& inner);
 
 void WriteImportFolder(const VelCommon& host, const std::string& folder);
 

@@ -20,6 +20,8 @@ TEST(CropGeometry, PointerOverTheBox_TakesTheEdgeInOrder) {
         {1150, 2500, HitZone::Inside},    {1150, 2149, HitZone::TopEdge},   {2450, 2500, HitZone::Inside},
         {2451, 2990, HitZone::RightEdge}, {2600, 2500, HitZone::RightEdge}, {1800, 2851, HitZone::BottomEdge},
         {1800, 3001, HitZone::Outside},   {2601, 2500, HitZone::Outside},   {1800, 1999, HitZone::Outside},
+        {880, 1880, HitZone::TopLeft},    {1060, 2060, HitZone::TopLeft},   {1061, 2060, HitZone::LeftEdge},
+        {2720, 1900, HitZone::TopRight},  {900, 3120, HitZone::BottomLeft}, {2600, 3121, HitZone::Outside},
     };
     for (const auto& [x, y, zone] : cases) EXPECT_EQ(HitTest(Box, x, y), zone) << x << ", " << y;
 }
@@ -31,6 +33,9 @@ TEST(CropGeometry, Drag_KeepsTheRatioAndTheOtherMiddle) {
         {"top", HitZone::TopEdge, {1064, 2080, 1472, 920}},
         {"bottom", HitZone::BottomEdge, {936, 2000, 1728, 1080}},
         {"inside", HitZone::Inside, {1160, 2080, 1600, 1000}},
+        {"top left", HitZone::TopLeft, {1128, 2080, 1472, 920}},
+        {"top right", HitZone::TopRight, {1000, 1900, 1760, 1100}},
+        {"bottom right", HitZone::BottomRight, {1000, 2000, 1760, 1100}},
     };
     for (const auto& [name, zone, after] : cases) ExpectRect(Dragged(Box, zone, 160, 80, Ratio), after, name);
     // Dragged through its other edge, a box stops at 300 twips and holds that edge.

@@ -226,7 +226,36 @@ TEST_F(PhotoCrop, EdgeDraggedPastTheOther_WaitsForThePointerToComeBack) {
 TEST_F(PhotoCrop, TallTarget_OpensAWindowWhoseStageHoldsBothPlacements) {
     window.SetPhotoSize("300,480,35,35000");
     window.InnerPlaced({12000, 8000});  // with a stage of 8400 x 6000
+    desktop.screen.height = 12000;
     Crop("wide.jpg", [&] { EXPECT_NEAR(window.InnerSize().height, 8000 - 6000 + 7680 + 720, 0.01); });
+}
+
+TEST_F(PhotoCrop, View_FillsTheStageAndIsZoomedAndMovedWithoutTheBox) {
+    window.InnerPlaced({12000, 8000});
+    window.SetOpeningSize({13000, 99000});
+    Crop("wide.jpg", [&] {
+        EXPECT_EQ(window.InnerSize(), (Size{13000, desktop.screen.height - 600})) << "within the screen";
+        EXPECT_EQ(window.ChosenSize(), Size{});
+        // 8400 twips less the margins are 8040 / 4800 of the preview's width: 536 pixels.
+        EXPECT_NEAR(window.Shape1.Lens().scale, 1.675, 1e-9);
+        EXPECT_EQ(window.Preview.Image()->width, 536);
+        const Rect box = window.CropBox.Bounds();
+        window.Shape1.Zoom({2, 1800, 1500});  // at the preview's corner, which stays where it is
+        const auto corner = [&] { return window.Shape1.Lens().Shown(window.Preview.Bounds()); };
+        EXPECT_NEAR(corner().left, 180, 1e-6);
+        EXPECT_NEAR(corner().width, 16080, 1e-6);
+        EXPECT_EQ(window.Preview.Image()->width, 536) << "not while it moves";
+        window.tmrSharpen.Tick();
+        EXPECT_EQ(window.Preview.Image()->width, 640) << "no more pixels than the picture has";
+        window.Shape1.PressKey({Key::Space});
+        window.Shape1.MouseWentDown({MouseButton::Left, 2000, 2000});
+        window.Shape1.MouseMoved({MouseButton::Left, 1900, 2000});
+        EXPECT_NEAR(corner().left, 180 - 100 * 3.35, 1e-6);
+        window.Shape1.MouseWentUp({MouseButton::Left, 2000, 2000});
+        window.Shape1.ReleaseKey(Key::Space);
+        EXPECT_EQ(window.CropBox.Bounds(), box);
+    });
+    EXPECT_EQ(imaging.previews, 2);
 }
 
 TEST_F(PhotoCrop, KeysOnTheStage_MoveAndSizeTheBox) {
@@ -256,9 +285,10 @@ TEST_F(PhotoCrop, Slider_ShowsItsEffectFromTheUnchangedPreview) {
         window.hsbControl(0).SetValue(500);
         window.hsbControl(1).SetValue(100);
         EXPECT_EQ(window.lblControlValue(0).Caption(), "500");
-        EXPECT_EQ(window.Preview.Image()->pixels, WithTones(*plain, MakeToneTable(500, 100)).pixels);
+        EXPECT_EQ(window.Preview.Tones(), MakeToneTable(500, 100));
         for (const int control : {0, 1}) window.cmdZeroControl(control).Press();
-        EXPECT_EQ(window.lbmBM.Image()->pixels, plain->pixels);
+        EXPECT_EQ(window.Preview.Tones(), PlainTones());
+        EXPECT_EQ(window.Preview.Image(), plain);
     });
 }
 

@@ -90,6 +90,28 @@ TEST_F(StageTest, Picture_OnFrameWithoutLayout_StandsWhereTheCodePutIt) {
     EXPECT_EQ(form->picOnStage.Left(), 757.5);
 }
 
+TEST_F(StageTest, Lens_EnlargesContentsAndMouse_AndTonesAreShownOnly) {
+    double x = 0, factor = 0;
+    form->picOnStage.MouseMove = [&](const Mouse& mouse) { x = mouse.x; };
+    form->fraStage.Zoomed = [&](const ZoomStep& step) { factor = step.factor * 1000 + step.x; };
+    ShowStage();
+    form->shpBox.Move({80 * 15, 30 * 15, 30 * 15, 40 * 15});
+    form->fraStage.SetLens({2, -40 * 15, -20 * 15});
+    EXPECT_EQ(Widget("picOnStage").geometry(), QRect(60, 40, 120, 80));
+    EXPECT_EQ(Widget<qt::ShapeWidget>("shpBox").Box(), QRect(120, 40, 60, 80));
+    QTest::mouseMove(Window().windowHandle(), Widget("picOnStage").mapTo(&Window(), QPoint(20, 10)));
+    EXPECT_EQ(x, 150);
+    QWheelEvent wheel({80, 50}, {}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Widget("fraStage"), &wheel);
+    EXPECT_NEAR(factor, 1250 + 60 * 15, 1e-6) << "at the place in its contents";
+    form->shpBox.Move({});
+    form->picOnStage.SetImage(PlainPicture(120, 80, 200));
+    ToneTable tones{};
+    tones[200] = 33;
+    form->picOnStage.SetTones(tones);
+    EXPECT_EQ(Widget("fraStage").grab().toImage().pixelColor(100, 60), QColor(33, 33, 33));
+}
+
 TEST_F(StageTest, Picture_InOtherProportions_IsSeenWholeInTheMiddle) {
     Show();
     qt::PictureWidget picture;

@@ -31,6 +31,12 @@ Qt::CursorShape ShapeOf(Pointer pointer) {
             return Qt::SizeVerCursor;
         case Pointer::SizeAll:
             return Qt::SizeAllCursor;
+        case Pointer::SizeFalling:
+            return Qt::SizeFDiagCursor;
+        case Pointer::SizeRising:
+            return Qt::SizeBDiagCursor;
+        case Pointer::Hand:
+            return Qt::OpenHandCursor;
         case Pointer::Default:
             break;
     }
@@ -114,7 +120,9 @@ void ControlAdapter::ShowCommonState() {
         widget_.setCursor(ShapeOf(pointer_));
 }
 
-void ControlAdapter::ShowBounds() { widget_.setGeometry(ToPixels(control_->Bounds())); }
+void ControlAdapter::ShowBounds() {
+    widget_.setGeometry(ToPixels(LensOver(widget_).Shown(control_->Bounds())));
+}
 
 void ControlAdapter::ReportPlace() {
     // Only a real change is reported: what the code has set in twips stays exact.
@@ -127,6 +135,7 @@ void ControlAdapter::TakeFocus() { widget_.setFocus(Qt::OtherFocusReason); }
 bool ControlAdapter::eventFilter(QObject* watched, QEvent* event) {
     if (watched != &widget_ || control_ == nullptr) return false;
     if (event->type() == QEvent::Move || event->type() == QEvent::Resize) ReportPlace();
+    if (event->type() == FrameWidget::LensChanged && placedBy_ == PlacedBy::Code) ShowBounds();
     if (event->type() == QEvent::FocusIn) control_->TookFocus();
     return control_ != nullptr && WidgetEvent(*event);
 }

@@ -5,6 +5,7 @@
 #include "platform/qt/Conversions.h"
 #include "platform/qt/adapters/Adapters.h"
 #include "platform/qt/adapters/FileDrops.h"
+#include "platform/qt/widgets/FrameWidget.h"
 #include "platform/qt/widgets/PictureWidget.h"
 
 namespace lumarin::qt {
@@ -18,6 +19,7 @@ public:
 private:
     void ShowState() override {
         View().SetPicture(Bound()->Image());
+        View().SetTones(Bound()->Tones());
         View().setAcceptDrops(Bound()->AcceptsFiles());
     }
 
@@ -26,19 +28,24 @@ private:
         switch (event.type()) {
             case QEvent::MouseButtonPress:
             case QEvent::MouseButtonDblClick:
-                Bound()->MouseWentDown(PressedMouse(Accepted(event)));
+                Bound()->MouseWentDown(UnderLens(PressedMouse(Accepted(event))));
                 return true;
             case QEvent::MouseMove:
-                Bound()->MouseMoved(MovedMouse(Accepted(event)));
+                Bound()->MouseMoved(UnderLens(MovedMouse(Accepted(event))));
                 return true;
             case QEvent::MouseButtonRelease: {
                 const Meanwhile place(MenuPlace(), Accepted(event).globalPosition().toPoint());
-                Bound()->MouseWentUp(PressedMouse(Accepted(event)));
+                Bound()->MouseWentUp(UnderLens(PressedMouse(Accepted(event))));
                 return true;
             }
             default:
                 return false;
         }
+    }
+
+    Mouse UnderLens(const Mouse& mouse) {
+        const double scale = LensOver(View()).scale;
+        return {mouse.button, mouse.x / scale, mouse.y / scale};
     }
 
     /// What this box has seen does not go on to the frame that it stands in.

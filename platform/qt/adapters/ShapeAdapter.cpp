@@ -1,6 +1,7 @@
 #include "forms/Controls.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/adapters/Adapters.h"
+#include "platform/qt/widgets/FrameWidget.h"
 #include "platform/qt/widgets/ShapeWidget.h"
 
 namespace lumarin::qt {
@@ -14,8 +15,11 @@ public:
 private:
     /// The widget covers its parent; what stands at the control's place is the rectangle drawn on it.
     void ShowBounds() override {}
-    void ShowState() override { View().SetBox(ToPixels(Bound()->Bounds())); }
-    bool eventFilter(QObject*, QEvent*) override { return false; }
+    void ShowState() override { View().SetBox(ToPixels(LensOver(View()).Shown(Bound()->Bounds()))); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == FrameWidget::LensChanged && Bound() != nullptr) ShowState();
+        return false;
+    }
 };
 
 }  // namespace

@@ -1,12 +1,33 @@
 #include "platform/qt/widgets/FrameWidget.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 
 namespace lumarin::qt {
 
+namespace {
+constexpr int Edge = 2;  // shows the focus, also where a picture fills the frame
+}
+
 FrameWidget::FrameWidget(QWidget* parent) : QFrame(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    grabGesture(Qt::PinchGesture);
+    setContentsMargins(Edge, Edge, Edge, Edge);
+}
+
+void FrameWidget::SetLens(const Lens& lens) {
+    if (lens == lens_) return;
+    lens_ = lens;
+    for (QObject* child : children()) {
+        QEvent changed(LensChanged);
+        QCoreApplication::sendEvent(child, &changed);
+    }
+}
+
+Lens LensOver(const QWidget& widget) {
+    const auto* frame = dynamic_cast<const FrameWidget*>(widget.parentWidget());
+    return frame != nullptr ? frame->Seen() : Lens();
 }
 
 void FrameWidget::paintEvent(QPaintEvent*) {

@@ -18,7 +18,13 @@ PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) { setMouseTracki
 void PictureWidget::SetPicture(PicturePtr picture) {
     if (picture == picture_) return;
     picture_ = std::move(picture);
-    scaled_ = {};
+    scaledPart_ = {};
+    update();
+}
+
+void PictureWidget::SetTones(const std::optional<ToneTable>& tones) {
+    if (tones == tones_) return;
+    tones_ = tones;
     update();
 }
 
@@ -40,17 +46,57 @@ QRect PictureWidget::PictureRect() const {
 
 QSize PictureWidget::sizeHint() const { return {320, 200}; }
 
+QRect PictureWidget::VisiblePart() const {
+    const QRect shown =
+        parentWidget() != nullptr ? parentWidget()->contentsRect().translated(-pos()) : rect();
+    return PictureRect() & rect() & shown;
+}
+
 void PictureWidget::paintEvent(QPaintEvent*) {
+    if (PictureRect().isEmpty()) return PaintIcon();
+    const QRect part = VisiblePart();
+    if (part.isEmpty()) return;
+    if (part != scaledPart_ || scaledPlace_ != PictureRect() ||
+        scaled_.devicePixelRatio() != devicePixelRatioF())
+        ScaleVisiblePart(part);
+    QPainter(this).drawImage(part.topLeft(), tones_ ? WithTones() : scaled_);
+}
+
+void PictureWidget::ScaleVisiblePart(const QRect& part) {
+    const double ratio = devicePixelRatioF();
     const QRect place = PictureRect();
-    if (place.isEmpty()) return PaintIcon();
-    const QSize physical = (QSizeF(place.size()) * devicePixelRatioF()).toSize();
-    if (scaled_.size() != physical) {
-        const QImage image = ToImage(picture_);
-        scaled_ = QPixmap::fromImage(image.size() == physical ? image
-                                                              : image.scaled(physical, Qt::IgnoreAspectRatio,
-                                                                             Qt::SmoothTransformation));
+    const QImage image = ToImage(picture_);
+    const QSize whole = (QSizeF(place.size()) * ratio).toSize();
+    if (part == place) {
+        scaled_ = image.size() == whole
+                      ? image
+                      : image.scaled(whole, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        scaled_ = scaled_.convertToFormat(QImage::Format_RGB32);
+    } else {
+        scaled_ = QImage((QSizeF(part.size()) * ratio).toSize(), QImage::Format_RGB32);
+        QPainter painter(&scaled_);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        const QPointF offset = QPointF(place.topLeft() - part.topLeft()) * ratio;
+        painter.drawImage(QRectF(offset, whole), image, QRectF(image.rect()));
     }
-    QPainter(this).drawPixmap(place, scaled_);
+    scaled_.setDevicePixelRatio(ratio);
+    scaledPart_ = part;
+    scaledPlace_ = place;
+}
+
+QImage PictureWidget::WithTones() const {
+    QImage toned(scaled_.size(), QImage::Format_RGB32);
+    toned.setDevicePixelRatio(scaled_.devicePixelRatio());
+    const ToneTable& tones = *tones_;
+    for (int y = 0; y < toned.height(); ++y) {
+        const auto* from = reinterpret_cast<const QRgb*>(scaled_.constScanLine(y));
+        auto* to = reinterpret_cast<QRgb*>(toned.scanLine(y));
+        for (int x = 0; x < toned.width(); ++x) {
+            const QRgb colour = from[x];
+            to[x] = qRgb(tones[(colour >> 16) & 0xFF], tones[(colour >> 8) & 0xFF], tones[colour & 0xFF]);
+        }
+    }
+    return toned;
 }
 
 void PictureWidget::PaintIcon() {

@@ -109,6 +109,21 @@ void ShapeWidget::PaintHandles(QPainter& painter) const {
     handle({box_.right(), middle.y()}, {HandleWidth, HandleLength});
     handle({middle.x(), box_.top()}, {HandleLength, HandleWidth});
     handle({middle.x(), box_.bottom()}, {HandleLength, HandleWidth});
+    PaintCorners(painter);
+}
+
+/// An angle along both edges.
+void ShapeWidget::PaintCorners(QPainter& painter) const {
+    const int length = std::min({HandleLength, box_.width() / 3, box_.height() / 3});
+    for (const bool right : {false, true})
+        for (const bool below : {false, true}) {
+            const int x = right ? box_.right() + 1 - length : box_.left();
+            const int y = below ? box_.bottom() + 1 - length : box_.top();
+            const QRect across(x, below ? box_.bottom() - 1 : box_.top() - 2, length, HandleWidth);
+            const QRect down(right ? box_.right() - 1 : box_.left() - 2, y, HandleWidth, length);
+            for (const QRect& bar : {across, down}) painter.fillRect(bar.adjusted(-1, -1, 1, 1), Dark);
+            for (const QRect& bar : {across, down}) painter.fillRect(bar, Bright);
+        }
 }
 
 }  // namespace lumarin::qt

@@ -26,6 +26,7 @@ private:
     void PaintSurroundings(QPainter& painter) const;
     void PaintGuides(QPainter& painter) const;
     void PaintHandles(QPainter& painter) const;
+    void PaintCorners(QPainter& painter) const;
 
     QRect box_;
 };
