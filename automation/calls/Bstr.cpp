@@ -2,19 +2,38 @@
 
 #include "base/Text.h"
 
+#include <algorithm>
 #include <new>
 
 namespace lumarin::automation {
 
 static_assert(sizeof(OLECHAR) == sizeof(char16_t));
 
+namespace {
+
+/// Most texts are plain, and then one unit is one byte: nothing is converted on the way.
+template <class Text>
+bool IsPlain(const Text& text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](auto unit) { return static_cast<unsigned>(unit) < 0x80; });
+}
+
+}  // namespace
+
 std::string FromBstr(BSTR text) {
-    return text::FromUtf16({reinterpret_cast<const char16_t*>(text), SysStringLen(text)});
+    const std::u16string_view units(reinterpret_cast<const char16_t*>(text), SysStringLen(text));
+    return IsPlain(units) ? std::string(units.begin(), units.end()) : text::FromUtf16(units);
 }
 
 Bstr::Bstr(std::string_view utf8) {
-    const std::u16string wide = text::ToUtf16(utf8);
-    text_ = SysAllocStringLen(reinterpret_cast<const OLECHAR*>(wide.data()), static_cast<UINT>(wide.size()));
+    if (IsPlain(utf8)) {
+        text_ = SysAllocStringLen(nullptr, static_cast<UINT>(utf8.size()));
+        if (text_ != nullptr) std::copy(utf8.begin(), utf8.end(), text_);
+    } else {
+        const std::u16string wide = text::ToUtf16(utf8);
+        text_ =
+            SysAllocStringLen(reinterpret_cast<const OLECHAR*>(wide.data()), static_cast<UINT>(wide.size()));
+    }
     if (text_ == nullptr) throw std::bad_alloc();
 }
 

@@ -2,7 +2,6 @@
 
 #include "automation/calls/Values.h"
 
-#include <atomic>
 #include <functional>
 #include <string>
 #include <vector>
@@ -26,7 +25,7 @@ private:
 
 /// An object of ours for others: its members are functions in a table, found by name whatever the case. What
 /// a function throws reaches the caller as a failure of the call. Created by `MakeObject`; lives as long as
-/// somebody refers to it.
+/// somebody refers to it. As everything of an apartment, it is used and referred to on one thread.
 class DispatchObject : public IDispatch {
 public:
     using Function = std::function<Variant(const Arguments&)>;
@@ -64,7 +63,7 @@ private:
 
     std::vector<Entry> members_;
     std::size_t default_ = 0;  ///< from 1; 0: there is none
-    std::atomic<ULONG> references_ = 0;
+    ULONG references_ = 0;
 };
 
 /// A new object, held by what is returned.

@@ -113,10 +113,4 @@ Variant Variant::Reference(Variant& value) {
     return reference;
 }
 
-VARIANT Variant::Release() {
-    VARIANT released = value_;
-    VariantInit(&value_);
-    return released;
-}
-
 }  // namespace lumarin::automation

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace lumarin::automation {
@@ -16,7 +17,7 @@ namespace lumarin::automation {
 /// the caller's and must outlive it.
 class Variant {
 public:
-    Variant() { VariantInit(&value_); }
+    Variant() = default;
     /// A copy of what `value` holds or refers to.
     explicit Variant(const VARIANT& value);
     explicit Variant(std::int32_t number);
@@ -33,12 +34,12 @@ public:
     /// An array of variants.
     explicit Variant(std::vector<Variant> elements);
     Variant(const Variant& other);
-    Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
+    Variant(Variant&& other) noexcept : value_(other.Release()) {}
     Variant& operator=(Variant other) noexcept {
         std::swap(value_, other.value_);
         return *this;
     }
-    ~Variant() { VariantClear(&value_); }
+    ~Variant() { Clear(); }
 
     static Variant Null();
     /// An argument that is left out.
@@ -53,10 +54,18 @@ public:
     /// For a call that fills it; it must be empty.
     VARIANT* Address() { return &value_; }
     /// What it holds now belongs to the caller.
-    VARIANT Release();
+    VARIANT Release() { return std::exchange(value_, VARIANT{}); }
 
 private:
-    VARIANT value_;
+    /// As the system does it, which takes longer to see what there is to do.
+    void Clear() {
+        if (value_.vt == VT_BSTR)
+            SysFreeString(value_.bstrVal);
+        else if (value_.vt > VT_DATE)  // nothing up to there owns anything
+            VariantClear(&value_);
+    }
+
+    VARIANT value_{};
 };
 
 }  // namespace lumarin::automation

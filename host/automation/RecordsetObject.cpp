@@ -11,10 +11,10 @@ using lumarin::automation::Variant;
 
 namespace {
 
-Variant ToVariant(const FieldValue& value) {
+Variant ToVariant(FieldValue value) {
     if (value.IsNull()) return Variant::Null();
     const std::int64_t* number = value.Number();
-    if (number == nullptr) return Variant(value.Text());
+    if (number == nullptr) return Variant(std::move(value).Text());
     const auto usual = static_cast<std::int32_t>(*number);
     return usual == *number ? Variant(usual) : Variant(*number);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <string>
+
 #include "base/FileCalls.h"
 #include "entry/SettingsFiles.h"
+#include "forms/Picture.h"
 #include "lookup/EngineVersion.h"
 #include "platform/qt/QtDesktop.h"
-#include "platform/vips/VipsImaging.h"
 
 namespace host {
 
@@ -12,8 +14,9 @@ namespace host {
 struct SystemPorts {
     const lumarin::EngineVersion& engine;
     const lumarin::SettingsFiles* settings;  ///< null: the component reads and writes them itself
-    lumarin::vips::VipsImaging::SystemDecoder decodeHeic;  ///< null: libvips decodes all it can
-    const lumarin::files::FileCalls* files;                ///< null: the standard library
+    /// Reads a HEIC picture, upright and in sRGB; null: libvips decodes all it can.
+    lumarin::PicturePtr (*decodeHeic)(const std::string& path);
+    const lumarin::files::FileCalls* files;  ///< null: the standard library
     lumarin::qt::QtDesktop::System desktop;
 };
 
