@@ -1,7 +1,6 @@
 #include "host/desktop/ProgramOptions.h"
 
 #include <charconv>
-#include <filesystem>
 #include <functional>
 #include <map>
 
@@ -109,9 +108,9 @@ command line that cannot be understood, and 3 when the data folder is in use.
 }
 
 std::string AbsolutePath(const std::string& path) {
-    namespace files = lumarin::files;
-    const auto whole = std::filesystem::absolute(files::ToPath(path)).lexically_normal();
-    return files::ToUtf8(whole.has_filename() ? whole : whole.parent_path());
+    std::string whole = lumarin::files::Absolute(path);
+    if (whole.size() > 1 && whole.ends_with(lumarin::files::Separator)) whole.pop_back();
+    return whole;
 }
 
 std::string UsualDataFolder() {

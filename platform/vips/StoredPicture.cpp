@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "platform/vips/JpegDecoder.h"
 
@@ -17,6 +18,8 @@ VOption* ReadOptions() {
 }
 
 Decoded Unreduced(const VImage& image) { return {image, 1.0, 1.0, nullptr}; }
+
+VSource SourceOf(const std::string& path) { return VSource::new_from_file(files::LibraryPath(path).c_str()); }
 
 /// Name of the reader for these bytes.
 std::string FindReader(const VSource& source) {
@@ -62,7 +65,7 @@ private:
         VOption* options = ReadOptions();
         return page_ == 0 ? options : options->set("page", page_);
     }
-    VSource Source() const { return VSource::new_from_file(path_.c_str()); }
+    VSource Source() const { return SourceOf(path_); }
 
     /// The options are made when the file is open: the library takes them over then, and nobody before.
     template <class MakeOptions>
@@ -152,7 +155,7 @@ std::unique_ptr<StoredPicture> OpenFile(const std::string& path, int page) {
 
 bool IsHeifFile(const std::string& path) {
     if (!files::FileExists(path)) return false;
-    return FindReader(VSource::new_from_file(path.c_str())) == HeifSource;
+    return FindReader(SourceOf(path)) == HeifSource;
 }
 
 std::unique_ptr<StoredPicture> OpenHeif(const std::string& path,

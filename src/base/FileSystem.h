@@ -14,6 +14,13 @@ std::filesystem::path ToPath(std::string_view utf8);
 
 std::string ToUtf8(const std::filesystem::path& path);
 
+/// The same for a library that takes paths in UTF-8.
+inline std::string LibraryPath(std::string_view utf8) { return ToUtf8(ToPath(utf8)); }
+
+/// The whole path, from the program's current folder where it is not one, without "." and "..". Never in the
+/// form for long paths.
+std::string Absolute(std::string_view utf8);
+
 /// Why a stream could not be opened, read or written. `errno` is 0 before the attempt.
 std::string LastReason();
 

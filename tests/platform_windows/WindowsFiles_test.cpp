@@ -79,6 +79,22 @@ TEST_F(WindowsFiles, EveryCall_LongPathsAndLettersOfAllKinds_WorksAsElsewhere) {
     EXPECT_FALSE(files::FileExists(folder.Path() + "\xE9"));  // not UTF-8
 }
 
+TEST_F(WindowsFiles, ToPath_LongOrNot_TakesTheFormThatTheSystemTakes) {
+    const std::string usual(60, 'd'), tooLong(230, 'd');
+    const std::tuple<std::string, std::string, std::string> cases[] = {
+        {"C:/a/../b/" + usual, "C:/a/../b/" + usual, "C:\\b\\" + usual},
+        {"C:/a/../b//" + tooLong, "\\\\?\\C:\\b\\" + tooLong, "C:\\b\\" + tooLong},
+        {"\\\\server\\share\\..\\x/" + usual, "\\\\server\\share\\..\\x/" + usual, "\\\\server\\x\\" + usual},
+        {"\\\\server\\share\\.\\" + tooLong, "\\\\?\\UNC\\server\\share\\" + tooLong,
+         "\\\\server\\share\\" + tooLong},
+        {"\\\\?\\C:\\" + tooLong, "\\\\?\\C:\\" + tooLong, "\\\\?\\C:\\" + tooLong},
+    };
+    for (const auto& [path, form, whole] : cases) {
+        EXPECT_EQ(files::LibraryPath(path), form);
+        EXPECT_EQ(files::Absolute(path), whole);
+    }
+}
+
 TEST_F(WindowsFiles, Change_ReadOnlyFile_IsReplacedAndDeletedAsElsewhere) {
     const std::string file = folder.Path() + "100123a.jpg", copy = folder.Path() + "copy";
     const auto mark = [&] {

@@ -30,7 +30,7 @@ std::string LoadingFailure(const std::string& path, DWORD code) {
 }
 
 Module LoadModule(const std::string& path) {
-    const std::filesystem::path file = std::filesystem::absolute(files::ToPath(path)).make_preferred();
+    const std::filesystem::path file = files::ToPath(files::Absolute(path));
     Module module(LoadLibraryExW(file.c_str(), nullptr,
                                  LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS));
     if (!module) throw std::runtime_error(LoadingFailure(path, GetLastError()));
