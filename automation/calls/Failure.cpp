@@ -3,9 +3,7 @@
 #include <windows.h>
 #include <wrl/client.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <iterator>
 
 namespace lumarin::automation {
 
@@ -68,13 +66,6 @@ HRESULT Report(const Failure& failure, EXCEPINFO* exception) noexcept try {
     return DISP_E_EXCEPTION;
 } catch (...) {
     return failure.status;
-}
-
-bool IsArgumentCount(const Error& error) {
-    constexpr HRESULT OfScripts = static_cast<HRESULT>(0x800A01C2);
-    constexpr HRESULT Signs[] = {DISP_E_BADPARAMCOUNT, DISP_E_PARAMNOTFOUND, DISP_E_PARAMNOTOPTIONAL,
-                                 OfScripts};
-    return std::find(std::begin(Signs), std::end(Signs), error.Number()) != std::end(Signs);
 }
 
 Error ErrorOf(HRESULT status, EXCEPINFO& exception, const std::string& what) {

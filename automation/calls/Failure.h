@@ -29,7 +29,4 @@ HRESULT Report(const Failure& failure, EXCEPINFO* exception) noexcept;
 /// none. `exception` is emptied.
 Error ErrorOf(HRESULT status, EXCEPINFO& exception, const std::string& what);
 
-/// Whether a call failed for nothing but the number of its arguments.
-bool IsArgumentCount(const Error& error);
-
 }  // namespace lumarin::automation

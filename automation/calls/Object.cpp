@@ -5,6 +5,7 @@
 #include <dispex.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace lumarin::automation {
 
@@ -27,6 +28,8 @@ struct Object::Known {
     std::string Named(const wchar_t* member) const { return name + "." + Narrow(member); }
     DISPID Find(const wchar_t* member);
     DISPID LookUp(const wchar_t* member) const;
+    bool IsOfScript() const;
+    bool RefusesCount(HRESULT status, const Error& error) const;
 
     const Microsoft::WRL::ComPtr<IDispatch> object;
     const std::string name;
@@ -50,6 +53,20 @@ DISPID Object::Known::LookUp(const wchar_t* member) const {
     return id;
 }
 
+/// Scripts report it as an error of their own, or, under Wine, as a plain failure without one.
+bool Object::Known::RefusesCount(HRESULT status, const Error& error) const {
+    constexpr HRESULT OfScripts = static_cast<HRESULT>(0x800A01C2);
+    constexpr HRESULT Signs[] = {DISP_E_BADPARAMCOUNT, DISP_E_PARAMNOTFOUND, DISP_E_PARAMNOTOPTIONAL,
+                                 OfScripts};
+    if (std::find(std::begin(Signs), std::end(Signs), error.Number()) != std::end(Signs)) return true;
+    return status == E_FAIL && IsOfScript();
+}
+
+bool Object::Known::IsOfScript() const {
+    Microsoft::WRL::ComPtr<IDispatchEx> extended;
+    return SUCCEEDED(object.As(&extended));
+}
+
 DISPID Object::Known::Find(const wchar_t* member) {
     auto found = std::find_if(members.begin(), members.end(),
                               [member](const auto& entry) { return entry.first == member; });
@@ -65,6 +82,8 @@ Object::Object(Microsoft::WRL::ComPtr<IDispatch> object, std::string name)
 }
 
 IDispatch* Object::Pointer() const { return known_->object.Get(); }
+
+bool Object::IsOfScript() const { return known_->IsOfScript(); }
 
 bool Object::Is(IDispatch* other) const {
     Microsoft::WRL::ComPtr<IUnknown> mine, theirs;
@@ -91,7 +110,12 @@ Variant Object::Invoke(const std::shared_ptr<Known>& known, DISPID id, WORD kind
     const HRESULT status = held->object->Invoke(id, IID_NULL, AnyLanguage, kind, &parameters,
                                                 hasResult ? result.Address() : nullptr, &exception, &wrong);
     if (status == DISP_E_MEMBERNOTFOUND) throw MissingMember(held->name, Narrow(member));
-    if (FAILED(status)) throw ErrorOf(status, exception, held->Named(member));
+    if (FAILED(status)) {
+        const Error error = ErrorOf(status, exception, held->Named(member));
+        if (held->RefusesCount(status, error))
+            throw WrongArgumentCount(error.Number(), error.Source(), error.Description());
+        throw error;
+    }
     return result;
 }
 

@@ -16,6 +16,12 @@ public:
         : Error(DISP_E_UNKNOWNNAME, object, "The host's " + object + " has no member \"" + member + "\"") {}
 };
 
+/// A member takes another number of arguments than it was called with; nothing of it has run.
+class WrongArgumentCount : public Error {
+public:
+    using Error::Error;
+};
+
 /// Somebody else's object, whose members are called by name. A name is looked up once. What the object
 /// reports is thrown as Error with its status, source and description; MissingMember when it does not know
 /// the name.
@@ -37,6 +43,8 @@ public:
     Object AsObject(const wchar_t* member, Arguments arguments = {}) const;
 
     IDispatch* Pointer() const;
+    /// Whether it is an object of a script, which sees what it changes by reference as variants alone.
+    bool IsOfScript() const;
     /// Whether it is the same object, whichever way it was come by.
     bool Is(IDispatch* other) const;
 

@@ -102,14 +102,17 @@ Variant Variant::Reference(Bstr& text) {
 }
 
 Variant Variant::Reference(Variant& value) {
+    if (value.value_.vt != VT_BSTR && (value.value_.vt & VT_ARRAY) == 0) return ReferenceToWhole(value);
     Variant reference;
-    if (value.value_.vt == VT_BSTR || (value.value_.vt & VT_ARRAY) != 0) {
-        reference.value_.vt = static_cast<VARTYPE>(VT_BYREF | value.value_.vt);
-        reference.value_.byref = &value.value_.byref;
-    } else {
-        reference.value_.vt = VT_BYREF | VT_VARIANT;
-        reference.value_.pvarVal = &value.value_;
-    }
+    reference.value_.vt = static_cast<VARTYPE>(VT_BYREF | value.value_.vt);
+    reference.value_.byref = &value.value_.byref;
+    return reference;
+}
+
+Variant Variant::ReferenceToWhole(Variant& value) {
+    Variant reference;
+    reference.value_.vt = VT_BYREF | VT_VARIANT;
+    reference.value_.pvarVal = &value.value_;
     return reference;
 }
 

@@ -49,6 +49,9 @@ public:
     /// A reference to what another holds: to the text or the array within, if it is one.
     static Variant Reference(Variant& value);
 
+    /// A reference to a variant as such, in which a script can put something else.
+    static Variant ReferenceToWhole(Variant& value);
+
     VARTYPE Type() const { return value_.vt; }
     const VARIANT& Get() const { return value_; }
     /// For a call that fills it; it must be empty.

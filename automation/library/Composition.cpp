@@ -32,15 +32,9 @@ struct Composition::Adapters {
 };
 
 Composition::Composition(std::unique_ptr<Adapters> adapters)
-    : adapters_(std::move(adapters)),
-      ports_{adapters_->desktop,
-             adapters_->imaging,
-             adapters_->archiver,
-             adapters_->clock,
-             adapters_->engine,
-             adapters_->pdf,
-             &adapters_->scanner,
-             &adapters_->settings} {
+    : adapters_(std::move(adapters)), ports_{adapters_->desktop,  adapters_->imaging,  adapters_->archiver,
+                                             adapters_->clock,    adapters_->engine,   adapters_->pdf,
+                                             &adapters_->scanner, &adapters_->settings} {
     files::Use(&adapters_->files);
     adapters_->desktop.UseHostWindow([this] { return HostWindowNow(); });
 }

@@ -111,7 +111,8 @@ HRESULT Unregister(Scope scope) {
         if (!expected && SUCCEEDED(result)) result = HRESULT_FROM_WIN32(static_cast<DWORD>(removed));
     }
     // A user who had no classes before has none afterwards.
-    for (const wchar_t* shared : {L"CLSID", L"TypeLib", L"Interface"}) RegDeleteKeyW(Root(scope), Whole(shared).c_str());
+    for (const wchar_t* shared : {L"CLSID", L"TypeLib", L"Interface"})
+        RegDeleteKeyW(Root(scope), Whole(shared).c_str());
     return result;
 }
 

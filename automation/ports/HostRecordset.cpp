@@ -1,6 +1,5 @@
 #include "automation/ports/HostRecordset.h"
 
-#include "automation/calls/Failure.h"
 #include "automation/ports/FieldValues.h"
 
 #include <algorithm>
@@ -18,8 +17,7 @@ Variant HostRecordset::Fetch(std::string_view column) const {
     if (!collection_) {
         try {
             return rows_.Get(L"Fields", {Variant(column)});
-        } catch (const Error& error) {
-            if (!IsArgumentCount(error)) throw;
+        } catch (const WrongArgumentCount&) {
             collection_ = rows_.AsObject(L"Fields");
         }
     }

@@ -1,6 +1,5 @@
 #include "automation/ports/HostServices.h"
 
-#include "automation/calls/Failure.h"
 #include "automation/ports/HostRecordset.h"
 
 namespace lumarin::automation {
@@ -34,9 +33,8 @@ public:
         Variant bytes(chunk);
         try {
             service_.Call(L"UploadPhotoFile", {Variant::Reference(bytes)});
-        } catch (const Error& error) {
+        } catch (const WrongArgumentCount&) {
             // A script, whose arguments cannot be optional, has one for the mode in any case.
-            if (!IsArgumentCount(error)) throw;
             service_.Call(L"UploadPhotoFile", {Variant::Reference(bytes), Variant::Missing()});
         }
     }
@@ -58,11 +56,13 @@ public:
     explicit Documents(Object service) : service_(std::move(service)) {}
 
     bool Update(std::string& Command, std::string& ErrorText) override {
-        Bstr command(Command), reason(ErrorText);
-        const Variant refused =
-            service_.Get(L"Update", {Variant::Reference(command), Variant::Reference(reason)});
-        Command = command.Text();
-        ErrorText = reason.Text();
+        Variant command(Command), reason(ErrorText);
+        const auto reference = service_.IsOfScript()
+                                   ? &Variant::ReferenceToWhole
+                                   : static_cast<Variant (*)(Variant&)>(&Variant::Reference);
+        const Variant refused = service_.Get(L"Update", {reference(command), reference(reason)});
+        Command = TextOf(command.Get());
+        ErrorText = TextOf(reason.Get());
         return TruthOf(refused.Get());
     }
 

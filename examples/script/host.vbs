@@ -78,23 +78,39 @@ Class Database
 End Class
 
 Class PhotoServer
-    Private bytes
-    ' With a name and a mode, or with a chunk alone: the mode is missing then.
+    Private chunks
+    ' With a name and a mode (1 begins, 2 ends, 3 drops), or with a chunk and a mode that is missing.
     Public Sub UploadPhotoFile(nameOrChunk, mode)
-        WScript.Echo TypeName(nameOrChunk) & " " & TypeName(mode)
+        If IsArray(nameOrChunk) Then
+            chunks = chunks + 1
+        ElseIf mode = 1 Then
+            chunks = 0
+        ElseIf mode = 2 Then
+            WScript.Echo "uploaded, chunks: " & chunks
+        End If
     End Sub
     Public Function BatchUpdate(connection, package, kind)
         BatchUpdate = 0
     End Function
 End Class
 
+Class DocumentServer
+    Public Function Update(command, errorText)
+        errorText = "This server keeps no documents."
+        Update = True                   ' refused
+    End Function
+End Class
+
 Class Broker
     Public Function GetClassInstance(name)
-        If name = "DbInterface" Then
-            Set GetClassInstance = New Database
-        Else
-            Set GetClassInstance = New PhotoServer
-        End If
+        Select Case name
+            Case "DbInterface"
+                Set GetClassInstance = New Database
+            Case "PhotoInterface"
+                Set GetClassInstance = New PhotoServer
+            Case "DocInterface"
+                Set GetClassInstance = New DocumentServer
+        End Select
     End Function
 End Class
 
