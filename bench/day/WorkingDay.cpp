@@ -1,14 +1,12 @@
 #include "bench/day/WorkingDay.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 
 #include "base/Files.h"
+#include "bench/day/ProgramSession.h"
 #include "host/database/Schema.h"
 #include "host/demo/LargePhoto.h"
 #include "host/drive/Steps.h"
@@ -19,53 +17,9 @@ namespace {
 
 namespace steps = host::steps;
 
-constexpr int Forever = -1;
 constexpr int FirstListing = 600001;
 constexpr int SentTogether = 10;
 constexpr unsigned Pictures = 8;
-
-[[noreturn]] void Fail(const QString& reason) { throw std::runtime_error(reason.toStdString()); }
-
-/// The program, driven command by command.
-class ProgramSession {
-public:
-    ProgramSession(const QString& program, const QStringList& arguments) {
-        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process_.start(program, arguments + QStringList{"--drive", "-"});
-        if (!process_.waitForStarted()) Fail("cannot start " + program);
-    }
-
-    QByteArray Ask(const QString& command) {
-        process_.write(command.toUtf8() + '\n');
-        while (!process_.canReadLine())
-            if (!process_.waitForReadyRead(Forever)) Fail("no answer to " + command);
-        QByteArray answer = process_.readLine();
-        if (answer.startsWith("{\"error\"")) Fail(command + ": " + answer + Ask("message"));
-        return answer;
-    }
-
-    /// Does the commands and counts their time together as one step of this kind.
-    void Step(const std::string& kind, const QStringList& commands) {
-        const auto start = std::chrono::steady_clock::now();
-        for (const QString& command : commands) Ask(command);
-        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-        times[kind].push_back(taken.count());
-    }
-
-    Holdings Held() const { return HeldBy(process_.processId()); }
-
-    void End() {
-        Ask("quit");
-        process_.waitForFinished(Forever);
-        if (process_.exitStatus() != QProcess::NormalExit || process_.exitCode() != 0)
-            Fail("the program ended badly");
-    }
-
-    std::map<std::string, std::vector<double>> times;
-
-private:
-    QProcess process_;
-};
 
 void PrepareListings(const std::string& folder, int count) {
     lumarin::files::EnsureFolder(folder);

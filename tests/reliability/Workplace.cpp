@@ -42,13 +42,6 @@ std::optional<Answer> AnswerTo(const Message& message) {
     return std::nullopt;
 }
 
-/// Tells the bytes of one file from those of any other.
-std::string Identity(const std::string& path) {
-    if (!files::FileExists(path)) return "missing";
-    const std::string bytes = files::ReadAll(path);
-    return std::to_string(bytes.size()) + "/" + std::to_string(std::hash<std::string>()(bytes));
-}
-
 /// A built document may have come about in several batches: what counts are its pages.
 int Pages(const std::string& path) {
     if (!files::FileExists(path)) return 0;
@@ -57,6 +50,12 @@ int Pages(const std::string& path) {
 }
 
 }  // namespace
+
+std::string Workplace::Identity(const std::string& path) {
+    if (!files::FileExists(path)) return "missing";
+    const std::string bytes = files::ReadAll(path);
+    return std::to_string(bytes.size()) + "/" + std::to_string(std::hash<std::string>()(bytes));
+}
 
 std::string Workplace::Picture(int number) {
     static std::map<int, std::string> drawn;
@@ -192,14 +191,14 @@ Photos Workplace::Work() {
     return work;
 }
 
-Photos Workplace::Published() {
-    host::Database database(host::DatabasePath(folder), host::DatabaseUse::Queries);
+Photos Workplace::PublishedIn(const std::string& dataFolder) {
+    host::Database database(host::DatabasePath(dataFolder), host::DatabaseUse::Queries);
     host::Statement rows(database,
                          "SELECT ListNum, ifnull(Description, ServerPhotos.Code), FileName, Bytes FROM "
                          "ServerPhotos LEFT JOIN PhotoDescriptions USING (Code) ORDER BY ListNum, Position");
     Photos published;
     while (rows.Step()) {
-        const std::string path = host::Server::PhotoFolder(folder) + rows.Text(0) + "/" + rows.Text(2);
+        const std::string path = host::Server::PhotoFolder(dataFolder) + rows.Text(0) + "/" + rows.Text(2);
         EXPECT_EQ(files::FileLength(path), static_cast<std::uint64_t>(rows.Integer(3)));
         published[rows.Text(0)].push_back(rows.Text(1) + ":" + Identity(path));
     }

@@ -76,7 +76,10 @@ public:
     /// What the window shows, the photos as they are on disk.
     Photos Work();
     /// What the server holds; fails the test for files that belong to nothing.
-    Photos Published();
+    Photos Published() { return PublishedIn(folder); }
+    static Photos PublishedIn(const std::string& dataFolder);
+    /// Tells the bytes of one file from those of any other.
+    static std::string Identity(const std::string& path);
     /// Identity of a photo in the host's photo folder.
     std::string LocalCopy(const std::string& listing, int photo) const;
     /// The document manager with the first listing, again when it was open before.
