@@ -113,6 +113,7 @@ void DropFiles(QWidget& widget, const QStringList& paths) {
     QApplication::sendEvent(target, &move);
     QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(target, &drop);
+    QApplication::processEvents();  // the control hears of a drop when the event has ended
 }
 
 }  // namespace host::hands

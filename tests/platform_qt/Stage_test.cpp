@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QMimeData>
 
+#include "base/Files.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/widgets/PictureWidget.h"
 #include "platform/qt/widgets/ShapeWidget.h"
@@ -155,7 +156,8 @@ TEST_F(StageTest, Drop_FilesAndOtherThings_AreToldApart) {
     EXPECT_EQ(others, 1);
     Drop(Widget("picPhoto"), {file, page, file});
     QCoreApplication::processEvents();
-    EXPECT_EQ(dropped, (std::vector<std::string>{"/photos/a b.jpg", "/photos/a b.jpg"}));
+    const std::string path = files::FixedPath("\\photos\\a b.jpg");
+    EXPECT_EQ(dropped, (std::vector<std::string>{path, path}));
 }
 
 TEST(Conversions, Picture_ThereAndBack_KeepsPixelsWithoutPadding) {
