@@ -18,4 +18,20 @@ void HostWindow::Prog(int first, int second) {
     form_.Call(L"Prog", {Variant(std::int32_t{first}), Variant(std::int32_t{second})});
 }
 
+std::int32_t HostWindow::SelectedListing() const {
+    try {
+        return IntegerOf(form_.Get(L"SelectedListing").Get());
+    } catch (const MissingMember&) {
+        return 0;
+    }
+}
+
+std::int32_t HostWindow::TakeListing() {
+    try {
+        return IntegerOf(form_.Get(L"TakeListing").Get());
+    } catch (const MissingMember&) {
+        return 0;
+    }
+}
+
 }  // namespace lumarin::automation

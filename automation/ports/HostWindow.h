@@ -16,6 +16,9 @@ public:
     std::uintptr_t SystemWindow() const;
     int Switch() const override;
     void Prog(int first, int second) override;
+    // A host without these members has no such list.
+    std::int32_t SelectedListing() const override;
+    std::int32_t TakeListing() override;
 
 private:
     Object form_;

@@ -13,6 +13,10 @@ MainFormObject::MainFormObject(lumarin::HostMainForm& window, WindowHandle handl
         window.Prog(IntegerOf(arguments[0]), IntegerOf(arguments[1]));
         return Variant();
     });
+    Member(L"SelectedListing",
+           [&window](const Arguments&) { return Variant(std::int32_t{window.SelectedListing()}); });
+    Member(L"TakeListing",
+           [&window](const Arguments&) { return Variant(std::int32_t{window.TakeListing()}); });
     // 32 bits are enough for a window's number whatever the word size.
     Member(L"hWnd", [handle = std::move(handle)](const Arguments&) {
         return Variant(static_cast<std::int32_t>(handle()));

@@ -1,6 +1,7 @@
 #include "host/desktop/MainWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QStatusBar>
 #include <QToolBar>
@@ -27,6 +28,7 @@ MainWindow::MainWindow(const HostOptions& user)
     resize(UsualSize);
     AddTools();
     page_ = new StartPage(user_);
+    page_->opened = [this](std::int32_t listing) { OpenInPhotos(listing); };
     setCentralWidget(page_);
     statusBar()->setObjectName("StatusBar");
     Refresh();
@@ -53,6 +55,16 @@ QAction* MainWindow::AddTool(JobKind kind, const char* name, const char* caption
     tool->setShortcut(QKeySequence(shortcut));
     QObject::connect(tool, &QAction::triggered, this, [this, kind, tool] { startJob(kind, *tool); });
     return tool;
+}
+
+std::int32_t MainWindow::SelectedListing() const { return page_->SelectedListing(); }
+
+/// The photo window asks for the listing when it is activated.
+void MainWindow::OpenInPhotos(std::int32_t listing) {
+    wanted_ = listing;
+    if (photos_->isEnabled()) return photos_->trigger();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == "frmLumarin" && window->isVisible()) window->activateWindow();
 }
 
 void* MainWindow::NativeWindow() const { return const_cast<QWidget*>(static_cast<const QWidget*>(this)); }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "entry/VelCommon.h"
 #include "host/services/HostVelCommon.h"
@@ -32,6 +33,8 @@ public:
     int Switch() const override { return static_cast<int>(switch_); }
     void SetSwitch(JobKind kind) { switch_ = kind; }
     void Prog(int first, int second) override;
+    std::int32_t SelectedListing() const override;
+    std::int32_t TakeListing() override { return std::exchange(wanted_, 0); }
 
     QAction& JobTool(JobKind kind) { return kind == JobKind::Photos ? *photos_ : *documents_; }
     /// Reads the start page's figures again; a failure is shown in the status bar.
@@ -41,6 +44,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void OpenInPhotos(std::int32_t listing);
     void AddTools();
     QAction* AddTool(JobKind kind, const char* name, const char* caption, const char* icon,
                      const char* shortcut);
@@ -51,6 +55,7 @@ private:
     QAction* photos_ = nullptr;
     QAction* documents_ = nullptr;
     JobKind switch_ = JobKind::Photos;
+    std::int32_t wanted_ = 0;  ///< listing that the photo window is to open
 };
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QHeaderView>
 #include <QLabel>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -13,6 +14,7 @@ namespace host {
 namespace {
 
 const QStringList Columns = {"List #", "Kind", "Address", "Agent", "Status", "Photos"};
+constexpr int NumberColumn = 0;
 constexpr int AddressColumn = 2;
 
 QLabel* MakeLabel(const char* name, qreal sizeFactor, bool bold) {
@@ -48,6 +50,15 @@ StartPage::StartPage(HostOptions user) : user_(std::move(user)) {
     listings_ = MakeTable();
     layout->addWidget(lblListings_);
     layout->addWidget(listings_, 1);
+    const auto open = [this] {
+        if (SelectedListing() > 0) opened(SelectedListing());
+    };
+    connect(listings_, &QTableWidget::doubleClicked, this, open);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* pressed = new QShortcut(key, listings_);
+        pressed->setContext(Qt::WidgetShortcut);
+        connect(pressed, &QShortcut::activated, this, open);
+    }
 }
 
 QWidget* StartPage::MakeHeader() {
@@ -84,6 +95,11 @@ QTableWidget* StartPage::MakeTable() {
     table->horizontalHeader()->setMinimumSectionSize(table->fontMetrics().horizontalAdvance("00000000000"));
     SizeColumns(*table->horizontalHeader(), QHeaderView::ResizeToContents);
     return table;
+}
+
+std::int32_t StartPage::SelectedListing() const {
+    const auto selected = listings_->selectionModel()->selectedRows(NumberColumn);
+    return selected.isEmpty() ? 0 : selected.front().data().toInt();
 }
 
 void StartPage::ShowOverview(const Overview& overview) {

@@ -2,6 +2,9 @@
 
 #include <QWidget>
 
+#include <cstdint>
+#include <functional>
+
 #include "host/desktop/Overview.h"
 
 class QLabel;
@@ -16,6 +19,11 @@ public:
     explicit StartPage(HostOptions user);
 
     void ShowOverview(const Overview& overview);
+    /// 0 for none.
+    std::int32_t SelectedListing() const;
+
+    /// A listing was double-clicked, or Enter was pressed on it. Set before the window is shown.
+    std::function<void(std::int32_t)> opened;
 
 private:
     QWidget* MakeHeader();

@@ -19,8 +19,17 @@
 
 namespace lumarin::qt {
 
-FormWindow::FormWindow(Form& form, WindowSizes sizes)
-    : form_(&form), sizes_(sizes), window_(BuildWindow(form.Name())) {
+namespace {
+
+const QString SizePart = QStringLiteral("size");
+const QString MaximisedPart = QStringLiteral("maximised");
+const std::vector<int> Yes{1};
+const std::vector<int> No{0};
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, WindowSizes sizes, const WindowMemory* memory)
+    : form_(&form), sizes_(sizes), layout_(form.Name(), memory), window_(BuildWindow(form.Name())) {
     if (const auto mismatches = Mismatches(form, *window_); !mismatches.empty()) {
         std::string all = "The window " + form.Name() + " does not fit its design:";
         for (const std::string& mismatch : mismatches) all += "\n" + mismatch;
@@ -42,6 +51,7 @@ void FormWindow::Bind() {
                            ? window_->findChild<QWidget*>(ToQt(control->ObjectName()))
                            : window_.get();
         adapters_.push_back(MakeAdapter(*control, *widget));
+        adapters_.back()->UseLayout(layout_);
         adapters_.back()->Attach();
     }
     form_->Attach(this);
@@ -53,16 +63,34 @@ void FormWindow::Bind() {
 
 /// The code may place controls before the window is ever seen, so the layouts must have worked by then.
 void FormWindow::LayOut() {
-    const bool designedSize = window_->testAttribute(Qt::WA_Resized);
-    QSize size =
-        (designedSize ? window_->size() : window_->sizeHint()).expandedTo(window_->minimumSizeHint());
+    QSize size = OpeningSize().expandedTo(window_->minimumSizeHint());
     if (sizes_ == WindowSizes::WithinScreen)
         size = size.boundedTo(window_->screen()->availableSize().shrunkBy(assumedFrame_));
     window_->resize(size);
+    opened_ = window_->size();
+    layout_.FollowSplitters(*window_);
+    if (layout_.Of(MaximisedPart) == Yes) window_->setWindowState(Qt::WindowMaximized);
     window_->grab(QRect(0, 0, 1, 1));  // makes the layouts of a hidden window work, as nothing else does
     laidOut_ = true;
     ReportPlaces();
     TellPlace();
+}
+
+QSize FormWindow::OpeningSize() const {
+    const std::vector<int>& kept = layout_.Of(SizePart);
+    if (kept.size() == 2) return {kept[0], kept[1]};
+    return window_->testAttribute(Qt::WA_Resized) ? window_->size() : window_->sizeHint();
+}
+
+void FormWindow::KeepLayout() {
+    const bool isMaximised = window_->isMaximized();
+    const QSize size = isMaximised ? window_->normalGeometry().size() : window_->size();
+    if (!opened_.isEmpty() && wasShown_) {
+        if (size != opened_ && !size.isEmpty()) layout_.Set(SizePart, {size.width(), size.height()});
+        if (isMaximised || !layout_.Of(MaximisedPart).empty())
+            layout_.Set(MaximisedPart, isMaximised ? Yes : No);
+    }
+    layout_.Keep();
 }
 
 void FormWindow::ReportPlaces() {
@@ -101,12 +129,15 @@ bool FormWindow::RunModal(const Owner& owner) {
 }
 
 void FormWindow::Hide() {
+    if (form_ != nullptr) KeepLayout();
     window_->hide();
     if (loop_ != nullptr) loop_->quit();
 }
 
 void FormWindow::Detach() {
     if (form_ == nullptr) return;
+    // A form that is destroyed without having been unloaded may have outlived its host.
+    if (!form_->IsLoaded()) KeepLayout();
     for (const auto& adapter : adapters_) adapter->Detach();
     form_->Attach(nullptr);
     form_ = nullptr;
@@ -146,6 +177,7 @@ void FormWindow::CountFrame() {
     const QRect room = window_->screen()->availableGeometry();
     if (sizes_ == WindowSizes::WithinScreen)
         window_->resize(window_->size().boundedTo(room.size().shrunkBy(frame)));
+    if (!opened_.isEmpty()) opened_ = opened_.boundedTo(window_->size());
     const QRect outer(Outer().topLeft(), window_->size().grownBy(frame));
     const QRect assumed(outer.topLeft(), outer.size().shrunkBy(more));
     const auto pushed = [](int edge, int before, int now) { return before > edge ? 0 : qMax(0, now - edge); };
@@ -189,7 +221,9 @@ void FormWindow::PlaceChanged() {
 
 void FormWindow::InnerSizeChanged() {
     const QSize size = ToPixels(Rect{0, 0, form_->InnerSize().width, form_->InnerSize().height}).size();
-    if (laidOut_ && !size.isEmpty() && size != window_->size()) window_->resize(size);
+    if (!laidOut_ || size.isEmpty() || size == window_->size()) return;
+    window_->resize(size);
+    opened_ = {};
 }
 
 void FormWindow::TellPlace() {

@@ -10,6 +10,7 @@
 #include "forms/Form.h"
 #include "platform/qt/Owner.h"
 #include "platform/qt/QtDesktop.h"
+#include "platform/qt/UserLayout.h"
 #include "platform/qt/adapters/ControlAdapter.h"
 
 class QEventLoop;
@@ -22,7 +23,8 @@ namespace lumarin::qt {
 class FormWindow final : public QObject, public FormView {
 public:
     /// Builds and binds the window. Throws one Error that names everything that cannot be bound.
-    FormWindow(Form& form, WindowSizes sizes);
+    /// The memory may be null.
+    FormWindow(Form& form, WindowSizes sizes, const WindowMemory* memory);
     ~FormWindow() override;
 
     QWidget& Window() const { return *window_; }
@@ -46,6 +48,8 @@ public:
 private:
     void Bind();
     void LayOut();
+    QSize OpeningSize() const;
+    void KeepLayout();
     void ReportPlaces();
     void ShowEnabled();
     void ReportInnerSize();
@@ -58,11 +62,13 @@ private:
 
     Form* form_;
     const WindowSizes sizes_;
+    UserLayout layout_;  ///< outlives the window
     std::unique_ptr<QWidget> window_;
     std::vector<std::unique_ptr<ControlAdapter>> adapters_;
     QPointer<QWidget> focusBefore_;  ///< had the keyboard when the window was disabled
     QEventLoop* loop_ = nullptr;     ///< runs while the window is modal
     QMargins assumedFrame_ = LikelyFrame();
+    QSize opened_;  ///< the size that nobody but the user changes; none where the code does
     bool laidOut_ = false;
     bool wasShown_ = false;
     bool placedByCode_ = false;

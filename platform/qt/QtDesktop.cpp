@@ -112,7 +112,8 @@ FormWindow& QtDesktop::WindowOf(const Form& form) const {
 }
 
 void QtDesktop::Load(Form& form) {
-    if (!windows_.contains(&form)) windows_.emplace(&form, std::make_unique<FormWindow>(form, sizes_));
+    if (!windows_.contains(&form))
+        windows_.emplace(&form, std::make_unique<FormWindow>(form, sizes_, Memory()));
 }
 
 void QtDesktop::Show(Form& form, const OwnerWindow* owner) {

@@ -1,3 +1,5 @@
+#include "platform/qt/Theme.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
@@ -13,6 +15,7 @@
 
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/WindowLoader.h"
+#include "platform/qt/widgets/Roles.h"
 
 // Outside of any namespace, as the toolkit wants it.
 static void UseResources() { Q_INIT_RESOURCE(lumarin_icons); }
@@ -26,13 +29,13 @@ constexpr int FocusLine = 2;         // pixels
 constexpr int FocusCorner = 2;
 
 struct Colours {
-    QColor window, base, alternate, text, faint, button, line, dark, highlight, resting, link;
+    QColor window, base, alternate, text, hint, faint, button, line, dark, highlight, resting, link;
 };
 
-const Colours Light{"#f3f4f6", "#ffffff", "#f6f8fb", "#1f2328", "#8b929c", "#fbfbfc",
-                    "#c4c9d1", "#dcdfe4", "#2f6fde", "#d3d8e0", "#2461c8"};
-const Colours Dark{"#25282c", "#1b1d20", "#212429", "#e6e8eb", "#7d848d", "#33373c",
-                   "#4a5058", "#17191b", "#3f7fe8", "#42484f", "#79aaf7"};
+const Colours Light{"#f3f4f6", "#ffffff", "#f6f8fb", "#1f2328", "#69707a", "#8b929c",
+                    "#fbfbfc", "#c4c9d1", "#dcdfe4", "#2f6fde", "#d3d8e0", "#2461c8"};
+const Colours Dark{"#25282c", "#1b1d20", "#212429", "#e6e8eb", "#949ba4", "#7d848d",
+                   "#33373c", "#4a5058", "#17191b", "#2f6fde", "#42484f", "#79aaf7"};
 
 QPalette PaletteOf(const Colours& colours) {
     QPalette palette;
@@ -45,7 +48,7 @@ QPalette PaletteOf(const Colours& colours) {
         palette.setColor(role, colours.text);
         palette.setColor(QPalette::Disabled, role, colours.faint);
     }
-    palette.setColor(QPalette::PlaceholderText, colours.faint);
+    palette.setColor(QPalette::PlaceholderText, colours.hint);
     palette.setColor(QPalette::ToolTipBase, colours.base);
     palette.setColor(QPalette::BrightText, Qt::white);
     palette.setColor(QPalette::Light, colours.button.lighter(110));
@@ -125,7 +128,7 @@ private:
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(option.palette.color(QPalette::Active, QPalette::Highlight), FocusLine));
+        painter.setPen(QPen(option.palette.color(QPalette::Active, FocusColour), FocusLine));
         painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), FocusCorner, FocusCorner);
         painter.restore();
     }
@@ -143,15 +146,17 @@ bool WantsDark() {
 
 }  // namespace
 
+QPalette PaletteOf(Theme theme) { return PaletteOf(theme == Theme::Dark ? Dark : Light); }
+
 void SetUpWindows() {
     UseResources();
+    NameRoles();
     AddWindowDesigns();
 }
 
 void SetUpApplication(QApplication& application) {
     SetUpWindows();
-    const bool dark = WantsDark();
-    QApplication::setStyle(new ColouredStyle(PaletteOf(dark ? Dark : Light)));
+    QApplication::setStyle(new ColouredStyle(PaletteOf(WantsDark() ? Theme::Dark : Theme::Light)));
     QFont font = QApplication::font();
     if (font.pointSizeF() > 0 && font.pointSizeF() < SmallestFont) font.setPointSizeF(SmallestFont);
     application.setFont(font);

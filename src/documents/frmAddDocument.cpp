@@ -130,7 +130,8 @@ void frmAddDocument::CloseByItself() {
 
 void frmAddDocument::SelectListing() {
     RunCommand("miSelectListing", [this] {
-        std::string typed;
+        const std::int32_t selected = ports_.host.Common().MainForm().SelectedListing();
+        std::string typed = selected > 0 ? std::to_string(selected) : std::string();
         while (AskForListing(typed)) {
         }
     });

@@ -18,6 +18,12 @@ public:
     virtual int Switch() const = 0;
     /// Called with (0, 9) after photos were sent, when the host asks for it (`ReportsPhotoUpdates`).
     virtual void Prog(int first, int second) = 0;
+    /// Number of the listing that is selected in the host's own list; 0 for none. A question for a listing
+    /// offers it.
+    virtual std::int32_t SelectedListing() const { return 0; }
+    /// Number of a listing that the user wants to see in the photo window; 0 for none. Asked whenever that
+    /// window is activated, for the first time too. The host gives each wish once.
+    virtual std::int32_t TakeListing() { return 0; }
 };
 
 /// The toolbar tool of the host that launched a job.

@@ -14,6 +14,7 @@
 namespace lumarin {
 
 class ToolBar;
+class WindowMemory;
 
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
 enum class Icon { None, Critical, Question, Exclamation, Information };
@@ -113,8 +114,15 @@ public:
     void SetHelpFile(std::string path) { helpFile_ = std::move(path); }
     const std::string& HelpFile() const { return helpFile_; }
 
+    /// Where windows are kept that are loaded from now on; not owned. At first they are not kept.
+    void SetWindowMemory(const WindowMemory* memory) { memory_ = memory; }
+
+protected:
+    const WindowMemory* Memory() const { return memory_; }
+
 private:
     std::string helpFile_;
+    const WindowMemory* memory_ = nullptr;
 };
 
 /// Shows the hourglass and restores the default pointer at the end, also on failure.

@@ -14,6 +14,7 @@ constexpr int HelpPage = 3;
 }  // namespace
 
 frmPhotoViewer::frmPhotoViewer(Desktop& desktop) : Form(desktop, "frmPhotoViewer") {
+    SetCaption("Photo");
     SetHelpContext(HelpPage);
     imgImage.MouseUp = [this](const Mouse& mouse) {
         if (mouse.button == MouseButton::Left) Unload();

@@ -38,7 +38,8 @@ public:
                       const OwnerWindow* owner = nullptr);
 
     TabStrip sstTab{*this, "sstTab", {"&Name", "Street &Address"}};
-    Label lblOwnerName{*this, "lblOwnerName"};  ///< what is searched for says whose name it is
+    Label lblOwnerName{
+        *this, "lblOwnerName", {"Owner's name:"}};  ///< what is searched for says whose name it is
     TextBox txtOwnerName{*this, "txtOwnerName"};
     Label lblMatchOwner{*this, "lblMatchOwner", {"Match:"}};
     ControlArray<OptionButton, 4> optMatchMethodOwner{

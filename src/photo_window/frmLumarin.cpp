@@ -144,9 +144,19 @@ void frmLumarin::RestoreUnsentWork() {
 }
 
 void frmLumarin::OnActivate() {
-    if (std::exchange(activated_, true)) return;
-    placed_ = Bounds();  // where the desktop has let it stand
-    ReportUnreadableStates();
+    if (!std::exchange(activated_, true)) {
+        placed_ = Bounds();  // where the desktop has let it stand
+        ReportUnreadableStates();
+    }
+    OpenWantedListing();
+}
+
+/// What the user has chosen in the host meanwhile; while a command runs, it waits for the next time.
+void frmLumarin::OpenWantedListing() {
+    RunCommand("OpenListing", [this] {
+        if (const std::int32_t wanted = ports_.host.Common().MainForm().TakeListing(); wanted > 0)
+            LookUpListing(std::to_string(wanted), "");
+    });
 }
 
 void frmLumarin::ReportUnreadableStates() {

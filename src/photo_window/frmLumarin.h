@@ -107,6 +107,7 @@ private:
     void SortListings(int column);
     bool PhotoKey(const KeyDown& pressed);
     void AskAboutClipboard();
+    void OpenWantedListing();
 
     // Commands
     void ToolClicked(const std::string& name);

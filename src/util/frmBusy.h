@@ -13,7 +13,7 @@ public:
         SetHelpContext(HelpPage);
     }
 
-    PictureBox Image1{*this, "Image1"};
+    PictureBox Image1{*this, "Image1", {.accessibleName = "Busy"}};
     Label Label1{*this, "Label1", {"Please wait ... "}};
 
 private:

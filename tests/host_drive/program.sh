@@ -85,6 +85,19 @@ press frmLumarin.cmdRemove
 quit
 " --data "$data" --photos --drive -
 
+# A listing of the main window opens by a double click, also in a window that is there; documents offer it.
+run 0 '\[\["10012",[^]]*\]\].*\["100123".*"text":"100123"' '
+double frmMain.Listings 0
+wait frmLumarin
+get frmLumarin.RecList
+double frmMain.Listings 1
+get frmLumarin.RecList
+tool frmMain.Documents
+wait frmListnumPrompt
+get frmListnumPrompt.txtPropertyId
+quit
+' --data "$folder/listings" --drive -
+
 # What a handler that is at work will ask is waited for.
 run 0 'do you want to retry.* null .*"rows":\[\]' '
 wait frmLumarin

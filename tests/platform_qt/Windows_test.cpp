@@ -112,6 +112,19 @@ TEST_F(Windows, EveryButton_WithTheFocus_IsTheOneThatEnterPresses) {
     }
 }
 
+TEST_F(Windows, EveryWindow_FitsTheSmallestScreen) {
+    // 1600 x 1000 pixels at 200 percent, less a frame and a task bar.
+    constexpr QSize Room(784, 430);
+    for (const auto& form : forms) {
+        if (form->Name() == "frmPhotoCrop") continue;  // its stage has a least size of its own
+        form->Load();
+        auto& window = *static_cast<QWidget*>(form->NativeWindow());
+        const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
+        EXPECT_TRUE(least.width() <= Room.width() && least.height() <= Room.height())
+            << form->Name() << " needs " << least.width() << " x " << least.height();
+    }
+}
+
 TEST_F(Windows, EveryTool_HasItsIcon) {
     for (const auto& form : forms)
         for (Control* control : form->Controls()) {

@@ -13,6 +13,8 @@ class QLabel;
 
 namespace lumarin::qt {
 
+class UserLayout;
+
 /// Who says where a control stands.
 enum class PlacedBy { Layout, Code };
 
@@ -31,6 +33,9 @@ public:
     void Detach();
 
     void Refresh();
+    /// What the user has made of the widget is taken from here, and put here; it outlives the widget. Called
+    /// before `Attach`.
+    virtual void UseLayout(UserLayout&) {}
     /// Tells the control where the layout has put it.
     void ReportPlace();
 

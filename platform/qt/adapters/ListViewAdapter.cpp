@@ -12,6 +12,7 @@
 #include "base/PutBack.h"
 #include "forms/ListView.h"
 #include "platform/qt/Conversions.h"
+#include "platform/qt/UserLayout.h"
 #include "platform/qt/adapters/Adapters.h"
 #include "platform/qt/adapters/FileDrops.h"
 #include "platform/qt/adapters/RowModel.h"
@@ -38,6 +39,8 @@ public:
 class ListViewAdapter final : public AdapterFor<ListView, QTreeView> {
 public:
     ListViewAdapter(ListView& control, QTreeView& tree);
+
+    void UseLayout(UserLayout& layout) override { layout_ = &layout; }
 
 private:
     class Notices final : public ForwardingView<ListViewView> {
@@ -72,6 +75,7 @@ private:
     void ShowPictureSize();
     void FitColumnsLater();
     void FitColumns();
+    void UserSizedColumns();
 
     QItemSelection SelectionOf(const std::vector<int>& rows) const;
     std::vector<int> RowsInView() const;
@@ -87,6 +91,7 @@ private:
     QTimer catchUp_;              ///< runs while the view does not know of the last rows
     bool fitPending_ = false;
     bool sizedByUser_ = false;
+    UserLayout* layout_ = nullptr;
 };
 
 ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
@@ -114,7 +119,7 @@ ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
     });
     connect(tree.header(), &QHeaderView::sectionResized, this, [this] {
         const bool held = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
-        if (held && View().header()->underMouse()) sizedByUser_ = true;
+        if (held && View().header()->underMouse()) UserSizedColumns();
     });
     connect(tree.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { UserSelected(); });
     connect(&tree, &QTreeView::pressed, this, [this](const QModelIndex& index) { UserPressed(index.row()); });
@@ -254,9 +259,25 @@ void ListViewAdapter::FitColumnsLater() {
     });
 }
 
+void ListViewAdapter::UserSizedColumns() {
+    sizedByUser_ = true;
+    if (layout_ == nullptr) return;
+    std::vector<int> widths;
+    for (int i = 0; i < View().header()->count(); ++i) widths.push_back(View().header()->sectionSize(i));
+    // The last column takes what the window leaves; its own width would not fit another one.
+    if (View().header()->stretchLastSection()) widths.back() = 0;
+    layout_->Set(View().objectName(), std::move(widths));
+}
+
 void ListViewAdapter::FitColumns() {
     QHeaderView& header = *View().header();
     const auto& columns = Bound()->Columns();
+    if (layout_ != nullptr && !columns.empty() && layout_->Of(View().objectName()).size() == columns.size()) {
+        const std::vector<int>& widths = layout_->Of(View().objectName());
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            if (widths[i] > 0) header.resizeSection(static_cast<int>(i), widths[i]);
+        return;
+    }
     for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
         const ListView::Column& column = columns[static_cast<std::size_t>(i)];
         const int wanted = ToPixels(column.width);

@@ -200,6 +200,8 @@ QToolBar* ToolBarAdapter::BarOf(const ToolBar::Band& band) {
     QToolBar*& bar = bars_[band.name];
     if (bar == nullptr) {
         bar = new QToolBar(&window_);
+        if (auto* more = bar->findChild<QToolButton*>("qt_toolbar_ext_button"))
+            more->setAccessibleName("More");
         bar->setObjectName(ToQt(band.name));
         bar->setWindowTitle(ToQt(band.name));
         bar->setMovable(false);

@@ -4,6 +4,7 @@
 #include "documents/frmAddDocument.h"
 #include "entry/HostLink.h"
 #include "entry/Settings.h"
+#include "entry/UserWindows.h"
 #include "photo_window/frmLumarin.h"
 
 namespace lumarin {
@@ -17,6 +18,12 @@ constexpr std::int32_t ObjectNotSet = 91;
 HostLink& ComponentHost() {
     static HostLink link;
     return link;
+}
+
+/// Lives as long.
+const WindowMemory& ComponentWindows() {
+    static const UserWindows windows(ComponentHost());
+    return windows;
 }
 
 }  // namespace
@@ -35,6 +42,7 @@ std::unique_ptr<JobWindow> clsLumarin::MakeWindow(int which) {
 void clsLumarin::Start(VelCommon& pVelCommon, std::int32_t JobIndex, HostTool& MenuButton) {
     ComponentHost().Set(pVelCommon);
     settings::Use(ports_.settings);
+    ports_.desktop.SetWindowMemory(&ComponentWindows());
     menuButton_ = &MenuButton;
     MenuButton.SetEnabled(false);
     ports_.desktop.SetHelpFile(pVelCommon.HelpFilePath());
