@@ -158,13 +158,6 @@ VImage ToSrgb(VImage image) {
     return image.cast(VIPS_FORMAT_UCHAR);
 }
 
-Picture ToPicture(const VImage& image) {
-    std::size_t size = 0;
-    const std::unique_ptr<void, decltype(&g_free)> memory(image.write_to_memory(&size), &g_free);
-    const auto* bytes = static_cast<const std::uint8_t*>(memory.get());
-    return {image.width(), image.height(), {bytes, bytes + size}};
-}
-
 }  // namespace
 
 int UprightWidth(const StoredPicture& picture) {
@@ -173,6 +166,13 @@ int UprightWidth(const StoredPicture& picture) {
 
 int UprightHeight(const StoredPicture& picture) {
     return LiesOnItsSide(picture) ? picture.Width() : picture.Height();
+}
+
+Picture PixelsOf(const VImage& image) {
+    std::size_t size = 0;
+    const std::unique_ptr<void, decltype(&g_free)> memory(image.write_to_memory(&size), &g_free);
+    const auto* bytes = static_cast<const std::uint8_t*>(memory.get());
+    return {image.width(), image.height(), {bytes, bytes + size}};
 }
 
 Picture Render(const StoredPicture& picture, const PixelRect& cut, int width, int height) {
@@ -190,7 +190,7 @@ Picture Render(const StoredPicture& picture, const PixelRect& cut, int width, in
     const VImage small = Resample(decoded, StoredRect(picture, cut), width, height).copy_memory();
     const bool whole = cut.width == UprightWidth(picture) && cut.height == UprightHeight(picture);
     if (decoded.check) decoded.check(whole ? Rows::All : Rows::Read);
-    return ToPicture(ToSrgb(Upright(small, picture.Orientation())));
+    return PixelsOf(ToSrgb(Upright(small, picture.Orientation())));
 }
 
 }  // namespace lumarin::vips

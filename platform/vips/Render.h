@@ -15,4 +15,7 @@ int UprightHeight(const StoredPicture& picture);
 /// also when only its last rows are.
 Picture Render(const StoredPicture& picture, const PixelRect& cut, int width, int height);
 
+/// The pixels of an image of three bands of bytes.
+Picture PixelsOf(const VImage& image);
+
 }  // namespace lumarin::vips

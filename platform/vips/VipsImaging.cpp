@@ -10,6 +10,7 @@
 #include "platform/vips/Page.h"
 #include "platform/vips/Render.h"
 #include "platform/vips/StoredPicture.h"
+#include "platform/vips/Turning.h"
 
 namespace lumarin::vips {
 
@@ -19,26 +20,31 @@ class VipsPicture final : public SourcePicture {
 public:
     explicit VipsPicture(std::unique_ptr<StoredPicture> stored) : stored_(std::move(stored)) {}
 
-    int Width() const override { return UprightWidth(*stored_); }
-    int Height() const override { return UprightHeight(*stored_); }
-    int PageCount() const override { return stored_->PageCount(); }
-    bool IsPlainJpeg() const override { return stored_->IsPlainJpeg(); }
+    int Width() const override { return straightened_.WidthOf(stored_); }
+    int Height() const override { return straightened_.HeightOf(stored_); }
+    int PageCount() const override { return stored_.PageCount(); }
+    bool IsPlainJpeg() const override { return straightened_.IsPlain() && stored_.IsPlainJpeg(); }
 
-    Picture Preview(int width, int height) override {
-        return Guarded(InvalidPictureError, [&] {
-            return Render(*stored_, {0, 0, Width(), Height()}, width, height);
+    void Turn(const PictureTurn& turn) override {
+        stored_.Turn(turn.quarters);
+        straightened_ = Straightening(turn.degrees);
+    }
+
+    Picture Preview(int width, int height) override { return Part({0, 0, Width(), Height()}, width, height); }
+
+    Picture Photo(const CaptureOrder& order) override {
+        Picture photo = Part(order.cut, order.width, order.height);
+        return Guarded(PictureWriteError, [&] {
+            for (std::uint8_t& value : photo.pixels) value = order.tones[value];
+            Picture canvas = OnCanvas(photo, order);
+            DrawCaption(canvas, order.caption);
+            return canvas;
         });
     }
 
     void Capture(const CaptureOrder& order, const std::string& destination) override {
-        Picture photo = Guarded(InvalidPictureError,
-                                [&] { return Render(*stored_, order.cut, order.width, order.height); });
-        const std::string jpeg = Guarded(PictureWriteError, [&] {
-            for (std::uint8_t& value : photo.pixels) value = order.tones[value];
-            Picture canvas = OnCanvas(photo, order);
-            DrawCaption(canvas, order.caption);
-            return EncodeJpeg(canvas, order);
-        });
+        const Picture photo = Photo(order);
+        const std::string jpeg = Guarded(PictureWriteError, [&] { return EncodeJpeg(photo, order); });
         try {
             files::WriteWhole(destination, jpeg);
         } catch (const FileError& error) {
@@ -47,9 +53,7 @@ public:
     }
 
     void WritePage(const PageOrder& order, const std::string& destination) override {
-        const Picture page = Guarded(InvalidPictureError, [&] {
-            return Render(*stored_, {0, 0, Width(), Height()}, order.width, order.height);
-        });
+        const Picture page = Preview(order.width, order.height);
         const std::string png = Guarded(PictureWriteError, [&] { return EncodePage(page, order.colours); });
         try {
             files::WriteWhole(destination, png);
@@ -59,7 +63,13 @@ public:
     }
 
 private:
-    std::unique_ptr<StoredPicture> stored_;
+    Picture Part(const PixelRect& cut, int width, int height) {
+        return Guarded(InvalidPictureError,
+                       [&] { return straightened_.Render(stored_, cut, width, height); });
+    }
+
+    TurnedPicture stored_;
+    Straightening straightened_;
 };
 
 }  // namespace

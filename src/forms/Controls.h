@@ -254,11 +254,20 @@ private:
     lumarin::Lens lens_;
 };
 
-/// A drawn rectangle over its container, transparent to the mouse. It shows rule-of-thirds guides, and
-/// what lies outside of it within the container's picture is dimmed.
+/// The lines that a shape shows: its own thirds, or a grid over the whole picture to straighten that by.
+enum class Guides { Thirds, Grid };
+
+/// A drawn rectangle over its container, transparent to the mouse. It shows guides, and what lies outside of
+/// it within the container's picture is dimmed.
 class Shape : public ControlOf<ControlKind::Shape> {
 public:
     using ControlOf::ControlOf;
+
+    lumarin::Guides Guides() const { return guides_; }
+    void SetGuides(lumarin::Guides guides) { Set(guides_, guides); }
+
+private:
+    lumarin::Guides guides_ = lumarin::Guides::Thirds;
 };
 
 class Timer : public ControlOf<ControlKind::Timer> {

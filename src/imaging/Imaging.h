@@ -56,6 +56,15 @@ struct CaptureOrder {
     int jpegQualityFactor = 35;  ///< scales the quantization tables; lower is better, 35 is about quality 75
 };
 
+/// How a picture is turned before anything else is done with it, as if it had come so.
+struct PictureTurn {
+    int quarters = 0;  ///< clockwise, 0 to 3
+    /// After that, clockwise, from -15 to 15. The picture keeps its proportions and its middle and loses its
+    /// edges: what remains is the largest part that has no empty corners.
+    double degrees = 0;
+    bool operator==(const PictureTurn&) const = default;
+};
+
 /// How many colours a page of a document keeps.
 enum class PageColours { Colour, Grey, BlackAndWhite };
 
@@ -77,11 +86,17 @@ public:
     virtual int Height() const = 0;
     /// Of a TIFF file; 1 for every other picture.
     virtual int PageCount() const = 0;
-    /// Whether the source is a JPEG file of 24 bits per pixel, stored upright.
+    /// Whether the source is a JPEG file of 24 bits per pixel, stored upright, and has not been turned.
     virtual bool IsPlainJpeg() const = 0;
+
+    /// From now on the picture is the one that was opened, turned in this way.
+    virtual void Turn(const PictureTurn& turn) = 0;
 
     /// The picture resampled to exactly this size, decoding no more than that takes.
     virtual Picture Preview(int width, int height) = 0;
+
+    /// The finished photo as `Capture` writes it, before the loss of its compression. Throws as that.
+    virtual Picture Photo(const CaptureOrder& order) = 0;
 
     /// Writes the finished photo; the destination appears whole or not at all. Throws ImagingError when
     /// the picture cannot be read to its end or the file not written.

@@ -13,6 +13,17 @@ namespace lumarin {
 /// changes nothing, and at either end of both ranges the picture can still be recognised.
 ToneTable MakeToneTable(int intensity, int contrast);
 
+/// Values of the two sliders.
+struct ToneChange {
+    int intensity = 0;
+    int contrast = 0;
+    bool operator==(const ToneChange&) const = default;
+};
+
+/// The change that spreads the picture's brightness over the whole range, leaving out its few darkest and
+/// brightest pixels; nothing for a picture of one colour. Never so much that it looks forced.
+ToneChange AutomaticTones(const Picture& picture);
+
 /// The table that changes nothing.
 ToneTable PlainTones();
 

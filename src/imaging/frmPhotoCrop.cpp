@@ -59,12 +59,19 @@ frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
     }
     ConnectStage();
     ConnectView();
+    ConnectChanges();
     ConnectButtons();
 }
 
 void frmPhotoCrop::ConnectButtons() {
-    cmdCenterWidth.Click = [this] { PlaceByWidth(); };
-    cmdCenterHeight.Click = [this] { PlaceByHeight(); };
+    cmdCenterWidth.Click = [this] {
+        PlaceByWidth();
+        BoxChanged(crop::Change::Placement);
+    };
+    cmdCenterHeight.Click = [this] {
+        PlaceByHeight();
+        BoxChanged(crop::Change::Placement);
+    };
     cmdCapture.Click = [this] { RunCommand("cmdCapture", [this] { Capture(); }); };
     cmdCancel.Click = [this] { RunCommand("cmdCancel", [this] { Finish(PhotoResult::Skip); }); };
     cmdAbort.Click = [this] { RunCommand("cmdAbort", [this] { Finish(PhotoResult::Cancel); }); };
@@ -143,17 +150,15 @@ void frmPhotoCrop::OpenPicture(const std::string& sourcePath, CropMode mode, boo
         hsbControl(i).SetValue(0);
         lblControlValue(i).SetCaption("0");
     }
+    hsbStraighten.SetValue(0);
 
     source_ = OpenSource(sourcePath, mode);
     passThrough_ = mode == CropMode::File && MayPassThrough(sourcePath);
-    const crop::PreviewSize size = crop::PreviewSizeOf(source_->Width(), source_->Height());
-    previewScale_ = size.scale;
-    Preview.Move({0, 0, size.width * TwipsPerPixel, size.height * TwipsPerPixel});
-    CenterPreview();
-    FitView();
-    ShowPicture();
+    TurnPicture({});
     SelectViewOfFile(sourcePath);
     PlaceByWidth();
+    history_.Start(PresentState());
+    BoxChanged(crop::Change::Original);
 }
 
 std::unique_ptr<SourcePicture> frmPhotoCrop::OpenSource(const std::string& sourcePath, CropMode mode) {
@@ -185,6 +190,7 @@ bool frmPhotoCrop::MayPassThrough(const std::string& sourcePath) const {
 void frmPhotoCrop::ReleasePicture() {
     source_.reset();
     previewBitmap_.reset();
+    plainBitmap_.reset();
     lbmBM.SetImage(nullptr);
     Preview.SetImage(nullptr);
     tmrSharpen.SetEnabled(false);
@@ -212,16 +218,21 @@ void frmPhotoCrop::OnUnload() {
 void frmPhotoCrop::SliderChanged(int index) {
     lblControlValue(index).SetCaption(std::to_string(hsbControl(index).Value()));
     Preview.SetTones(Tones());
+    Note(index == 0 ? crop::Change::Intensity : crop::Change::Contrast);
 }
 
 ToneTable frmPhotoCrop::Tones() { return MakeToneTable(hsbControl(0).Value(), hsbControl(1).Value()); }
+
+crop::MappedBox frmPhotoCrop::BoxInPicture() {
+    return crop::MapToPicture(CropBox.Bounds(), Preview.Bounds(), previewScale_, source_->Width(),
+                              source_->Height());
+}
 
 void frmPhotoCrop::Capture() {
     Timer.SetEnabled(false);
     if (CropBox.Width() * CropBox.Height() < SmallestCaptureArea)
         return Refuse("The image capture area is to small.");
-    const crop::MappedBox box = crop::MapToPicture(CropBox.Bounds(), Preview.Bounds(), previewScale_,
-                                                   source_->Width(), source_->Height());
+    const crop::MappedBox box = BoxInPicture();
     if (box.cut.width < FewestCutPixels || box.cut.height < FewestCutPixels)
         return Refuse("Not enough of the image is selected.");
     if (cmbView.Visible()) chosenView_ = {cmbView.Text(), cmbView.ItemData()};
@@ -245,7 +256,8 @@ void frmPhotoCrop::WritePhoto(const crop::MappedBox& box) {
     // opposite sign cancel.
     const bool untouched = box.SumOfMargins() + hsbControl(0).Value() + hsbControl(1).Value() == 0;
     const bool marks = !photoSize_.MarkerText.empty();
-    if (passThrough_ && untouched && (!marks || HasProcessedMarker(files::ReadAll(sourcePath_))))
+    if (passThrough_ && untouched && turn_ == PictureTurn() &&
+        (!marks || HasProcessedMarker(files::ReadAll(sourcePath_))))
         return files::Copy(sourcePath_, destinationPath_);
 
     const double factor = Preview.Width() / CropBox.Width() * photoSize_.TargetWidth / source_->Width();
@@ -271,6 +283,7 @@ void frmPhotoCrop::Refuse(const std::string& text) {
     desktop().ShowMessage(
         {.text = text, .title = Title, .icon = Icon::Exclamation, .modality = Modality::System}, this);
     PlaceByWidth();
+    BoxChanged(crop::Change::Placement);
 }
 
 void frmPhotoCrop::Finish(PhotoResult result) {

@@ -9,6 +9,7 @@
 #include "forms/Controls.h"
 #include "forms/Desktop.h"
 #include "imaging/CropGeometry.h"
+#include "imaging/CropHistory.h"
 #include "imaging/Imaging.h"
 #include "imaging/PhotoResult.h"
 #include "imaging/PhotoSize.h"
@@ -55,6 +56,20 @@ public:
         "cmdZeroControl",
         {{.caption = "0", .toolTip = "Set the intensity back to zero", .accessibleName = "Intensity to zero"},
          {.caption = "0", .toolTip = "Set the contrast back to zero", .accessibleName = "Contrast to zero"}}};
+    Button cmdAuto{*this, "cmdAuto", {"A&uto", "Set intensity and contrast by what the picture has"}};
+    Label lblStraighten{*this, "lblStraighten", {"&Straighten"}};
+    Slider hsbStraighten{*this, "hsbStraighten"};  ///< tenths of a degree
+    Label lblStraightenValue{*this, "lblStraightenValue", {.accessibleName = "Degrees"}};
+    Button cmdZeroStraighten{
+        *this,
+        "cmdZeroStraighten",
+        {.caption = "0", .toolTip = "Do not straighten", .accessibleName = "Straightening to zero"}};
+    Button cmdRotateLeft{*this, "cmdRotateLeft", {.toolTip = "Turn the picture to the left (Ctrl+L)"}};
+    Button cmdRotateRight{*this, "cmdRotateRight", {.toolTip = "Turn the picture to the right (Ctrl+R)"}};
+    Button cmdUndo{*this, "cmdUndo", {.toolTip = "Undo (Ctrl+Z)"}};
+    Button cmdRedo{*this, "cmdRedo", {.toolTip = "Redo (Ctrl+Y)"}};
+    Button cmdOriginal{*this, "cmdOriginal", {"&Original", "Undo everything"}};
+    Label lblSoft{*this, "lblSoft", {.accessibleName = "Sharpness of the photo"}};
     ComboBox cmbView{*this, "cmbView", {"&View:", "What the photo shows"}};
     Label lblPicture{*this, "lblPicture", {.accessibleName = "Which picture of several"}};
     Button cmdCapture{*this, "cmdCapture", {"C&apture"}}, cmdCancel{*this, "cmdCancel", {"&Cancel"}};
@@ -113,12 +128,24 @@ private:
     bool MayPassThrough(const std::string& sourcePath) const;
     void ReleasePicture();
 
+    void ConnectChanges();
+    crop::State PresentState();
+    void Note(crop::Change change);
+    void Restore(const crop::State& state);
+    void BoxChanged(crop::Change change);
+    void ShowSoftness();
+    void TurnBy(int quarters);
+    void TurnPicture(const PictureTurn& turn);
+    void Straightened();
+    void SetTones(const ToneChange& tones);
+
     void ChooseSize();
     void CenterPreview();
     void StageResized();
     void StageMouseDown(const Mouse& mouse);
     void StageMouseMove(const Mouse& mouse);
     bool StageKey(const KeyDown& key);
+    bool MoveByKey(const KeyDown& key);
     void TakeHold(const Mouse& mouse);
     void StepCropBox(int button);
     void PlaceByWidth();
@@ -137,6 +164,7 @@ private:
     void SliderChanged(int index);
     ToneTable Tones();
 
+    crop::MappedBox BoxInPicture();
     void Capture();
     void WritePhoto(const crop::MappedBox& box);
     void Refuse(const std::string& text);
@@ -153,6 +181,12 @@ private:
     bool passThrough_ = false;
     PhotoResult result_ = PhotoResult::Skip;
     ComboBox::Item chosenView_;
+
+    PicturePtr plainBitmap_;  ///< the same before it was straightened; null until it is needed
+    PictureTurn turn_;
+    crop::History history_;
+    bool sharp_ = true;       ///< what is seen comes straight from the source
+    bool restoring_ = false;  ///< several controls are being set for one change
 
     Size openingSize_;
     Size openedSize_;

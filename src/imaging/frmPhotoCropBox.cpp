@@ -67,10 +67,14 @@ void frmPhotoCrop::ConnectStage() {
     };
     Preview.MouseDown = [this, onStage](const Mouse& mouse) { StageMouseDown(onStage(mouse)); };
     Preview.MouseMove = [this, onStage](const Mouse& mouse) { StageMouseMove(onStage(mouse)); };
-    Preview.MouseUp = [this](const Mouse&) { dragging_ = false; };
+    const auto release = [this](const Mouse&) {
+        if (dragging_) BoxChanged(crop::Change::Drag);
+        dragging_ = false;
+    };
+    Preview.MouseUp = release;
     Shape1.MouseDown = [this](const Mouse& mouse) { StageMouseDown(mouse); };
     Shape1.MouseMove = [this](const Mouse& mouse) { StageMouseMove(mouse); };
-    Shape1.MouseUp = [this](const Mouse&) { dragging_ = false; };
+    Shape1.MouseUp = release;
     Shape1.Resize = [this] { StageResized(); };
     Shape1.KeyPressed = [this](const KeyDown& key, bool& used) { used = StageKey(key); };
 
@@ -131,6 +135,7 @@ void frmPhotoCrop::StageMouseMove(const Mouse& mouse) {
     const Rect before = CropBox.Bounds();
     const Rect after = crop::Dragged(before, hitZone_, dX, dY, aspectRatio_);
     CropBox.Move(after);
+    ShowSoftness();
     // As far as the held edge has gone: a box at its smallest waits until the pointer is back at that edge.
     const bool rightEdge = crop::HoldsRight(hitZone_);
     const bool bottomEdge = crop::HoldsBottom(hitZone_);
@@ -146,6 +151,13 @@ void frmPhotoCrop::TakeHold(const Mouse& mouse) {
 }
 
 bool frmPhotoCrop::StageKey(const KeyDown& key) {
+    if (key.key == Key::Space) return spaceHeld_ = true;
+    if (!MoveByKey(key)) return false;
+    BoxChanged(key.key == Key::Home || key.key == Key::End ? crop::Change::Placement : crop::Change::Step);
+    return true;
+}
+
+bool frmPhotoCrop::MoveByKey(const KeyDown& key) {
     const int step = key.control ? LongStep : Step;
     const Direction direction = DirectionOf(key.key);
     if (direction.x != 0 || direction.y != 0) {
@@ -156,9 +168,6 @@ bool frmPhotoCrop::StageKey(const KeyDown& key) {
         return true;
     }
     switch (key.key) {
-        case Key::Space:
-            spaceHeld_ = true;
-            return true;
         case Key::Plus:
             CropBox.Move(crop::Widened(CropBox.Bounds(), step, aspectRatio_));
             return true;
@@ -179,6 +188,7 @@ bool frmPhotoCrop::StageKey(const KeyDown& key) {
 void frmPhotoCrop::StepCropBox(int button) {
     const Direction direction = Directions.at(static_cast<std::size_t>(button));
     CropBox.Move(crop::Moved(CropBox.Bounds(), direction.x * Step, direction.y * Step));
+    BoxChanged(crop::Change::Step);
 }
 
 void frmPhotoCrop::PlaceByWidth() { CropBox.Move(crop::CenteredByWidth(Preview.Bounds(), aspectRatio_)); }

@@ -1,6 +1,7 @@
 // The crop window's view: how large the stage is, which part of the picture fills it, and how sharp it is.
 // Box, preview and all rules stay in the stage's own twips; the view is a lens over them.
 #include <algorithm>
+#include <cmath>
 
 #include "base/Error.h"
 #include "base/Numbers.h"
@@ -108,14 +109,17 @@ crop::PreviewSize frmPhotoCrop::SharpSize() const {
 void frmPhotoCrop::ShowPicture() {
     const crop::PreviewSize size = SharpSize();
     previewBitmap_ = std::make_shared<const Picture>(source_->Preview(size.width, size.height));
+    if (turn_.degrees == 0) plainBitmap_ = previewBitmap_;
+    sharp_ = true;
     lbmBM.SetImage(previewBitmap_);
     Preview.SetImage(previewBitmap_);
 }
 
 void frmPhotoCrop::Sharpen() {
+    CropBox.SetGuides(Guides::Thirds);
     if (previewBitmap_ == nullptr) return;
     const crop::PreviewSize size = SharpSize();
-    if (size.width == previewBitmap_->width && size.height == previewBitmap_->height) return;
+    if (sharp_ && size.width == previewBitmap_->width && size.height == previewBitmap_->height) return;
     try {
         ShowPicture();
     } catch (const Error&) {

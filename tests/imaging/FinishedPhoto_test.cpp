@@ -41,4 +41,23 @@ TEST(Tones, Changes_GiveTheDocumentedValues) {
         EXPECT_EQ(MakeToneTable(intensity, contrast)[static_cast<std::size_t>(before)], after) << name;
 }
 
+TEST(Tones, Automatic_SpreadsWhatThePictureHas) {
+    const std::tuple<const char*, int, int, ToneChange> cases[] = {
+        {"dull", 30, 210, {56, 125}},
+        {"dark and dull", 20, 120, {150, 150}},
+        {"bright and dull", 140, 240, {-150, 150}},
+        {"full range", 0, 255, {}},
+        {"one colour", 90, 94, {}},
+    };
+    for (const auto& [name, darkest, brightest, change] : cases) {
+        Picture picture{20, 20, {}};
+        for (int i = 0; i < 400; ++i)
+            picture.pixels.insert(picture.pixels.end(), 3,
+                                  static_cast<std::uint8_t>(i % 2 == 0 ? darkest : brightest));
+        picture.pixels[0] = picture.pixels[1] = picture.pixels[2] = 255;  // a speck counts for nothing
+        EXPECT_EQ(AutomaticTones(picture), change) << name;
+    }
+    EXPECT_EQ(AutomaticTones({}), ToneChange());
+}
+
 }  // namespace lumarin

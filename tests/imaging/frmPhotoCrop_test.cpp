@@ -1,5 +1,7 @@
 #include "imaging/frmPhotoCrop.h"
 
+#include <cmath>
+
 #include "imaging/Tones.h"
 #include "support/WindowTest.h"
 
@@ -289,6 +291,80 @@ TEST_F(PhotoCrop, Slider_ShowsItsEffectFromTheUnchangedPreview) {
         for (const int control : {0, 1}) window.cmdZeroControl(control).Press();
         EXPECT_EQ(window.Preview.Tones(), PlainTones());
         EXPECT_EQ(window.Preview.Image(), plain);
+    });
+}
+
+TEST_F(PhotoCrop, TurnedPicture_IsCapturedTurnedAndNeverPassesThrough) {
+    GivenFile("exact.jpg", 480, 300);
+    CaptureAfter("exact.jpg", [&] {
+        window.cmdRotateRight.Press();
+        EXPECT_EQ((Size{window.Preview.Width(), window.Preview.Height()}), (Size{3000, 4800}));
+        ExpectBox(2700, 600 + (4800 - 1875) / 2.0, 3000, "as over a picture of that shape");
+        EXPECT_EQ(window.lblSoft.Caption(), "300 x 187 pixels become 480 x 300: the photo will look soft");
+        window.hsbStraighten.SetValue(-25);
+        EXPECT_EQ(window.CropBox.Guides(), Guides::Grid);
+        window.tmrSharpen.Tick();
+        EXPECT_EQ(window.CropBox.Guides(), Guides::Thirds);
+        EXPECT_EQ(window.lblStraightenValue.Caption(), "-2.5\u00B0");
+    });
+    EXPECT_EQ(imaging.turn, (PictureTurn{1, -2.5}));
+    ASSERT_EQ(imaging.orders.size(), 1U);
+    CaptureAfter("exact.jpg", [&] {
+        for (int i = 0; i < 2; ++i) {
+            window.cmdRotateLeft.Press();
+            window.cmdRotateRight.Press();
+        }
+        EXPECT_EQ(window.hsbStraighten.Value(), 0) << "each photo starts anew";
+        EXPECT_EQ(window.lblSoft.Caption(), "");
+    });
+    EXPECT_EQ(imaging.orders.size(), 1U) << "as it was, it passes";
+}
+
+TEST_F(PhotoCrop, UndoAndRedo_GoThroughWhatTheUserDid) {
+    const std::function<void()> steps[] = {
+        [&] { window.Shape1.PressKey({Key::End}); },
+        [&] {
+            window.Shape1.MouseWentDown({MouseButton::Left, 4000, 3000});
+            for (const double x : {4100, 4200}) window.Shape1.MouseMoved({MouseButton::Left, x, 3000});
+            window.Shape1.MouseWentUp({MouseButton::Left, 4200, 3000});
+        },
+        [&] {
+            for (const int value : {10, 20, 30}) window.hsbControl(1).SetValue(value);
+        },
+        [&] { window.cmdRotateLeft.Press(); },
+        [&] { window.hsbStraighten.SetValue(50); },
+        [&] { window.cmdAuto.Press(); },
+        [&] { window.cmdOriginal.Press(); },
+    };
+    GivenFile("tall.jpg", 600, 800);
+    Crop("tall.jpg", [&] {
+        const auto seen = [&] {
+            const Rect& box = window.CropBox.Bounds();
+            const auto whole = [](double twips) { return std::lround(twips); };
+            return std::tuple(whole(box.left - window.Preview.Left()), whole(box.top - window.Preview.Top()),
+                              whole(box.width), window.Preview.Width(), window.hsbControl(0).Value(),
+                              window.hsbControl(1).Value(), window.hsbStraighten.Value());
+        };
+        std::vector states{seen()};
+        EXPECT_FALSE(window.cmdUndo.Enabled() || window.cmdRedo.Enabled() || window.cmdOriginal.Enabled());
+        for (const auto& step : steps) {
+            step();
+            if (seen() != states.back()) states.push_back(seen());
+        }
+        EXPECT_EQ(states.back(), states.front()) << "the original again";
+        ASSERT_EQ(states.size(), 8U) << "one for each step";
+        window.Shape1.Placed({0, 0, 9000, 7000});  // the box goes along with the stage
+        for (std::size_t i = states.size() - 1; i-- > 0;) {
+            window.cmdUndo.Press();
+            EXPECT_EQ(seen(), states[i]) << i;
+        }
+        EXPECT_FALSE(window.cmdUndo.Enabled());
+        for (std::size_t i = 1; i < states.size() - 1; ++i) {
+            window.cmdRedo.Press();
+            EXPECT_EQ(seen(), states[i]) << i;
+        }
+        window.Shape1.PressKey({Key::Left});
+        EXPECT_FALSE(window.cmdRedo.Enabled()) << "another way was taken";
     });
 }
 

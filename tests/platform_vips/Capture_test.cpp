@@ -51,6 +51,46 @@ TEST_F(Capture, Photo_BesideTheCanvas_IsCutOffAndTonesChangeItAlone) {
     }
 }
 
+TEST_F(Capture, TurnedPicture_IsAsIfItHadComeSo) {
+    const std::tuple<int, int, const char*> cases[] = {{1, 1, "BRWG"}, {1, 2, "WBGR"}, {1, 3, "GWRB"},
+                                                       {6, 1, "WBGR"}, {6, 3, "RGBW"}, {2, 1, "WGBR"},
+                                                       {5, 1, "GRWB"}, {7, 1, "BWRG"}, {4, 1, "RBGW"}};
+    for (const auto& [orientation, quarters, seen] : cases) {
+        VImage image = Quadrants(160, 96, "RGBW");
+        image.set("orientation", orientation);
+        const auto source = Open(Encode(image, ".jpg"));
+        source->Turn({quarters, 0});
+        const bool onItsSide = (orientation >= 5) != (quarters % 2 == 1);
+        EXPECT_EQ(SizeOf(source->Preview(source->Width(), source->Height())),
+                  onItsSide ? std::pair(96, 160) : std::pair(160, 96));
+        EXPECT_EQ(QuadrantsOf(source->Preview(source->Width(), source->Height())), seen)
+            << orientation << " turned " << quarters;
+        EXPECT_FALSE(source->IsPlainJpeg());
+        source->Turn({});
+        EXPECT_EQ(source->IsPlainJpeg(), orientation == 1) << "turned back";
+    }
+}
+
+TEST_F(Capture, CrookedPicture_Straightened_LooksAsTheStraightOne) {
+    const VImage straight = Detailed(1600, 1200);
+    for (const double degrees : {10.0, -4.5}) {
+        const VImage crooked = straight.rotate(-degrees);
+        const auto source = imaging.FromMemory(
+            InMemory(crooked.crop((crooked.width() - 900) / 2, (crooked.height() - 600) / 2, 900, 600)));
+        source->Turn({0, degrees});
+        const int width = source->Width(), height = source->Height();
+        EXPECT_NEAR(width * 600.0 / 900, height, 1.5);
+        const VImage part = straight.crop((1600 - width) / 2, (1200 - height) / 2, width, height);
+        const auto expected = imaging.FromMemory(InMemory(part));
+        const PixelRect cuts[] = {{0, 0, width, height}, {width / 2, height / 3, 240, 150}};
+        for (const PixelRect& cut : cuts)
+            EXPECT_LT(
+                MeanDifference(source->Photo(Order(cut, 240, 150)), expected->Photo(Order(cut, 240, 150))),
+                3.0)
+                << degrees << " at " << cut.left;
+    }
+}
+
 TEST_F(Capture, Caption_InTheCorner_KeepsTheRest) {
     const auto source = imaging.FromMemory(InMemory(Plain(64, 40, {20, 40, 60})));
     CaptureOrder order = Order({0, 0, 64, 40}, 480, 300);

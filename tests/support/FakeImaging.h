@@ -31,6 +31,7 @@ public:
     std::map<std::string, Source> pictures;
     std::optional<Error> openFailure, captureFailure;
     std::vector<CaptureOrder> orders;
+    PictureTurn turn;  ///< of the last capture
     std::vector<PageOrder> pages;
     /// Bytes of the next captured files and pages, in order; 28 and 100 where none is said.
     std::deque<std::size_t> captureLengths, pageLengths;
@@ -64,10 +65,15 @@ private:
             ++library_.openNow;
         }
         ~Opened() override { --library_.openNow; }
-        int Width() const override { return source_.width; }
-        int Height() const override { return source_.height; }
+        int Width() const override { return turn_.quarters % 2 == 0 ? source_.width : source_.height; }
+        int Height() const override { return turn_.quarters % 2 == 0 ? source_.height : source_.width; }
         int PageCount() const override { return source_.pages; }
         bool IsPlainJpeg() const override { return source_.plainJpeg; }
+        void Turn(const PictureTurn& turn) override { turn_ = turn; }
+        Picture Photo(const CaptureOrder& order) override {
+            return {order.canvasWidth, order.canvasHeight,
+                    std::vector<std::uint8_t>(std::size_t(order.canvasWidth * order.canvasHeight) * 3)};
+        }
         Picture Preview(int width, int height) override {
             ++library_.previews;
             return {width, height, std::vector<std::uint8_t>(std::size_t(width * height) * 3, 100)};
@@ -75,6 +81,7 @@ private:
         void Capture(const CaptureOrder& order, const std::string& destination) override {
             library_.Write(destination, SmallJpeg(), library_.captureLengths);
             library_.orders.push_back(order);
+            library_.turn = turn_;
         }
         void WritePage(const PageOrder& order, const std::string& destination) override {
             library_.Write(destination, std::string(100, 'i'), library_.pageLengths);
@@ -84,6 +91,7 @@ private:
     private:
         FakeImaging& library_;
         Source source_;
+        PictureTurn turn_;
     };
 };
 

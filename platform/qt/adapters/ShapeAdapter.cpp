@@ -15,7 +15,10 @@ public:
 private:
     /// The widget covers its parent; what stands at the control's place is the rectangle drawn on it.
     void ShowBounds() override {}
-    void ShowState() override { View().SetBox(ToPixels(LensOver(View()).Shown(Bound()->Bounds()))); }
+    void ShowState() override {
+        View().SetGrid(Bound()->Guides() == Guides::Grid);
+        View().SetBox(ToPixels(LensOver(View()).Shown(Bound()->Bounds())));
+    }
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == FrameWidget::LensChanged && Bound() != nullptr) ShowState();
         return false;

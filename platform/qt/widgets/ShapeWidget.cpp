@@ -17,6 +17,7 @@ constexpr QColor Guide(255, 255, 255, 110);
 constexpr QColor GuideEdge(0, 0, 0, 60);
 constexpr int HandleLength = 18;
 constexpr int HandleWidth = 4;
+constexpr int GridStep = 32;
 constexpr int Edge = 2;  // the parent's own, which shows that it has the focus
 
 /// A light line with a dark edge is seen over any picture.
@@ -38,6 +39,12 @@ void ShapeWidget::SetBox(const QRect& box) {
     if (box == box_) return;
     box_ = box;
     raise();
+    update();
+}
+
+void ShapeWidget::SetGrid(bool grid) {
+    if (grid == grid_) return;
+    grid_ = grid;
     update();
 }
 
@@ -80,7 +87,10 @@ void ShapeWidget::paintEvent(QPaintEvent*) {
     if (box_.isEmpty() || parentWidget() == nullptr) return;
     QPainter painter(this);
     PaintSurroundings(painter);
-    PaintGuides(painter);
+    if (grid_)
+        PaintGrid(painter);
+    else
+        PaintGuides(painter);
     painter.setPen(Dark);
     painter.drawRect(box_.adjusted(-1, -1, 0, 0));
     painter.setPen(Bright);
@@ -95,6 +105,14 @@ void ShapeWidget::PaintGuides(QPainter& painter) const {
         DrawLine(painter, {x, box_.top() + 1, x, box_.bottom() - 1});
         DrawLine(painter, {box_.left() + 1, y, box_.right() - 1, y});
     }
+}
+
+void ShapeWidget::PaintGrid(QPainter& painter) const {
+    const QRect picture = PictureRegion().boundingRect() & rect();
+    for (int x = picture.left() + GridStep; x < picture.right(); x += GridStep)
+        DrawLine(painter, {x, picture.top(), x, picture.bottom()});
+    for (int y = picture.top() + GridStep; y < picture.bottom(); y += GridStep)
+        DrawLine(painter, {picture.left(), y, picture.right(), y});
 }
 
 void ShapeWidget::PaintHandles(QPainter& painter) const {

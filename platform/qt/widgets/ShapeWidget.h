@@ -13,6 +13,8 @@ public:
 
     /// In pixels of the parent.
     void SetBox(const QRect& box);
+    /// Shows a grid over the pictures in place of the thirds.
+    void SetGrid(bool grid);
     const QRect& Box() const { return box_; }
 
 protected:
@@ -28,6 +30,9 @@ private:
     void PaintHandles(QPainter& painter) const;
     void PaintCorners(QPainter& painter) const;
 
+    void PaintGrid(QPainter& painter) const;
+
+    bool grid_ = false;
     QRect box_;
 };
 
