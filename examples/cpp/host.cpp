@@ -135,7 +135,9 @@ VARIANT Service(const Arguments&) {
     return ObjectValue(new Named({
         {L"Execute",
          [](const Arguments& arguments) {
-             return Rows(TextOf(arguments.at(1)).find(L"ListNum = 1001") != std::wstring::npos);
+             const std::wstring sql = TextOf(arguments.at(1));
+             return Rows(sql.find(L"Listings.ListNum = 1001") != std::wstring::npos ||
+                         sql.find(L"WHERE Listnum = 1001") != std::wstring::npos);
          }},
         {L"UploadPhotoFile", [](const Arguments&) { return Nothing(); }},
         {L"BatchUpdate", [](const Arguments&) { return Number(0); }},

@@ -73,7 +73,9 @@ End Class
 Class Database
     Public Function Execute(connection, sql)
         Set Execute = New Recordset
-        If InStr(sql, "ListNum = 1001") > 0 Then Execute.Fill 1 Else Execute.Fill 0
+        Dim found
+        found = InStr(sql, "Listings.ListNum = 1001") + InStr(sql, "WHERE Listnum = 1001")
+        If found > 0 Then Execute.Fill 1 Else Execute.Fill 0
     End Function
 End Class
 
