@@ -1,7 +1,10 @@
 #include <QorLumarin.h>
 #include <psapi.h>
 
+#include <algorithm>
 #include <clocale>
+#include <iterator>
+#include <set>
 
 #include "automation/TestHost.h"
 
@@ -10,22 +13,40 @@ namespace lumarin::automation {
 namespace {
 
 /// What of the process a library has no business to change.
-std::vector<std::wstring> Settings() {
+std::set<std::wstring> Settings() {
     wchar_t folder[MAX_PATH];
     GetCurrentDirectoryW(MAX_PATH, folder);
-    std::vector<std::wstring> settings{folder, std::to_wstring(GetACP()), std::to_wstring(GetErrorMode()),
-                                       std::to_wstring(GetThreadLocale()),
-                                       std::to_wstring(IsProcessDPIAware())};
+    std::set<std::wstring> settings{folder, L"code page " + std::to_wstring(GetACP()),
+                                    L"error mode " + std::to_wstring(GetErrorMode()),
+                                    L"locale " + std::to_wstring(GetThreadLocale()),
+                                    L"scales itself " + std::to_wstring(IsProcessDPIAware())};
     const LPTOP_LEVEL_EXCEPTION_FILTER filter = SetUnhandledExceptionFilter(nullptr);
     SetUnhandledExceptionFilter(filter);
-    settings.push_back(std::to_wstring(reinterpret_cast<std::uintptr_t>(filter)));
+    settings.insert(L"filter " + std::to_wstring(reinterpret_cast<std::uintptr_t>(filter)));
     const std::string locale = std::setlocale(LC_ALL, nullptr);
-    settings.emplace_back(locale.begin(), locale.end());
+    settings.emplace(locale.begin(), locale.end());
     wchar_t* const environment = GetEnvironmentStringsW();
     for (const wchar_t* entry = environment; *entry != L'\0'; entry += std::wcslen(entry) + 1)
-        settings.emplace_back(entry);
+        if (std::wcsncmp(entry, L"VKD3D_", 6) != 0) settings.insert(entry);  // Wine sets these itself
     FreeEnvironmentStringsW(environment);
     return settings;
+}
+
+/// Those before the first test, and so before the library was loaded.
+std::set<std::wstring> atStart;
+
+struct RememberStart final : ::testing::Environment {
+    void SetUp() override { atStart = Settings(); }
+};
+const ::testing::Environment* const Remembered = ::testing::AddGlobalTestEnvironment(new RememberStart);
+
+/// What is so now and was not then, or the other way round.
+std::set<std::wstring> Changed() {
+    const std::set<std::wstring> now = Settings();
+    std::set<std::wstring> changed;
+    std::set_symmetric_difference(now.begin(), now.end(), atStart.begin(), atStart.end(),
+                                  std::inserter(changed, changed.end()));
+    return changed;
 }
 
 struct Holdings {
@@ -46,12 +67,11 @@ Holdings Held() {
 }  // namespace
 
 TEST_F(TestHost, Process_AfterAJob_IsAsItWasAndKeepsTheLibrary) {
-    const std::vector<std::wstring> before = Settings();
     const auto job = NewClass();
     ASSERT_EQ(Start(*job.Get()), S_OK);
-    EXPECT_EQ(Settings(), before);
+    EXPECT_EQ(Changed(), std::set<std::wstring>());
     EXPECT_EQ(job->UnloadObj(), S_OK);
-    EXPECT_EQ(Settings(), before);
+    EXPECT_EQ(Changed(), std::set<std::wstring>());
     const HMODULE library = GetModuleHandleW(L"QorLumarin.dll");
     const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
         reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")));
