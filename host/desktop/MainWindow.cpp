@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -15,6 +16,7 @@ namespace host {
 namespace {
 
 constexpr QSize UsualSize(860, 600);
+constexpr QSize FrameRoom(16, 48);  // a screen may be small
 // What the component reports after photos were sent.
 constexpr int PhotosFirst = 0;
 constexpr int PhotosSecond = 9;
@@ -25,7 +27,7 @@ MainWindow::MainWindow(const HostOptions& user)
     : user_(user), queries_(DatabasePath(user.dataFolder), DatabaseUse::Queries) {
     setObjectName("frmMain");
     setWindowTitle("Lumarin Reference Host");
-    resize(UsualSize);
+    resize(UsualSize.boundedTo(screen()->availableSize() - FrameRoom));
     AddTools();
     page_ = new StartPage(user_);
     page_->opened = [this](std::int32_t listing) { OpenInPhotos(listing); };

@@ -1,13 +1,24 @@
 #include "platform/qt/FileChooser.h"
 
+#include <QApplication>
+#include <QCompleter>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QListView>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTimer>
 #include <QTreeView>
 
 #include "base/Text.h"
 #include "platform/qt/Conversions.h"
+#include "platform/qt/PictureModel.h"
 #include "platform/qt/PreviewPane.h"
 
 namespace lumarin::qt {
@@ -15,6 +26,9 @@ namespace lumarin::qt {
 namespace {
 
 constexpr QSize DialogSize(1080, 520);
+constexpr QSize FrameRoom(16, 48);
+constexpr QSize CellRoom(16, 34);
+constexpr int MostLevels = 64;
 
 QString Patterns(const std::string& patterns) {
     QStringList both;
@@ -34,6 +48,69 @@ QString DefaultSuffix(const std::string& filter) {
     return suffix == "*" ? QString() : suffix;
 }
 
+/// A list of suggestions takes the click that closes it. A person who has typed a folder and clicks on Open,
+/// or on a file, means that.
+class ClickPassesOn final : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* list = qobject_cast<QWidget*>(watched);
+        if (event->type() != QEvent::MouseButtonPress || list == nullptr) return false;
+        const auto& press = static_cast<const QMouseEvent&>(*event);
+        if (press.button() != Qt::LeftButton || list->rect().contains(press.position().toPoint()))
+            return false;
+        list->hide();
+        // When the list has really gone.
+        QTimer::singleShot(0, this, [at = press.globalPosition()] { Click(at); });
+        return true;
+    }
+
+private:
+    static void Click(QPointF at) {
+        const QPointer<QWidget> target = QApplication::widgetAt(at.toPoint());
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            if (target == nullptr) return;
+            const bool down = type == QEvent::MouseButtonPress;
+            QMouseEvent click(type, target->mapFromGlobal(at), at, Qt::LeftButton,
+                              down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+            QApplication::sendEvent(target, &click);
+        }
+    }
+};
+
+void LetClicksPass(QFileDialog& dialog) {
+    auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+    if (name != nullptr && name->completer() != nullptr)
+        name->completer()->popup()->installEventFilter(new ClickPassesOn(&dialog));
+}
+
+/// Pictures in a grid, as in an album.
+void ShowThumbnails(QFileDialog& dialog) {
+    dialog.setProxyModel(new PictureModel(dialog));
+    dialog.setViewMode(QFileDialog::List);
+    auto* list = dialog.findChild<QListView*>("listView");
+    if (list == nullptr) return;
+    list->setViewMode(QListView::IconMode);
+    list->setMovement(QListView::Static);
+    list->setResizeMode(QListView::Adjust);
+    list->setIconSize(PictureModel::ThumbnailSize);
+    list->setGridSize(PictureModel::ThumbnailSize + CellRoom);
+    list->setUniformItemSizes(true);
+    list->setTextElideMode(Qt::ElideMiddle);
+}
+
+/// The folder, or as much of its path as is there: a card may have been taken out.
+QString StartFolder(const FileDialog& dialog) {
+    if (dialog.folder.empty())
+        return dialog.preview ? QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)
+                              : QString();
+    QDir folder(ToQt(dialog.folder));
+    for (int up = 0; !folder.exists() && up < MostLevels; ++up)
+        folder.setPath(QFileInfo(folder.path()).path());
+    return folder.path();
+}
+
 void AddPreview(QFileDialog& dialog) {
     auto* layout = qobject_cast<QGridLayout*>(dialog.layout());
     if (layout == nullptr) return;
@@ -43,7 +120,7 @@ void AddPreview(QFileDialog& dialog) {
                      [pane](const QString& path) { pane->ShowFile(path); });
     if (auto* list = dialog.findChild<QTreeView*>())
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    dialog.resize(DialogSize);
+    dialog.resize(DialogSize.boundedTo(dialog.screen()->availableSize() - FrameRoom));
 }
 
 std::vector<std::string> Run(QFileDialog& chooser) {
@@ -64,13 +141,17 @@ QStringList NameFilters(const std::string& pairs) {
 }
 
 std::vector<std::string> RunFileDialog(const FileDialog& dialog, QWidget* owner) {
-    QFileDialog chooser(owner, ToQt(dialog.title), ToQt(dialog.folder));
+    QFileDialog chooser(owner, ToQt(dialog.title), StartFolder(dialog));
     chooser.setObjectName("fileDialog");
     chooser.setFileMode(dialog.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
     if (dialog.preview) chooser.setOption(QFileDialog::DontUseNativeDialog);
     chooser.setOption(QFileDialog::HideNameFilterDetails);
     chooser.setNameFilters(NameFilters(dialog.filter));
-    if (dialog.preview) AddPreview(chooser);
+    if (dialog.preview) {
+        ShowThumbnails(chooser);
+        LetClicksPass(chooser);
+        AddPreview(chooser);
+    }
     return Run(chooser);
 }
 
