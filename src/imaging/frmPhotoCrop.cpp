@@ -48,7 +48,7 @@ frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
     SetTopmost(true);
     SetHelpContext(HelpPage);
     SetInitialSize(12000, 8400);
-    for (PictureBox* hidden : {&lbmBM, &LEAD1, &LEAD2}) hidden->SetVisible(false);
+    for (PictureBox* hidden : {&lbmBM, &LEAD1, &LEAD2, &picPhoto}) hidden->SetVisible(false);
     cmbView.SetVisible(false);
     lblPicture.SetVisible(false);
     for (int i = 0; i < hsbControl.Size(); ++i) {
@@ -72,6 +72,7 @@ void frmPhotoCrop::ConnectButtons() {
         PlaceByHeight();
         BoxChanged(crop::Change::Placement);
     };
+    cmdShowPhoto.Click = [this] { RunCommand("cmdShowPhoto", [this] { ShowPhoto(); }); };
     cmdCapture.Click = [this] { RunCommand("cmdCapture", [this] { Capture(); }); };
     cmdCancel.Click = [this] { RunCommand("cmdCancel", [this] { Finish(PhotoResult::Skip); }); };
     cmdAbort.Click = [this] { RunCommand("cmdAbort", [this] { Finish(PhotoResult::Cancel); }); };
@@ -188,6 +189,7 @@ bool frmPhotoCrop::MayPassThrough(const std::string& sourcePath) const {
 }
 
 void frmPhotoCrop::ReleasePicture() {
+    LeavePhoto();
     source_.reset();
     previewBitmap_.reset();
     plainBitmap_.reset();
@@ -218,6 +220,7 @@ void frmPhotoCrop::OnUnload() {
 void frmPhotoCrop::SliderChanged(int index) {
     lblControlValue(index).SetCaption(std::to_string(hsbControl(index).Value()));
     Preview.SetTones(Tones());
+    LeavePhoto();
     Note(index == 0 ? crop::Change::Intensity : crop::Change::Contrast);
 }
 
@@ -228,13 +231,20 @@ crop::MappedBox frmPhotoCrop::BoxInPicture() {
                               source_->Height());
 }
 
+bool frmPhotoCrop::CanCapture(const crop::MappedBox& box) {
+    if (CropBox.Width() * CropBox.Height() < SmallestCaptureArea)
+        Refuse("The image capture area is to small.");
+    else if (box.cut.width < FewestCutPixels || box.cut.height < FewestCutPixels)
+        Refuse("Not enough of the image is selected.");
+    else
+        return true;
+    return false;
+}
+
 void frmPhotoCrop::Capture() {
     Timer.SetEnabled(false);
-    if (CropBox.Width() * CropBox.Height() < SmallestCaptureArea)
-        return Refuse("The image capture area is to small.");
     const crop::MappedBox box = BoxInPicture();
-    if (box.cut.width < FewestCutPixels || box.cut.height < FewestCutPixels)
-        return Refuse("Not enough of the image is selected.");
+    if (!CanCapture(box)) return;
     if (cmbView.Visible()) chosenView_ = {cmbView.Text(), cmbView.ItemData()};
     try {
         const HourglassPointer hourglass(desktop());
@@ -251,15 +261,7 @@ void frmPhotoCrop::Capture() {
     }
 }
 
-void frmPhotoCrop::WritePhoto(const crop::MappedBox& box) {
-    // A plain sum, deliberately: a box of the picture's size passes wherever it stands, as terms of
-    // opposite sign cancel.
-    const bool untouched = box.SumOfMargins() + hsbControl(0).Value() + hsbControl(1).Value() == 0;
-    const bool marks = !photoSize_.MarkerText.empty();
-    if (passThrough_ && untouched && turn_ == PictureTurn() &&
-        (!marks || HasProcessedMarker(files::ReadAll(sourcePath_))))
-        return files::Copy(sourcePath_, destinationPath_);
-
+CaptureOrder frmPhotoCrop::OrderOf(const crop::MappedBox& box) {
     const double factor = Preview.Width() / CropBox.Width() * photoSize_.TargetWidth / source_->Width();
     const PixelRect place = crop::PlaceInPhoto(box, factor, photoSize_.TargetWidth, photoSize_.TargetHeight);
     CaptureOrder order;
@@ -273,6 +275,19 @@ void frmPhotoCrop::WritePhoto(const crop::MappedBox& box) {
     order.top = place.top;
     order.caption = photoSize_.MarkerText;
     order.jpegQualityFactor = photoSize_.JpegQuality;
+    return order;
+}
+
+void frmPhotoCrop::WritePhoto(const crop::MappedBox& box) {
+    // A plain sum, deliberately: a box of the picture's size passes wherever it stands, as terms of
+    // opposite sign cancel.
+    const bool untouched = box.SumOfMargins() + hsbControl(0).Value() + hsbControl(1).Value() == 0;
+    const bool marks = !photoSize_.MarkerText.empty();
+    if (passThrough_ && untouched && turn_ == PictureTurn() &&
+        (!marks || HasProcessedMarker(files::ReadAll(sourcePath_))))
+        return files::Copy(sourcePath_, destinationPath_);
+
+    const CaptureOrder order = OrderOf(box);
     if (marks)
         CaptureMarked(*source_, order, destinationPath_);
     else

@@ -32,6 +32,7 @@ public:
                   .accessibleDescription = "Arrow keys move the box, with Shift they size it; plus and minus "
                                            "size it, Home and End fit it."}};
     PictureBox Preview{*this, "Preview"};
+    PictureBox picPhoto{*this, "picPhoto"};  ///< the photo as it will be, in place of the picture
     Shape CropBox{*this, "CropBox"};
     PictureBox lbmBM{*this, "lbmBM"};                         ///< hidden: the working picture
     PictureBox LEAD1{*this, "LEAD1"}, LEAD2{*this, "LEAD2"};  ///< hidden; the imaging port does their work
@@ -68,6 +69,8 @@ public:
     Button cmdRotateRight{*this, "cmdRotateRight", {.toolTip = "Turn the picture to the right (Ctrl+R)"}};
     Button cmdUndo{*this, "cmdUndo", {.toolTip = "Undo (Ctrl+Z)"}};
     Button cmdRedo{*this, "cmdRedo", {.toolTip = "Redo (Ctrl+Y)"}};
+    Button cmdShowPhoto{
+        *this, "cmdShowPhoto", {"Show &Photo", "See the photo as it will be, or the picture again"}};
     Button cmdOriginal{*this, "cmdOriginal", {"&Original", "Undo everything"}};
     Label lblSoft{*this, "lblSoft", {.accessibleName = "Sharpness of the photo"}};
     ComboBox cmbView{*this, "cmbView", {"&View:", "What the photo shows"}};
@@ -165,6 +168,12 @@ private:
     ToneTable Tones();
 
     crop::MappedBox BoxInPicture();
+    CaptureOrder OrderOf(const crop::MappedBox& box);
+    bool CanCapture(const crop::MappedBox& box);
+    bool ShowsPhoto() const { return picPhoto.Visible(); }
+    void ShowPhoto();
+    void LeavePhoto();
+    void PlacePhoto();
     void Capture();
     void WritePhoto(const crop::MappedBox& box);
     void Refuse(const std::string& text);

@@ -75,6 +75,7 @@ void frmPhotoCrop::ConnectStage() {
     Shape1.MouseDown = [this](const Mouse& mouse) { StageMouseDown(mouse); };
     Shape1.MouseMove = [this](const Mouse& mouse) { StageMouseMove(mouse); };
     Shape1.MouseUp = release;
+    picPhoto.MouseDown = [this](const Mouse&) { LeavePhoto(); };
     Shape1.Resize = [this] { StageResized(); };
     Shape1.KeyPressed = [this](const KeyDown& key, bool& used) { used = StageKey(key); };
 
@@ -119,6 +120,7 @@ void frmPhotoCrop::StageResized() {
 }
 
 void frmPhotoCrop::StageMouseDown(const Mouse& mouse) {
+    if (ShowsPhoto()) return LeavePhoto();
     lastX_ = mouse.x;
     lastY_ = mouse.y;
     if (mouse.button != MouseButton::Left) return;
@@ -144,7 +146,7 @@ void frmPhotoCrop::StageMouseMove(const Mouse& mouse) {
 }
 
 void frmPhotoCrop::TakeHold(const Mouse& mouse) {
-    hitZone_ = crop::HitTest(CropBox.Bounds(), mouse.x, mouse.y);
+    hitZone_ = ShowsPhoto() ? crop::HitZone::Outside : crop::HitTest(CropBox.Bounds(), mouse.x, mouse.y);
     const Pointer pointer = spaceHeld_ ? Pointer::Hand : PointerOver(hitZone_);
     Preview.SetMousePointer(pointer);
     Shape1.SetMousePointer(pointer);

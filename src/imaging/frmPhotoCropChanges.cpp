@@ -77,6 +77,7 @@ void frmPhotoCrop::SetTones(const ToneChange& tones) {
 }
 
 void frmPhotoCrop::BoxChanged(crop::Change change) {
+    LeavePhoto();
     Note(change);
     ShowSoftness();
 }

@@ -64,6 +64,7 @@ void frmPhotoCrop::FitView() {
 }
 
 void frmPhotoCrop::ShowView() {
+    LeavePhoto();
     const Rect& picture = Preview.Bounds();
     if (zoom_ <= 1) {
         middleX_ = picture.left + picture.width / 2;
@@ -113,6 +114,40 @@ void frmPhotoCrop::ShowPicture() {
     sharp_ = true;
     lbmBM.SetImage(previewBitmap_);
     Preview.SetImage(previewBitmap_);
+}
+
+/// The photo takes the place of picture and box until anything changes.
+void frmPhotoCrop::ShowPhoto() {
+    if (ShowsPhoto()) return LeavePhoto();
+    const crop::MappedBox box = BoxInPicture();
+    if (!CanCapture(box)) return;
+    const HourglassPointer hourglass(desktop());
+    picPhoto.SetImage(std::make_shared<const Picture>(source_->Photo(OrderOf(box))));
+    PlacePhoto();
+    picPhoto.SetVisible(true);
+    Preview.SetVisible(false);
+    CropBox.SetVisible(false);
+}
+
+void frmPhotoCrop::LeavePhoto() {
+    if (!ShowsPhoto()) return;
+    picPhoto.SetVisible(false);
+    picPhoto.SetImage(nullptr);
+    Preview.SetVisible(true);
+    CropBox.SetVisible(true);
+}
+
+/// In the middle of the stage, in its own size where there is room for that.
+void frmPhotoCrop::PlacePhoto() {
+    const Lens& lens = Shape1.Lens();
+    const double width = photoSize_.TargetWidth * TwipsPerPixel;
+    const double height = photoSize_.TargetHeight * TwipsPerPixel;
+    const double fitting = std::min(
+        {1.0, (Shape1.Width() - 2 * ViewMargin) / width, (Shape1.Height() - 2 * ViewMargin) / height});
+    const double scale = std::max(0.1, fitting) / lens.scale;
+    const double middleX = (Shape1.Width() / 2 - lens.left) / lens.scale;
+    const double middleY = (Shape1.Height() / 2 - lens.top) / lens.scale;
+    picPhoto.Move({middleX - width * scale / 2, middleY - height * scale / 2, width * scale, height * scale});
 }
 
 void frmPhotoCrop::Sharpen() {

@@ -320,6 +320,45 @@ TEST_F(PhotoCrop, TurnedPicture_IsCapturedTurnedAndNeverPassesThrough) {
     EXPECT_EQ(imaging.orders.size(), 1U) << "as it was, it passes";
 }
 
+TEST_F(PhotoCrop, ShownPhoto_IsThatOfTheCaptureUntilAnythingChanges) {
+    window.SetPhotoSize("480,300,35,35000,4,Board 1");
+    CaptureAfter("wide.jpg", [&] {
+        window.CropBox.Move({0, 1500, 4800, 3000});
+        const std::function<void()> changes[] = {
+            [&] { window.cmdShowPhoto.Press(); },
+            [&] {
+                window.picPhoto.MouseWentDown({MouseButton::Left, 9, 9});
+            },
+            [&] { window.hsbControl(0).SetValue(25); },
+            [&] {
+                window.Shape1.Zoom({2, 0, 0});
+            },
+            [&] { window.Shape1.PressKey({Key::Right}); },
+        };
+        for (const auto& change : changes) {
+            window.cmdShowPhoto.Press();
+            EXPECT_TRUE(window.picPhoto.Visible() && !window.CropBox.Visible() && !window.Preview.Visible());
+            const Rect seen = window.Shape1.Lens().Shown(window.picPhoto.Bounds());
+            EXPECT_NEAR(seen.width, 7200, 1e-6) << "in its own size, at any zoom";
+            EXPECT_NEAR(seen.left, 600, 1e-6);
+            change();
+            EXPECT_FALSE(window.picPhoto.Visible()) << &change - changes;
+            EXPECT_TRUE(window.CropBox.Visible() && window.Preview.Visible());
+        }
+        window.cmdShowPhoto.Press();
+    });
+    ASSERT_EQ(imaging.orders.size(), 1U) << "the photo that is shown can be captured";
+    EXPECT_EQ(imaging.shown.cut, imaging.orders[0].cut);
+    EXPECT_EQ(imaging.shown.caption, "Board 1");
+    EXPECT_EQ(imaging.shown.tones, imaging.orders[0].tones);
+    desktop.Expect("The image capture area is to small.");
+    Crop("wide.jpg", [&] {
+        window.CropBox.Move({2000, 2000, 480, 300});
+        window.cmdShowPhoto.Press();
+        EXPECT_FALSE(window.picPhoto.Visible());
+    });
+}
+
 TEST_F(PhotoCrop, UndoAndRedo_GoThroughWhatTheUserDid) {
     const std::function<void()> steps[] = {
         [&] { window.Shape1.PressKey({Key::End}); },

@@ -31,7 +31,8 @@ public:
     std::map<std::string, Source> pictures;
     std::optional<Error> openFailure, captureFailure;
     std::vector<CaptureOrder> orders;
-    PictureTurn turn;  ///< of the last capture
+    PictureTurn turn;    ///< of the last capture
+    CaptureOrder shown;  ///< of the last photo that was asked for without being captured
     std::vector<PageOrder> pages;
     /// Bytes of the next captured files and pages, in order; 28 and 100 where none is said.
     std::deque<std::size_t> captureLengths, pageLengths;
@@ -71,6 +72,7 @@ private:
         bool IsPlainJpeg() const override { return source_.plainJpeg; }
         void Turn(const PictureTurn& turn) override { turn_ = turn; }
         Picture Photo(const CaptureOrder& order) override {
+            library_.shown = order;
             return {order.canvasWidth, order.canvasHeight,
                     std::vector<std::uint8_t>(std::size_t(order.canvasWidth * order.canvasHeight) * 3)};
         }
