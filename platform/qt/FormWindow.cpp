@@ -86,7 +86,8 @@ void FormWindow::KeepLayout() {
     const bool isMaximised = window_->isMaximized();
     const QSize size = isMaximised ? window_->normalGeometry().size() : window_->size();
     if (!opened_.isEmpty() && wasShown_) {
-        if (size != opened_ && !size.isEmpty()) layout_.Set(SizePart, {size.width(), size.height()});
+        const QSize opened = opened_.expandedTo(window_->minimumSizeHint());
+        if (size != opened && !size.isEmpty()) layout_.Set(SizePart, {size.width(), size.height()});
         if (isMaximised || !layout_.Of(MaximisedPart).empty())
             layout_.Set(MaximisedPart, isMaximised ? Yes : No);
     }
@@ -221,9 +222,9 @@ void FormWindow::PlaceChanged() {
 
 void FormWindow::InnerSizeChanged() {
     const QSize size = ToPixels(Rect{0, 0, form_->InnerSize().width, form_->InnerSize().height}).size();
-    if (!laidOut_ || size.isEmpty() || size == window_->size()) return;
-    window_->resize(size);
+    if (!laidOut_ || size.isEmpty()) return;
     opened_ = {};
+    if (size != window_->size()) window_->resize(size);
 }
 
 void FormWindow::TellPlace() {
