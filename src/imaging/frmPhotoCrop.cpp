@@ -51,6 +51,7 @@ frmPhotoCrop::frmPhotoCrop(Desktop& desktop, Imaging& imaging)
     for (PictureBox* hidden : {&lbmBM, &LEAD1, &LEAD2, &picPhoto}) hidden->SetVisible(false);
     cmbView.SetVisible(false);
     lblPicture.SetVisible(false);
+    cmdUseForAll.SetVisible(false);
     for (int i = 0; i < hsbControl.Size(); ++i) {
         hsbControl(i).SetRange(-500, 500, 25, 100);
         hsbControl(i).SetValue(0);
@@ -117,6 +118,7 @@ void frmPhotoCrop::SelectViewOfFile(const std::string& path) {
 void frmPhotoCrop::SetProgress(const std::string& text) {
     lblPicture.SetCaption(text);
     lblPicture.SetVisible(!text.empty());
+    cmdUseForAll.SetVisible(!text.empty());
 }
 
 PhotoResult frmPhotoCrop::CropPhoto(const std::string& sourcePath, CropMode mode, bool showAbort,
@@ -134,8 +136,10 @@ PhotoResult frmPhotoCrop::CropPhoto(const std::string& sourcePath, CropMode mode
         ReleasePicture();
         return PhotoResult::Skip;
     }
+    tmrUseForAll.SetEnabled(forAll_.has_value());
     ShowModal(owner);
     Timer.SetEnabled(false);
+    tmrUseForAll.SetEnabled(false);
     ReleasePicture();
     return result_;
 }
@@ -160,6 +164,7 @@ void frmPhotoCrop::OpenPicture(const std::string& sourcePath, CropMode mode, boo
     PlaceByWidth();
     history_.Start(PresentState());
     BoxChanged(crop::Change::Original);
+    if (forAll_) UseAsBefore();
 }
 
 std::unique_ptr<SourcePicture> frmPhotoCrop::OpenSource(const std::string& sourcePath, CropMode mode) {
@@ -214,6 +219,7 @@ bool frmPhotoCrop::OnQueryClose(CloseReason reason) {
 
 void frmPhotoCrop::OnUnload() {
     Timer.SetEnabled(false);
+    tmrUseForAll.SetEnabled(false);
     result_ = PhotoResult::Unloaded;
 }
 
@@ -255,6 +261,7 @@ void frmPhotoCrop::Capture() {
         const bool unreadable = error != nullptr && error->Number() == InvalidPictureError;
         const std::string text =
             unreadable ? NoValidPhoto : std::string("The photo was not saved. ") + problem.what();
+        StopUsingForAll();
         desktop().ShowMessage(ErrorMessage(text), this);
         // What could not be written can be tried again; what cannot be read never becomes a photo.
         if (unreadable) Finish(PhotoResult::Skip);
@@ -295,6 +302,7 @@ void frmPhotoCrop::WritePhoto(const crop::MappedBox& box) {
 }
 
 void frmPhotoCrop::Refuse(const std::string& text) {
+    StopUsingForAll();
     desktop().ShowMessage(
         {.text = text, .title = Title, .icon = Icon::Exclamation, .modality = Modality::System}, this);
     PlaceByWidth();

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,11 @@ public:
     Button cmdOriginal{*this, "cmdOriginal", {"&Original", "Undo everything"}};
     Label lblSoft{*this, "lblSoft", {.accessibleName = "Sharpness of the photo"}};
     ComboBox cmbView{*this, "cmbView", {"&View:", "What the photo shows"}};
+    Button cmdUseForAll{
+        *this,
+        "cmdUseForAll",
+        {"Use for a&ll", "Capture this and all that follow with the same box, turn and sliders"}};
+    lumarin::Timer tmrUseForAll{*this, "tmrUseForAll"};  ///< lets each picture be seen
     Label lblPicture{*this, "lblPicture", {.accessibleName = "Which picture of several"}};
     Button cmdCapture{*this, "cmdCapture", {"C&apture"}}, cmdCancel{*this, "cmdCancel", {"&Cancel"}};
     Button cmdAbort{*this, "cmdAbort", {"&Abort", "Give up this photo and all that follow"}};
@@ -101,6 +107,9 @@ public:
     void SetOpeningSize(const Size& inner) { openingSize_ = inner; }
     /// The inner size that the user has given the window since it opened; 0 x 0 when it is as it was.
     Size ChosenSize() const { return openedSize_ == InnerSize() ? Size{} : InnerSize(); }
+
+    /// Ends what "Use for all" has begun; also for the pictures to come.
+    void StopUsingForAll();
 
     /// Says which picture of how many the next one is ("Picture 2 of 5"); "" hides it.
     void SetProgress(const std::string& text);
@@ -137,6 +146,9 @@ private:
     void Restore(const crop::State& state);
     void BoxChanged(crop::Change change);
     void ShowSoftness();
+    void UseForAll();
+    void UseAsBefore();
+    void TakeInHand();
     void TurnBy(int quarters);
     void TurnPicture(const PictureTurn& turn);
     void Straightened();
@@ -194,6 +206,8 @@ private:
     PicturePtr plainBitmap_;  ///< the same before it was straightened; null until it is needed
     PictureTurn turn_;
     crop::History history_;
+    /// What all pictures of an import are to get, its box as shares of the preview's width.
+    std::optional<crop::State> forAll_;
     bool sharp_ = true;       ///< what is seen comes straight from the source
     bool restoring_ = false;  ///< several controls are being set for one change
 
@@ -218,6 +232,7 @@ public:
     explicit SeveralPictures(frmPhotoCrop& window) : window_(window) {}
     ~SeveralPictures() {
         window_.SetProgress("");
+        window_.StopUsingForAll();
         window_.Refused = nullptr;
     }
     SeveralPictures(const SeveralPictures&) = delete;

@@ -13,6 +13,9 @@ namespace {
 constexpr int QuartersRound = 4;
 constexpr int TenthsOfDegree = 10;
 constexpr int MostTenths = 150;
+constexpr int EachIsSeen = 1200;  // milliseconds
+constexpr const char* UseForAllCaption = "Use for a&ll";
+constexpr const char* StopCaption = "Stop a&ll";
 
 std::string DegreesText(int tenths) {
     const int size = std::abs(tenths);
@@ -38,6 +41,10 @@ void frmPhotoCrop::ConnectChanges() {
     };
     cmdUndo.Click = [this] { Restore(history_.Undo()); };
     cmdRedo.Click = [this] { Restore(history_.Redo()); };
+    tmrUseForAll.SetInterval(EachIsSeen);
+    tmrUseForAll.Elapsed = [this] { cmdCapture.Press(); };
+    cmbView.GotFocus = [this] { TakeInHand(); };
+    cmdUseForAll.Click = [this] { UseForAll(); };
     cmdOriginal.Click = [this] {
         history_.Note(history_.Original(), crop::Change::Original);
         Restore(history_.Present());
@@ -52,6 +59,7 @@ crop::State frmPhotoCrop::PresentState() {
 
 void frmPhotoCrop::Note(crop::Change change) {
     if (restoring_ || previewBitmap_ == nullptr) return;
+    TakeInHand();
     history_.Note(PresentState(), change);
     cmdUndo.SetEnabled(history_.CanUndo());
     cmdRedo.SetEnabled(history_.CanRedo());
@@ -92,6 +100,40 @@ void frmPhotoCrop::ShowSoftness() {
     lblSoft.SetCaption(soft ? SizeText(box.cut.width, box.cut.height) + " pixels become " +
                                   SizeText(place.width, place.height) + ": the photo will look soft"
                             : "");
+}
+
+/// The same button stops.
+void frmPhotoCrop::UseForAll() {
+    if (forAll_) return StopUsingForAll();
+    forAll_ = PresentState();
+    const double width = Preview.Width();
+    Rect& box = forAll_->box;
+    box = {box.left / width, box.top / width, box.width / width, box.height / width};
+    // Over a picture of another shape the box keeps its place relative to the middle.
+    box.top -= Preview.Height() / width / 2;
+    cmdUseForAll.SetCaption(StopCaption);
+    cmdCapture.Press();
+}
+
+void frmPhotoCrop::StopUsingForAll() {
+    forAll_.reset();
+    tmrUseForAll.SetEnabled(false);
+    cmdUseForAll.SetCaption(UseForAllCaption);
+}
+
+/// The user does something about a picture that would have gone on by itself.
+void frmPhotoCrop::TakeInHand() {
+    if (tmrUseForAll.Enabled()) StopUsingForAll();
+}
+
+void frmPhotoCrop::UseAsBefore() {
+    crop::State state = *forAll_;
+    TurnPicture(state.turn);
+    const double width = Preview.Width();
+    const Rect& box = forAll_->box;
+    state.box = {box.left * width, box.top * width + Preview.Height() / 2, box.width * width,
+                 box.height * width};
+    Restore(state);
 }
 
 /// The box is placed as over a picture that has just been opened.

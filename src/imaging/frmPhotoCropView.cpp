@@ -119,6 +119,7 @@ void frmPhotoCrop::ShowPicture() {
 /// The photo takes the place of picture and box until anything changes.
 void frmPhotoCrop::ShowPhoto() {
     if (ShowsPhoto()) return LeavePhoto();
+    TakeInHand();
     const crop::MappedBox box = BoxInPicture();
     if (!CanCapture(box)) return;
     const HourglassPointer hourglass(desktop());

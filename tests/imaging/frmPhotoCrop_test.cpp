@@ -407,6 +407,39 @@ TEST_F(PhotoCrop, UndoAndRedo_GoThroughWhatTheUserDid) {
     });
 }
 
+TEST_F(PhotoCrop, UseForAll_CapturesTheRestAlikeUntilItIsStopped) {
+    GivenFile("half.jpg", 320, 200);
+    GivenFile("tall.jpg", 400, 640);
+    const SeveralPictures several(window);
+    EXPECT_FALSE(window.cmdUseForAll.Visible());
+    window.SetProgress("Picture 1 of 4");
+    EXPECT_EQ(Crop("wide.jpg",
+                   [&] {
+                       window.CropBox.Move({1800, 1500, 2400, 1500});
+                       window.hsbControl(0).SetValue(50);
+                       window.hsbStraighten.SetValue(10);
+                       window.cmdUseForAll.Press();
+                   }),
+              PhotoResult::Done);
+    for (const char* file : {"half.jpg", "tall.jpg"})
+        EXPECT_EQ(Crop(file,
+                       [&] {
+                           EXPECT_TRUE(window.tmrUseForAll.Enabled());
+                           window.tmrUseForAll.Tick();
+                       }),
+                  PhotoResult::Done);
+    ASSERT_EQ(imaging.orders.size(), 3U);
+    EXPECT_EQ(imaging.orders[1].cut, (PixelRect{0, 0, 160, 100}));
+    EXPECT_EQ(imaging.orders[2].cut, (PixelRect{0, 195, 200, 125})) << "beside the middle, as before";
+    EXPECT_EQ(imaging.orders[2].tones, MakeToneTable(50, 0));
+    EXPECT_EQ(imaging.turn, (PictureTurn{0, 1}));
+    Crop("half.jpg", [&] {
+        window.Shape1.PressKey({Key::Left});
+        EXPECT_FALSE(window.tmrUseForAll.Enabled()) << "taken in hand";
+    });
+    Crop("half.jpg", [&] { EXPECT_EQ(window.hsbControl(0).Value(), 0) << "and so are the others"; });
+}
+
 TEST_F(PhotoCrop, Views_AreChosenByTextAndKeptAtCapture) {
     Crop("wide.jpg", [&] { EXPECT_FALSE(window.cmbView.Visible()); });
     window.SetViews(
