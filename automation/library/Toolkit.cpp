@@ -14,11 +14,20 @@ namespace {
 
 constexpr HRESULT WrongThread = RPC_E_WRONG_THREAD;
 
+/// The toolkit itself would show a box and end the host.
+void CheckPlugin(const QString& folder) {
+    const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM", "windows").section(':', 0, 0);
+    const QString plugin = folder + "/platforms/q" + platform + ".dll";
+    if (!QFileInfo::exists(plugin))
+        throw Error(E_FAIL, "QorLumarin", "A part of the component is missing: " + plugin.toStdString());
+}
+
 void MakeApplication() {
     // Nothing of the process changes: not how it scales, nor when it ends. Plugins lie beside the library.
     QCoreApplication::setAttribute(Qt::AA_PluginApplication);
-    const QString library = QString::fromStdWString(module::Path());
-    QCoreApplication::setLibraryPaths({QFileInfo(library).absolutePath()});
+    const QString folder = QFileInfo(QString::fromStdWString(module::Path())).absolutePath();
+    CheckPlugin(folder);
+    QCoreApplication::setLibraryPaths({folder});
     static char name[] = "QorLumarin";
     static char* arguments[] = {name, nullptr};
     static int count = 1;

@@ -163,6 +163,7 @@ int Start(host::ProgramOptions options) {
 
 int main(int argumentCount, char** arguments) {
     lumarin::files::Use(host::PortsOfThisSystem().files);
+    lumarin::platform::SpeakToConsole();
     host::ProgramOptions options;
     try {
         options = host::ParseOptions(lumarin::platform::ProgramArguments(argumentCount, arguments));

@@ -15,6 +15,8 @@ std::string Environment(const char* name) {
 
 std::vector<std::string> ProgramArguments(int count, char** values) { return {values + 1, values + count}; }
 
+void SpeakToConsole() {}
+
 std::string UserDataFolder() {
     if (std::string data = Environment("XDG_DATA_HOME"); !data.empty()) return data;
     const std::string home = Environment("HOME");

@@ -5,6 +5,7 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <cstdio>
 #include <memory>
 
 #include "base/FileSystem.h"
@@ -29,6 +30,17 @@ std::vector<std::string> ProgramArguments(int, char**) {
     std::vector<std::string> arguments;
     for (int i = 1; i < count; ++i) arguments.push_back(files::ToUtf8(values.get()[i]));
     return arguments;
+}
+
+void SpeakToConsole() {
+    const auto leadsNowhere = [](DWORD stream) {
+        const HANDLE handle = GetStdHandle(stream);
+        return handle == nullptr || handle == INVALID_HANDLE_VALUE;
+    };
+    const bool output = leadsNowhere(STD_OUTPUT_HANDLE), errors = leadsNowhere(STD_ERROR_HANDLE);
+    if ((!output && !errors) || !AttachConsole(ATTACH_PARENT_PROCESS)) return;
+    if (output) std::freopen("CONOUT$", "w", stdout);
+    if (errors) std::freopen("CONOUT$", "w", stderr);
 }
 
 std::string UserDataFolder() { return KnownFolder(FOLDERID_LocalAppData); }
