@@ -163,6 +163,7 @@ void frmPhotoCrop::Straightened() {
     if (restoring_ || previewBitmap_ == nullptr) return;
     const crop::PreviewSize plainSize = SharpSize();
     if (plainBitmap_ == nullptr) {
+        const AtEnd asBefore([this] { source_->Turn(turn_); });
         source_->Turn({turn_.quarters, 0});
         plainBitmap_ = std::make_shared<const Picture>(source_->Preview(plainSize.width, plainSize.height));
     }

@@ -25,6 +25,7 @@ void PictureWidget::SetPicture(PicturePtr picture) {
 void PictureWidget::SetTones(const std::optional<ToneTable>& tones) {
     if (tones == tones_) return;
     tones_ = tones;
+    tonedIsCurrent_ = false;
     update();
 }
 
@@ -80,23 +81,26 @@ void PictureWidget::ScaleVisiblePart(const QRect& part) {
         painter.drawImage(QRectF(offset, whole), image, QRectF(image.rect()));
     }
     scaled_.setDevicePixelRatio(ratio);
+    tonedIsCurrent_ = false;
     scaledPart_ = part;
     scaledPlace_ = place;
 }
 
-QImage PictureWidget::WithTones() const {
-    QImage toned(scaled_.size(), QImage::Format_RGB32);
-    toned.setDevicePixelRatio(scaled_.devicePixelRatio());
+const QImage& PictureWidget::WithTones() {
+    if (tonedIsCurrent_) return toned_;
+    if (toned_.size() != scaled_.size()) toned_ = QImage(scaled_.size(), QImage::Format_RGB32);
+    toned_.setDevicePixelRatio(scaled_.devicePixelRatio());
     const ToneTable& tones = *tones_;
-    for (int y = 0; y < toned.height(); ++y) {
+    for (int y = 0; y < toned_.height(); ++y) {
         const auto* from = reinterpret_cast<const QRgb*>(scaled_.constScanLine(y));
-        auto* to = reinterpret_cast<QRgb*>(toned.scanLine(y));
-        for (int x = 0; x < toned.width(); ++x) {
+        auto* to = reinterpret_cast<QRgb*>(toned_.scanLine(y));
+        for (int x = 0; x < toned_.width(); ++x) {
             const QRgb colour = from[x];
             to[x] = qRgb(tones[(colour >> 16) & 0xFF], tones[(colour >> 8) & 0xFF], tones[colour & 0xFF]);
         }
     }
-    return toned;
+    tonedIsCurrent_ = true;
+    return toned_;
 }
 
 void PictureWidget::PaintIcon() {

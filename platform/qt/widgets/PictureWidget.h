@@ -35,7 +35,7 @@ protected:
 private:
     QRect VisiblePart() const;
     void ScaleVisiblePart(const QRect& part);
-    QImage WithTones() const;
+    const QImage& WithTones();
     void PaintIcon();
 
     PicturePtr picture_;
@@ -43,6 +43,8 @@ private:
     QImage scaled_;      ///< the part of the picture that was last painted, in the screen's pixels
     QRect scaledPart_;   ///< of this widget; empty when it must be made again
     QRect scaledPlace_;  ///< of the whole picture when the part was made
+    QImage toned_;       ///< the same by the table; keeps its memory from one table to the next
+    bool tonedIsCurrent_ = false;
     QIcon icon_;
     IconUse iconUse_ = IconUse::PlaceHolder;
 };
