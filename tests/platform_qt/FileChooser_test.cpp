@@ -49,8 +49,9 @@ TEST(FileDialog, PicturesInATypedFolder_AreShownAfterOneClickAndAsThumbnails) {
             EXPECT_EQ(dialog->directory().path(), QDir(QString::fromStdString(folder.Path())).path());
         if (looks > 2000) {
             dialog->reject();
-            ADD_FAILURE() << "the pictures were not seen";
-        } else if (name->completer()->popup()->isVisible()) {
+            ADD_FAILURE() << "the pictures were not seen in " << dialog->directory().path().toStdString()
+                          << " with \"" << name->text().toStdString() << "\" after " << clicks << " clicks";
+        } else if (name->completer()->popup()->isVisible() && name->text().endsWith("album")) {
             ++clicks;
             auto* open = dialog->findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Open);
             QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {},
