@@ -113,7 +113,12 @@ void DropFiles(QWidget& widget, const QStringList& paths) {
     QApplication::sendEvent(target, &move);
     QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(target, &drop);
-    QApplication::processEvents();  // the control hears of a drop when the event has ended
+    // The control hears of a drop when the event has ended, by an event of its own; the one posted here comes
+    // behind it.
+    bool heard = false;
+    QMetaObject::invokeMethod(
+        qApp, [&] { heard = true; }, Qt::QueuedConnection);
+    while (!heard) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 }  // namespace host::hands
