@@ -38,8 +38,10 @@ for library in "${libraries[@]}"; do
     if [[ ${library##*/} == vips-* ]]; then cp "$library/README.md" "$folder/licences/libvips.md"; fi
 done
 
-# What Wine lacks lies beside the tests; a Windows machine has it.
-export WINEPREFIX=$build/drive WINEPATH=$build/bin
+# What Wine lacks a Windows machine has. It stands alone: whatever else the programs need has to be in the folder.
+export WINEPREFIX=$build/drive WINEPATH=$build/stand-ins
+mkdir -p "$WINEPATH"
+cp "$build/bin/bcryptprimitives.dll" "$WINEPATH/"
 demo=$build/package-demo
 run() { "$root/scripts/windows/wine.sh" "$bits" "$@"; }
 xvfb-run -a bash -c "$(declare -f run); root='$root' bits=$bits; run wineboot --init; run '$folder/lumarin-host.exe' --demo --demo-folder '$demo'" \
