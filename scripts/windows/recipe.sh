@@ -64,8 +64,9 @@ get_source() {
     if [[ ! -e $apt/ready ]]; then
         mkdir -p "$apt"/{parts,lists/partial,cache/archives/partial}
         sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/*.sources >"$apt/parts/all.sources" 2>/dev/null || true
-        cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null | sed -n 's/^deb /deb-src /p' \
-            >"$apt/parts/all.list"
+        # A machine may have either kind of list alone.
+        sed -n 's/^deb /deb-src /p' /etc/apt/sources.list /etc/apt/sources.list.d/*.list >"$apt/parts/all.list" \
+            2>/dev/null || true
         printf 'Dir::Etc::sourcelist "/dev/null";\nDir::Etc::sourceparts "%s/parts";\n' "$apt" >"$apt/conf"
         printf 'Dir::State::lists "%s/lists";\nDir::Cache "%s/cache";\n' "$apt" "$apt" >>"$apt/conf"
         echo 'APT::Sandbox::User "";' >>"$apt/conf"
