@@ -165,6 +165,10 @@ void ListView::SetPicture(int row, const std::string& picture) {
     ChangeRow(row, [&](Row& changed) { changed.picture = picture; });
 }
 
+void ListView::SetToolTip(int row, const std::string& toolTip) {
+    ChangeRow(row, [&](Row& changed) { changed.toolTip = toolTip; });
+}
+
 void ListView::Clear() {
     rows_.clear();
     const bool hadSelected = std::exchange(selected_, -1) >= 0;

@@ -65,6 +65,7 @@ public:
     void SetText(int row, const std::string& text);
     void SetSubItems(int row, std::vector<std::string> subItems);
     void SetPicture(int row, const std::string& picture);
+    void SetToolTip(int row, const std::string& toolTip);
     /// Removes all rows; the columns stay.
     void Clear();
 

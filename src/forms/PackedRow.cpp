@@ -8,7 +8,7 @@ namespace lumarin {
 namespace {
 
 // A length is one byte, or this value and four bytes. The row is its mark, the number of its sub-items, and
-// then text, sub-items, key, tag and picture, each behind its length.
+// then text, sub-items, key, tag, picture and tool tip, each behind its length.
 constexpr std::size_t MarkBytes = 1;
 constexpr unsigned char LongLength = 255;
 
@@ -67,7 +67,7 @@ private:
 
 PackedRow::PackedRow(const ListRow& row) {
     std::size_t bytes = MarkBytes + BytesFor(row.subItems.size()) + BytesFor(row.text) + BytesFor(row.key) +
-                        BytesFor(row.tag) + BytesFor(row.picture);
+                        BytesFor(row.tag) + BytesFor(row.picture) + BytesFor(row.toolTip);
     for (const std::string& subItem : row.subItems) bytes += BytesFor(subItem);
     parts_ = std::make_unique_for_overwrite<char[]>(bytes);
 
@@ -76,7 +76,7 @@ PackedRow::PackedRow(const ListRow& row) {
     writer.Length(row.subItems.size());
     writer.Part(row.text);
     for (const std::string& subItem : row.subItems) writer.Part(subItem);
-    for (const std::string* part : {&row.key, &row.tag, &row.picture}) writer.Part(*part);
+    for (const std::string* part : {&row.key, &row.tag, &row.picture, &row.toolTip}) writer.Part(*part);
 }
 
 std::string_view PackedRow::Cell(int column) const {
@@ -92,7 +92,7 @@ ListRow PackedRow::Unpacked() const {
     row.subItems.resize(reader.Length());
     row.text = reader.Part();
     for (std::string& subItem : row.subItems) subItem = reader.Part();
-    for (std::string* part : {&row.key, &row.tag, &row.picture}) *part = reader.Part();
+    for (std::string* part : {&row.key, &row.tag, &row.picture, &row.toolTip}) *part = reader.Part();
     return row;
 }
 

@@ -15,6 +15,8 @@ struct ListRow {
     std::string tag{};
     /// A picture file that the front end may show small beside the text; "" for none.
     std::string picture{};
+    /// Shown while the pointer rests on the row, and read with it by a screen reader; "" for none.
+    std::string toolTip{};
 };
 
 /// The same row as a list keeps it: all its texts in one allocation. A list may hold a million of them, and

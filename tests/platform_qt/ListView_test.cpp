@@ -44,6 +44,8 @@ TEST_F(ListViewTest, Rows_ChangedByCode_AreShownAndChooseNothing) {
     form->lisRows.SetText(1, "55");
     EXPECT_EQ(Shown(), "4 55 6 7");
     EXPECT_EQ(Tree().model()->index(1, 1).data(), "Street");
+    form->lisRows.SetToolTip(1, "in full");
+    EXPECT_EQ(Tree().model()->index(1, 1).data(Qt::ToolTipRole), "in full");
     form->lisRows.Select(2);
     form->lisRows.InsertRow(0, {.text = "3"});
     EXPECT_EQ(Current(), 3) << "the selection goes with its row";

@@ -75,6 +75,8 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (list_ == nullptr || !index.isValid() || index.row() >= list_->Count()) return {};
     if (role == Qt::DisplayRole) return ToQt(list_->Cell(index.row(), index.column()));
     if (role == Qt::TextAlignmentRole) return Alignment(index.column());
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
+        return ToQt(list_->At(index.row()).toolTip);
     if (role != Qt::DecorationRole || index.column() != 0) return {};
     const std::string picture = list_->At(index.row()).picture;
     if (picture.empty()) return {};
