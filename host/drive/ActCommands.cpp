@@ -89,8 +89,8 @@ void SetControl(QWidget& control, const QString& text) {
     throw DriveError("Control \"" + control.objectName() + "\" cannot be set");
 }
 
-/// A point in the row that is on the screen, relative to the list's viewport.
-QPoint RowPoint(QAbstractItemView& list, const QString& rowText) {
+/// The part of the row that is on the screen, relative to the list's viewport.
+QRect RowPlace(QAbstractItemView& list, const QString& rowText) {
     const int row = DriveNumber(rowText, "row");
     if (row < 0 || row >= list.model()->rowCount(list.rootIndex()))
         throw DriveError("Control \"" + list.objectName() + "\" has no row " + rowText);
@@ -99,8 +99,10 @@ QPoint RowPoint(QAbstractItemView& list, const QString& rowText) {
     const QRect place = list.visualRect(cell) & list.viewport()->rect();
     if (place.isEmpty())
         throw DriveError("Row " + rowText + " of \"" + list.objectName() + "\" is out of sight");
-    return place.center();
+    return place;
 }
+
+QPoint RowPoint(QAbstractItemView& list, const QString& rowText) { return RowPlace(list, rowText).center(); }
 
 QAbstractItemView& RequireList(QWidget& control) {
     if (auto* list = qobject_cast<QAbstractItemView*>(&control)) return *list;
@@ -135,9 +137,25 @@ Step Tool(const QStringList& words) {
 }
 
 Step Select(const QStringList& words) {
-    return OnControl(words[0], [row = words[1]](QWidget& control) {
+    return OnControl(words[0], [rows = words.mid(1)](QWidget& control) {
         QAbstractItemView& list = RequireList(control);
-        hands::Click(*list.viewport(), RowPoint(list, row));
+        hands::Click(*list.viewport(), RowPoint(list, rows[0]));
+        for (const QString& row : rows.mid(1))
+            hands::Click(*list.viewport(), RowPoint(list, row), Qt::ControlModifier);
+    });
+}
+
+Step Reorder(const QStringList& words) {
+    return OnControl(words[0], [row = words[1], before = words[2]](QWidget& control) {
+        QAbstractItemView& list = RequireList(control);
+        const int count = list.model()->rowCount(list.rootIndex());
+        hands::Drag(*list.viewport(), RowPoint(list, row), [&]() -> QPoint {
+            // In the first quarter of that row, or in the last quarter of the last one.
+            const bool toEnd = before == QString::number(count);
+            const QRect place = RowPlace(list, toEnd ? QString::number(count - 1) : before);
+            const QPoint quarter(place.width() / 4, place.height() / 4);
+            return toEnd ? place.bottomRight() - quarter : place.topLeft() + quarter;
+        });
     });
 }
 

@@ -30,6 +30,7 @@ Step Select(const QStringList& words);
 Step Double(const QStringList& words);
 Step Menu(const QStringList& words);
 Step Drag(const QStringList& words);
+Step Reorder(const QStringList& words);
 Step Drop(const QStringList& words);
 Step Close(const QStringList& words);
 

@@ -56,8 +56,8 @@ void Activate(QWidget& window) {
     QCoreApplication::processEvents();
 }
 
-void Click(QWidget& widget, QPoint point) {
-    QTest::mouseClick(WindowHandle(widget), Qt::LeftButton, {}, InWindow(widget, point), ClickGap);
+void Click(QWidget& widget, QPoint point, Qt::KeyboardModifiers held) {
+    QTest::mouseClick(WindowHandle(widget), Qt::LeftButton, held, InWindow(widget, point), ClickGap);
 }
 
 void DoubleClick(QWidget& widget, QPoint point) {
@@ -71,11 +71,15 @@ void RightClick(QWidget& widget, QPoint point) {
 }
 
 void Drag(QWidget& widget, QPoint from, QPoint to) {
+    Drag(widget, from, [to] { return to; });
+}
+
+void Drag(QWidget& widget, QPoint from, const std::function<QPoint()>& to) {
     QPointer<QWindow> handle = WindowHandle(widget);
     const QPoint start = InWindow(widget, from);
-    const QPoint end = InWindow(widget, to);
     QTest::mouseMove(handle, start);
     QTest::mousePress(handle, Qt::LeftButton, {}, start, ClickGap);
+    const QPoint end = InWindow(widget, to());
     for (int step = 1; step <= DragSteps && handle; ++step)
         QTest::mouseMove(handle, start + (end - start) * step / DragSteps);
     if (handle) QTest::mouseRelease(handle, Qt::LeftButton, {}, end);

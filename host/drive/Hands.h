@@ -3,6 +3,8 @@
 #include <QPoint>
 #include <QStringList>
 
+#include <functional>
+
 #include "host/drive/KeyStroke.h"
 
 class QWidget;
@@ -16,11 +18,13 @@ namespace host::hands {
 /// Brings the window to the front and makes it the one that has the keyboard.
 void Activate(QWidget& window);
 
-void Click(QWidget& widget, QPoint point);
+void Click(QWidget& widget, QPoint point, Qt::KeyboardModifiers held = {});
 void DoubleClick(QWidget& widget, QPoint point);
 void RightClick(QWidget& widget, QPoint point);
 /// Moves to `from`, presses the left button, moves to `to` in steps and lets go.
 void Drag(QWidget& widget, QPoint from, QPoint to);
+/// The same where the goal is known only when the drag has begun.
+void Drag(QWidget& widget, QPoint from, const std::function<QPoint()>& to);
 
 /// Gives the widget the focus and sends the key to it.
 void PressKey(QWidget& widget, const KeyStroke& stroke);

@@ -15,6 +15,8 @@
 #include <QProgressBar>
 #include <QTabWidget>
 
+#include <set>
+
 #include "platform/qt/widgets/PictureWidget.h"
 #include "platform/qt/widgets/ShapeWidget.h"
 
@@ -36,10 +38,12 @@ void AddListView(const QAbstractItemView& view, QJsonObject& state) {
             cells += model->index(row, column).data().toString();
         rows += cells;
     }
-    const QModelIndexList chosen = view.selectionModel()->selectedIndexes();
+    std::set<int> chosen;
+    for (const QModelIndex& cell : view.selectionModel()->selectedIndexes()) chosen.insert(cell.row());
     state["columns"] = columns;
     state["rows"] = rows;
-    state["selected"] = chosen.isEmpty() ? -1 : chosen.first().row();
+    state["selected"] = chosen.empty() ? -1 : *chosen.begin();
+    if (chosen.size() > 1) state["allSelected"] = QJsonArray::fromVariantList({chosen.begin(), chosen.end()});
 }
 
 void AddComboBox(const QComboBox& box, QJsonObject& state) {

@@ -97,8 +97,9 @@ Mouse MovedMouse(const QMouseEvent& event) {
 }
 
 KeyDown ToKeyDown(const QKeyEvent& event) {
-    return {ToKey(event.key()), event.modifiers().testFlag(Qt::ShiftModifier),
-            event.modifiers().testFlag(Qt::ControlModifier)};
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
+    return {ToKey(event.key()), modifiers.testFlag(Qt::ShiftModifier),
+            modifiers.testFlag(Qt::ControlModifier), modifiers.testFlag(Qt::AltModifier)};
 }
 
 QImage ToImage(const PicturePtr& picture) {

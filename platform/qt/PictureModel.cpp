@@ -5,6 +5,8 @@
 #include <QImageReader>
 #include <QWidget>
 
+#include "platform/qt/adapters/Thumbnails.h"
+
 namespace lumarin::qt {
 
 namespace {
@@ -45,7 +47,7 @@ void PictureModel::MakeNext() {
     wanted_.pop_back();
     const QString path = index.isValid() ? PathOf(index) : QString();
     if (!path.isEmpty() && !made_.contains(path)) {
-        made_.insert(path, thumbnails_.Of(path, ThumbnailSize, dialog_.devicePixelRatioF()));
+        made_.insert(path, MakeThumbnail(path, ThumbnailSize, dialog_.devicePixelRatioF()));
         emit dataChanged(index, index, {Qt::DecorationRole});
     }
     if (!wanted_.empty()) next_.start();

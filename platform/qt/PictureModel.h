@@ -8,8 +8,6 @@
 
 #include <deque>
 
-#include "platform/qt/adapters/Thumbnails.h"
-
 namespace lumarin::qt {
 
 /// The files of a file dialog, pictures with a thumbnail instead of an icon. It is made when the file is
@@ -26,7 +24,6 @@ private:
     void MakeNext();
 
     QWidget& dialog_;
-    Thumbnails thumbnails_;
     QHash<QString, QIcon> made_;
     mutable std::deque<QPersistentModelIndex> wanted_;  ///< the last one was seen last
     mutable QTimer next_;

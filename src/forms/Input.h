@@ -29,6 +29,7 @@ struct KeyDown {
     Key key = Key::None;
     bool shift = false;
     bool control = false;
+    bool alt = false;
 };
 
 /// A typed character, as its code (13 for Enter, 8 for backspace, 22 for Ctrl+V). A handler that sets

@@ -184,17 +184,40 @@ std::vector<int> ListView::SelectedRows() const {
     return selected;
 }
 
-void ListView::SelectRows(const std::vector<int>& rows) {
+void ListView::SelectRows(const std::vector<int>& rows, int current) {
     for (const int row : rows) CheckRow(row);
     if (multiSelect_) {
         for (PackedRow& row : rows_) row.SetMarked(false);
         for (const int row : rows) rows_[static_cast<std::size_t>(row)].SetMarked(true);
     }
-    const bool stays = std::find(rows.begin(), rows.end(), selected_) != rows.end();
-    if (!stays) selected_ = rows.empty() ? -1 : rows.back();
+    const auto isOneOfThem = [&](int row) { return std::find(rows.begin(), rows.end(), row) != rows.end(); };
+    if (isOneOfThem(current))
+        selected_ = current;
+    else if (!isOneOfThem(selected_))
+        selected_ = rows.empty() ? -1 : rows.back();
     if (View() != nullptr) ListView_()->SelectionChanged();
     Raise("SelectionChange", SelectionChange);
     if (selected_ >= 0) Raise("ItemClick", ItemClick, selected_);
+}
+
+std::vector<int> ListView::OrderWithSelected(int before) const {
+    if (before < 0 || before > Count()) throw IndexError(Name(), before);
+    const std::vector<int> moved = SelectedRows();
+    const auto stays = [&](int row) { return !std::binary_search(moved.begin(), moved.end(), row); };
+    std::vector<int> order;
+    order.reserve(rows_.size());
+    for (int row = 0; row < before; ++row)
+        if (stays(row)) order.push_back(row);
+    order.insert(order.end(), moved.begin(), moved.end());
+    for (int row = before; row < Count(); ++row)
+        if (stays(row)) order.push_back(row);
+    return order;
+}
+
+void ListView::DragSelected(int before) {
+    if (!Enabled() || !Reorderable()) return;
+    const std::vector<int> order = OrderWithSelected(before);
+    if (!std::is_sorted(order.begin(), order.end())) Raise("RowsDragged", RowsDragged, before);
 }
 
 void ListView::SortBy(std::vector<int> columns, bool ascending) {

@@ -28,10 +28,16 @@ public:
 
 /// A report-style list: columns, and rows of texts. The first column is the row's text, the others its
 /// sub-items. Rows are counted from 0. At most one row is selected unless several can be; -1 is none.
+///
+/// For a list whose rows the user arranges: `SetMultiSelect`, `SetKeepsSelection`, `SetReorderable`, and a
+/// handler of `RowsDragged` that moves what is selected.
 class ListView : public ControlOf<ControlKind::ListView> {
 public:
     enum class Sizing { Fixed, GrowsWithTexts };
     enum class Alignment { Left, Right };
+    /// Rows below each other, or side by side: each a picture with its text below. The front end needs a
+    /// widget that can show both where it is to change.
+    enum class Arrangement { Rows, Grid };
     struct Column {
         std::string caption;
         double width = 0;               ///< twips; 0 leaves it to the front end
@@ -69,17 +75,37 @@ public:
     /// Removes all rows; the columns stay.
     void Clear();
 
+    Arrangement ArrangedAs() const { return arrangement_; }
+    void Arrange(Arrangement arrangement) { Set(arrangement_, arrangement); }
+    /// Room for the picture of a row, in twips; 0 x 0 leaves it to the front end.
+    const Size& PictureSize() const { return pictureSize_; }
+    void SetPictureSize(const Size& size) { Set(pictureSize_, size); }
+
     bool MultiSelect() const { return multiSelect_; }
     /// Lets the user select several rows.
     void SetMultiSelect(bool several) { Set(multiSelect_, several); }
-    /// One of the selected rows.
+    bool KeepsSelection() const { return keepsSelection_; }
+    /// Of several selected rows the user cannot give up the last one: it stays selected.
+    void SetKeepsSelection(bool keeps) { Set(keepsSelection_, keeps); }
+    /// One of the selected rows: the one that the user chose last.
     int Selected() const { return selected_; }
     /// All of them, from the top.
     std::vector<int> SelectedRows() const;
     /// By code and by the user alike; raises `ItemClick` when a row is selected, also the same one again.
     void Select(int row) { SelectRows(row < 0 ? std::vector<int>() : std::vector<int>{row}); }
-    /// The same for these rows and no others; more than one only where several can be selected.
-    void SelectRows(const std::vector<int>& rows);
+    /// The same for these rows and no others; more than one only where several can be selected. `Selected` is
+    /// then `current` if that is one of them.
+    void SelectRows(const std::vector<int>& rows, int current = -1);
+
+    /// Whether the user may drag the selected rows to another place; never while the list is kept sorted.
+    bool Reorderable() const { return reorderable_ && !IsSorted(); }
+    void SetReorderable(bool reorderable) { Set(reorderable_, reorderable); }
+    /// The order that comes of moving the selected rows together in front of row `before` (`Count()`: to the
+    /// end): for each place the row that stands there now.
+    std::vector<int> OrderWithSelected(int before) const;
+    /// By the user: the selected rows were dragged in front of row `before`. Raises `RowsDragged`, whose
+    /// handler moves them; the list itself stays as it is. Nothing when that changes no order.
+    void DragSelected(int before);
 
     /// Sorts by a column, texts that are whole numbers by their value, and keeps the list so from now
     /// on. The selected row stays selected.
@@ -105,6 +131,7 @@ public:
 
     Event<int> ItemClick, ColumnClick;
     Event<> SelectionChange;  ///< rows were selected, or none is any more
+    Event<int> RowsDragged;   ///< the selected rows are to go in front of this one
     Event<const KeyDown&, bool&> KeyPressed;
     Event<Mouse> MouseUp;
     Event<> DoubleClick;
@@ -127,6 +154,10 @@ private:
     std::vector<PackedRow> rows_;
     int selected_ = -1;  ///< where several can be selected, all of them are marked
     bool multiSelect_ = false;
+    bool keepsSelection_ = false;
+    bool reorderable_ = false;
+    Arrangement arrangement_ = Arrangement::Rows;
+    Size pictureSize_;
     std::vector<int> sortColumns_;
     bool sortAscending_ = true;
     bool acceptsFiles_ = false;

@@ -64,6 +64,33 @@ TEST_F(ListViewTest, SeveralSelected_SortedMergedAndRemoved_StaySelected) {
     EXPECT_EQ(events, "changed 2 changed changed 0 changed ");
 }
 
+TEST_F(ListViewTest, DragSelected_AnyPlace_GivesTheOrderOrNothing) {
+    using Numbers = std::vector<int>;
+    list.SetMultiSelect(true);
+    list.SetReorderable(true);
+    for (const char* text : {"0", "1", "2", "3", "4"}) list.AddRow({.text = text});
+    std::string events;
+    list.RowsDragged = [&](int before) { events += std::to_string(before) + " "; };
+    const struct {
+        Numbers selected;
+        int before;
+        Numbers order;
+    } cases[] = {
+        {{0}, 5, {1, 2, 3, 4, 0}}, {{4}, 0, {4, 0, 1, 2, 3}}, {{0, 3}, 2, {1, 0, 3, 2, 4}}, {{1, 2}, 1, {}},
+        {{1, 2}, 2, {}},           {{1, 2}, 3, {}},           {{1, 3}, 2, {0, 1, 3, 2, 4}}, {{}, 0, {}},
+    };
+    for (const auto& [selected, before, order] : cases) {
+        events.clear();
+        list.SelectRows(selected);
+        list.DragSelected(before);
+        EXPECT_EQ(events, order.empty() ? "" : std::to_string(before) + " ");
+        if (!order.empty()) {
+            EXPECT_EQ(list.OrderWithSelected(before), order);
+        }
+    }
+    EXPECT_THROW(list.DragSelected(6), IndexError);
+}
+
 TEST_F(ListViewTest, Row_OfAnyLengthAndBytes_ComesBackWhole) {
     const std::string nul("a\0b", 3), longText(70'000, 'x');
     const ListView::Row rows[] = {

@@ -25,7 +25,7 @@ public:
     Label lblNote{*this, "lblNote"};
     ComboBox cmbChoice{*this, "cmbChoice", {"&Choice"}};
     Slider hsbLevel{*this, "hsbLevel"};
-    ListView lisRows{*this, "lisRows"};
+    ListView lisRows{*this, "lisRows"}, lisPhotos{*this, "lisPhotos"};
     Frame fraStage{*this, "fraStage"};
     PictureBox picOnStage{*this, "picOnStage"}, picPhoto{*this, "picPhoto"};
     Shape shpBox{*this, "shpBox"};

@@ -1,5 +1,6 @@
 #include <QHeaderView>
 #include <QImage>
+#include <QListView>
 #include <QTreeView>
 
 #include "base/Error.h"
@@ -133,6 +134,54 @@ TEST_F(ListViewTest, SeveralRows_ChosenByMouseAndKeys_StayChosenWhenSorted) {
     EXPECT_EQ(click(1, Qt::ControlModifier), Chosen{});
     QTest::keyClick(&Tree(), Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(form->lisRows.SelectedRows(), (Chosen{0, 1, 2, 3}));
+}
+
+TEST_F(ListViewTest, Grid_DraggedAndFramedByMouse_ReordersAndChooses) {
+    ListView& photos = form->lisPhotos;
+    photos.AddColumn("Photo");
+    photos.SetMultiSelect(true);
+    photos.SetKeepsSelection(true);
+    photos.SetReorderable(true);
+    photos.SetPictureSize({900, 600});
+    photos.Arrange(ListView::Arrangement::Grid);
+    for (const char* text : {"a", "b", "c", "d"}) photos.AddRow({.text = text});
+    photos.Select(1);
+    Show();
+    auto& view = Widget<QListView>("lisPhotos");
+    const auto rect = [&](int row) { return view.visualRect(view.model()->index(row, 0)); };
+    ASSERT_EQ(rect(0).top(), rect(3).top()) << "side by side";
+    std::string events;
+    photos.RowsDragged = [&](int before) {
+        for (const int row : photos.SelectedRows()) events += std::to_string(row);
+        events += ">" + std::to_string(before) + " ";
+    };
+    const auto drag = [&](QPoint from, QPoint to, bool escape = false) {
+        events.clear();
+        QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
+        for (int step = 1; step <= 4; ++step) {
+            const QPointF at = from + (to - from) * step / 4;
+            QMouseEvent move(QEvent::MouseMove, at, view.viewport()->mapToGlobal(at), Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(view.viewport(), &move);
+        }
+        if (escape) QTest::keyClick(&view, Qt::Key_Escape);
+        QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
+        return events;
+    };
+    const QPoint left(3, 20), beside(view.viewport()->width() - 5, rect(0).bottom() + 40);
+    EXPECT_EQ(drag(rect(3).center(), rect(1).topLeft() + left), "3>1 ");
+    EXPECT_EQ(drag(rect(0).center(), rect(3).bottomRight()), "0>4 ");
+    EXPECT_EQ(drag(rect(0).center(), rect(1).topLeft() + left), "") << "it stands there already";
+    EXPECT_EQ(drag(rect(2).center(), rect(0).topLeft() + left, true), "") << "given up by Escape";
+    EXPECT_EQ(drag(rect(2).center(), {rect(0).x(), -100}), "") << "let go outside";
+    EXPECT_EQ(drag(beside, rect(2).center()), "");
+    EXPECT_EQ(photos.SelectedRows(), (std::vector{2, 3})) << "what the frame touched";
+    EXPECT_EQ(drag(rect(3).center(), rect(0).topLeft() + left), "23>0 ");
+    EXPECT_EQ(photos.Selected(), 3) << "the one that was pressed";
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(photos.SelectedRows(), std::vector{3}) << "the last one stays selected";
+    photos.SortBy(0);
+    EXPECT_EQ(drag(rect(3).center(), rect(0).topLeft() + left), "") << "a sorted list";
 }
 
 TEST_F(ListViewTest, RowsThatFollow_AreShownALittleLaterAndWhenSomebodyNeedsThem) {

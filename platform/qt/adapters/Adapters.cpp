@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -46,7 +47,7 @@ constexpr Kind Kinds[] = {
     {ControlKind::Label, "QLabel", IsOneOf<QLabel>, MakeLabelAdapter},
     {ControlKind::ComboBox, "QComboBox", IsOneOf<QComboBox>, MakeComboBoxAdapter},
     {ControlKind::Slider, "QSlider", IsOneOf<QSlider>, MakeSliderAdapter},
-    {ControlKind::ListView, "QTreeView", IsOneOf<QTreeView>, MakeListViewAdapter},
+    {ControlKind::ListView, "QTreeView or QListView", IsOneOf<QTreeView, QListView>, MakeListViewAdapter},
     {ControlKind::PictureBox, "PictureWidget", IsOneOf<PictureWidget>, MakePictureBoxAdapter},
     {ControlKind::Frame, "FrameWidget", IsOneOf<FrameWidget>, MakeFrameAdapter},
     {ControlKind::Shape, "ShapeWidget", IsOneOf<ShapeWidget>, MakeShapeAdapter},

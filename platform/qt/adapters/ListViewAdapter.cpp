@@ -1,46 +1,41 @@
 #include <QContextMenuEvent>
-#include <QGuiApplication>
-#include <QHeaderView>
 #include <QKeyEvent>
+#include <QListView>
 #include <QMouseEvent>
-#include <QStyledItemDelegate>
+#include <QScrollBar>
 #include <QTimer>
 #include <QTreeView>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/PutBack.h"
 #include "forms/ListView.h"
 #include "platform/qt/Conversions.h"
-#include "platform/qt/UserLayout.h"
 #include "platform/qt/adapters/Adapters.h"
 #include "platform/qt/adapters/FileDrops.h"
+#include "platform/qt/adapters/ReportColumns.h"
+#include "platform/qt/adapters/RowDelegate.h"
+#include "platform/qt/adapters/RowDrag.h"
 #include "platform/qt/adapters/RowModel.h"
 
 namespace lumarin::qt {
 
 namespace {
 
-constexpr int WidestFittedColumn = 320;  // pixels
-constexpr int RowsMeasured = 100;
 constexpr int ShortestLag = 50;  // milliseconds
 constexpr int RowsPerLag = 500;  // a millisecond each: laying these out takes a fiftieth of it
-constexpr QSize RowPadding(12, 6);
+constexpr int GridSpacing = 4;   // pixels
+constexpr int WheelSteps = 3;    // for the height of one row of pictures
 
-/// Gives the rows room to breathe.
-class RowDelegate final : public QStyledItemDelegate {
+/// A tree view shows the list with its columns; a list view its first column, in rows or as a grid.
+class ListViewAdapter final : public AdapterFor<ListView, QAbstractItemView> {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return QStyledItemDelegate::sizeHint(option, index) + RowPadding;
+    ListViewAdapter(ListView& control, QAbstractItemView& view);
+
+    void UseLayout(UserLayout& layout) override {
+        if (columns_) columns_->UseLayout(layout);
     }
-};
-
-class ListViewAdapter final : public AdapterFor<ListView, QTreeView> {
-public:
-    ListViewAdapter(ListView& control, QTreeView& tree);
-
-    void UseLayout(UserLayout& layout) override { layout_ = &layout; }
 
 private:
     class Notices final : public ForwardingView<ListViewView> {
@@ -64,6 +59,8 @@ private:
     bool KeyEvent(QKeyEvent& event);
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool ViewportEvent(QEvent& event);
+    void SetUp(QTreeView& tree);
+    void SetUp(QListView& list);
 
     void InsertRow(int row);
     void AddRows(int first, MoreRows more);
@@ -71,33 +68,50 @@ private:
     void RemoveRow(int row);
     void Reset();
     void ShowSelection();
-    void ShowSortOrder();
+    void ShowArrangement(QListView& list);
     void ShowPictureSize();
-    void FitColumnsLater();
-    void FitColumns();
-    void UserSizedColumns();
 
     QItemSelection SelectionOf(const std::vector<int>& rows) const;
     std::vector<int> RowsInView() const;
     void UserSelected();
     void UserPressed(int row);
+    void MousePressed(const QMouseEvent& mouse);
+    bool MouseReleased(const QMouseEvent& mouse);
     bool AskForMenu(const QContextMenuEvent& event);
 
     RowModel* model_;
     bool applying_ = false;         ///< the selection changes because the code says so
     bool selectedByPress_ = false;  ///< the mouse press that runs now has selected a row already
     bool keyRuns_ = false;
-    bool selectedByKey_ = false;  ///< the key press that runs now has selected a row already
-    QTimer catchUp_;              ///< runs while the view does not know of the last rows
-    bool fitPending_ = false;
-    bool sizedByUser_ = false;
-    UserLayout* layout_ = nullptr;
+    bool selectedByKey_ = false;              ///< the key press that runs now has selected a row already
+    bool bandRuns_ = false;                   ///< the mouse draws a frame around the rows to choose
+    QTimer catchUp_;                          ///< runs while the view does not know of the last rows
+    std::unique_ptr<ReportColumns> columns_;  ///< of a tree view
+    RowDrag drag_;
 };
 
-ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
-    : AdapterFor(control, tree), model_(new RowModel(control, &tree)) {
+ListViewAdapter::ListViewAdapter(ListView& control, QAbstractItemView& view)
+    : AdapterFor(control, view), model_(new RowModel(control, &view)), drag_(view, [this](int before) {
+          if (Bound() != nullptr) Bound()->DragSelected(before);
+      }) {
     catchUp_.setSingleShot(true);
     connect(&catchUp_, &QTimer::timeout, this, [this] { CatchUp(); });
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setTextElideMode(Qt::ElideRight);
+    view.setItemDelegate(new RowDelegate(&view));
+    view.setModel(model_);
+    view.viewport()->installEventFilter(this);
+    if (auto* tree = qobject_cast<QTreeView*>(&view)) SetUp(*tree);
+    if (auto* list = qobject_cast<QListView*>(&view)) SetUp(*list);
+    connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { UserSelected(); });
+    connect(&view, &QAbstractItemView::pressed, this,
+            [this](const QModelIndex& index) { UserPressed(index.row()); });
+    connect(&view, &QAbstractItemView::doubleClicked, this, [this] {
+        if (Bound() != nullptr) Bound()->DoubleClicked();
+    });
+}
+
+void ListViewAdapter::SetUp(QTreeView& tree) {
     tree.setRootIsDecorated(false);
     tree.setItemsExpandable(false);
     tree.setUniformRowHeights(true);
@@ -105,71 +119,66 @@ ListViewAdapter::ListViewAdapter(ListView& control, QTreeView& tree)
     if (tree.iconSize().isValid()) tree.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     tree.setAllColumnsShowFocus(true);
     tree.setSelectionBehavior(QAbstractItemView::SelectRows);
-    tree.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    tree.setTextElideMode(Qt::ElideRight);
-    tree.setItemDelegate(new RowDelegate(&tree));
-    tree.setModel(model_);
-    tree.viewport()->installEventFilter(this);
-    tree.header()->setSectionsClickable(true);
-    tree.header()->setResizeContentsPrecision(RowsMeasured);
-    connect(tree.header(), &QHeaderView::sectionClicked, this, [this](int column) {
-        if (Bound() != nullptr) Bound()->ClickColumn(column);
-        // The header turns its arrow with every click; only the list knows whether it was sorted.
-        if (Bound() != nullptr) ShowSortOrder();
-    });
-    connect(tree.header(), &QHeaderView::sectionResized, this, [this] {
-        const bool held = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
-        if (held && View().header()->underMouse()) UserSizedColumns();
-    });
-    connect(tree.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { UserSelected(); });
-    connect(&tree, &QTreeView::pressed, this, [this](const QModelIndex& index) { UserPressed(index.row()); });
-    connect(&tree, &QTreeView::doubleClicked, this, [this] {
-        if (Bound() != nullptr) Bound()->DoubleClicked();
-    });
-    FitColumnsLater();
+    columns_ = std::make_unique<ReportColumns>(tree, [this] { return Bound(); });
+    columns_->FitLater();
+}
+
+void ListViewAdapter::SetUp(QListView& list) {
+    list.setUniformItemSizes(true);
+    list.setSelectionRectVisible(true);
+    list.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
 }
 
 void ListViewAdapter::ShowState() {
     View().setSelectionMode(Bound()->MultiSelect() ? QAbstractItemView::ExtendedSelection
                                                    : QAbstractItemView::SingleSelection);
+    if (auto* list = qobject_cast<QListView*>(&View())) ShowArrangement(*list);
     View().setAcceptDrops(Bound()->AcceptsFiles());
     View().viewport()->setAcceptDrops(Bound()->AcceptsFiles());
     ShowPictureSize();
-    ShowSortOrder();
+    if (columns_) columns_->ShowSortOrder();
     ShowSelection();
 }
 
 void ListViewAdapter::Release() {
     applying_ = true;
     catchUp_.stop();
+    drag_.Cancel();
     model_->Forget();
 }
 
-void ListViewAdapter::ShowPictureSize() {
-    const QSize size = View().iconSize().isValid() ? View().iconSize() : QSize(64, 40);
-    model_->SetPictureSize(size, View().devicePixelRatioF());
+void ListViewAdapter::ShowArrangement(QListView& list) {
+    const bool isGrid = Bound()->ArrangedAs() == ListView::Arrangement::Grid;
+    const auto mode = isGrid ? QListView::IconMode : QListView::ListMode;
+    if (list.viewMode() == mode) return;
+    list.setViewMode(mode);
+    list.setMovement(QListView::Static);  // rows go where the list's owner moves them
+    list.setResizeMode(QListView::Adjust);
+    list.setSpacing(isGrid ? GridSpacing : 0);
+    list.scrollTo(list.currentIndex());
 }
 
-void ListViewAdapter::ShowSortOrder() {
-    QHeaderView& header = *View().header();
-    const int column = Bound()->SortColumn();
-    header.setSortIndicatorShown(column >= 0);
-    header.setSortIndicator(column, Bound()->SortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+void ListViewAdapter::ShowPictureSize() {
+    const Size& wanted = Bound()->PictureSize();
+    if (wanted != Size{}) View().setIconSize({ToPixels(wanted.width), ToPixels(wanted.height)});
+    const QSize size = View().iconSize().isValid() ? View().iconSize() : QSize(64, 40);
+    model_->SetPictureSize(size, View().devicePixelRatioF());
+    if (qobject_cast<QListView*>(&View()) != nullptr)
+        View().verticalScrollBar()->setSingleStep(size.height() / WheelSteps);
 }
 
 void ListViewAdapter::ShowSelection() {
     const std::vector<int> rows = Bound()->SelectedRows();
     if (!rows.empty() && rows.back() >= model_->rowCount()) CatchUp();
-    if (rows == RowsInView()) return;
-    applying_ = true;
-    if (rows.empty())
-        View().selectionModel()->clear();
-    else
-        View().setCurrentIndex(model_->index(Bound()->Selected(), 0));
-    if (rows.size() > 1)
-        View().selectionModel()->select(SelectionOf(rows),
-                                        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    applying_ = false;
+    if (rows == RowsInView() && (rows.empty() || View().currentIndex().row() == Bound()->Selected())) return;
+    const Meanwhile applying(applying_, true);
+    QItemSelectionModel& selection = *View().selectionModel();
+    if (rows.empty()) return selection.clear();
+    // Not by the view, which would look at the keys that are held: the user may move a row by Ctrl and an
+    // arrow.
+    const auto only = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    selection.setCurrentIndex(model_->index(Bound()->Selected(), 0), only);
+    if (rows.size() > 1) selection.select(SelectionOf(rows), only);
 }
 
 /// One range for rows that follow each other: all rows of a long list are usually selected together.
@@ -196,7 +205,7 @@ void ListViewAdapter::InsertRow(int row) {
     applying_ = true;  // the selection moves with its row, which is not a choice
     model_->RowInserted(row);
     applying_ = false;
-    FitColumnsLater();
+    if (columns_) columns_->FitLater();
 }
 
 /// The first rows are seen at once. The view lays out all its rows again whenever some are added, so while
@@ -207,7 +216,7 @@ void ListViewAdapter::AddRows(int first, MoreRows more) {
         return;
     }
     CatchUp();
-    FitColumnsLater();
+    if (columns_) columns_->FitLater();
 }
 
 void ListViewAdapter::CatchUp() {
@@ -225,70 +234,33 @@ void ListViewAdapter::RemoveRow(int row) {
 }
 
 void ListViewAdapter::Reset() {
+    drag_.Cancel();
     applying_ = true;
     model_->Reset();
     applying_ = false;
     ShowSelection();
-    ShowSortOrder();
-    FitColumnsLater();
+    if (!columns_) return;
+    columns_->ShowSortOrder();
+    columns_->FitLater();
 }
 
 void ListViewAdapter::UserSelected() {
-    if (applying_ || Bound() == nullptr) return;
+    if (applying_ || Bound() == nullptr || bandRuns_) return;
     selectedByKey_ = keyRuns_;
     if (keyRuns_) return;
     const std::vector<int> rows = RowsInView();
-    // A click beside the rows chooses nothing else. Of several rows the last one can be given up.
-    if (rows.empty() && !Bound()->MultiSelect()) return ShowSelection();
     selectedByPress_ = true;
-    Bound()->SelectRows(rows);
+    // A click beside the rows chooses nothing else.
+    if (rows.empty() && !Bound()->MultiSelect()) return ShowSelection();
+    if (rows.empty() && Bound()->KeepsSelection()) return Bound()->Select(Bound()->Selected());
+    Bound()->SelectRows(rows, View().currentIndex().row());
 }
 
-/// A press on the row that was selected already counts as choosing it once more.
+/// A press on a row that was selected already counts as choosing it once more.
 void ListViewAdapter::UserPressed(int row) {
-    if (Bound() != nullptr && !selectedByPress_ && !Bound()->MultiSelect()) Bound()->Select(row);
-}
-
-/// Many rows come in one turn; the columns are measured once, when the first of them are there.
-void ListViewAdapter::FitColumnsLater() {
-    if (fitPending_ || sizedByUser_) return;
-    fitPending_ = true;
-    QTimer::singleShot(0, this, [this] {
-        fitPending_ = false;
-        if (Bound() != nullptr) FitColumns();
-    });
-}
-
-void ListViewAdapter::UserSizedColumns() {
-    sizedByUser_ = true;
-    if (layout_ == nullptr) return;
-    std::vector<int> widths;
-    for (int i = 0; i < View().header()->count(); ++i) widths.push_back(View().header()->sectionSize(i));
-    // The last column takes what the window leaves; its own width would not fit another one.
-    if (View().header()->stretchLastSection()) widths.back() = 0;
-    layout_->Set(View().objectName(), std::move(widths));
-}
-
-void ListViewAdapter::FitColumns() {
-    QHeaderView& header = *View().header();
-    const auto& columns = Bound()->Columns();
-    if (layout_ != nullptr && !columns.empty() && layout_->Of(View().objectName()).size() == columns.size()) {
-        const std::vector<int>& widths = layout_->Of(View().objectName());
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            if (widths[i] > 0) header.resizeSection(static_cast<int>(i), widths[i]);
-        return;
-    }
-    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
-        const ListView::Column& column = columns[static_cast<std::size_t>(i)];
-        const int wanted = ToPixels(column.width);
-        if (wanted > 0 && column.sizing == ListView::Sizing::Fixed) {
-            header.resizeSection(i, wanted);
-        } else {
-            View().resizeColumnToContents(i);
-            header.resizeSection(
-                i, std::clamp(header.sectionSize(i), wanted, std::max(wanted, WidestFittedColumn)));
-        }
-    }
+    if (Bound() == nullptr || selectedByPress_) return;
+    const std::vector<int> rows = Bound()->SelectedRows();
+    if (std::binary_search(rows.begin(), rows.end(), row)) Bound()->SelectRows(rows, row);
 }
 
 bool ListViewAdapter::WidgetEvent(QEvent& event) {
@@ -302,6 +274,7 @@ bool ListViewAdapter::WidgetEvent(QEvent& event) {
 /// once, when all that is done: only then can a choice that is refused be taken back.
 bool ListViewAdapter::KeyEvent(QKeyEvent& event) {
     CatchUp();  // the key may mean the last row
+    if (event.key() == Qt::Key_Escape && drag_.Cancel()) return true;
     const KeyDown key = ToKeyDown(event);
     if (key.key != Key::None && Bound()->PressKey(key)) return true;
     selectedByKey_ = false;
@@ -322,22 +295,42 @@ bool ListViewAdapter::ViewportEvent(QEvent& event) {
     if (HandleDrag(event, *this, View(), [this] { return Bound(); })) return true;
     switch (event.type()) {
         case QEvent::MouseButtonPress:
-            selectedByPress_ = false;
+            MousePressed(static_cast<QMouseEvent&>(event));
             return false;
         // Moving on with the button held down does not choose row after row.
-        case QEvent::MouseMove:
-            return static_cast<QMouseEvent&>(event).buttons() != Qt::NoButton;
-        case QEvent::MouseButtonRelease: {
+        case QEvent::MouseMove: {
             const auto& mouse = static_cast<QMouseEvent&>(event);
-            const Meanwhile place(MenuPlace(), mouse.globalPosition().toPoint());
-            Bound()->MouseWentUp(PressedMouse(mouse));
-            return false;
+            if (mouse.buttons() == Qt::NoButton || bandRuns_) return false;
+            if (mouse.buttons() == Qt::LeftButton) drag_.Move(mouse.position().toPoint());
+            return true;
         }
+        case QEvent::MouseButtonRelease:
+            return MouseReleased(static_cast<QMouseEvent&>(event));
         case QEvent::ContextMenu:
             return AskForMenu(static_cast<QContextMenuEvent&>(event));
         default:
             return false;
     }
+}
+
+void ListViewAdapter::MousePressed(const QMouseEvent& mouse) {
+    selectedByPress_ = false;
+    drag_.Cancel();
+    if (mouse.button() != Qt::LeftButton) return;
+    const QPoint at = mouse.position().toPoint();
+    const bool onRow = View().indexAt(at).isValid();
+    if (onRow && Bound()->Reorderable()) drag_.Press(at);
+    bandRuns_ = !onRow && Bound()->MultiSelect() && qobject_cast<QListView*>(&View()) != nullptr;
+}
+
+/// What a frame drawn around rows has chosen counts when it is let go: until then it changes with every move.
+bool ListViewAdapter::MouseReleased(const QMouseEvent& mouse) {
+    if (mouse.button() == Qt::LeftButton && drag_.Release()) return true;
+    if (std::exchange(bandRuns_, false)) UserSelected();
+    if (Bound() == nullptr) return true;
+    const Meanwhile place(MenuPlace(), mouse.globalPosition().toPoint());
+    Bound()->MouseWentUp(PressedMouse(mouse));
+    return false;
 }
 
 /// The menu key asks for the menu of the selected row; the mouse has asked by its button already.
@@ -353,7 +346,7 @@ bool ListViewAdapter::AskForMenu(const QContextMenuEvent& event) {
 
 AdapterPtr MakeListViewAdapter(Control& control, QWidget& widget) {
     return std::make_unique<ListViewAdapter>(static_cast<ListView&>(control),
-                                             static_cast<QTreeView&>(widget));
+                                             static_cast<QAbstractItemView&>(widget));
 }
 
 }  // namespace lumarin::qt

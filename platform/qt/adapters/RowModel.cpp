@@ -8,7 +8,11 @@ RowModel::RowModel(const ListView& list, QObject* parent)
     : QAbstractTableModel(parent),
       list_(&list),
       rows_(list.Count()),
-      columns_(static_cast<int>(list.Columns().size())) {}
+      columns_(static_cast<int>(list.Columns().size())),
+      thumbnails_([this] {
+          if (rows_ > 0 && columns_ > 0)
+              emit dataChanged(index(0, 0), index(rows_ - 1, 0), {Qt::DecorationRole});
+      }) {}
 
 void RowModel::Forget() {
     beginResetModel();
