@@ -128,22 +128,4 @@ TEST_F(ListingDocumentsTest, Ownership_GoesByLevel) {
     EXPECT_TRUE(Says(Reason("DELETE|VELTRANE|A101|1"), "does not belong"));
 }
 
-TEST_F(ListingDocumentsTest, KilledAtAnyFileCall_RowAndFileBelongTogether) {
-    ASSERT_EQ(Add(Pdf(11)), Done);
-    const std::string first = "1 1001 Floor plan  11", second = "2 1001 New  12", both = first + ";" + second;
-    const auto expect = [&](const std::string& either, const std::string& orElse) {
-        EXPECT_TRUE(Rows() == either || Rows() == orElse) << Rows();
-        EXPECT_EQ(Files(), Rows() == both ? 2U : 1U);
-    };
-    const auto add = [](Server& server) {
-        Upload(server, "u.pdf", Pdf(12));
-        server.ApplyDocument("ADD|VELTRANE|A101|1001|u.pdf|New", Agent());
-    };
-    AtEachKill(add, [&] { expect(first, both); });
-    EXPECT_EQ(Rows(), both) << "not killed";
-    const auto remove = [](Server& server) { server.ApplyDocument("DELETE|VELTRANE|A101|1", Agent()); };
-    AtEachKill(remove, [&] { expect(both, second); });
-    EXPECT_EQ(Rows(), second) << "not killed";
-}
-
 }  // namespace host

@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <optional>
 
 namespace host {
@@ -76,11 +75,6 @@ protected:
     }
     std::size_t StoredFiles(int listing) { return FilesIn("server/photos/" + std::to_string(listing) + "/"); }
     std::size_t SpooledFiles() { return FilesIn("server/spool/"); }
-
-    /// Does the work in another process, on the folder as it stands, and kills that at each of its file calls
-    /// in turn; then the server starts anew and is looked at. The last process is not killed.
-    /// Where a process cannot be copied, the work is done once, and not killed.
-    void AtEachKill(const std::function<void(Server&)>& work, const std::function<void()>& check);
 
     lumarin::testing::TemporaryFolder folder_;
     std::optional<Server> server_;

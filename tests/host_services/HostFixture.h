@@ -14,9 +14,6 @@ public:
     void Prog(int, int) override {}
 };
 
-/// A data folder that holds the demo data, made once for all tests, which leave it as it is.
-const std::string& SeededFolder();
-
 /// The host over a data folder.
 struct TestHost {
     explicit TestHost(HostOptions options) : common(std::move(options), mainForm, {}) {}

@@ -3,11 +3,19 @@
 #include "base/Error.h"
 #include "base/Files.h"
 #include "host/database/Schema.h"
+#include "host/demo/SeedData.h"
 #include "host/desktop/Overview.h"
 
 namespace host {
 
 namespace files = lumarin::files;
+
+/// A data folder that holds the demo data, made once for all tests, which leave it as it is.
+const std::string& SeededFolder() {
+    static const lumarin::testing::TemporaryFolder folder;
+    static const std::string path = (SeedData(folder.Path()), folder.Path());
+    return path;
+}
 
 TEST(HostVelCommon, SignedInUser_ActsForTheCompanysOfficesAndSeesTheListingsInReach) {
     const std::tuple<int, const char*, const char*, const char*, const char*, bool, std::size_t> cases[] = {

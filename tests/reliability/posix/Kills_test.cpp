@@ -171,14 +171,19 @@ private:
         return known;
     }
 
-    /// How many more photos the server holds than are published.
+    /// How many more photos and documents the server holds than are published.
     std::ptrdiff_t StrayFiles(const Known& known) const {
         std::ptrdiff_t files = 0;
-        for (const auto& entry :
-             std::filesystem::recursive_directory_iterator(host::Server::PhotoFolder(folder_)))
-            files += entry.is_regular_file() ? 1 : 0;
+        std::error_code none;
+        for (const auto& kept : {host::Server::PhotoFolder(folder_), host::Server::DocumentFolder(folder_),
+                                 host::Server::Folder(folder_) + "spool"})
+            for (const auto& entry : std::filesystem::recursive_directory_iterator(kept, none))
+                files += entry.is_regular_file() ? 1 : 0;
         for (const auto& [name, entries] : known)
-            if (name.starts_with("published ")) files -= std::ssize(entries);
+            for (const std::string& entry : entries)
+                if (name.starts_with("published ") ||
+                    (name == "documents" && entry.find("||") != std::string::npos))
+                    --files;
         return files;
     }
 
