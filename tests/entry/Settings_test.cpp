@@ -6,10 +6,7 @@
 
 #include "base/Files.h"
 #include "base/Rewrite.h"
-#include "entry/Settings.h"
 #include "entry/SettingsText.h"
-#include "entry/UserWindows.h"
-#include "support/FakeHost.h"
 #include "support/SettingsRules.h"
 #include "support/TemporaryFolder.h"
 
@@ -31,19 +28,6 @@ TEST(Settings, Write_OneValue_LeavesTheRestUntouched) {
     for (const auto& [before, after] : cases) EXPECT_EQ(settings::WithValue(before, "S", "k", "v"), after);
     EXPECT_EQ(settings::WithValue("", "S", "k", "a\r\n[X]"), "[S]\r\nk=a [X]\r\n");  // no line of its own
     EXPECT_EQ(settings::FindValue(cases[4].first, "S", "u"), "é");
-}
-
-TEST(UserWindows, Keep_StandsInTheUsersSettings) {
-    testing::FakeHost host;
-    HostLink link;
-    const UserWindows windows(link);
-    windows.Keep("frmX", "size=1,2");
-    EXPECT_EQ(windows.Recall("frmX"), "") << "there is no host yet";
-    link.Set(host);
-    windows.Keep("frmX", "size=1,2;list=3");
-    EXPECT_EQ(windows.Recall("frmX"), "size=1,2;list=3");
-    EXPECT_EQ(settings::ReadText(host.UserFolder() + "User.ini", "Lumarin", "Layout frmX", ""),
-              "size=1,2;list=3");
 }
 
 TEST(Settings, Read_WriteWasInterrupted_IsFinishedUnlessSomebodyElseWrote) {

@@ -1,6 +1,5 @@
 #include "entry/job/clsLumarin.h"
 
-#include "entry/UserScope.h"
 #include "photo_window/frmLumarin.h"
 #include "support/FakeArchiver.h"
 #include "support/FakePdfLibrary.h"
@@ -12,13 +11,6 @@ struct Tool : HostTool {
     void SetEnabled(bool on) override { enabled = on; }
     bool enabled = true;
 };
-
-TEST(UserScope, Level_AtItsBounds_StandsForWhatItShould) {
-    const std::pair<int, UserScope> cases[] = {{59, UserScope::Agent},  {60, UserScope::Office},
-                                               {89, UserScope::Office}, {90, UserScope::Board},
-                                               {99, UserScope::Board},  {100, UserScope::Unrestricted}};
-    for (const auto& [level, scope] : cases) EXPECT_EQ(ScopeOf(level), scope) << level;
-}
 
 class clsLumarinTest : public testing::WindowTest {
 protected:

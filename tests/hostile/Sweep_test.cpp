@@ -1,9 +1,7 @@
 #include "base/Text.h"
-#include "host_server/PackageBuilder.h"
 #include "hostile/SweepTest.h"
 #include "listing/ListingFiles.h"
 #include "listing/StateFile.h"
-#include "support/Reason.h"
 
 namespace lumarin {
 
@@ -112,35 +110,6 @@ TEST_F(Sweep, Settings_Strange_WindowWorksOrSaysWhatIsWrong) {
         window->Menu.ClickTool("FilePreview");
         window->Menu.ClickTool("RemoveEntry");
         window->Unload();
-    }
-}
-
-TEST_F(Sweep, Packages_AtTheServer_ChangeNothingOrAreRefusedWithAReason) {
-    GivenGoodPhoto();
-    window->cmdSend.Press();
-    using host::PackageBuilder;
-    const std::string photo = host::TinyJpeg(500);
-    const auto fine = PackageBuilder().Listing(100124, {{"2110", ""}}).Entry("100124a.jpg", photo);
-    std::vector<Sample> packages = hostile::Damaged("package", fine.Bytes());
-    for (const char* name : {"../100123a.jpg", "/etc/passwd", "100124a.jpg/", "..\\x.jpg", "C:x.jpg",
-                             "100123a.jpg", "100124A.jpg", "100124{.jpg"})
-        packages.emplace_back(name, PackageBuilder(fine).Entry(name, photo).Bytes());
-    std::string zeros;
-    zeros.resize(100'000'000);
-    const auto huge = PackageBuilder().Listing(100124, {{"2110", ""}}).Entry("100124a.jpg", zeros);
-    packages.emplace_back("zeros", huge.Bytes(true));
-    packages.emplace_back("no listing", PackageBuilder().Listing(-1, {}).Bytes());
-    packages.emplace_back("nothing in it", "");
-    host::Server& server = host.common.ListingServer();
-    for (const Sample& package : packages) {
-        SCOPED_TRACE(package.first);
-        EXPECT_NE("", testing::ReasonOf([&] {
-                      server.Uploads().Begin("p.zip");
-                      server.Uploads().Append(std::as_bytes(std::span(package.second)));
-                      server.Uploads().End();
-                      server.ApplyPackage("p.zip");
-                  }));
-        EXPECT_TRUE(AtServer() == goodPhoto);
     }
 }
 

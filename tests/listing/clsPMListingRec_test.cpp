@@ -108,24 +108,6 @@ TEST_F(ListingTest, Load_FailsAtAnyStep_SaysWhyAndLeavesNothing) {
         EXPECT_TRUE(WorkingFiles().empty());
     }
     EXPECT_EQ(desktop.messages.back().text.substr(38), "Close failed");
-    failing = 0;
-    files::EnsureFolder(host.WorkingFolder() + "100123.dat.part/x");
-    Enter("100123");
-    EXPECT_TRUE(desktop.messages.back().text.starts_with("Cannot write"));
-    EXPECT_TRUE(WorkingFiles().empty()) << "the photos are gone when the state could not be saved";
-    EXPECT_EQ(window->RecList.Count(), 0);
-}
-
-TEST_F(ListingTest, WorkingFolder_UnreadableWorkAndAManifest_AreToldAndShown) {
-    GivenUnreadableWork("100123");
-    ListingState manifest;
-    manifest.ListNum = 100124;
-    manifest.PhotoCount = 1;
-    manifest.Photos[0] = {"2112", "", "a"};
-    state_file::Write(host.WorkingFolder() + "100124.dat", manifest);
-    Open();
-    EXPECT_EQ(ListTexts(window->PhotoList), Texts{"Kitchen"});
-    EXPECT_TRUE(window->Menu.IsEnabled("SendPhotos"));
 }
 
 TEST_F(ListingTest, Load_OverUnreadableWork_NeverLosesIt) {

@@ -5,23 +5,18 @@
 #include <QTreeView>
 #include <QWindow>
 
-#include "forms/WindowMemory.h"
+#include "entry/UserWindows.h"
 #include "platform_qt/EveryKindForm.h"
 #include "support/EveryWindow.h"
 
 namespace lumarin::testing {
 
-struct KeptInATest final : WindowMemory {
-    std::string Recall(const std::string& window) const noexcept override { return kept[window]; }
-    void Keep(const std::string& window, const std::string& layout) const noexcept override {
-        kept[window] = layout;
-    }
-    mutable std::map<std::string, std::string> kept;
-};
-
 class UserLayout : public ::testing::Test {
 protected:
-    UserLayout() { desktop.SetWindowMemory(&memory); }
+    UserLayout() {
+        link.Set(host);
+        desktop.SetWindowMemory(&memory);
+    }
 
     void Open() {
         forms = windows.Make();
@@ -50,7 +45,9 @@ protected:
         QTest::mouseRelease(screen, Qt::LeftButton, {}, from + by);
     }
 
-    KeptInATest memory;
+    FakeHost host;
+    HostLink link;
+    const UserWindows memory{link};
     qt::QtDesktop desktop;
     EveryWindow windows{desktop};
     std::vector<std::unique_ptr<Form>> forms;
@@ -62,7 +59,7 @@ protected:
 TEST_F(UserLayout, WindowOpenedAgain_IsAsTheUserLeftIt) {
     Open();
     Close();
-    EXPECT_EQ(memory.kept["frmLumarin"], "") << "nobody has made anything of it";
+    EXPECT_EQ(memory.Recall("frmLumarin"), "") << "nobody has made anything of it";
 
     Open();
     window->resize(window->width(), window->height() - 40);
@@ -82,7 +79,7 @@ TEST_F(UserLayout, WindowOpenedAgain_IsAsTheUserLeftIt) {
 TEST_F(UserLayout, KeptTextIsFromElsewhere_IsTakenAsFarAsItFits) {
     for (const char* text : {"size=30000,30000;splitter=1;RecList=5", "size=0,0;splitter=x,;RecList=,;=;",
                              "size=-5,7;RecList=99999999999,1,1;splitter=0,0", "maximised=1;size=1"}) {
-        memory.kept["frmLumarin"] = text;
+        memory.Keep("frmLumarin", text);
         Open();
         EXPECT_TRUE(window->screen()->availableSize().expandedTo(window->minimumSizeHint()).width() >=
                     window->width())

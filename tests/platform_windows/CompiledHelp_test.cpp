@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "base/Error.h"
 #include "base/Files.h"
+#include "support/Reason.h"
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
@@ -15,13 +15,8 @@ TEST(CompiledHelp, Open_NotAHelpFile_IsAnErrorThatNamesIt) {
     windows::CompiledHelp help;
     EXPECT_TRUE(help.Shows(file));
     EXPECT_FALSE(help.Shows(folder.Path() + "Help.chm/index.html"));
-    try {
-        help.Open(file, 3, 0);
-        FAIL() << "it was shown";
-    } catch (const FileError& error) {
-        const std::string reason = "Help.CHM\": HTML Help cannot show its page 3";
-        EXPECT_NE(error.Description().find(reason), std::string::npos) << error.Description();
-    }
+    const std::string reason = testing::ReasonOf([&] { help.Open(file, 3, 0); });
+    EXPECT_TRUE(testing::Says(reason, "Help.CHM\": HTML Help cannot show its page 3")) << reason;
 }
 
 }  // namespace lumarin

@@ -4,6 +4,7 @@
 
 #include "base/Files.h"
 #include "imaging/Imaging.h"
+#include "support/Reason.h"
 #include "support/TemporaryFolder.h"
 
 namespace lumarin {
@@ -29,18 +30,12 @@ TEST(PictureCodec, DecodeHeic_CodecThereDamagedOrMissing_IsThePictureOrSaysWhatI
     const PicturePtr picture = windows::DecodeHeic(file);
     EXPECT_EQ(picture->width, 2);
     EXPECT_EQ(picture->pixels, (std::vector<std::uint8_t>{255, 0, 0, 0, 0, 255}));
-    const std::tuple<std::string, std::int32_t, const char*> cases[] = {
-        {Heic, MissingCodecError, "HEIF Image Extensions"},
-        {Bitmap.substr(0, 20), InvalidPictureError, "not a valid photo"}};
-    for (const auto& [bytes, number, text] : cases) {
+    const std::pair<std::string, const char*> cases[] = {
+        {Heic, "HEIF Image Extensions"}, {Bitmap.substr(0, 20), "The selected file is not a valid photo."}};
+    for (const auto& [bytes, text] : cases) {
         files::WriteWhole(file, bytes);
-        try {
-            windows::DecodeHeic(file);
-            FAIL() << text;
-        } catch (const ImagingError& error) {
-            EXPECT_EQ(error.Number(), number);
-            EXPECT_NE(error.Description().find(text), std::string::npos) << error.Description();
-        }
+        const std::string reason = testing::ReasonOf([&] { windows::DecodeHeic(file); });
+        EXPECT_TRUE(testing::Says(reason, text)) << reason;
     }
 }
 
