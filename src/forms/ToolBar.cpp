@@ -37,6 +37,14 @@ ToolBar::Tool& ToolBar::Find(const std::string& name) {
     return *found;
 }
 
+void ToolBar::SetTexts(const std::string& name, const std::string& caption, const std::string& description) {
+    Tool& tool = Find(name);
+    if (tool.caption == caption && tool.description == description) return;
+    tool.caption = caption;
+    tool.description = description;
+    Changed();
+}
+
 void ToolBar::EnableTool(const std::string& name, bool enabled) { Set(Find(name).enabled, enabled); }
 
 void ToolBar::CheckTool(const std::string& name, bool checked) { Set(Find(name).checked, checked); }

@@ -17,11 +17,12 @@ public:
         std::string caption{};      ///< "&" marks the access key
         std::string description{};  ///< tooltip and status text
         std::string icon{};         ///< standard name of the desktop's icon naming; "" for none
-        std::string shortcut{};     ///< "Ctrl+O"; "" for none
+        std::string shortcut{};     ///< "Ctrl+O", several separated by "; "; "" for none
         bool checkable = false;
         bool enabled = true;
         bool checked = false;
         std::vector<std::string> tools{};  ///< what a group holds, in order; "-" is a separator
+        std::string shortCaption{};        ///< on a toolbar's button; "" for the caption
     };
 
     enum class BandKind { MenuBar, ToolBar, ContextMenu };
@@ -44,6 +45,8 @@ public:
     /// Throws Error for a name that is not there.
     const Tool& At(const std::string& name) const;
     bool Has(const std::string& name) const;
+
+    void SetTexts(const std::string& name, const std::string& caption, const std::string& description);
 
     bool IsEnabled(const std::string& name) const { return At(name).enabled; }
     void EnableTool(const std::string& name, bool enabled);

@@ -72,17 +72,12 @@ std::string FolderAside(const std::string& folder, Taken taken) {
 
 }  // namespace
 
-void GiveUp(const std::string& folder, std::int32_t listNum) {
-    const std::string state = folder + StateName(listNum);
-    if (files::FileExists(state)) files::Delete(state);
-    // Without a state the rest no longer counts as unsent work; what is left of it goes at the next load or
-    // send.
-    TryDeleteAll(folder, listNum);
+void SetOthersAside(const std::string& folder, std::int32_t listNum) noexcept {
     try {
         for (const std::string& name :
              files::List(folder, [&](const std::string& file) { return BearsNumber(file, listNum); }))
             if (ListingOf(name) != listNum) SetAside(folder, name);
-    } catch (const Error&) {  // it is in nobody's way where it is
+    } catch (...) {  // it is in nobody's way where it is
     }
 }
 

@@ -34,9 +34,8 @@ void DeleteAll(const std::string& folder, std::int32_t listNum);
 /// The same as far as it can be done.
 void TryDeleteAll(const std::string& folder, std::int32_t listNum) noexcept;
 
-/// Deletes the listing's state and what else can be deleted of it, and sets other files that bear its number
-/// aside. When this throws, nothing was deleted.
-void GiveUp(const std::string& folder, std::int32_t listNum);
+/// Sets files of somebody else that bear the listing's number aside, as far as that can be done.
+void SetOthersAside(const std::string& folder, std::int32_t listNum) noexcept;
 
 /// Moves all files of the listing, its state last, out of the way of a fresh load: into the sub-folder "Set
 /// aside", or a numbered one in it when files of the listing lie there already.

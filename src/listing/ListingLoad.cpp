@@ -5,6 +5,7 @@
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "entry/QueryRows.h"
+#include "listing/KeptFiles.h"
 #include "listing/ListingAccess.h"
 #include "listing/ListingFiles.h"
 #include "listing/clsPMListingRec.h"
@@ -95,14 +96,18 @@ LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const 
     const ListView::Row row = ListingRow();
 
     // Unreadable work of this listing may lie in the folder: it is kept, out of the way.
-    if (files::FileExists(folder_ + listing_files::StateName(*number)))
+    if (files::FileExists(folder_ + listing_files::StateName(*number))) {
+        kept_files::SetPhotosAside(folder_, *number);
         listing_files::SetAside(folder_, *number);
+    }
     listing_files::DeleteAll(folder_, *number);
     listing_files::SetLookalikesAside(folder_, *number);
     FetchedFiles fetched(folder_, *number);
     FetchPhotos(version);
+    history_.Start(state_, true);
     SaveState();
     fetched.Keep();
+    kept_files::Delete(folder_, *number);  // of a removed listing of that number, which this one replaces
 
     owner_->Listings().AddRow(row);
     UpdateAddState(state_.PhotoCount < owner_->PhotoMaximum());

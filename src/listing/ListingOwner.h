@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "entry/HostLink.h"
@@ -29,6 +30,11 @@ public:
     virtual void AddStateChanges(bool enabled) = 0;
     /// Called when the number of the listing's photos may have changed.
     virtual void PhotoCountChanges() = 0;
+    /// Called when what can be undone or done again of the listing has changed, and whether it has unsent
+    /// changes.
+    virtual void StepsChange() = 0;
+    /// A number greater than that of any step of any listing.
+    virtual std::uint32_t NextStepNumber() = 0;
     /// A photo file as a picture fit for the preview; null when it cannot be read.
     virtual PicturePtr LoadPhoto(const std::string& path) = 0;
 

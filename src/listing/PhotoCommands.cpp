@@ -3,8 +3,8 @@
 #include "listing/ListingFiles.h"
 #include "listing/clsPMListingRec.h"
 
-// Adding, moving and removing photos. File names always follow the display order, so any change of order
-// renames files; between two renames the journal lets a later run know what was meant.
+// Adding a photo, and moving one by a place. File names always follow the display order, so any change of
+// order renames files; between two renames the journal lets a later run know what was meant.
 
 namespace lumarin {
 
@@ -61,6 +61,9 @@ PhotoResult clsPMListingRec::AddPhoto(const std::string& source, CropMode mode, 
 void clsPMListingRec::AppendPhoto() {
     ListView& photos = owner_->Photos();
     const int row = state_.PhotoCount++;
+    PhotoOrder after = history_.Present();
+    after.push_back({history_.NewId(), EntryAt(row).DescCode, EntryAt(row).DescText});
+    history_ = Noted(StepKind::Add, {after.back().id}, after);
     photos.InsertRow(row, PhotoRow(row));
     owner_->PhotoPreview().SetTag("");
     photos.Select(row);
@@ -68,8 +71,10 @@ void clsPMListingRec::AppendPhoto() {
     if (state_.PhotoCount >= owner_->PhotoMaximum()) UpdateAddState(false);
     UpdatePhotoCommands();
     UpdateMoveButtons();
+    owner_->StepsChange();
     // Last: the photo is there already and would be taken up, only without its description.
-    RecordChange();
+    WriteJournal();
+    SweepKept();
 }
 
 bool clsPMListingRec::Settle() {
@@ -97,9 +102,16 @@ void clsPMListingRec::RenameForMove(int from, int to) {
     const std::string waiting = text::ReplaceAll(PhotoPath(from), ".jpg", ".tmp");
     files::Rename(PhotoPath(from), waiting);
     files::Rename(PhotoPath(to), PhotoPath(from));
+    PhotoOrder after = history_.Present();
+    std::swap(after.at(static_cast<std::size_t>(from)), after.at(static_cast<std::size_t>(to)));
+    history_ = Noted(StepKind::Move, {after.at(static_cast<std::size_t>(to)).id}, after);
     std::swap(EntryAt(from), EntryAt(to));
-    photo_journal::Write(
-        folder_, {.operation = photo_journal::Operation::Move, .first = from, .second = to, .state = state_});
+    journaled_ = false;
+    photo_journal::Write(folder_, {.operation = photo_journal::Operation::Move,
+                                   .first = from,
+                                   .second = to,
+                                   .state = state_,
+                                   .history = history_});
     files::Rename(waiting, PhotoPath(to));
 }
 
@@ -112,11 +124,12 @@ void clsPMListingRec::MovePhoto(std::int16_t& direction) {
     if (Settle()) return;
     try {
         RenameForMove(from, to);
-        RecordChange();
+        WriteJournal();
     } catch (...) {
         Interrupted();
         throw;
     }
+    SweepKept();
 
     const std::string text = photos.At(from).text;
     photos.RemoveRow(from);
@@ -127,53 +140,9 @@ void clsPMListingRec::MovePhoto(std::int16_t& direction) {
     owner_->PhotoPreview().SetTag("");
     photos.Select(to);
     UpdateMoveButtons();
+    owner_->StepsChange();
 }
 
-void clsPMListingRec::DeleteAndCloseUp(int removed) {
-    const ListingState before = state_;
-    --state_.PhotoCount;
-    for (int index = removed; index < state_.PhotoCount; ++index) EntryAt(index) = EntryAt(index + 1);
-    EntryAt(state_.PhotoCount) = {};
-    try {
-        photo_journal::Write(
-            folder_,
-            {.operation = photo_journal::Operation::Remove, .first = removed, .second = 0, .state = state_});
-        if (files::FileExists(PhotoPath(removed))) files::Delete(PhotoPath(removed));
-    } catch (...) {  // a file that cannot be deleted stays a photo
-        state_ = before;
-        photo_journal::Write(folder_, JournalEntry());
-        throw;
-    }
-    for (int index = removed; index < state_.PhotoCount; ++index)
-        files::Rename(PhotoPath(index + 1), PhotoPath(index));
-}
-
-void clsPMListingRec::RemovePhoto() {
-    const int removed = owner_->Photos().Selected();
-    if (state_.PhotoCount == 0 || removed < 0 || removed >= state_.PhotoCount) return;
-    if (Settle()) return;
-    try {
-        DeleteAndCloseUp(removed);
-        RecordChange();
-    } catch (...) {
-        Interrupted();
-        throw;
-    }
-
-    ListView& photos = owner_->Photos();
-    owner_->PhotoPreview().SetTag("");
-    photos.RemoveRow(removed);
-    RefreshPictures(removed);
-    UpdateAddState(state_.PhotoCount < owner_->PhotoMaximum());
-    if (state_.PhotoCount > 0) {
-        const int next = removed < state_.PhotoCount ? removed : state_.PhotoCount - 1;
-        photos.Select(next);
-        ShowPhoto(next);
-    } else {
-        owner_->PhotoPreview().SetImage(nullptr);
-    }
-    UpdatePhotoCommands();
-    UpdateMoveButtons();
-}
+void clsPMListingRec::RemovePhoto() { RemovePhotos({owner_->Photos().Selected()}); }
 
 }  // namespace lumarin

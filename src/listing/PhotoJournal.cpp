@@ -5,15 +5,18 @@
 #include "base/Error.h"
 #include "base/Files.h"
 #include "base/Text.h"
+#include "listing/KeptFiles.h"
 #include "listing/ListingFiles.h"
+#include "listing/StateBytes.h"
 #include "listing/StateFile.h"
 
 namespace lumarin::photo_journal {
 
 namespace {
 
-constexpr std::string_view Magic = "LJ2";
-constexpr std::string_view MagicWithoutCheck = "LJ1";  ///< earlier versions wrote these
+constexpr std::string_view Magic = "LJ3";
+constexpr std::string_view MagicWithoutHistory = "LJ2";  ///< earlier versions wrote these two
+constexpr std::string_view MagicWithoutCheck = "LJ1";
 constexpr const char* DamagedJournal = "its journal is damaged";
 constexpr std::size_t HeaderSize = 6;  // magic, operation, first, second
 constexpr std::size_t CheckSize = 4;
@@ -25,6 +28,7 @@ public:
     ListingState Finish(const std::optional<Entry>& journal) {
         FinishMove(journal);
         if (journal && journal->operation == Operation::Remove) CloseGap(journal->first);
+        if (journal) kept_files::Fetch(folder_, state_.ListNum, journal->history.Present());
         TakeInCapturedPhoto();
         return state_;
     }
@@ -74,51 +78,71 @@ private:
     ListingState state_;
 };
 
-[[noreturn]] void Damaged(const std::string& reason) {
-    throw Error(ApplicationErrorNumber, "state file",
-                "The saved state of a listing cannot be read: " + reason);
-}
-
 ListingState StateIn(std::string_view bytes) {
     try {
         return state_file::Decode(bytes);
     } catch (const Error&) {
-        Damaged(DamagedJournal);
+        ThrowUnreadable(DamagedJournal);
     }
 }
 
-/// FNV-1a: every change of a single byte gives another number.
-std::string CheckOf(std::string_view bytes) {
-    std::uint32_t hash = 0x811C9DC5U;
-    for (const char c : bytes) hash = (hash ^ static_cast<unsigned char>(c)) * 0x01000193U;
-    std::string check;
-    for (unsigned shift = 0; shift < 32; shift += 8) check += static_cast<char>((hash >> shift) & 0xFFU);
-    return check;
-}
-
-std::string_view WithoutCheck(std::string_view bytes) {
-    if (bytes.starts_with(MagicWithoutCheck)) return bytes;
-    if (!bytes.starts_with(Magic) || bytes.size() < HeaderSize + CheckSize) Damaged(DamagedJournal);
+/// A text without the four bytes behind it by which it is known to be sound.
+std::string_view Checked(std::string_view bytes) {
+    if (bytes.size() < CheckSize) ThrowUnreadable(DamagedJournal);
     const std::string_view checked = bytes.substr(0, bytes.size() - CheckSize);
-    if (bytes.substr(checked.size()) != CheckOf(checked)) Damaged(DamagedJournal);
+    if (bytes.substr(checked.size()) != CheckOf(checked)) ThrowUnreadable(DamagedJournal);
     return checked;
 }
 
-Entry Decode(std::string_view file) {
-    const std::string_view bytes = WithoutCheck(file);
-    if (bytes.size() < HeaderSize) Damaged(DamagedJournal);
-    const Entry entry{.operation = static_cast<Operation>(bytes[3]),
-                      .first = bytes[4],
-                      .second = bytes[5],
-                      .state = StateIn(bytes.substr(HeaderSize))};
+/// What a journal says besides the history, and what stands behind that.
+struct Parts {
+    std::string_view present, behind;
+};
+
+Parts PartsOf(std::string_view file) {
+    if (file.starts_with(MagicWithoutCheck)) return {file, {}};
+    if (file.size() < HeaderSize) ThrowUnreadable(DamagedJournal);
+    if (file.starts_with(MagicWithoutHistory)) return {Checked(file), {}};
+    if (!file.starts_with(Magic)) ThrowUnreadable(DamagedJournal);
+    std::size_t size = 0;
+    try {
+        size = HeaderSize + state_file::EncodedSize(file.substr(HeaderSize)) + CheckSize;
+    } catch (const Error&) {
+        ThrowUnreadable(DamagedJournal);
+    }
+    if (file.size() < size) ThrowUnreadable(DamagedJournal);
+    return {Checked(file.substr(0, size)), file.substr(size)};
+}
+
+/// A journal as it was read.
+struct Found {
+    Entry entry;
+    bool historyLost = false;
+};
+
+Found Decode(std::string_view file) {
+    const auto [bytes, behind] = PartsOf(file);
+    if (bytes.size() < HeaderSize) ThrowUnreadable(DamagedJournal);
+    Found found{{.operation = static_cast<Operation>(bytes[3]),
+                 .first = bytes[4],
+                 .second = bytes[5],
+                 .state = StateIn(bytes.substr(HeaderSize)),
+                 .history = {}}};
+    const Entry& entry = found.entry;
     const auto isIndex = [](int index) { return index >= 0 && index < MaximumPhotoSlots; };
     if (entry.operation > Operation::Unchanged || !isIndex(entry.first) || !isIndex(entry.second))
-        Damaged(DamagedJournal);
-    return entry;
+        ThrowUnreadable(DamagedJournal);
+    if (!bytes.starts_with(Magic)) return found;
+    try {  // the photos and the descriptions are sound, whatever became of the steps
+        found.entry.history = PhotoHistory::Decode(Checked(behind));
+    } catch (const Error&) {
+        found.historyLost = true;
+    }
+    return found;
 }
 
 /// Nothing when there is no journal: then the state file counts.
-std::optional<Entry> Read(const std::string& folder, std::int32_t listNum) {
+std::optional<Found> Read(const std::string& folder, std::int32_t listNum) {
     const std::string path = folder + listing_files::JournalName(listNum);
     return files::FileExists(path) ? std::optional(Decode(files::ReadAll(path))) : std::nullopt;
 }
@@ -131,24 +155,33 @@ void Write(const std::string& folder, const Entry& entry) {
     bytes += static_cast<char>(entry.first);
     bytes += static_cast<char>(entry.second);
     bytes += state_file::Encode(entry.state);
-    files::WriteWhole(folder + listing_files::JournalName(entry.state.ListNum), bytes + CheckOf(bytes));
-}
-
-void Remove(const std::string& folder, std::int32_t listNum) {
-    const std::string path = folder + listing_files::JournalName(listNum);
-    if (files::FileExists(path)) files::Delete(path);
+    bytes += CheckOf(bytes);
+    const std::string history = entry.history.Encode();
+    files::WriteWhole(folder + listing_files::JournalName(entry.state.ListNum),
+                      bytes + history + CheckOf(history));
 }
 
 SavedWork Recover(const std::string& folder, std::int32_t listNum) {
-    const std::optional<Entry> journal = Read(folder, listNum);
+    const std::optional<Found> found = Read(folder, listNum);
+    const std::optional<Entry> journal = found ? std::optional(found->entry) : std::nullopt;
     ListingState state =
         journal ? journal->state : state_file::Read(folder + listing_files::StateName(listNum));
-    if (state.ListNum != listNum) Damaged("it belongs to listing " + std::to_string(state.ListNum));
+    if (state.ListNum != listNum) ThrowUnreadable("it belongs to listing " + std::to_string(state.ListNum));
     const std::int32_t photosBefore = state.PhotoCount;
     const bool unchanged = journal && journal->operation == Operation::Unchanged;
-    SavedWork work{Recovery(folder, std::move(state)).Finish(journal), true};
+    SavedWork work{.state = Recovery(folder, std::move(state)).Finish(journal)};
     work.changed = !unchanged || work.state.PhotoCount != photosBefore;
+    if (journal) work.history = journal->history;
+    work.historyLost = found && found->historyLost;
     return work;
+}
+
+PhotoHistory HistoryIn(const std::string& folder, std::int32_t listNum) noexcept {
+    try {
+        if (const auto found = Read(folder, listNum)) return found->entry.history;
+    } catch (...) {  // reported when the listing is taken up
+    }
+    return {};
 }
 
 }  // namespace lumarin::photo_journal

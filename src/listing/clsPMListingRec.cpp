@@ -1,8 +1,11 @@
 #include "listing/clsPMListingRec.h"
 
+#include <utility>
+
 #include "base/Error.h"
 #include "base/Files.h"
 #include "base/Numbers.h"
+#include "listing/KeptFiles.h"
 #include "listing/ListingFiles.h"
 #include "listing/StateFile.h"
 
@@ -46,6 +49,7 @@ void clsPMListingRec::ShowPhotos() {
     UpdateAddState(state_.PhotoCount < owner_->PhotoMaximum());
     UpdatePhotoCommands();
     UpdateMoveButtons();
+    owner_->StepsChange();
     ListView& listings = owner_->Listings();
     const int row = listings.FindText(RowText());
     if (row >= 0) listings.SetText(row, RowText());
@@ -72,30 +76,33 @@ void clsPMListingRec::UpdatePhotoCommands() {
 }
 
 void clsPMListingRec::UpdateMoveButtons() {
-    const ListView& photos = owner_->Photos();
-    const int selected = photos.Selected();
-    const bool movable = photos.Count() >= 2 && selected >= 0;
-    owner_->MoveUpButton().SetEnabled(movable && selected > 0);
-    owner_->MoveDownButton().SetEnabled(movable && selected < photos.Count() - 1);
+    const std::vector<int> rows = owner_->Photos().SelectedRows();
+    const int count = owner_->Photos().Count(), selected = static_cast<int>(rows.size());
+    // Several can be moved unless they all stand together at that end.
+    const bool movable = count >= 2 && selected > 0;
+    owner_->MoveUpButton().SetEnabled(movable && rows.back() >= selected);
+    owner_->MoveDownButton().SetEnabled(movable && rows.front() < count - selected);
 }
 
 void clsPMListingRec::SaveState() {
     Settle();
     // The state comes last for a listing that is being loaded: without one it is not unsent work.
-    if (!changed_) photo_journal::Write(folder_, JournalEntry());
+    WriteJournal();
     state_file::Write(folder_ + listing_files::StateName(state_.ListNum), state_);
-    if (changed_) photo_journal::Remove(folder_, state_.ListNum);
 }
 
 /// The state as it is, with nothing under way.
 photo_journal::Entry clsPMListingRec::JournalEntry() const {
     using photo_journal::Operation;
-    return {.operation = changed_ ? Operation::None : Operation::Unchanged, .state = state_};
+    return {.operation = HasUnsentChanges() ? Operation::None : Operation::Unchanged,
+            .state = state_,
+            .history = history_};
 }
 
-void clsPMListingRec::RecordChange() {
-    changed_ = true;
+void clsPMListingRec::WriteJournal() {
+    journaled_ = false;
     photo_journal::Write(folder_, JournalEntry());
+    journaled_ = true;
 }
 
 ListView::Row clsPMListingRec::ListingRow() const {
@@ -108,18 +115,46 @@ ListView::Row clsPMListingRec::ListingRow() const {
 
 void clsPMListingRec::TakeUp(photo_journal::SavedWork recovered) {
     state_ = std::move(recovered.state);
-    changed_ = changed_ || recovered.changed;
     // A run that ended during an upload left the form without texts.
     for (int index = 0; index < state_.PhotoCount; ++index) {
         PhotoEntry& photo = EntryAt(index);
         if (photo.DescText.empty()) photo.DescText = descriptions_->Text(photo.DescCode);
         photo.SentLetter.clear();
     }
-    if (!files::FileExists(folder_ + listing_files::JournalName(state_.ListNum))) return;
+    TakeUpHistory(std::move(recovered));
     try {
         SaveState();
-    } catch (const FileError&) {  // the journal, which stays, says the same
+    } catch (const FileError&) {  // what lies there says the same
     }
+}
+
+/// The steps as far as they lead to the photos that are there.
+void clsPMListingRec::TakeUpHistory(photo_journal::SavedWork recovered) {
+    history_ = std::move(recovered.history);
+    const std::size_t known = history_.Present().size();
+    const auto count = static_cast<std::size_t>(state_.PhotoCount);
+    if (history_.Empty() || known > count) {
+        if (recovered.historyLost || kept_files::HasPhotos(folder_, state_.ListNum)) {
+            historyLost_ = true;
+            kept_files::SetPhotosAside(folder_, state_.ListNum);
+        }
+        return history_.Start(state_, !recovered.changed);
+    }
+    // Killed before its files went: the listing was not removed.
+    if (const auto last = history_.NextUndo(); last && last->kind == StepKind::RemoveListing) history_.Undo();
+    for (std::size_t index = known; index < count; ++index) {  // captured, but not counted yet
+        const PhotoEntry& photo = state_.Photos[index];
+        PhotoOrder after = history_.Present();
+        after.push_back({history_.NewId(), photo.DescCode, photo.DescText});
+        history_ = Noted(StepKind::Add, {after.back().id}, after);
+    }
+}
+
+PhotoHistory clsPMListingRec::Noted(StepKind kind, const std::vector<std::uint32_t>& photos,
+                                    PhotoOrder after) const {
+    PhotoHistory next = history_;
+    next.Note(kind, owner_->NextStepNumber(), photos, std::move(after));
+    return next;
 }
 
 void clsPMListingRec::OpenSaved(const std::string& listingNumber, const DescriptionTable& descriptions,
@@ -137,20 +172,7 @@ void clsPMListingRec::OpenSaved(const std::string& listingNumber, const Descript
 }
 
 void clsPMListingRec::SetDescription(const std::string& text, const std::string& code) {
-    const int row = owner_->Photos().Selected();
-    if (row < 0 || row >= MaximumPhotoSlots) return;
-    if (Settle()) return;
-    PhotoEntry& photo = EntryAt(row);
-    const PhotoEntry before = photo;
-    photo.DescCode = code;
-    photo.DescText = text;
-    try {
-        RecordChange();
-    } catch (...) {
-        photo = before;
-        throw;
-    }
-    owner_->Photos().SetText(row, text);
+    DescribePhotos({owner_->Photos().Selected()}, text, code);
 }
 
 void clsPMListingRec::PublishFiles() {
@@ -184,10 +206,25 @@ void clsPMListingRec::LeaveOwnersList() {
     UpdateMoveButtons();
 }
 
+/// The last step that a listing can have: with its files goes how to get them back.
+void clsPMListingRec::NoteRemoval() {
+    PhotoHistory before = std::exchange(history_, Noted(StepKind::RemoveListing, {}, history_.Present()));
+    try {
+        WriteJournal();
+        kept_files::TakeListing(folder_, state_.ListNum);
+    } catch (...) {
+        history_ = std::move(before);
+        journaled_ = false;
+        throw;
+    }
+}
+
 void clsPMListingRec::CloseListing(LocalFiles localFiles, Publish publish) {
     if (publish == Publish::Yes) PublishFiles();
     if (localFiles == LocalFiles::Delete) {
-        listing_files::GiveUp(folder_, state_.ListNum);
+        Settle();
+        NoteRemoval();
+        listing_files::SetOthersAside(folder_, state_.ListNum);
         LeaveOwnersList();
     }
     owner_ = nullptr;

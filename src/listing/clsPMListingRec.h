@@ -3,12 +3,15 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "imaging/PhotoResult.h"
 #include "imaging/frmPhotoCrop.h"
 #include "listing/DescriptionTable.h"
 #include "listing/ListingOwner.h"
 #include "listing/ListingState.h"
+#include "listing/PhotoHistory.h"
 #include "listing/PhotoJournal.h"
 
 namespace lumarin {
@@ -38,7 +41,8 @@ public:
                            const DescriptionTable& descriptions, frmPhotoCrop& cropWindow);
 
     /// Ends work on the listing; the record is not to be used afterwards, unless this throws: then the local
-    /// files are all there.
+    /// files are all there. Files that are deleted wait with the kept ones (KeptFiles.h): given back there,
+    /// the listing can be taken up again with `OpenSaved`, and this removal be done again.
     void CloseListing(LocalFiles localFiles, Publish publish);
 
     /// Shows the photo of a row of the photo list in the owner's preview.
@@ -58,6 +62,32 @@ public:
 
     /// Removes the selected photo; nothing when there is none.
     void RemovePhoto();
+
+    // Several photos, given by their positions in any order, as one step: after a kill it is done as a whole
+    // or not at all, and one `Undo` takes it back. Positions that are not there are passed over. Afterwards
+    // the photos that were moved or described are selected, or the one that took the place of the removed
+    // ones.
+
+    void RemovePhotos(const std::vector<int>& photos);
+    /// Each one place, 1 up, -1 down; those that have come to the end of the list stay.
+    void ShiftPhotos(const std::vector<int>& photos, int direction);
+    /// Next to each other and in their order, in front of the photo that is at `before` now; the photo count
+    /// stands for the end.
+    void MovePhotos(const std::vector<int>& photos, int before);
+    void DescribePhotos(const std::vector<int>& photos, const std::string& text, const std::string& code);
+
+    /// The step that `Undo` takes back and the one that `Redo` does again; nothing when there is none.
+    /// Adding, removing, moving and describing photos are steps, and so is the removal of the listing. They
+    /// outlive the program and end when the listing is sent.
+    std::optional<StepName> NextUndo() const { return history_.NextUndo(); }
+    std::optional<StepName> NextRedo() const { return history_.NextRedo(); }
+    /// Throws ApplicationError, after everything else was done, when a photo that was to come back is lost. A
+    /// removal of the listing is not taken back nor done here.
+    void Undo();
+    void Redo();
+    std::uint32_t LatestStepNumber() const { return history_.LatestNumber(); }
+    /// Whether earlier steps could not be read when the listing was taken up; says so once.
+    bool TakeLostHistory() { return std::exchange(historyLost_, false); }
 
     void UpdateAddState(bool enabled);
     void UpdatePhotoCommands();
@@ -88,12 +118,13 @@ public:
     const ListingState& State() const { return state_; }
     /// Whether something was changed that the server does not have. True also when an earlier run did not
     /// leave word of it.
-    bool HasUnsentChanges() const { return changed_; }
+    bool HasUnsentChanges() const { return !history_.IsAsPublished(); }
 
 private:
     void Connect(ListingOwner& owner, const DescriptionTable& descriptions, frmPhotoCrop& cropWindow,
                  const std::string& folder);
     void TakeUp(photo_journal::SavedWork recovered);
+    void TakeUpHistory(photo_journal::SavedWork recovered);
     void Interrupted() noexcept;
     void FillFrom(const Recordset& listing, const std::string& photoDescriptions);
     void FetchPhotos(const std::string& version);
@@ -106,16 +137,29 @@ private:
     bool IsDuplicate(const std::string& path) const;
     void AppendPhoto();
     void RenameForMove(int from, int to);
-    void DeleteAndCloseUp(int removed);
     photo_journal::Entry JournalEntry() const;
-    void RecordChange();
+    void WriteJournal();
+    void SweepKept() const noexcept;
     void PublishFiles();
+    void NoteRemoval();
+    PhotoHistory Noted(StepKind kind, const std::vector<std::uint32_t>& photos, PhotoOrder after) const;
+
+    // PhotoSteps.cpp
+    std::vector<int> Existing(std::vector<int> photos) const;
+    void TakeStep(StepKind kind, const std::vector<int>& photos, PhotoOrder after);
+    void Arrange(PhotoHistory next);
+    void Become(PhotoHistory next);
+    void ShowArranged(const std::vector<std::uint32_t>& selected, int place);
+    void Travel(PhotoHistory next, const std::vector<std::uint32_t>& photos, const char* command);
+    std::vector<KnownPhoto> LostPhotos(const PhotoOrder& wanted) const;
     void LeaveOwnersList();
 
     ListingState state_;
     std::optional<ListingState> savedState_;
     std::string folder_;
-    bool changed_ = false;
+    PhotoHistory history_;
+    bool journaled_ = false;  ///< the journal on disk is up to date
+    bool historyLost_ = false;
     bool interrupted_ = false;  ///< the files are not as the state says
     ListingOwner* owner_ = nullptr;
     const DescriptionTable* descriptions_ = nullptr;

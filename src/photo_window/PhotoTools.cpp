@@ -37,6 +37,18 @@ void BuildPhotoTools(ToolBar& menu) {
     add("AcquireSingle", "Acquire Single", "Aquire single image", "scanner", "", false);
     add("AcquireMultiple", "Acquire Multiple", "Aquire multiple images", "camera-multiple", "", false);
     add("SelectSource", "Select Source...", "", "preferences-system", "", true);
+    menu.AddTool({.name = "Undo",
+                  .caption = "&Undo",
+                  .icon = "edit-undo",
+                  .shortcut = "Ctrl+Z",
+                  .enabled = false,
+                  .shortCaption = "Undo"});
+    menu.AddTool({.name = "Redo",
+                  .caption = "&Redo",
+                  .icon = "edit-redo",
+                  .shortcut = "Ctrl+Y; Ctrl+Shift+Z",
+                  .enabled = false,
+                  .shortCaption = "Redo"});
     add("Copy", "C&opy", "Copy current selection to clipboard", "edit-copy", "Ctrl+C", false);
     add("Paste", "&Paste", "Paste clipboard contents", "edit-paste", "Ctrl+V", false);
     add("DeletePhoto", "Delete Photo", "", "edit-delete", "", false);
@@ -54,7 +66,8 @@ void BuildPhotoTools(ToolBar& menu) {
 
     addGroup("File", "&File", "", "",
              {"Open", "SmartLoad", "-", "SendPhotos", "-", "VerifyPhotos", "-", "FilePreview", "-", "Exit"});
-    addGroup("Edit", "&Edit", "", "", {"Copy", "Paste", "-", "DeletePhoto", "-", "Browse", "RemoveEntry"});
+    addGroup("Edit", "&Edit", "", "",
+             {"Undo", "Redo", "-", "Copy", "Paste", "-", "DeletePhoto", "-", "Browse", "RemoveEntry"});
     addGroup("View", "&View", "Photo View", "image-x-generic", {});
     menu.EnableTool("View", false);
     addGroup("Twain", "Twain", "", "", {"AcquireSingle", "AcquireMultiple", "-", "SelectSource"});
@@ -68,7 +81,7 @@ void BuildPhotoTools(ToolBar& menu) {
     menu.AddBand({"Standard",
                   Kind::ToolBar,
                   {"Open", "SmartLoad", "AcquireSingle", "AcquireMultiple", "-", "Copy", "Paste",
-                   "DeletePhoto", "-", "SendPhotos"}});
+                   "DeletePhoto", "-", "Undo", "Redo", "-", "SendPhotos"}});
     menu.AddBand({"Photo", Kind::ToolBar, {"View", "-", "Browse", "RemoveEntry", "VerifyPhotos"}});
     menu.AddBand({"PhotoPopup", Kind::ContextMenu, menu.At("PhotoPopup").tools});
     menu.AddBand({"ListingPopup", Kind::ContextMenu, menu.At("ListingPopup").tools});

@@ -202,6 +202,8 @@ void frmLumarin::EmptyWindow() {
     for (const char* tool : {"Paste", "Open", "SendPhotos", "Copy", "DeletePhoto", "View"})
         Menu.EnableTool(tool, false);
     UpdateListingCommands();
+    removed_.clear();
+    ShowSteps();
 
     // The server has everything: whatever of the rest fails, all else is done.
     EachStep rest;
@@ -245,6 +247,7 @@ void frmLumarin::ClearWorkingFolder(EachStep& rest) {
     // The states first: photos without one are not unsent work.
     forEach(isState, remove);
     forEach(isOwn, remove);
+    ForgetRemovedListings();
     forEach(isOther, [this](const std::string& name) { listing_files::SetAside(workingFolder_, name); });
 }
 

@@ -7,6 +7,7 @@
 #include "photo_window/PhotoTools.h"
 #include "photo_window/PhotoUpload.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace lumarin {
@@ -128,25 +129,31 @@ void frmLumarin::RestoreUnsentWork() {
         files::TryDelete(workingFolder_ + name);
     const auto isState = [](const std::string& name) { return text::EndsWithIgnoringCase(name, ".dat"); };
     for (const std::string& name : files::List(workingFolder_, isState)) {
-        const std::string number = name.substr(0, name.size() - 4);
-        auto record = std::make_unique<clsPMListingRec>();
         try {
-            record->OpenSaved(number, descriptions_, *this, workingFolder_, *cropWindow_);
-            records_[number] = std::move(record);
+            TakeUpListing(name.substr(0, name.size() - 4));
         } catch (const Error& error) {
             unreadableStates_.emplace_back(name, error.Description());
         }
     }
+    TakeUpRemovedListings();
     if (RecList.Count() > 0) MakeCurrent(records_.at(RecList.At(0).text).get());
     UpdateListingCommands();
     sourceAvailable_ = ports_.scanner != nullptr;
     UpdateAcquireTools();
 }
 
+clsPMListingRec* frmLumarin::TakeUpListing(const std::string& number) {
+    auto record = std::make_unique<clsPMListingRec>();
+    record->OpenSaved(number, descriptions_, *this, workingFolder_, *cropWindow_);
+    lastStep_ = std::max(lastStep_, record->LatestStepNumber());
+    return (records_[number] = std::move(record)).get();
+}
+
 void frmLumarin::OnActivate() {
     if (!std::exchange(activated_, true)) {
         placed_ = Bounds();  // where the desktop has let it stand
         ReportUnreadableStates();
+        ReportLostSteps();
     }
     OpenWantedListing();
 }
@@ -226,6 +233,7 @@ void frmLumarin::MakeCurrent(clsPMListingRec* record) {
     current_ = record;
     UpdateListingCommands();
     ShowSent("");
+    ShowSteps();
     if (record == nullptr) return;
     HighlightCurrent();
     record->ShowPhotos();
@@ -316,7 +324,8 @@ void frmLumarin::OnUnload() {
     if (!lastFolder_.empty() && lastFolder_ != settings_.importFolder) WriteImportFolder(host, lastFolder_);
     const bool moved = Bounds().left != placed_.left || Bounds().top != placed_.top;
     if (moved && !StandsAt(settings_.startUpPosition, Bounds())) WriteStartUpPosition(host, Bounds());
-    if (cropWindow_ != nullptr && cropWindow_->ChosenSize() != Size{}) WriteCropWindowSize(host, cropWindow_->ChosenSize());
+    if (cropWindow_ != nullptr && cropWindow_->ChosenSize() != Size{})
+        WriteCropWindowSize(host, cropWindow_->ChosenSize());
     for (const auto& [number, record] : records_) record->CloseListing(LocalFiles::Keep, Publish::No);
     records_.clear();
     current_ = nullptr;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -82,6 +83,8 @@ private:
     int PhotoMaximum() const override { return settings_.photoMaximum; }
     void AddStateChanges(bool enabled) override;
     void PhotoCountChanges() override { ShowPhotoCount(); }
+    void StepsChange() override { ShowSteps(); }
+    std::uint32_t NextStepNumber() override { return ++lastStep_; }
     PicturePtr LoadPhoto(const std::string& path) override;
     Desktop& ScreenDesktop() override { return desktop(); }
     HostLink& Host() override { return ports_.host; }
@@ -97,6 +100,7 @@ private:
     void PlaceWindow();
     void AddColumns();
     void RestoreUnsentWork();
+    clsPMListingRec* TakeUpListing(const std::string& number);
     void ReportUnreadableStates();
     void SetUnreadableStatesAside();
     void UpdateListingCommands();
@@ -136,6 +140,17 @@ private:
     void ToggleFilePreview();
     void ChooseDescription(const std::string& tool);
 
+    // UndoCommands.cpp
+    void Undo();
+    void Redo();
+    void ShowSteps();
+    void TakeUpRemovedListings();
+    void NoteRemoved(const clsPMListingRec& removed);
+    std::optional<std::int32_t> RemovalToUndo() const;
+    void BringListingBack(std::int32_t listNum);
+    void ReportLostSteps();
+    void ForgetRemovedListings();
+
     // SendPhotos.cpp
     void SendPhotos();
     bool TrySend(std::map<std::string, bool>& removalsConfirmed);
@@ -160,6 +175,9 @@ private:
     std::unique_ptr<frmPhotoCrop> cropWindow_;
     std::map<std::string, std::unique_ptr<clsPMListingRec>> records_;  ///< by listing number
     clsPMListingRec* current_ = nullptr;
+    std::map<std::int32_t, std::uint32_t>
+        removed_;                    ///< listings that can come back, with their removals' numbers
+    std::uint32_t lastStep_ = 0;     ///< number of the last step of all listings
     PhotoUpload* upload_ = nullptr;  ///< while a send runs
     std::string sending_;            ///< what it sends, in words
     bool clipboardUsed_ = false;

@@ -20,6 +20,8 @@ void frmLumarin::ToolClicked(const std::string& name) {
     if (name == "Open") return OpenFiles(ImportKind::Open);
     if (name == "AcquireSingle" || name == "AcquireMultiple") return Acquire(name == "AcquireMultiple");
     if (name == "SelectSource") return SelectSource();
+    if (name == "Undo") return Undo();
+    if (name == "Redo") return Redo();
     if (name == "Copy") return CopyPhoto();
     if (name == "Paste") return PastePhoto();
     if (name == "SmartLoad") return OpenFiles(ImportKind::SmartLoad);
@@ -189,14 +191,13 @@ void frmLumarin::PastePhoto() {
 
 void frmLumarin::MoveSelectedPhoto(int button) {
     RunCommand("cmdMove", [&] {
-        std::int16_t direction = button == 0 ? 1 : -1;
-        if (current_ != nullptr) current_->MovePhoto(direction);
+        if (current_ != nullptr) current_->ShiftPhotos(PhotoList.SelectedRows(), button == 0 ? 1 : -1);
     });
 }
 
 void frmLumarin::DeleteSelectedPhoto() {
     RunCommand("DeletePhoto", [this] {
-        if (current_ != nullptr) current_->RemovePhoto();
+        if (current_ != nullptr) current_->RemovePhotos(PhotoList.SelectedRows());
     });
 }
 
@@ -204,17 +205,6 @@ void frmLumarin::RemoveCurrentListing() {
     RunCommand("RemoveEntry", [this] {
         if (current_ == nullptr) return;
         const std::string number = std::to_string(current_->ListNum());
-        if (current_->HasUnsentChanges()) {
-            const Answer answer = desktop().ShowMessage(
-                {.text = "The changes to the photos of listing " + number +
-                         " were not sent. Do you want to remove the listing and lose them?",
-                 .title = "Remove listing",
-                 .buttons = Buttons::YesNo,
-                 .icon = Icon::Exclamation,
-                 .enter = Answer::No},
-                this);
-            if (answer != Answer::Yes) return;
-        }
         // Taken out first: closing selects a neighbour, which becomes current without being saved over.
         auto entry = records_.extract(number);
         clsPMListingRec* const closed = std::exchange(current_, nullptr);
@@ -225,6 +215,7 @@ void frmLumarin::RemoveCurrentListing() {
             current_ = closed;
             throw;
         }
+        NoteRemoved(*closed);
         if (RecList.Count() == 0) MakeCurrent(nullptr);
     });
 }
@@ -241,7 +232,8 @@ void frmLumarin::ChooseDescription(const std::string& tool) {
     const std::string code = DescriptionCodeOfTool(tool);
     if (code.empty()) return;
     RunCommand("View", [&] {
-        if (current_ != nullptr) current_->SetDescription(descriptions_.Text(code), code);
+        if (current_ != nullptr)
+            current_->DescribePhotos(PhotoList.SelectedRows(), descriptions_.Text(code), code);
     });
 }
 

@@ -16,17 +16,19 @@ protected:
     static std::string PhotoText(const std::string& description, const std::string& path) {
         return description + " " + std::to_string(files::FileLength(path));
     }
+    Texts Order() const {
+        Texts shown;
+        for (int row = 0; row < window->PhotoList.Count(); ++row)
+            shown.push_back(PhotoText(window->PhotoList.At(row).text, window->PhotoList.At(row).picture));
+        return shown;
+    }
     /// "description length" of each photo: so they are shown, and so a later run finds them.
     void ExpectPhotos(const Texts& expected) {
-        Texts shown, saved;
-        for (int row = 0; row < window->PhotoList.Count(); ++row) {
-            const ListView::Row photo = window->PhotoList.At(row);
-            shown.push_back(PhotoText(photo.text, photo.picture));
-        }
+        Texts saved;
         const ListingState state = Saved();
         for (const std::string& name : listing_files::List(host.WorkingFolder(), 100123, ".jpg"))
             saved.push_back(PhotoText(state.Photos.at(saved.size()).DescText, host.WorkingFolder() + name));
-        EXPECT_EQ(shown, expected);
+        EXPECT_EQ(Order(), expected);
         EXPECT_EQ(saved, expected);
         EXPECT_EQ(state.PhotoCount, window->PhotoList.Count());
     }
@@ -183,6 +185,94 @@ TEST_F(ListingTest, Photos_AddedMovedAndRemoved_KeepTheirFilesAndDescriptions) {
     ExpectPhotos({});
     EXPECT_FALSE(window->Menu.IsEnabled("View"));
     EXPECT_EQ(window->imgMain.Image(), nullptr);
+}
+
+TEST_F(ListingTest, Steps_UndoneAndDoneAgain_InThisRunOrTheNext_GiveWhatWasThere) {
+    files::WriteWhole(host.CityFolder() + "CityInfo.ini", "[Lumarin]\nPhoto Maximum=6\n");
+    GivenListing(100123, {100, 200, 300, 400, 500});
+    const auto key = [&](const std::vector<int>& rows, Key pressed, bool control) {
+        window->PhotoList.SetMultiSelect(true);
+        window->PhotoList.SelectRows(rows);
+        window->PhotoList.PressKey({.key = pressed, .control = control});
+    };
+    const std::pair<const char*, std::function<void()>> steps[] = {
+        {"Add photo F", [&] { WillCapture({600}), window->PhotoList.DropFiles({"/in/a.png"}); }},
+        {"Move 3 photos",
+         [&] {
+             key({0, 2, 5}, Key::Up, true);
+         }},
+        {"Move 2 photos",
+         [&] {
+             key({1, 4}, Key::Down, true);
+         }},
+        {"Move photo B", [&] { key({1}, Key::Down, true); }},
+        {"Describe 2 photos",
+         [&] {
+             key({3, 4}, Key::None, false), window->Menu.ClickTool("View_2112");
+         }},
+        {"Delete 3 photos",
+         [&] {
+             key({0, 3, 5}, Key::Delete, false);
+         }},
+        {"Delete photo C", [&] { key({2}, Key::Delete, false); }},
+    };
+    for (const bool restarts : {false, true}) {
+        OpenWith({"100123"});
+        std::vector<Texts> orders{Order()};
+        for (const auto& [name, act] : steps) {
+            if (restarts) Open();
+            act();
+            EXPECT_EQ(window->Menu.At("Undo").description, std::string("Undo: ") + name);
+            orders.push_back(Order());
+        }
+        const auto go = [&](const char* tool, std::size_t step, std::size_t order) {
+            if (restarts) Open();
+            EXPECT_EQ(window->Menu.At(tool).description, std::string(tool) + ": " + steps[step].first);
+            window->Menu.ClickTool(tool);
+            ExpectPhotos(orders[order]);
+        };
+        for (std::size_t step = std::size(steps); step-- > 0;) go("Undo", step, step);
+        EXPECT_FALSE(window->Menu.IsEnabled("Undo"));
+        for (std::size_t step = 0; step < std::size(steps); ++step) go("Redo", step, step + 1);
+        EXPECT_EQ(orders[2],
+                  (Texts{"Front 100", "Front 300", "Front 200", "Front 400", "Front 600", "Front 500"}));
+        window->cmdRemove.Press();
+    }
+}
+
+TEST_F(ListingTest, Undo_KeptFilesOrStepsDamaged_SaysSoAndCostsNothingElse) {
+    const std::string undo = host.WorkingFolder() + "Undo/", journal = host.WorkingFolder() + "100123.jnl";
+    GivenListing(100123, {100, 200, 300, 400});
+    OpenWith({"100123"});
+    window->PhotoList.SetMultiSelect(true);
+    window->PhotoList.SelectRows({0, 1, 3});
+    window->Menu.ClickTool("DeletePhoto");
+    files::Delete(undo + "100123-1.jpg");
+    files::WriteWhole(undo + "100123-4.jpg", "damaged");
+    desktop.Expect(
+        "These photos of listing 100123 cannot come back, because the files in which they were kept are "
+        "missing "
+        "or damaged:\n\nFront\nFront\n\nEverything else was done.",
+        "frmLumarin-Undo");
+    window->Menu.ClickTool("Undo");
+    ExpectPhotos({"Front 200", "Front 300"});
+    window->Menu.ClickTool("Redo");
+    ExpectPhotos({"Front 300"});
+
+    std::string bytes = files::ReadAll(journal);
+    ++bytes.back();
+    files::WriteWhole(journal, bytes);
+    desktop.Expect(
+        "What was done to these listings before can no longer be undone, because the record of it is "
+        "damaged:\n\n"
+        "100123\n\nTheir photos and descriptions are not affected. Deleted photos that were kept for them "
+        "are now "
+        "in the folder \"Set aside\" in " +
+        host.WorkingFolder());
+    Open();
+    ExpectPhotos({"Front 300"});
+    EXPECT_FALSE(window->Menu.IsEnabled("Undo"));
+    EXPECT_EQ(files::FileLength(host.WorkingFolder() + "Set aside/100123-2.jpg"), 200U);
 }
 
 }  // namespace lumarin

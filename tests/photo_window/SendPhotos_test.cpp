@@ -21,13 +21,31 @@ protected:
         const ListingState before = saved();
         window->cmdSend.Press();
         EXPECT_EQ(saved(), before);
-        EXPECT_EQ(WorkingFiles(), (std::set<std::string>{"100123.dat", "100123a.jpg", "100123b.jpg"}));
+        EXPECT_EQ(WorkingFiles(),
+                  (std::set<std::string>{"100123.dat", "100123.jnl", "100123a.jpg", "100123b.jpg"}));
         EXPECT_EQ(window->PhotoList.Count(), 2);
         EXPECT_EQ(window->lblSent.Caption(), line);
         EXPECT_TRUE(window->Enabled());
         EXPECT_FALSE(desktop.shown.contains("frmProgress"));
     }
 };
+
+TEST_F(SendPhotosTest, Send_AfterUndo_SendsWhatTheWindowShowsAndEndsAllSteps) {
+    GivenUnsentPhoto();
+    OpenWith({"100124"});
+    window->cmdRemove.Press();
+    window->PhotoList.Select(0);
+    window->Menu.ClickTool("DeletePhoto");
+    for (int step = 0; step < 2; ++step) window->Menu.ClickTool("Undo");  // the second brings 100124 back
+    window->RecList.Select(0);
+    window->Menu.ClickTool("Undo");
+    EXPECT_EQ(ListTexts(window->RecList), (Texts{"100123", "100124"}));
+    desktop.Expect(RemoveAll + "100124", Answer::No);
+    window->cmdSend.Press();
+    EXPECT_EQ(archiver.packaged, Texts{"100123.dat"}) << "its photo is unchanged again";
+    EXPECT_FALSE(window->Menu.IsEnabled("Undo"));
+    EXPECT_FALSE(files::FolderExists(host.WorkingFolder() + "Undo"));
+}
 
 TEST_F(SendPhotosTest, Send_ChangedPhotos_GoesInOnePackageAndEmptiesTheWindow) {
     GivenUnsentPhoto();

@@ -132,53 +132,33 @@ TEST_F(frmLumarinTest, Clipboard_CopyThenPaste_AsksAtTheEnd) {
     }
 }
 
-TEST_F(frmLumarinTest, RemoveListing_WithUnsentChanges_Asks) {
+TEST_F(frmLumarinTest, RemoveListing_Undone_ComesBackAsItWasInThisRunAndTheNext) {
     GivenListing(100123, {100, 200});
     OpenWith({"100124", "100123"});
-    window->PhotoList.Select(0);
     window->PhotoList.PressKey({Key::Delete});
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
-        EXPECT_EQ(window->RecList.Count(), 2);
-        desktop.Expect(
-            "The changes to the photos of listing 100123 were not sent. Do you want to remove the listing "
-            "and lose them?",
-            answer);
-        window->cmdRemove.Press();
-    }
-    EXPECT_EQ(ListTexts(window->RecList), Texts{"100124"});
-    EXPECT_EQ(window->RecList.Selected(), 0);
     files::WriteWhole(host.WorkingFolder() + "1001241a.jpg", "another listing's");
-    window->RecList.PressKey({Key::Delete});  // unchanged: no question
-    EXPECT_EQ(window->RecList.Count(), 0);
-    EXPECT_EQ(WorkingFiles(), std::set<std::string>{"1001241a.jpg"});
-    for (const char* tool : {"Open", "SendPhotos", "DeletePhoto", "View", "Copy", "RemoveEntry"})
-        EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
-    EXPECT_FALSE(window->cmdRemove.Enabled() || window->cmdSend.Enabled() || window->imgMain.AcceptsFiles());
-}
-
-TEST_F(frmLumarinTest, RemoveListing_InALaterRun_AsksOnlyWhenSomethingWasChanged) {
-    GivenListing(100123, {100, 200});
-    const std::pair<std::function<void()>, bool> cases[] = {
-        {[] {}, false},
-        {[&] { window->RecList.Select(1), window->RecList.Select(0); }, false},
-        {[&] { window->Menu.ClickTool("View_2112"); }, true},
-        {[&] { window->cmdMove(1).Press(), window->RecList.Select(1), window->RecList.Select(0); }, true},
-        {[&] { files::Delete(host.WorkingFolder() + "100123.jnl"); }, true},  // nobody knows
-        {[&] { files::WriteWhole(host.WorkingFolder() + "100123c.jpg", "captured"); }, true},
-    };
-    for (const auto& [work, asks] : cases) {
-        OpenWith({"100123", "100124"});
-        window->RecList.Select(0);
-        work();
-        for (int run = 0; run < 2; ++run) Open();
-        if (asks)
-            desktop.Expect(
-                "The changes to the photos of listing 100123 were not sent. Do you want to remove the "
-                "listing and lose them?",
-                Answer::Yes);
-        for (int listing = 0; listing < 2; ++listing) window->cmdRemove.Press();
-        EXPECT_TRUE(WorkingFiles().empty());
+    for (const bool restarts : {false, true}) {
+        window->cmdRemove.Press();
+        window->RecList.PressKey({Key::Delete});
+        EXPECT_EQ(WorkingFiles(), std::set<std::string>{"1001241a.jpg"});
+        for (const char* tool : {"Open", "SendPhotos", "DeletePhoto", "View", "Copy", "RemoveEntry", "Redo"})
+            EXPECT_FALSE(window->Menu.IsEnabled(tool)) << tool;
+        EXPECT_FALSE(window->cmdRemove.Enabled() || window->cmdSend.Enabled() ||
+                     window->imgMain.AcceptsFiles());
+        for (const char* undone : {"Undo: Remove listing 100124", "Undo: Remove listing 100123"}) {
+            if (restarts) Open();
+            EXPECT_EQ(window->Menu.At("Undo").description, undone);
+            window->Menu.ClickTool("Undo");
+        }
+        EXPECT_EQ(window->RecList.At(window->RecList.Selected()).text, "100123");
+        EXPECT_EQ(window->lblPhotos.Caption(), "Listing 100123: 1 of 4 photos");
+        EXPECT_EQ(window->Menu.At("Undo").caption, "&Undo: Delete photo A");
+        EXPECT_EQ(window->Menu.At("Redo").caption, "&Redo: Remove listing 100123");
     }
+    window->Menu.ClickTool("Redo");
+    Enter("100123");  // loaded anew: what was removed cannot come back any more
+    EXPECT_FALSE(window->Menu.IsEnabled("Undo"));
+    EXPECT_EQ(window->PhotoList.Count(), 2);
 }
 
 TEST_F(frmLumarinTest, SwitchListings_TheCurrentOneCannotBeSaved_StaysCurrentAndHighlighted) {

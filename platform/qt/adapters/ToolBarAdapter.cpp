@@ -17,11 +17,15 @@ namespace lumarin::qt {
 
 namespace {
 
-/// Everything about a tool but its state.
-bool SameDesign(const ToolBar::Tool& left, const ToolBar::Tool& right) {
-    return left.name == right.name && left.caption == right.caption &&
-           left.description == right.description && left.icon == right.icon &&
-           left.shortcut == right.shortcut && left.checkable == right.checkable && left.tools == right.tools;
+/// What decides on the actions, and on what stands in which band.
+bool SameStructure(const ToolBar::Tool& left, const ToolBar::Tool& right) {
+    return left.name == right.name && left.icon == right.icon && left.tools == right.tools;
+}
+
+bool SameTexts(const ToolBar::Tool& left, const ToolBar::Tool& right) {
+    return left.caption == right.caption && left.shortCaption == right.shortCaption &&
+           left.description == right.description && left.shortcut == right.shortcut &&
+           left.checkable == right.checkable;
 }
 
 bool SameBand(const ToolBar::Band& left, const ToolBar::Band& right) {
@@ -91,6 +95,10 @@ private:
 
 void ToolBarAdapter::ShowState() {
     if (!IsBuilt()) Build();
+    for (std::size_t i = 0; i < tools_.size(); ++i) {
+        const ToolBar::Tool& tool = Bound()->Tools()[i];
+        if (!SameTexts(tool, tools_[i])) ShowDesign(tools_[i] = tool, *ActionOf(tool));
+    }
     for (const ToolBar::Tool& tool : Bound()->Tools()) {
         QAction& action = *ActionOf(tool);
         action.setEnabled(tool.enabled && Bound()->Enabled());
@@ -101,7 +109,7 @@ void ToolBarAdapter::ShowState() {
 bool ToolBarAdapter::IsBuilt() const {
     const auto& tools = Bound()->Tools();
     const auto& bands = Bound()->Bands();
-    return std::equal(tools.begin(), tools.end(), tools_.begin(), tools_.end(), SameDesign) &&
+    return std::equal(tools.begin(), tools.end(), tools_.begin(), tools_.end(), SameStructure) &&
            std::equal(bands.begin(), bands.end(), bands_.begin(), bands_.end(), SameBand);
 }
 
@@ -151,12 +159,15 @@ QAction* ToolBarAdapter::ActionOf(const ToolBar::Tool& tool) {
 void ToolBarAdapter::ShowDesign(const ToolBar::Tool& tool, QAction& action) {
     action.setObjectName(ToQt(tool.name));
     action.setText(ToQt(tool.caption));
+    if (!tool.shortCaption.empty()) action.setIconText(ToQt(tool.shortCaption));
     const QString description = ToQt(tool.description);
     action.setStatusTip(description);
     QString toolTip = description.isEmpty() ? action.iconText() : description;
-    if (!tool.shortcut.empty()) toolTip += QStringLiteral(" (%1)").arg(ToQt(tool.shortcut));
+    const auto shortcuts = QKeySequence::listFromString(ToQt(tool.shortcut), QKeySequence::PortableText);
+    if (!shortcuts.isEmpty())
+        toolTip += QStringLiteral(" (%1)").arg(shortcuts.front().toString(QKeySequence::PortableText));
     action.setToolTip(toolTip);
-    action.setShortcut(QKeySequence::fromString(ToQt(tool.shortcut), QKeySequence::PortableText));
+    action.setShortcuts(shortcuts);
     action.setCheckable(tool.checkable);
     action.setIcon(tool.icon.empty() ? QIcon() : ToolIcon(ToQt(tool.icon)));
 }
