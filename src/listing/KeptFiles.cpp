@@ -6,6 +6,7 @@
 #include "base/Files.h"
 #include "base/Numbers.h"
 #include "listing/ListingFiles.h"
+#include "listing/PhotoJournal.h"
 #include "listing/StateBytes.h"
 
 namespace lumarin::kept_files {
@@ -103,21 +104,39 @@ std::vector<std::int32_t> RemovedListings(const std::string& folder) {
 }
 
 void TakeListing(const std::string& folder, std::int32_t listNum) {
+    const std::string state = listing_files::StateName(listNum),
+                      journal = listing_files::JournalName(listNum);
+    const auto take = [&](const std::string& name) {
+        if (files::FileExists(folder + name)) files::Rename(folder + name, Folder(folder) + name);
+    };
     files::EnsureFolder(Folder(folder));
-    const std::string state = listing_files::StateName(listNum);
-    if (files::FileExists(folder + state)) files::Rename(folder + state, Folder(folder) + state);
-    for (const std::string& name : listing_files::List(folder, listNum)) {
-        try {
-            files::Rename(folder + name, Folder(folder) + name);
-        } catch (const Error&) {  // without its state the listing is not there any more
-        }
+    // What is left of an earlier removal that is final by now.
+    if (!files::FileExists(Folder(folder) + state)) listing_files::DeleteAll(Folder(folder), listNum);
+    take(state);
+    try {
+        for (const std::string& name : listing_files::List(folder, listNum))
+            if (name != journal) take(name);
+        take(journal);
+    } catch (const Error&) {  // without its state the listing is not there any more
     }
 }
 
+void FinishTaking(const std::string& folder, std::int32_t listNum) {
+    if (!files::FileExists(Folder(folder) + listing_files::StateName(listNum))) return;
+    // Without a journal of the removal it is what an unfinished load has left.
+    const auto last = photo_journal::HistoryIn(folder, listNum).NextUndo();
+    if (last && last->kind == StepKind::RemoveListing) TakeListing(folder, listNum);
+}
+
 void GiveListingBack(const std::string& folder, std::int32_t listNum) {
-    const std::string state = listing_files::StateName(listNum);
+    const std::string state = listing_files::StateName(listNum),
+                      journal = listing_files::JournalName(listNum);
+    const auto give = [&](const std::string& name) {
+        if (files::FileExists(Folder(folder) + name)) files::Rename(Folder(folder) + name, folder + name);
+    };
+    give(journal);
     for (const std::string& name : listing_files::List(Folder(folder), listNum))
-        if (name != state) files::Rename(Folder(folder) + name, folder + name);
+        if (name != state) give(name);
     files::Rename(Folder(folder) + state, folder + state);
 }
 
@@ -136,7 +155,7 @@ void DeleteAll(const std::string& folder, const std::function<bool(std::int32_t)
         for (const std::int32_t listNum : listings)
             if (!spared(listNum)) Delete(folder, listNum);
         files::TryDelete(Folder(folder));  // which works when it is empty
-    } catch (...) {  // it is looked at again at the next start
+    } catch (...) {                        // it is looked at again at the next start
     }
 }
 

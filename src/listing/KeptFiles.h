@@ -10,7 +10,8 @@
 
 /// What was taken out of a listing and may come back waits in the sub-folder "Undo" of the working folder:
 /// photos as N, "-", the photo's id, ".jpg", and all files of a listing that was removed, under their own
-/// names. Its state goes first and comes back last, so a listing is where its state is.
+/// names. Its state goes first and comes back last, so a listing is where its state is; its journal goes last
+/// and comes back first, so it tells a removal that was interrupted.
 namespace lumarin::kept_files {
 
 std::string Folder(const std::string& folder);
@@ -33,9 +34,11 @@ void Sweep(const std::string& folder, std::int32_t listNum,
 
 /// Listings that were removed.
 std::vector<std::int32_t> RemovedListings(const std::string& folder);
-/// Moves a listing here. When this throws, nothing was moved; what cannot be moved once its state is here
-/// stays for the next time.
+/// Moves a listing whose journal ends with its removal here. When this throws, nothing was moved; what cannot
+/// be moved once its state is here stays for `FinishTaking`.
 void TakeListing(const std::string& folder, std::int32_t listNum);
+/// Moves the rest of a listing whose move in either direction was interrupted here.
+void FinishTaking(const std::string& folder, std::int32_t listNum);
 /// Moves it back. When this throws, it is still one that was removed.
 void GiveListingBack(const std::string& folder, std::int32_t listNum);
 

@@ -100,6 +100,7 @@ LoadResult clsPMListingRec::LoadListing(const std::string& listingNumber, const 
         kept_files::SetPhotosAside(folder_, *number);
         listing_files::SetAside(folder_, *number);
     }
+    kept_files::FinishTaking(folder_, *number);
     listing_files::DeleteAll(folder_, *number);
     listing_files::SetLookalikesAside(folder_, *number);
     FetchedFiles fetched(folder_, *number);

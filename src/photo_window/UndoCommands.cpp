@@ -99,16 +99,21 @@ void frmLumarin::NoteRemoved(const clsPMListingRec& removed) {
 
 void frmLumarin::BringListingBack(std::int32_t listNum) {
     if (current_ != nullptr) current_->SaveState();
-    kept_files::GiveListingBack(workingFolder_, listNum);
-    removed_.erase(listNum);
-    const std::string number = std::to_string(listNum);
+    const auto removal = removed_.extract(listNum);
+    clsPMListingRec* back = nullptr;
     try {
-        MakeCurrent(TakeUpListing(number));
+        kept_files::GiveListingBack(workingFolder_, listNum);
+        back = TakeUpListing(std::to_string(listNum));
+    } catch (const FileError&) {  // the disk fails: it can come back later, or is there at the next start
+        removed_[listNum] = removal.mapped();
+        kept_files::TakeListing(workingFolder_, listNum);
+        throw;
     } catch (const Error& error) {
         unreadableStates_.emplace_back(listing_files::StateName(listNum), error.Description());
         ShowSteps();
         throw;
     }
+    MakeCurrent(back);
     ReportLostSteps();
 }
 
@@ -120,7 +125,7 @@ void frmLumarin::TakeUpRemovedListings() {
             listing_files::TryDeleteAll(kept, listNum);  // it was loaded again since
             continue;
         }
-        kept_files::TakeListing(workingFolder_, listNum);
+        kept_files::FinishTaking(workingFolder_, listNum);
         removed_[listNum] = photo_journal::HistoryIn(kept, listNum).LatestNumber();
         lastStep_ = std::max(lastStep_, removed_[listNum]);
     }

@@ -220,6 +220,7 @@ LookupResult frmLumarin::LookUpListing(const std::string& listingNumber, const s
         return LookupResult::NotFound;
     }
     clsPMListingRec* added = record.get();
+    removed_.erase(added->ListNum());  // its files went when it was loaded anew
     // What could not be read of it was set aside; the listing's files are those of the new work now.
     std::erase_if(unreadableStates_, [added](const auto& unreadable) {
         return unreadable.first == listing_files::StateName(added->ListNum());

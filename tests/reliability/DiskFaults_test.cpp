@@ -22,6 +22,13 @@ void SelectFirst(Workplace& agent) {
     agent.window->PhotoList.Select(0);
 }
 
+void RemoveTwo(Workplace& agent) {
+    agent.window->PhotoList.SetMultiSelect(true);
+    agent.window->PhotoList.SelectRows({0, 2});
+    agent.window->Menu.ClickTool("DeletePhoto");
+}
+void Undo(Workplace& agent) { agent.window->Menu.ClickTool("Undo"); }
+
 const Step Steps[] = {
     {"load", [](Workplace&) {}, [](Workplace& agent) { agent.Load("1001"); }},
     {"import", [](Workplace& agent) { agent.Load("1001"); }, [](Workplace& agent) { agent.Add(4); }},
@@ -30,6 +37,10 @@ const Step Steps[] = {
     {"remove a photo", SelectFirst, [](Workplace& agent) { agent.window->Menu.ClickTool("DeletePhoto"); }},
     {"describe", SelectFirst, [](Workplace& agent) { agent.DescribeAsKitchen(); }},
     {"remove the listing", LoadThree, [](Workplace& agent) { agent.RemoveListing(); }},
+    {"remove two photos", SelectFirst, RemoveTwo},
+    {"undo that", [](Workplace& agent) { SelectFirst(agent), RemoveTwo(agent); }, Undo},
+    {"undo the removal of the listing", [](Workplace& agent) { LoadThree(agent), agent.RemoveListing(); },
+     Undo},
     {"open again", LoadThree, [](Workplace& agent) { agent.Open(); }, true},
 };
 

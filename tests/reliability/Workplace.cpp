@@ -33,7 +33,6 @@ constexpr const char* Settings =
 std::optional<Answer> AnswerTo(const Message& message) {
     const std::pair<const char*, Answer> beginnings[] = {
         {"Do you really want to remove all the photos from listing - ", Answer::No},
-        {"The changes to the photos of listing ", Answer::Yes},
         {"Preparing to delete document:", Answer::Yes},
         {"A document of ", Answer::Yes},
     };

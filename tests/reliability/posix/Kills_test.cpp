@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "base/Files.h"
+#include "listing/KeptFiles.h"
 #include "reliability/DiskFaults.h"
 #include "reliability/Workplace.h"
 
@@ -19,7 +20,8 @@
 
 namespace lumarin::reliability {
 
-/// "work LISTING" and "published LISTING" with their photos, "documents", and "draft" with its pages.
+/// "work LISTING" and "published LISTING" with their photos, "steps LISTING" with what can be undone and done
+/// again there, "documents", and "draft" with its pages.
 using Known = Photos;
 using ::testing::PrintToString;
 
@@ -27,18 +29,23 @@ using ::testing::PrintToString;
 struct Story {
     Known finished = {{"documents", {}}, {"draft", {"0"}}};
     std::string begun = {};
+    Known undone = {};  ///< what an undo or redo that was begun leads to
     int actions = 0;
     std::map<std::string, int> kills = {};  ///< by what was going on
 };
 
+void RemoveSteps(Known& known) {
+    std::erase_if(known, [](const auto& one) { return one.first.starts_with("steps "); });
+}
+
 /// As lines of a report.
-std::string Text(const Known& known) {
+std::string Text(const Known& known, char end = 'S') {
     std::string text;
     for (const auto& [name, entries] : known) {
         text += "N" + name + "\n";
         for (const std::string& entry : entries) text += "E" + entry + "\n";
     }
-    return text + "S";
+    return text + end;
 }
 
 int DraftPages(const Known& known) { return std::stoi(known.at("draft").front()); }
@@ -50,6 +57,9 @@ bool IsOutcome(const Story& story, Known found) {
     std::istringstream words(story.begun);
     std::string action, listing;
     words >> action >> listing;
+    if (action == "Undo" || action == "Redo") return found == story.undone;
+    for (Known* known : {&wanted, &found}) RemoveSteps(*known);
+    if (!story.begun.empty() && found == wanted) return true;
     const std::string work = "work " + listing, published = "published " + listing;
     const auto takeBackOne = [&](const std::string& name) {
         if (const auto at = found.find(name); at != found.end() && !at->second.empty()) at->second.pop_back();
@@ -87,6 +97,15 @@ bool IsOutcome(const Story& story, Known found) {
     return found == wanted;
 }
 
+/// No call is counted meanwhile, however deep.
+struct Paused {
+    Paused() { disk_faults::Pause(++depth > 0); }
+    ~Paused() { disk_faults::Pause(--depth > 0); }
+    Paused(const Paused&) = delete;
+    Paused& operator=(const Paused&) = delete;
+    static inline int depth = 0;
+};
+
 /// One program: takes up the work, and goes on until it is killed.
 class Victim {
 public:
@@ -120,9 +139,16 @@ private:
         if (Chance(3)) return ActOnDocuments();
         const Known known = Look();
         const std::string any = Workplace::Listings[random_() % 3];
+        if (known.contains("work " + any) && Chance(4)) {
+            agent_->Select(any);
+            return Chance(2) ? GoTo(any, "Undo", "Redo") : GoTo(any, "Redo", "Undo");
+        }
         if (!known.contains("work " + any)) return Do("load " + any, [&] { agent_->Load(any); });
         if (Chance(5)) return Do("send", [&] { agent_->Send(); });
-        if (Chance(15)) return Do("drop " + any, [&] { agent_->Select(any), agent_->RemoveListing(); });
+        if (Chance(15)) {
+            Do("drop " + any, [&] { agent_->Select(any), agent_->RemoveListing(); });
+            return ExpectUndone(any, known);
+        }
         agent_->Select(any);
         const auto count = known.at("work " + any).size();
         const unsigned what = static_cast<unsigned>(random_() % 7);
@@ -136,6 +162,38 @@ private:
             Do("describe " + place, [&] { agent_->DescribeAsKitchen(); });
         else
             Do("move " + place, [&] { agent_->window->cmdMove(1).Press(); });
+        ExpectUndone(any, known);
+    }
+
+    /// What the step of a listing, or the removal of one, leads to; then it is gone back again.
+    Known Beyond(const std::string& listing, const char* there, const char* back) {
+        const Paused paused;
+        const Known now = Look();
+        agent_->Select(listing);
+        agent_->window->Menu.ClickTool(there);
+        const ListView& listings = agent_->window->RecList;
+        const std::string reached = listings.Selected() < 0 ? "" : listings.At(listings.Selected()).text;
+        const Known beyond = Look();
+        agent_->Select(reached);
+        agent_->window->Menu.ClickTool(back);
+        if (const Known again = Look(); again != now)
+            Tell(std::string("F after ") + there + " and " + back + PrintToString(again) + " not " +
+                 PrintToString(now));
+        return beyond;
+    }
+
+    void ExpectUndone(const std::string& listing, Known before) {
+        if (!Chance(3) || Look() == before) return;  // what changes nothing is no step
+        Known undone = Beyond(listing, "Undo", "Redo");
+        for (Known* known : {&undone, &before}) RemoveSteps(*known);
+        if (undone != before) Tell("F undo gives " + PrintToString(undone) + " not " + PrintToString(before));
+    }
+
+    void GoTo(const std::string& listing, const char* there, const char* back) {
+        if (!agent_->window->Menu.IsEnabled(there)) return;
+        Tell(Text(Beyond(listing, there, back), 'U'));
+        agent_->Select(listing);
+        Do(std::string(there) + " " + listing, [&] { agent_->window->Menu.ClickTool(there); });
     }
 
     void ActOnDocuments() {
@@ -163,11 +221,19 @@ private:
     }
 
     Known Look() {
-        disk_faults::Pause(true);
+        const Paused paused;
         Known known{{"documents", agent_->Documents()}, {"draft", {std::to_string(agent_->DraftPages())}}};
         for (const auto& [listing, photos] : agent_->Work()) known["work " + listing] = photos;
         for (const auto& [listing, photos] : agent_->Published()) known["published " + listing] = photos;
-        disk_faults::Pause(false);
+        // A removal that waits stands in front of the steps of a listing or not, by which of them is later.
+        const bool waits =
+            !kept_files::RemovedListings(agent_->host.common.UserFolder() + "Photo Import/").empty();
+        const ToolBar& menu = agent_->window->Menu;
+        for (const auto& [listing, photos] : agent_->Work()) {
+            agent_->Select(listing);
+            known["steps " + listing] = {waits ? "" : menu.At("Undo").description,
+                                         menu.At("Redo").description};
+        }
         return known;
     }
 
@@ -228,6 +294,7 @@ bool RunOne(const std::string& folder, const std::string& scratch, unsigned seed
         if (line[0] == 'A') story.begun = rest;
         if (line[0] == 'N') entries = &found[rest];
         if (line[0] == 'E') entries->push_back(rest);
+        if (line[0] == 'U') story.undone = std::exchange(found, {});
         if (line[0] == 'P') story.finished["draft"] = {rest};
         if (line[0] != 'S') continue;
         story.finished = std::exchange(found, {});
