@@ -17,6 +17,7 @@ constexpr const char* PhotosSection = "Photos";
 constexpr const char* PositionKey = "Start Up Position";
 constexpr const char* ImportKey = "Default Import Dir";
 constexpr const char* CropSizeKey = "Crop Window Size";
+constexpr const char* PhotoViewKey = "Photo List";
 constexpr const char* DefaultPosition = "1,100";
 
 std::string CityInfo(const VelCommon& host) { return host.CityFolder() + "CityInfo.ini"; }
@@ -56,6 +57,7 @@ WindowSettings ReadWindowSettings(const VelCommon& host) {
     read.importFolder = settings::ReadText(UserIni(host), PhotosSection, ImportKey, "");
     read.startUpPosition = settings::ReadText(UserIni(host), PhotosSection, PositionKey, DefaultPosition);
     read.cropWindow = StoredSize(settings::ReadText(UserIni(host), OwnSection, CropSizeKey, ""));
+    read.photoView = settings::ReadText(UserIni(host), OwnSection, PhotoViewKey, "");
     return read;
 }
 
@@ -77,6 +79,10 @@ bool StandsAt(const std::string& position, const Rect& window) {
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window) {
     settings::WriteText(UserIni(host), PhotosSection, PositionKey, PositionText(window));
+}
+
+void WritePhotoView(const VelCommon& host, const std::string& photoView) {
+    settings::WriteText(UserIni(host), OwnSection, PhotoViewKey, photoView);
 }
 
 void WriteCropWindowSize(const VelCommon& host, const Size& inner) {

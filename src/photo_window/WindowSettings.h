@@ -15,7 +15,8 @@ struct WindowSettings {
     bool sortNames = false;
     std::string importFolder;
     std::string startUpPosition;
-    Size cropWindow;  ///< inner size; 0 x 0 when none is stored
+    Size cropWindow;        ///< inner size; 0 x 0 when none is stored
+    std::string photoView;  ///< how the user has the photo list shown; "" when nothing is stored
 };
 
 WindowSettings ReadWindowSettings(const VelCommon& host);
@@ -31,6 +32,8 @@ Rect PositionOnScreen(const std::string& position, const Rect& window, Size scre
 bool StandsAt(const std::string& position, const Rect& window);
 
 void WriteStartUpPosition(const VelCommon& host, const Rect& window);
+
+void WritePhotoView(const VelCommon& host, const std::string& photoView);
 
 void WriteCropWindowSize(const VelCommon& host, const Size& inner);
 

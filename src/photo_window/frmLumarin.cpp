@@ -37,6 +37,7 @@ frmLumarin::frmLumarin(const PhotoWindowPorts& ports)
     cmdRemove.SetEnabled(false);
     cmdSend.SetEnabled(false);
     for (Button& button : cmdMove) button.SetEnabled(false);
+    SetUpPhotoList();
     WireEvents();
 }
 
@@ -97,6 +98,7 @@ void frmLumarin::Init(std::int32_t JobIndex) {
     for (const PhotoDescription& entry : descriptions_.Entries()) views.push_back({entry.text, entry.code});
     cropWindow_->SetViews(views);
     Menu.CheckTool("FilePreview", settings_.filePreview);
+    RecallPhotoView();
     Load();
     PlaceWindow();
     AddColumns();
@@ -268,18 +270,6 @@ void frmLumarin::SortListings(int column) {
     RecList.SortBy(column, !again);
 }
 
-/// Delete removes the selected photo, Enter views it, Ctrl with an arrow moves it.
-bool frmLumarin::PhotoKey(const KeyDown& pressed) {
-    if (pressed.control && (pressed.key == Key::Up || pressed.key == Key::Down)) {
-        Button& button = cmdMove(pressed.key == Key::Up ? 0 : 1);
-        button.Press();
-        return true;
-    }
-    if (pressed.key == Key::Delete) DeleteSelectedPhoto();
-    if (pressed.key == Key::Enter) ViewPhoto();
-    return pressed.key == Key::Delete || pressed.key == Key::Enter;
-}
-
 void frmLumarin::UpdateListingCommands() {
     const bool any = current_ != nullptr;
     cmdRemove.SetEnabled(any);
@@ -297,10 +287,11 @@ void frmLumarin::AddStateChanges(bool enabled) {
 }
 
 void frmLumarin::ShowPhotoCount() {
-    lblPhotos.SetCaption(current_ == nullptr ? ""
-                                             : "Listing " + std::to_string(current_->ListNum()) + ": " +
-                                                   std::to_string(current_->GetPhotoCount()) + " of " +
-                                                   std::to_string(PhotoMaximum()) + " photos");
+    if (current_ == nullptr) return lblPhotos.SetCaption("");
+    const std::size_t selected = PhotoList.SelectedRows().size();
+    lblPhotos.SetCaption("Listing " + std::to_string(current_->ListNum()) + ": " +
+                         std::to_string(current_->GetPhotoCount()) + " of " + std::to_string(PhotoMaximum()) +
+                         " photos" + (selected > 1 ? ", " + std::to_string(selected) + " selected" : ""));
 }
 
 PicturePtr frmLumarin::LoadPhoto(const std::string& path) {

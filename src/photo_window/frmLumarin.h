@@ -56,6 +56,10 @@ public:
         *this, "cmdMove", {{.toolTip = "Move the photo up"}, {.toolTip = "Move the photo down"}}};
     ListView RecList{*this, "RecList", {.accessibleName = "Listings"}};
     ListView PhotoList{*this, "PhotoList", {"&Photos of the listing:"}};
+    ComboBox cmbPhotoView{
+        *this,
+        "cmbPhotoView",
+        {.toolTip = "How the photos of the listing are shown", .accessibleName = "How the photos are shown"}};
     PictureBox imgMain{*this, "imgMain", {.accessibleName = "Selected photo"}};
     Label lblPhotos{*this, "lblPhotos"};  ///< how many photos of how many the listing has
     Label lblSent{*this, "lblSent"};      ///< what the last sending has come to
@@ -109,7 +113,6 @@ private:
     void HighlightCurrent();
     void ListingClicked(int row);
     void SortListings(int column);
-    bool PhotoKey(const KeyDown& pressed);
     void AskAboutClipboard();
     void OpenWantedListing();
 
@@ -126,6 +129,14 @@ private:
     void ViewPhoto();
     void VerifyPhotos();
     void ShowHelp();
+
+    // PhotoArranging.cpp
+    void SetUpPhotoList();
+    void ShowPhotosAs(int view);
+    void RecallPhotoView();
+    void PhotoViewChosen();
+    bool PhotoKey(const KeyDown& pressed);
+    void DragPhotos(int before);
 
     // Acquisition.cpp
     void Acquire(bool several);

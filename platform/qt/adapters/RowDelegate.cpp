@@ -9,7 +9,7 @@ namespace lumarin::qt {
 namespace {
 
 constexpr QSize RowPadding(12, 6);
-constexpr QSize GridPadding(14, 12);
+constexpr QSize GridPadding(10, 10);
 constexpr int NarrowestText = 24;  // pixels; a row is as wide as its list
 
 }  // namespace
@@ -26,6 +26,8 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInde
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     option->showDecorationSelected = true;  // in a grid too, where the toolkit would mark the text alone
+    if (option->decorationPosition == QStyleOptionViewItem::Top)
+        option->displayAlignment = Qt::AlignHCenter | Qt::AlignVCenter;
 }
 
 }  // namespace lumarin::qt

@@ -12,10 +12,11 @@ namespace lumarin::qt {
 
 namespace {
 
-constexpr int MarkWidth = 3;         // pixels
-constexpr int ScrollZone = 28;       // pixels from the edge
-constexpr int ScrollInterval = 30;   // milliseconds
-constexpr int WidestLikeness = 260;  // pixels
+constexpr int MarkWidth = 3;        // pixels
+constexpr int ScrollZone = 28;      // pixels from the edge
+constexpr int ScrollInterval = 30;  // milliseconds
+constexpr QSize LargestLikeness(140, 70);
+constexpr QPoint BesidePointer(14, 14);
 constexpr double LikenessOpacity = 0.75;
 
 bool IsGrid(const QAbstractItemView& view) {
@@ -28,8 +29,7 @@ bool IsGrid(const QAbstractItemView& view) {
 /// Lies over the list and paints the place where the rows would go, and what is dragged.
 class RowDragMark final : public QWidget {
 public:
-    RowDragMark(QWidget& viewport, QPixmap likeness, QPoint grip)
-        : QWidget(&viewport), likeness_(std::move(likeness)), grip_(grip) {
+    RowDragMark(QWidget& viewport, QPixmap likeness) : QWidget(&viewport), likeness_(std::move(likeness)) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setFocusPolicy(Qt::NoFocus);
     }
@@ -45,16 +45,17 @@ public:
 private:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        if (mark_.isValid()) {  // with an edge, because a chosen row beside it has the same colour
-            painter.fillRect(mark_.adjusted(-1, -1, 1, 1), palette().color(QPalette::Base));
-            painter.fillRect(mark_, palette().color(QPalette::Active, QPalette::Highlight));
-        }
         painter.setOpacity(LikenessOpacity);
-        painter.drawPixmap(pointer_ - grip_, likeness_);
+        painter.drawPixmap(pointer_ + BesidePointer, likeness_);
+        if (!mark_.isValid()) return;
+        painter.setOpacity(1);
+        // With an edge, because a chosen row beside it has the same colour.
+        painter.fillRect(mark_.adjusted(-1, -1, 1, 1), palette().color(QPalette::Base));
+        painter.fillRect(mark_, palette().color(QPalette::Active, QPalette::Highlight));
     }
 
     QPixmap likeness_;
-    QPoint grip_, pointer_;
+    QPoint pointer_;
     QRect mark_;
 };
 
@@ -101,16 +102,18 @@ bool RowDrag::Cancel() {
 }
 
 void RowDrag::Begin() {
-    const QRect row = view_.visualRect(view_.indexAt(from_));
-    mark_ = new RowDragMark(*view_.viewport(), Likeness(), from_ - row.topLeft());
+    mark_ = new RowDragMark(*view_.viewport(), Likeness());
     scroll_.start();
 }
 
-/// The row as it is seen, and how many there are.
+/// The row as it is seen, small, and how many there are.
 QPixmap RowDrag::Likeness() const {
     QRect row = view_.visualRect(view_.indexAt(from_)) & view_.viewport()->rect();
-    row.setRight(std::min(row.right(), std::max(row.left() + WidestLikeness, from_.x())));
-    QPixmap likeness = view_.viewport()->grab(row);
+    if (!IsGrid(view_)) row.setWidth(std::min(row.width(), 2 * LargestLikeness.width()));
+    const double ratio = view_.devicePixelRatioF();
+    QPixmap likeness = view_.viewport()->grab(row).scaled(LargestLikeness * ratio, Qt::KeepAspectRatio,
+                                                          Qt::SmoothTransformation);
+    likeness.setDevicePixelRatio(ratio);
     const auto count = view_.selectionModel()->selectedRows().size();
     if (count < 2) return likeness;
     const QString text = QString::number(count);
