@@ -55,6 +55,7 @@ quit
 # Controls, menus, the file dialog and questions are worked as a person does; the end dismisses what still asks.
 answers='"name":"View".*"windows":\["frmLumarin","frmMain"\].*"text":"Grüße X".*"caption":"Anywhere","checked":true.*'
 answers+='"selected":2,"text":"Pending".*\[\["Front"\],\["Living Room"\]\],"selected":1.*'
+answers+='"allSelected":\[0,1\].*\[\["Living Room"\],\["Front"\]\].*'
 answers+='"title":"Remove listing".*takes no input while.* null '
 run 1 "$answers" "
 wait frmLumarin
@@ -75,6 +76,9 @@ set frmFindProperty.cmbStatus Pending
 get frmFindProperty.cmbStatus
 press frmFindProperty.cmdCancel
 key frmLumarin.PhotoList Delete
+get frmLumarin.PhotoList
+reorder frmLumarin.PhotoList 0 2
+select frmLumarin.PhotoList 1 0
 get frmLumarin.PhotoList
 press frmLumarin.cmdRemove
 message

@@ -132,6 +132,49 @@ TEST_F(frmLumarinTest, Clipboard_CopyThenPaste_AsksAtTheEnd) {
     }
 }
 
+TEST_F(frmLumarinTest, PhotoList_KeysAndDragsOverSeveralPhotos_MoveThemInTheViewThatIsRemembered) {
+    GivenListing(100123, {1, 2, 3, 4});
+    OpenWith({"100123"});
+    ListView& photos = window->PhotoList;
+    const auto order = [&] {
+        std::string lengths;
+        for (int row = 0; row < photos.Count(); ++row)
+            lengths += std::to_string(files::FileLength(photos.At(row).picture));
+        return lengths;
+    };
+    const struct {
+        std::vector<int> selected;
+        KeyDown key;  ///< none: they are dragged to the end
+        std::string order;
+        bool up, down;  ///< which way they can still be moved
+    } cases[] = {
+        {{0}, {.key = Key::Down, .alt = true}, "2134", true, true},
+        {{1, 2}, {.key = Key::Left, .control = true}, "1324", false, true},
+        {{0, 2}, {.key = Key::Right, .alt = true}, "3142", true, true},
+        {{0, 2}, {}, "1234", true, false},
+        {{0, 1}, {.key = Key::Up, .control = true}, "1234", false, true},
+    };
+    for (const auto& c : cases) {
+        photos.SelectRows(c.selected);
+        if (c.key.key == Key::None)
+            photos.DragSelected(photos.Count());
+        else
+            EXPECT_TRUE(photos.PressKey(c.key));
+        EXPECT_EQ(order(), c.order);
+        EXPECT_EQ(photos.SelectedRows().size(), c.selected.size()) << "they stay selected";
+        EXPECT_EQ(std::pair(window->cmdMove(0).Enabled(), window->cmdMove(1).Enabled()),
+                  std::pair(c.up, c.down));
+    }
+    EXPECT_EQ(window->lblPhotos.Caption(), "Listing 100123: 4 of 4 photos, 2 selected");
+    window->cmbPhotoView.SetListIndex(3);
+    EXPECT_FALSE(photos.PressKey({.key = Key::Left, .control = true})) << "rows have no left and right";
+    photos.PressKey({Key::Delete});
+    EXPECT_EQ(order(), "34");
+    Open();
+    EXPECT_EQ(window->cmbPhotoView.Text(), "List");
+    EXPECT_EQ(window->PhotoList.ArrangedAs(), ListView::Arrangement::Rows);
+}
+
 TEST_F(frmLumarinTest, RemoveListing_Undone_ComesBackAsItWasInThisRunAndTheNext) {
     GivenListing(100123, {100, 200});
     OpenWith({"100124", "100123"});
