@@ -54,9 +54,9 @@ quit
 
 # Controls, menus, the file dialog and questions are worked as a person does; the end dismisses what still asks.
 answers='"name":"View".*"windows":\["frmLumarin","frmMain"\].*"text":"Grüße X".*"caption":"Anywhere","checked":true.*'
-answers+='"selected":2,"text":"Pending".*\[\["Front"\],\["Living Room"\]\],"selected":1.*'
-answers+='"allSelected":\[0,1\].*\[\["Living Room"\],\["Front"\]\].*'
-answers+='"title":"Remove listing".*takes no input while.* null '
+answers+='"selected":2,"text":"Pending".*\[\["Front"\],\["Rear"\]\],"selected":1.*'
+answers+='"allSelected":\[0,1\].*\[\["Rear"\],\["Front"\]\].*'
+answers+='"title":"Send Photos".*takes no input while.* null '
 run 1 "$answers" "
 wait frmLumarin
 set frmLumarin.txtID 100123
@@ -80,12 +80,14 @@ get frmLumarin.PhotoList
 reorder frmLumarin.PhotoList 0 2
 select frmLumarin.PhotoList 1 0
 get frmLumarin.PhotoList
-press frmLumarin.cmdRemove
-message
+key frmLumarin.PhotoList Delete
 press frmLumarin.cmdSend
+message
+press frmLumarin.cmdRemove
 answer no
 message
-press frmLumarin.cmdRemove
+set frmLumarin.txtID 1
+key frmLumarin.txtID Enter
 quit
 " --data "$data" --photos --drive -
 
@@ -105,6 +107,9 @@ quit
 # What a handler that is at work will ask is waited for.
 run 0 'do you want to retry.* null .*"rows":\[\]' '
 wait frmLumarin
+set frmLumarin.txtID 100123
+key frmLumarin.txtID Enter
+key frmLumarin.PhotoList Delete
 press frmLumarin.cmdSend
 message
 answer Yes

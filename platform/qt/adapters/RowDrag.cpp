@@ -24,6 +24,12 @@ bool IsGrid(const QAbstractItemView& view) {
     return list != nullptr && list->viewMode() == QListView::IconMode;
 }
 
+/// What lies between two lines belongs to the upper one.
+int Gap(const QAbstractItemView& view) {
+    const auto* list = qobject_cast<const QListView*>(&view);
+    return list != nullptr ? list->spacing() : 0;
+}
+
 }  // namespace
 
 /// Lies over the list and paints the place where the rows would go, and what is dragged.
@@ -157,7 +163,7 @@ int RowDrag::PlaceAt(QPoint at) const {
     const int count = view_.model()->rowCount(view_.rootIndex());
     int before = 0;
     for (; before < count; ++before) {
-        const QRect row = RectOf(before);
+        const QRect row = RectOf(before).marginsAdded({0, 0, 0, Gap(view_)});
         const bool precedes =
             IsGrid(view_) ? row.bottom() < at.y() || (row.top() <= at.y() && row.center().x() < at.x())
                           : row.center().y() < at.y();
