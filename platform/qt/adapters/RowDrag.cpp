@@ -32,10 +32,12 @@ int Gap(const QAbstractItemView& view) {
 
 }  // namespace
 
-/// Lies over the list and paints the place where the rows would go, and what is dragged.
+/// Lies over the list, whose own children would be scrolled along, and paints the place where the rows would
+/// go, and what is dragged.
 class RowDragMark final : public QWidget {
 public:
-    RowDragMark(QWidget& viewport, QPixmap likeness) : QWidget(&viewport), likeness_(std::move(likeness)) {
+    RowDragMark(QAbstractItemView& view, QPixmap likeness)
+        : QWidget(&view), view_(view), likeness_(std::move(likeness)) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setFocusPolicy(Qt::NoFocus);
     }
@@ -43,7 +45,7 @@ public:
     void ShowAt(QPoint pointer, const QRect& mark) {
         pointer_ = pointer;
         mark_ = mark;
-        setGeometry(parentWidget()->rect());  // scrolling takes the list's children along
+        setGeometry(view_.viewport()->geometry());
         show();
         update();
     }
@@ -60,6 +62,7 @@ private:
         painter.fillRect(mark_, palette().color(QPalette::Active, QPalette::Highlight));
     }
 
+    QAbstractItemView& view_;
     QPixmap likeness_;
     QPoint pointer_;
     QRect mark_;
@@ -108,7 +111,7 @@ bool RowDrag::Cancel() {
 }
 
 void RowDrag::Begin() {
-    mark_ = new RowDragMark(*view_.viewport(), Likeness());
+    mark_ = new RowDragMark(view_, Likeness());
     scroll_.start();
 }
 
