@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <numeric>
-#include <utility>
+#include <cstdint>
+#include <vector>
 
+#include "platform/vips/InkLimits.h"
 #include "platform/vips/Paper.h"
+#include "platform/vips/PhotoRegions.h"
 
 namespace lumarin::vips {
 
@@ -19,46 +21,13 @@ constexpr std::uint8_t White = 255;
 // brightness, with a photo on the page too; photos have less than 50.
 constexpr int NearPaper = 216;
 constexpr double PaperOfPage = 0.6;
-// The grain of an empty sheet is not ink, nor are letters paper because a few of them are very black.
-constexpr int LightestInk = 216;
-constexpr int DarkestPaper = 128;
+/// What is lighter than this share of the paper gets no dots: they would be dirt at the edges of a photo.
+constexpr float WhiteOfPhoto = 0.95F;
 
-using Histogram = std::array<double, 256>;
-
-Histogram CountValues(const GreyPixels& picture) {
-    std::array<std::size_t, 256> counts{};
-    for (const std::uint8_t value : picture.values) ++counts[value];
-    Histogram histogram;
-    std::copy(counts.begin(), counts.end(), histogram.begin());
-    return histogram;
-}
-
-bool IsMostlyPaper(const Histogram& histogram) {
-    const double paper = std::accumulate(histogram.begin() + NearPaper, histogram.end(), 0.0);
-    return paper >= PaperOfPage * std::accumulate(histogram.begin(), histogram.end(), 0.0);
-}
-
-/// The lightest value of the darker ones, where the values fall apart best into two groups (Otsu: the largest
-/// variance between the groups).
-int InkLimit(const Histogram& histogram) {
-    double count = 0, sum = 0;
-    for (std::size_t value = 0; value < histogram.size(); ++value) {
-        count += histogram[value];
-        sum += histogram[value] * static_cast<double>(value);
-    }
-    double dark = 0, darkSum = 0, best = 0;
-    int limit = DarkestPaper;
-    for (std::size_t value = 0; value + 1 < histogram.size(); ++value) {
-        dark += histogram[value];
-        darkSum += histogram[value] * static_cast<double>(value);
-        if (dark == 0 || dark == count) continue;
-        const double apart = darkSum / dark - (sum - darkSum) / (count - dark);
-        const double variance = dark * (count - dark) * apart * apart;
-        if (variance <= best) continue;
-        best = variance;
-        limit = static_cast<int>(value);
-    }
-    return std::clamp(limit, DarkestPaper, LightestInk);
+bool IsMostlyPaper(const GreyPixels& whitened) {
+    const auto paper = std::count_if(whitened.values.begin(), whitened.values.end(),
+                                     [](std::uint8_t value) { return value >= NearPaper; });
+    return static_cast<double>(paper) >= PaperOfPage * static_cast<double>(whitened.values.size());
 }
 
 /// The order in which the 64 dots of a square of 8 x 8 turn black, spread as evenly as can be: the bits of
@@ -73,30 +42,56 @@ constexpr int DotOrder(int x, int y) {
     return order;
 }
 
+/// Up to which value a pixel of a row becomes black, by the last bits of its place.
 /// A regular pattern and not the spreading of each pixel's error to the next ones: that shows a little more
 /// detail, but its dots are so irregular that the file becomes eight times as large.
-void Dither(GreyPixels& picture) {
+std::array<float, 8> DotLimits(int y) {
+    std::array<float, 8> limits{};
+    for (int x = 0; x < 8; ++x)
+        limits[static_cast<std::size_t>(x)] = static_cast<float>(DotOrder(x, y & 7) * 4 + 2);
+    return limits;
+}
+
+void MakeDots(GreyPixels& picture) {
     for (int y = 0; y < picture.height; ++y) {
-        std::array<int, 8> limits{};
-        for (int x = 0; x < 8; ++x) limits[static_cast<std::size_t>(x)] = DotOrder(x, y & 7) * 4 + 2;
+        const std::array<float, 8> limits = DotLimits(y);
         std::uint8_t* row = picture.Row(y);
         for (int x = 0; x < picture.width; ++x)
-            row[x] = row[x] > limits[static_cast<std::size_t>(x & 7)] ? White : Black;
+            row[x] = static_cast<float>(row[x]) > limits[static_cast<std::size_t>(x & 7)] ? White : Black;
+    }
+}
+
+/// Ink and paper, and the photos in dots.
+void MakeInkAndDots(GreyPixels& page, const GreyPixels& whitened, const PhotoRegions& photos) {
+    const InkLimits ink(whitened, photos);
+    std::vector<float> inkLimits, light;
+    std::vector<std::uint8_t> isPhoto;
+    for (int y = 0; y < page.height; ++y) {
+        ink.OfRow(y, inkLimits);
+        photos.Light().OfRow(y, light);
+        photos.OfRow(y, isPhoto);
+        const std::array<float, 8> dotLimits = DotLimits(y);
+        const std::uint8_t* paper = whitened.Row(y);
+        std::uint8_t* row = page.Row(y);
+        for (int x = 0; x < page.width; ++x) {
+            const auto at = static_cast<std::size_t>(x);
+            const bool isWhite = isPhoto[at] != 0 ? static_cast<float>(row[x]) * White >
+                                                        dotLimits[at & 7] * WhiteOfPhoto * light[at]
+                                                  : static_cast<float>(paper[x]) > inkLimits[at];
+            row[x] = isWhite ? White : Black;
+        }
     }
 }
 
 }  // namespace
 
 void MakeBlackAndWhite(GreyPixels& picture) {
-    GreyPixels whitened = Paper(picture).Whiten(picture);
-    const Histogram histogram = CountValues(whitened);
-    if (!IsMostlyPaper(histogram)) {
-        Dither(picture);
-        return;
-    }
-    const int limit = InkLimit(histogram);
-    for (std::uint8_t& value : whitened.values) value = value > limit ? White : Black;
-    picture = std::move(whitened);
+    const GreyPixels whitened = Paper(picture).Whiten(picture);
+    const PhotoRegions photos(picture);
+    if (photos.HasPaper() || IsMostlyPaper(whitened))
+        MakeInkAndDots(picture, whitened, photos);
+    else
+        MakeDots(picture);
 }
 
 }  // namespace lumarin::vips

@@ -23,14 +23,6 @@ VImage GreyImage(const GreyPixels& grey) {
     return VImage(image).copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
 }
 
-GreyPixels ToGrey(const Picture& picture) {
-    const VImage grey = ImageOver(picture).colourspace(VIPS_INTERPRETATION_B_W).cast(VIPS_FORMAT_UCHAR);
-    std::size_t size = 0;
-    const std::unique_ptr<void, decltype(&g_free)> memory(grey.write_to_memory(&size), &g_free);
-    const auto* bytes = static_cast<const std::uint8_t*>(memory.get());
-    return {grey.width(), grey.height(), {bytes, bytes + size}};
-}
-
 std::string EncodePng(const VImage& image, PageColours colours, VipsForeignPngFilter filter) {
     void* bytes = nullptr;
     std::size_t size = 0;

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstddef>
-#include <vector>
-
-#include "platform/vips/BlackAndWhite.h"
+#include "platform/vips/Cells.h"
+#include "platform/vips/GreyPixels.h"
 
 namespace lumarin::vips {
 
@@ -17,14 +15,7 @@ public:
     GreyPixels Whiten(const GreyPixels& picture) const;
 
 private:
-    template <typename Combine>
-    void CombineNeighbours(Combine combine, float divisor);
-    float Cell(int column, int row) const;
-
-    int cellSide_;  ///< pixels
-    int across_;
-    int down_;
-    std::vector<float> cells_;
+    Cells brightness_;
 };
 
 }  // namespace lumarin::vips

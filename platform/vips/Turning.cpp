@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "platform/vips/Render.h"
 
@@ -24,7 +25,8 @@ int TurnedPicture::Orientation() const {
     return orientation;
 }
 
-Straightening::Straightening(double degrees) : degrees_(degrees) {
+Straightening::Straightening(double degrees, std::optional<PaperEdges> edges)
+    : degrees_(degrees), edges_(std::move(edges)) {
     const double angle = degrees * std::numbers::pi / 180;
     cosine_ = std::cos(angle);
     sine_ = std::sin(angle);
@@ -38,11 +40,13 @@ double Straightening::ShareLeft(const StoredPicture& picture) const {
 }
 
 int Straightening::WidthOf(const StoredPicture& picture) const {
-    return std::max(1, static_cast<int>(UprightWidth(picture) * ShareLeft(picture)));
+    return std::max(1,
+                    static_cast<int>(UprightWidth(picture) * (edges_ ? edges_->width : ShareLeft(picture))));
 }
 
 int Straightening::HeightOf(const StoredPicture& picture) const {
-    return std::max(1, static_cast<int>(UprightHeight(picture) * ShareLeft(picture)));
+    return std::max(
+        1, static_cast<int>(UprightHeight(picture) * (edges_ ? edges_->height : ShareLeft(picture))));
 }
 
 Straightening::Point Straightening::BeforeTurn(const StoredPicture& picture, Point turned) const {
@@ -96,13 +100,14 @@ Picture Straightening::Render(const StoredPicture& picture, const PixelRect& cut
     const double fromX = (middle.x - part.left) * scaleX - 0.5;
     const double fromY = (middle.y - part.top) * scaleY - 0.5;
     const auto interpolation = ::vips::VInterpolate::new_from_name("bicubic");
-    return PixelsOf(
-        ImageOver(upright).affine({a, b, c, d}, VImage::option()
-                                                    ->set("oarea", std::vector<int>{0, 0, width, height})
-                                                    ->set("odx", (width - 1) / 2.0 - a * fromX - b * fromY)
-                                                    ->set("ody", (height - 1) / 2.0 - c * fromX - d * fromY)
-                                                    ->set("extend", VIPS_EXTEND_COPY)
-                                                    ->set("interpolate", interpolation)));
+    VOption* options = VImage::option()
+                           ->set("oarea", std::vector<int>{0, 0, width, height})
+                           ->set("odx", (width - 1) / 2.0 - a * fromX - b * fromY)
+                           ->set("ody", (height - 1) / 2.0 - c * fromX - d * fromY)
+                           ->set("interpolate", interpolation)
+                           ->set("extend", edges_ ? VIPS_EXTEND_BACKGROUND : VIPS_EXTEND_COPY);
+    if (edges_) options->set("background", edges_->colour);
+    return PixelsOf(ImageOver(upright).affine({a, b, c, d}, options));
 }
 
 }  // namespace lumarin::vips

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "imaging/Imaging.h"
 #include "platform/vips/StoredPicture.h"
@@ -27,11 +29,19 @@ private:
     int quarters_ = 0;
 };
 
-/// A turn by some degrees about the middle of the upright picture, which leaves the largest part of the
-/// picture's proportions that has no empty corners.
+/// A picture's size after a turn that leaves it its edges, as shares of the size before, and what its empty
+/// corners are filled with.
+struct PaperEdges {
+    double width = 1;
+    double height = 1;
+    std::vector<double> colour;  ///< red, green and blue
+};
+
+/// A turn by some degrees about the middle of the upright picture. Unless it is told what becomes of the
+/// edges, it leaves the largest part of the picture's proportions that has no empty corners.
 class Straightening {
 public:
-    explicit Straightening(double degrees = 0);
+    explicit Straightening(double degrees = 0, std::optional<PaperEdges> edges = std::nullopt);
 
     bool IsPlain() const { return degrees_ == 0; }
     int WidthOf(const StoredPicture& picture) const;
@@ -50,6 +60,7 @@ private:
     PixelRect Around(const StoredPicture& picture, const PixelRect& cut) const;
 
     double degrees_ = 0;
+    std::optional<PaperEdges> edges_;
     double cosine_ = 1;
     double sine_ = 0;
 };

@@ -8,6 +8,7 @@
 #include "platform/vips/Finish.h"
 #include "platform/vips/Library.h"
 #include "platform/vips/Page.h"
+#include "platform/vips/PageContents.h"
 #include "platform/vips/Render.h"
 #include "platform/vips/StoredPicture.h"
 #include "platform/vips/Turning.h"
@@ -15,6 +16,8 @@
 namespace lumarin::vips {
 
 namespace {
+
+int Scaled(int side, double scale) { return std::max(1, static_cast<int>(std::lround(side * scale))); }
 
 class VipsPicture final : public SourcePicture {
 public:
@@ -27,7 +30,18 @@ public:
 
     void Turn(const PictureTurn& turn) override {
         stored_.Turn(turn.quarters);
-        straightened_ = Straightening(turn.degrees);
+        straightened_ = Straightening();
+        if (turn.degrees == 0) return;
+        if (turn.edges == PictureTurn::Edges::Paper)
+            straightened_ = Straightening(turn.degrees, Guarded(InvalidPictureError, [&] {
+                                              return Contents().EdgesFor(turn.degrees);
+                                          }));
+        else
+            straightened_ = Straightening(turn.degrees);
+    }
+
+    PageLook Look() override {
+        return Guarded(InvalidPictureError, [this] { return Contents().Look(); });
     }
 
     Picture Preview(int width, int height) override { return Part({0, 0, Width(), Height()}, width, height); }
@@ -63,6 +77,11 @@ public:
     }
 
 private:
+    PageContents Contents() {
+        const double scale = std::min(1.0, static_cast<double>(ContentsSide) / std::max(Width(), Height()));
+        return PageContents(Preview(Scaled(Width(), scale), Scaled(Height(), scale)));
+    }
+
     Picture Part(const PixelRect& cut, int width, int height) {
         return Guarded(InvalidPictureError,
                        [&] { return straightened_.Render(stored_, cut, width, height); });
@@ -91,10 +110,7 @@ Picture VipsImaging::Thumbnail(const std::string& path, int longestSide) {
     const std::unique_ptr<SourcePicture> picture = Open(path);
     const double longest = std::max(picture->Width(), picture->Height());
     const double scale = std::min(1.0, longestSide / longest);
-    const auto scaled = [scale](int side) {
-        return std::max(1, static_cast<int>(std::lround(side * scale)));
-    };
-    return picture->Preview(scaled(picture->Width()), scaled(picture->Height()));
+    return picture->Preview(Scaled(picture->Width(), scale), Scaled(picture->Height(), scale));
 }
 
 }  // namespace lumarin::vips

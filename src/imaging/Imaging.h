@@ -58,10 +58,14 @@ struct CaptureOrder {
 
 /// How a picture is turned before anything else is done with it, as if it had come so.
 struct PictureTurn {
-    int quarters = 0;  ///< clockwise, 0 to 3
-    /// After that, clockwise, from -15 to 15. The picture keeps its proportions and its middle and loses its
-    /// edges: what remains is the largest part that has no empty corners.
-    double degrees = 0;
+    /// What becomes of the edges when a picture is turned by some degrees. It always keeps its middle.
+    enum class Edges {
+        CutOff,  ///< it keeps its proportions; what remains is the largest part that has no empty corners
+        Paper    ///< it keeps all that is on it, grows where that takes it, and has paper in its corners
+    };
+    int quarters = 0;    ///< clockwise, 0 to 3
+    double degrees = 0;  ///< after that, clockwise, from -15 to 15
+    Edges edges = Edges::CutOff;
     bool operator==(const PictureTurn&) const = default;
 };
 
@@ -73,6 +77,14 @@ struct PageOrder {
     int width = 0;
     int height = 0;
     PageColours colours = PageColours::Colour;
+};
+
+/// What is on a scanned page, as far as it can be told for sure.
+struct PageLook {
+    /// Nothing but paper: dust, punched holes, shadows at the edges and what shines through from the other
+    /// side do not count.
+    bool isBlank = false;
+    double skew = 0;  ///< degrees clockwise by which its lines are turned, from -10 to 10
 };
 
 /// One opened picture. Its size, preview and captures are those of the upright picture in sRGB, 24 bits,
@@ -91,6 +103,9 @@ public:
 
     /// From now on the picture is the one that was opened, turned in this way.
     virtual void Turn(const PictureTurn& turn) = 0;
+
+    /// The picture taken as a scanned page.
+    virtual PageLook Look() = 0;
 
     /// The picture resampled to exactly this size, decoding no more than that takes.
     virtual Picture Preview(int width, int height) = 0;

@@ -36,6 +36,7 @@ public:
     std::vector<PageOrder> pages;
     /// Bytes of the next captured files and pages, in order; 28 and 100 where none is said.
     std::deque<std::size_t> captureLengths, pageLengths;
+    std::deque<PageLook> looks;  ///< of the next pages that are looked at; plain ones when there are no more
     int opened = 0, previews = 0, openNow = 0;
 
     std::unique_ptr<SourcePicture> Open(const std::string& path) override {
@@ -71,6 +72,12 @@ private:
         int PageCount() const override { return source_.pages; }
         bool IsPlainJpeg() const override { return source_.plainJpeg; }
         void Turn(const PictureTurn& turn) override { turn_ = turn; }
+        PageLook Look() override {
+            if (library_.looks.empty()) return {};
+            const PageLook look = library_.looks.front();
+            library_.looks.pop_front();
+            return look;
+        }
         Picture Photo(const CaptureOrder& order) override {
             library_.shown = order;
             return {order.canvasWidth, order.canvasHeight,
