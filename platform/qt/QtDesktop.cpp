@@ -244,6 +244,10 @@ std::vector<std::string> QtDesktop::ClipboardFiles() const {
     return data == nullptr ? std::vector<std::string>() : FilesOf(*data);
 }
 
+void QtDesktop::SetClipboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(ToQt(text));
+}
+
 void QtDesktop::SetClipboardPicture(const Picture& picture) {
     QGuiApplication::clipboard()->setImage(ToImage(std::make_shared<Picture>(picture)));
 }

@@ -74,6 +74,7 @@ public:
     bool ClipboardHasPicture() const override;
     PicturePtr ClipboardPicture() const override;
     std::vector<std::string> ClipboardFiles() const override;
+    void SetClipboardText(const std::string& text) override;
     void SetClipboardPicture(const Picture& picture) override;
     void ClearClipboard() override;
 

@@ -38,11 +38,19 @@ void BuildDocumentTools(ToolBar& bar) {
             "Make a PDF from pictures or scans and send it to the listing", "document-new", "Ctrl+N", false);
     AddTool(bar, "miAddUrl", "Add &Link...", "Add the address of a document on the internet", "insert-link",
             "Ctrl+K", false);
+    AddTool(bar, "miPreview", "&Preview", "Open the selected document in the browser", "document-preview", "",
+            false);
+    AddTool(bar, "miCopyLink", "&Copy Link", "Copy the address of the selected link", "edit-copy", "Ctrl+C",
+            false);
+    AddTool(bar, "miDelete", "De&lete...", "Delete the selected document from the server", "edit-delete", "",
+            false);
     AddTool(bar, "miExit", "E&xit", "Close the document manager", "application-exit", "Ctrl+Q");
     AddTool(bar, "miHelp", "&Help", "Help on documents", "help-contents", "");
     AddGroup(bar, "mnuFile", "&File",
              {"miSelectListing", "-", "miAddExistingFile", "miMakePdf", "miAddUrl", "-", "miExit"});
-    bar.AddBand({"mnuAddDocument", Kind::MenuBar, {"mnuFile", "miHelp"}});
+    AddGroup(bar, "mnuEdit", "&Edit", {"miPreview", "miCopyLink", "-", "miDelete"});
+    bar.AddBand({"mnuAddDocument", Kind::MenuBar, {"mnuFile", "mnuEdit", "miHelp"}});
+    bar.AddBand({"DocumentPopup", Kind::ContextMenu, bar.At("mnuEdit").tools});
     bar.AddBand({"Documents",
                  Kind::ToolBar,
                  {"miSelectListing", "-", "miAddExistingFile", "miMakePdf", "miAddUrl", "-", "miHelp"}});
@@ -50,6 +58,11 @@ void BuildDocumentTools(ToolBar& bar) {
 
 void EnableListingTools(ToolBar& bar, bool enabled) {
     for (const char* tool : {"miAddExistingFile", "miMakePdf", "miAddUrl"}) bar.EnableTool(tool, enabled);
+}
+
+void EnableDocumentTools(ToolBar& bar, ChosenDocument chosen) {
+    for (const char* tool : {"miPreview", "miDelete"}) bar.EnableTool(tool, chosen != ChosenDocument::None);
+    bar.EnableTool("miCopyLink", chosen == ChosenDocument::Link);
 }
 
 }  // namespace lumarin

@@ -10,4 +10,9 @@ void BuildDocumentTools(ToolBar& bar);
 /// Enables what needs a listing.
 void EnableListingTools(ToolBar& bar, bool enabled);
 
+enum class ChosenDocument { None, File, Link };
+
+/// Enables what can be done with the chosen row.
+void EnableDocumentTools(ToolBar& bar, ChosenDocument chosen);
+
 }  // namespace lumarin

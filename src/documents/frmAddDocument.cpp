@@ -89,6 +89,16 @@ void frmAddDocument::WireEvents() {
         if (pressed.key == Key::Enter) cmdPreview.Press();
         if (pressed.key == Key::Delete) cmdDelete.Press();
     };
+    lvFiles.SelectionChange = [this] { EnableChosen(); };
+    lvFiles.MouseUp = [this](const Mouse& mouse) {
+        if (mouse.button == MouseButton::Right) desktop().PopupMenu(ActiveBar1, "DocumentPopup");
+    };
+    lvFiles.FilesDropped = [this](const std::vector<std::string>& paths) { AddDropped(paths); };
+    lvFiles.OtherDropped = [this] {
+        Say("Only PDF files of this computer can be dropped here. The address of a page is added by Add "
+            "Link.",
+            Title, Buttons::Ok, Icon::Exclamation);
+    };
     ActiveBar1.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
 }
 
@@ -184,6 +194,7 @@ bool frmAddDocument::UseListing(std::int32_t number, const Recordset& listing) {
     listing_ = number;
     SetCaption("Qor Documents - Listing #" + std::to_string(number) + " - " + ListingAddress(listing));
     EnableListingTools(ActiveBar1, true);
+    lvFiles.SetAcceptsFiles(true);
     ShowDocuments({}, SelectedRow::TheSame);
     FillDocuments(SelectedRow::TheSame);
     return true;
@@ -228,14 +239,17 @@ void frmAddDocument::ShowDocuments(std::vector<clsDoc> documents, SelectedRow se
     lvFiles.Clear();
     documents_.clear();
     for (const clsDoc& document : documents) {
+        const std::string info = document.Url.empty() ? SizeText(document.Filesize) : document.Url;
         lvFiles.AddRow({.text = document.Description,
-                        .subItems = {document.Url.empty() ? SizeText(document.Filesize) : document.Url},
-                        .key = std::to_string(document.DocId)});
+                        .subItems = {info},
+                        .key = std::to_string(document.DocId),
+                        .toolTip = document.Description + "\n" + info});
         if (static_cast<std::size_t>(lvFiles.Count()) % Portion == 0) desktop().ProcessPendingEvents();
     }
     documents_ = std::move(documents);
     cmdPreview.SetEnabled(!documents_.empty());
     cmdDelete.SetEnabled(!documents_.empty());
+    EnableChosen();
     ShowSummary();
     if (!documents_.empty()) lvFiles.Select(row != NoRow ? row : same);
 }
@@ -260,6 +274,9 @@ void frmAddDocument::ToolClicked(const std::string& name) {
     if (name == "miAddExistingFile") return AddExistingFile();
     if (name == "miMakePdf") return MakePdf();
     if (name == "miAddUrl") return AddLink();
+    if (name == "miPreview") return cmdPreview.Press();
+    if (name == "miCopyLink") return CopyLink();
+    if (name == "miDelete") return cmdDelete.Press();
     if (name == "miExit") return cmdClose.Press();
     if (name == "miHelp") return ShowHelp();
 }
@@ -276,6 +293,20 @@ void frmAddDocument::Preview() {
         }
         desktop().OpenInBrowser(address);
     });
+}
+
+void frmAddDocument::CopyLink() {
+    RunCommand("miCopyLink", [this] {
+        const clsDoc* document = Selected();
+        if (document != nullptr && !document->Url.empty()) desktop().SetClipboardText(document->Url);
+    });
+}
+
+void frmAddDocument::EnableChosen() {
+    const clsDoc* document = Selected();
+    EnableDocumentTools(ActiveBar1, document == nullptr     ? ChosenDocument::None
+                                    : document->Url.empty() ? ChosenDocument::File
+                                                            : ChosenDocument::Link);
 }
 
 void frmAddDocument::MakePdf() {

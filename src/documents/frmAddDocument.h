@@ -29,14 +29,23 @@ enum class ServerAnswer { Accepted, Refused, None };
 /// What becomes of a local file that the server has got.
 enum class LocalCopy { Keep, Delete };
 
+/// A PDF file that passed the checks.
+struct FileToAdd {
+    std::string path;
+    std::string description;
+    std::uint64_t bytes = 0;
+};
+
 /// The document manager: shows the documents of one listing, adds PDF files and links, deletes and previews.
 class frmAddDocument : public JobWindow {
 public:
     explicit frmAddDocument(const DocumentPorts& ports);
     ~frmAddDocument() override;
 
-    ListView lvFiles{
-        *this, "lvFiles", {"&Documents of the listing:", "Enter opens a document, Delete deletes it"}};
+    ListView lvFiles{*this,
+                     "lvFiles",
+                     {"&Documents of the listing:",
+                      "Enter opens a document, Delete deletes it; PDF files can be dropped here"}};
     /// Which listing, how many documents of what size in all.
     Label lblDocuments{
         *this,
@@ -79,16 +88,25 @@ private:
 
     // Commands
     void Preview();
+    void CopyLink();
+    void EnableChosen();
     void MakePdf();
     void ShowHelp();
 
+    // frmAddDocumentFiles.cpp
+    void AddExistingFile();
+    void AddDropped(const std::vector<std::string>& paths);
+    void AddFile(const std::string& path);
+    void AddFiles(const std::vector<std::string>& paths);
+    bool DescribeFiles(std::vector<FileToAdd>& files);
+    std::string SendFiles(const std::vector<FileToAdd>& files);
+    std::string NextServerFile(const std::string& last) const;
+
     // frmAddDocumentServer.cpp
     bool Answered(frmPromptLinkText& prompt, bool descriptionOnly, const std::string& description = {});
-    void AddExistingFile();
     void AddLink();
     void Delete();
     bool MayDelete(const clsDoc& document);
-    bool IsAcceptable(const std::string& path);
     std::string NewServerFile() const;
     bool UploadFile(const std::string& path, const std::string& serverFile, const std::string& description,
                     LocalCopy afterwards);
@@ -107,6 +125,7 @@ private:
     std::vector<clsDoc> documents_;  ///< by row
     std::unique_ptr<frmMakePDF> mMakePDF_;
     FileUpload* upload_ = nullptr;  ///< while a file is being sent
+    std::vector<SentPart> parts_;   ///< what its progress window says; none for a single file
     Form* asking_ = nullptr;        ///< the modal window that is open
 };
 

@@ -1,11 +1,8 @@
 #include "base/Files.h"
 #include "base/PutBack.h"
-#include "base/SizeText.h"
-#include "base/Text.h"
 #include "documents/frmAddDocument.h"
 #include "documents/frmPromptLinkText.h"
 #include "forms/BusyWindow.h"
-#include "util/DocumentFolder.h"
 
 // What the document manager changes at the server. A local file is given up only after its record is there.
 
@@ -15,28 +12,11 @@ namespace {
 
 constexpr const char* Title = "Add Document";
 
-/// The name without folder and last extension.
-std::string DefaultDescription(const std::string& path) {
-    const std::string name = text::AfterLastSeparator(path);
-    return name.substr(0, name.rfind('.'));
-}
-
 }  // namespace
 
 DocumentUser frmAddDocument::User() const {
     const VelCommon& host = ports_.host.Common();
     return {host.ConnectionName(), host.AgentId()};
-}
-
-bool frmAddDocument::IsAcceptable(const std::string& path) {
-    const auto length = static_cast<std::int64_t>(files::FileLength(path));
-    if (length > maximumBytes_)
-        return Say("File is too large!\nFilesize of " + SizeText(length) + " exceeds maximum allowed (" +
-                       SizeText(maximumBytes_) + ")",
-                   "Cannot add file"),
-               false;
-    if (!IsPdfFile(path)) return Say("File must be in PDF format", "Invalid file type"), false;
-    return true;
 }
 
 /// Shows the prompt; false when it was left without OK.
@@ -46,26 +26,6 @@ bool frmAddDocument::Answered(frmPromptLinkText& prompt, bool descriptionOnly,
     prompt.Display(descriptionOnly, description, this);
     prompt.Unload();
     return !prompt.Cancelled();
-}
-
-void frmAddDocument::AddExistingFile() {
-    RunCommand("miAddExistingFile", [this] {
-        if (!IsConnected()) return;
-        const VelCommon& host = ports_.host.Common();
-        const std::vector<std::string> paths =
-            desktop().ChooseFiles({.title = "Add PDF File",
-                                   .filter = "Portable Document File (.PDF)|*.pdf",
-                                   .folder = DocumentFolder(host)},
-                                  this);
-        if (paths.empty()) return;
-        const std::string& chosen = paths.front();
-        RememberDocumentFolder(host, chosen);
-        if (!IsAcceptable(chosen)) return;
-        frmPromptLinkText prompt(desktop());
-        if (!Answered(prompt, true, DefaultDescription(chosen))) return;
-        UploadFile(chosen, NewServerFile(), prompt.LinkText(), LocalCopy::Keep);
-        FillDocuments(SelectedRow::TheAdded);
-    });
 }
 
 void frmAddDocument::AddLink() {
@@ -171,6 +131,7 @@ bool frmAddDocument::TryUpload(const std::string& path, const std::string& serve
                                const std::string& description) {
     FileUpload upload(desktop(), ports_.host, ports_.clock);
     const Meanwhile stoppable(upload_, &upload);
+    upload.SetParts(parts_);
     if (upload.Send(path, serverFile, this) == FileSent::Cancelled) return false;
     const std::string command = AddFileCommand(User(), listing_, serverFile, description);
     if (!AtServer([&] { return Update(command); })) return false;

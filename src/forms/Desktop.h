@@ -95,6 +95,7 @@ public:
     virtual PicturePtr ClipboardPicture() const = 0;
     /// Full paths of the files that a file manager copied; none when the clipboard holds no files.
     virtual std::vector<std::string> ClipboardFiles() const = 0;
+    virtual void SetClipboardText(const std::string& text) = 0;
     virtual void SetClipboardPicture(const Picture& picture) = 0;
     virtual void ClearClipboard() = 0;
 

@@ -158,6 +158,47 @@ TEST_F(AddDocument, AddExistingFile_SmallEnoughAndNotCancelled_IsRecordedAndKept
     EXPECT_EQ(host.commands, Texts{"ADD|VEL|A101|100123|VEL_A101100123_42Doc.pdf|report.v2"});
 }
 
+TEST_F(AddDocument, SeveralDropped_AreCheckedDescribedAndSentAndTheRefusedNamedOnce) {
+    struct RunningClock final : Clock {
+        LocalTime Now() const override { return {.year = 2026, .second = ++calls / 20}; }
+        mutable int calls = 0;
+    } running;
+    files::WriteWhole(host.CityFolder() + "CityInfo.ini", "[Lumarin]\nDocMaxSize=6\n");
+    window = std::make_unique<frmAddDocument>(
+        DocumentPorts{{{desktop, link, engine}, imaging, running, nullptr}, pdf});
+    Open();
+    const std::string folder = host.UserFolder();
+    for (const char* name : {"a.pdf", "b.pdf", "c.pdf"}) files::WriteWhole(folder + name, "%PDF-1.4");
+    files::WriteWhole(folder + "large.pdf", std::string(6145, 'x'));
+    files::WriteWhole(folder + "no.txt", "no PDF");
+    const std::string refused =
+        "Not added:\n\nlarge.pdf: File is too large! Filesize of 7KB exceeds maximum allowed (6KB)\nno.txt: "
+        "File must be in PDF format";
+    WillDescribe("Plan");
+    WillDescribe("");
+    desktop.Expect(refused);
+    window->lvFiles.DropFiles({folder + "large.pdf", folder + "a.pdf", folder + "no.txt", folder + "b.pdf"});
+    ASSERT_EQ(host.commands.size(), 2U);
+    EXPECT_NE(host.uploads.at(0), host.uploads.at(3)) << "one took the other's name";
+    EXPECT_TRUE(host.commands.at(0).ends_with("|Plan") && host.commands.at(1).ends_with("|b"));
+
+    for (int i = 0; i < 3; ++i) WillDescribe("");
+    desktop.Expect("Unable to update document on server, please call Tech support.\nfull");
+    desktop.Expect("Not added:\n\nb.pdf: It was not sent\nc.pdf: It was not sent");
+    host.commands.clear();
+    host.onUpdate = [this](const std::string&) { return host.commands.size() < 2 ? "" : "full"; };
+    window->lvFiles.DropFiles({folder + "a.pdf", folder + "b.pdf", folder + "c.pdf"});
+}
+
+TEST_F(AddDocument, Rows_TellAllAndGiveTheirLink) {
+    Open();
+    EXPECT_EQ(window->lvFiles.At(1).toolTip, "Map\nwww.x.y/map");
+    EXPECT_FALSE(window->ActiveBar1.IsEnabled("miCopyLink"));
+    window->lvFiles.Select(1);
+    Click("miCopyLink");
+    EXPECT_EQ(desktop.clipboardText, "www.x.y/map");
+}
+
 TEST_F(AddDocument, LinkAndDelete_AreSentAndTheListIsReadAnew) {
     Open();
     WillDescribe("Town | plan", " http://x/a|b ");

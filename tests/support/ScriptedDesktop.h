@@ -57,6 +57,7 @@ public:
     Size screen{1280 * TwipsPerPixel, 1024 * TwipsPerPixel};
     PicturePtr clipboard;
     std::vector<std::string> clipboardFiles;
+    std::string clipboardText;
 
     void Load(Form&) override {}
     void Show(Form& form, const OwnerWindow* owner) override;
@@ -79,6 +80,7 @@ public:
     bool ClipboardHasPicture() const override { return clipboard != nullptr; }
     PicturePtr ClipboardPicture() const override { return clipboard; }
     std::vector<std::string> ClipboardFiles() const override { return clipboardFiles; }
+    void SetClipboardText(const std::string& text) override { clipboardText = text; }
     void SetClipboardPicture(const Picture& picture) override {
         clipboard = std::make_shared<Picture>(picture);
     }
