@@ -59,6 +59,7 @@ Key ToKey(int key) {
             return Key::Insert;
         case Qt::Key_Delete:
             return Key::Delete;
+        case Qt::Key_Equal:  // has the plus above it on many keyboards
         case Qt::Key_Plus:
             return Key::Plus;
         case Qt::Key_Minus:
@@ -132,8 +133,13 @@ Picture ToPicture(const QImage& image) {
 }
 
 std::vector<std::string> FilesOf(const QMimeData& data) {
+    QList<QUrl> urls = data.urls();
+    // Some file managers say only in their own way what was copied: a word, then an address on each line.
+    if (urls.isEmpty())
+        for (const QByteArray& line : data.data("x-special/gnome-copied-files").split('\n').mid(1))
+            urls.append(QUrl::fromEncoded(line.trimmed()));
     std::vector<std::string> paths;
-    for (const QUrl& url : data.urls()) {
+    for (const QUrl& url : urls) {
         if (!url.isLocalFile()) continue;
         const QString path = url.toLocalFile();
         if (!path.isEmpty() && !path.contains(QChar::Null)) paths.push_back(PathFromQt(path));

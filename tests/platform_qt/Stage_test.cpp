@@ -4,6 +4,7 @@
 #include <QMimeData>
 
 #include "base/Files.h"
+#include "base/Text.h"
 #include "platform/qt/Conversions.h"
 #include "platform/qt/widgets/PictureWidget.h"
 #include "platform/qt/widgets/ShapeWidget.h"
@@ -18,13 +19,17 @@ PicturePtr PlainPicture(int width, int height, std::uint8_t grey) {
     return std::make_shared<Picture>(Picture{width, height, std::vector<std::uint8_t>(bytes, grey)});
 }
 
-void Drop(QWidget& widget, const QList<QUrl>& urls) {
-    QMimeData data;
-    data.setUrls(urls);
+void Drop(QWidget& widget, const QMimeData& data) {
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &enter);
     QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&widget, &drop);
+}
+
+void Drop(QWidget& widget, const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    Drop(widget, data);
 }
 
 }  // namespace
@@ -158,6 +163,40 @@ TEST_F(StageTest, Drop_FilesAndOtherThings_AreToldApart) {
     QCoreApplication::processEvents();
     const std::string path = files::FixedPath("\\photos\\a b.jpg");
     EXPECT_EQ(dropped, (std::vector<std::string>{path, path}));
+}
+
+TEST_F(StageTest, Drop_PictureFromABrowser_ComesAsAFileForAsLongAsItIsTaken) {
+    const QUrl page("https://example.com/in/kitchen%3A1.jpg?w=2");
+    QImage image(3, 2, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    const std::tuple<const char*, QByteArray, QByteArray, bool, const char*, QByteArray> cases[] = {
+        {"bytes of its file", "image/jpeg", "JPG", false, "kitchen1.jpg", "JPG"},
+        {"unnamed bytes", "application/octet-stream", "RAW", false, "kitchen1.jpg", "RAW"},
+        {"a decoded picture", "", "", true, "kitchen1.jpg", "\x89PNG"},
+        {"in the address", "text/uri-list", "data:image/png;base64,UE5H", false, "picture", "PNG"},
+        {"of a file manager", "x-special/gnome-copied-files", "copy\nfile:///a%20b.jpg", false, "a b.jpg",
+         ""},
+    };
+    std::string path, bytes;
+    form->picPhoto.FilesDropped = [&](const std::vector<std::string>& paths) {
+        path = paths.at(0);
+        if (files::FileExists(path)) bytes = files::ReadAll(path);
+    };
+    form->picPhoto.SetAcceptsFiles(true);
+    Show();
+    for (const auto& [what, format, data, decoded, name, start] : cases) {
+        SCOPED_TRACE(what);
+        QMimeData dropped;
+        if (!format.startsWith("x-")) dropped.setUrls({page});
+        if (!format.isEmpty()) dropped.setData(format, data);
+        if (decoded) dropped.setImageData(image);
+        bytes.clear();
+        Drop(Widget("picPhoto"), dropped);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(text::AfterLastSeparator(path), name);
+        EXPECT_TRUE(bytes.starts_with(start.toStdString())) << bytes;
+        EXPECT_FALSE(files::FileExists(path));
+    }
 }
 
 TEST(Conversions, Picture_ThereAndBack_KeepsPixelsWithoutPadding) {
