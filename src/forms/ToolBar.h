@@ -56,7 +56,11 @@ public:
     /// By the user or the code; nothing while the tool or the bar is disabled.
     void ClickTool(const std::string& name);
 
+    /// For the front end: the menu of a group is about to be seen.
+    void OpenGroup(const std::string& name) { Raise<const std::string&>("GroupOpens", GroupOpens, name); }
+
     Event<const std::string&> ToolClick;
+    Event<const std::string&> GroupOpens;  ///< its tools can still be checked and enabled
 
 private:
     Tool& Find(const std::string& name);

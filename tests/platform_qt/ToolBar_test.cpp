@@ -65,4 +65,26 @@ TEST_F(ToolBarTest, Clicks_ReachTheControlByName_AlsoWhenTheyChangeTheBands) {
     EXPECT_EQ(Texts(*Action("File").menu()) + Texts(*Action("Help").menu()), "NewNew");
 }
 
+TEST_F(ToolBarTest, TypingInAMenu_FindsTheEntryThatStartsSo) {
+    for (const char* caption : {"Kitchen", "Back yard", "Bath", "Bed && Bath", "Bedroom"})
+        form->Menu.AddTool({.name = caption, .caption = caption});
+    form->Menu.SetGroup("File", {"Kitchen", "Back yard", "Bath", "-", "Bed && Bath", "Bedroom"});
+    std::string opened;
+    form->Menu.GroupOpens = [&](const std::string& group) { opened = group; };
+    Show();
+    QMenu& menu = *Action("File").menu();
+    const std::pair<const char*, const char*> cases[] = {
+        {"k", "Kitchen"}, {"bat", "Bath"},  {"bed &", "Bed && Bath"}, {"bedr", "Bedroom"},
+        {"bb", "Bath"},   {"x", "Kitchen"}, {"K", "Kitchen"},
+    };
+    for (const auto& [typed, found] : cases) {
+        menu.popup({0, 0});
+        menu.setActiveAction(&Action("Kitchen"));
+        QTest::keyClicks(&menu, typed);
+        EXPECT_EQ(menu.activeAction()->text(), found) << typed;
+        menu.close();
+    }
+    EXPECT_EQ(opened, "File");
+}
+
 }  // namespace lumarin::testing

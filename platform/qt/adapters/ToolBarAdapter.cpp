@@ -12,6 +12,7 @@
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Icons.h"
 #include "platform/qt/adapters/Adapters.h"
+#include "platform/qt/widgets/MenuSearch.h"
 
 namespace lumarin::qt {
 
@@ -143,7 +144,11 @@ QAction* ToolBarAdapter::ActionOf(const ToolBar::Tool& tool) {
         QMenu*& menu = groups_[tool.name];
         if (menu == nullptr) {
             menu = new QMenu(&window_);
+            new MenuSearch(*menu);
             groupActions_[menu] = menu->menuAction();
+            connect(menu, &QMenu::aboutToShow, this, [this, name = tool.name] {
+                if (Bound() != nullptr) Bound()->OpenGroup(name);
+            });
         }
         return groupActions_.at(menu);
     }
