@@ -169,6 +169,15 @@ void ListView::SetToolTip(int row, const std::string& toolTip) {
     ChangeRow(row, [&](Row& changed) { changed.toolTip = toolTip; });
 }
 
+void ListView::SetStrong(int row, bool strong) {
+    ChangeRow(row, [&](Row& changed) { changed.strong = strong; });
+}
+
+bool ListView::IsStrong(int row) const {
+    CheckRow(row);
+    return rows_[static_cast<std::size_t>(row)].IsStrong();
+}
+
 void ListView::Clear() {
     rows_.clear();
     const bool hadSelected = std::exchange(selected_, -1) >= 0;

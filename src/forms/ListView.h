@@ -72,6 +72,8 @@ public:
     void SetSubItems(int row, std::vector<std::string> subItems);
     void SetPicture(int row, const std::string& picture);
     void SetToolTip(int row, const std::string& toolTip);
+    void SetStrong(int row, bool strong);
+    bool IsStrong(int row) const;
     /// Removes all rows; the columns stay.
     void Clear();
 
@@ -126,7 +128,7 @@ public:
     void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
     void DoubleClicked() { Raise("DblClick", DoubleClick); }
     void DropFiles(const std::vector<std::string>& paths);
-    /// Something other than a file of this machine was dropped: a web address, a text.
+    /// Neither a file nor a picture was dropped: a web address, a text.
     void DropOther() { Raise("OLEDragDrop", OtherDropped); }
 
     Event<int> ItemClick, ColumnClick;

@@ -7,7 +7,7 @@ namespace lumarin {
 
 namespace {
 
-// A length is one byte, or this value and four bytes. The row is its mark, the number of its sub-items, and
+// A length is one byte, or this value and four bytes. The row is its marks, the number of its sub-items, and
 // then text, sub-items, key, tag, picture and tool tip, each behind its length.
 constexpr std::size_t MarkBytes = 1;
 constexpr unsigned char LongLength = 255;
@@ -71,7 +71,7 @@ PackedRow::PackedRow(const ListRow& row) {
     for (const std::string& subItem : row.subItems) bytes += BytesFor(subItem);
     parts_ = std::make_unique_for_overwrite<char[]>(bytes);
 
-    SetMarked(false);
+    parts_[0] = row.strong ? Strong : 0;
     Writer writer(parts_.get() + MarkBytes);
     writer.Length(row.subItems.size());
     writer.Part(row.text);
@@ -93,6 +93,7 @@ ListRow PackedRow::Unpacked() const {
     row.text = reader.Part();
     for (std::string& subItem : row.subItems) subItem = reader.Part();
     for (std::string* part : {&row.key, &row.tag, &row.picture, &row.toolTip}) *part = reader.Part();
+    row.strong = IsStrong();
     return row;
 }
 

@@ -17,6 +17,7 @@ struct ListRow {
     std::string picture{};
     /// Shown while the pointer rests on the row, and read with it by a screen reader; "" for none.
     std::string toolTip{};
+    bool strong = false;  ///< its letters are, so that it stands out
 };
 
 /// The same row as a list keeps it: all its texts in one allocation. A list may hold a million of them, and
@@ -33,10 +34,15 @@ public:
     ListRow Unpacked() const;
 
     /// A mark that goes with the row wherever it is moved; none at first.
-    bool IsMarked() const { return parts_[0] != 0; }
-    void SetMarked(bool marked) { parts_[0] = marked ? 1 : 0; }
+    bool IsMarked() const { return (parts_[0] & Marked) != 0; }
+    void SetMarked(bool marked) {
+        parts_[0] = static_cast<char>((parts_[0] & Strong) | (marked ? Marked : 0));
+    }
+    bool IsStrong() const { return (parts_[0] & Strong) != 0; }
 
 private:
+    static constexpr int Marked = 1, Strong = 2;
+
     std::unique_ptr<char[]> parts_;
 };
 

@@ -95,7 +95,13 @@ TEST_F(ListViewTest, Row_OfAnyLengthAndBytes_ComesBackWhole) {
     const std::string nul("a\0b", 3), longText(70'000, 'x');
     const ListView::Row rows[] = {
         {},
-        {.text = "t", .subItems = {"s"}, .key = "k", .tag = "g", .picture = "p", .toolTip = "w"},
+        {.text = "t",
+         .subItems = {"s"},
+         .key = "k",
+         .tag = "g",
+         .picture = "p",
+         .toolTip = "w",
+         .strong = true},
         {.text = std::string(254, 'x'), .key = std::string(255, 'y')},  // just below and at a longer length
         {.text = longText, .subItems = {"", longText, nul}, .tag = longText},
         {.text = "t", .subItems = Texts(300, "cell")},
@@ -103,8 +109,9 @@ TEST_F(ListViewTest, Row_OfAnyLengthAndBytes_ComesBackWhole) {
     for (const ListView::Row& given : rows) {
         const int at = list.AddRow(given);
         const ListView::Row row = list.At(at);
-        EXPECT_TRUE(std::tie(row.text, row.key, row.tag, row.picture, row.toolTip, row.subItems) ==
-                    std::tie(given.text, given.key, given.tag, given.picture, given.toolTip, given.subItems))
+        EXPECT_TRUE(std::tie(row.text, row.key, row.tag, row.picture, row.toolTip, row.strong,
+                             row.subItems) == std::tie(given.text, given.key, given.tag, given.picture,
+                                                       given.toolTip, given.strong, given.subItems))
             << "row " << at;
         const int cells = static_cast<int>(row.subItems.size());
         EXPECT_EQ(list.Cell(at, cells), cells > 0 ? row.subItems.back() : row.text);

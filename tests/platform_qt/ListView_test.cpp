@@ -46,6 +46,8 @@ TEST_F(ListViewTest, Rows_ChangedByCode_AreShownAndChooseNothing) {
     EXPECT_EQ(Shown(), "4 55 6 7");
     EXPECT_EQ(Tree().model()->index(1, 1).data(), "Street");
     form->lisRows.SetToolTip(1, "in full");
+    form->lisRows.SetStrong(1, true);
+    EXPECT_TRUE(Tree().model()->index(1, 1).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_EQ(Tree().model()->index(1, 1).data(Qt::ToolTipRole), "in full");
     form->lisRows.Select(2);
     form->lisRows.InsertRow(0, {.text = "3"});

@@ -1,8 +1,21 @@
 #include "platform/qt/adapters/RowModel.h"
 
+#include <QFont>
+
 #include "platform/qt/Conversions.h"
 
 namespace lumarin::qt {
+
+namespace {
+
+/// Whatever else the view says of its letters.
+QFont StrongLetters() {
+    QFont strong;
+    strong.setBold(true);
+    return strong;
+}
+
+}  // namespace
 
 RowModel::RowModel(const ListView& list, QObject* parent)
     : QAbstractTableModel(parent),
@@ -81,6 +94,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::TextAlignmentRole) return Alignment(index.column());
     if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
         return ToQt(list_->At(index.row()).toolTip);
+    if (role == Qt::FontRole && list_->IsStrong(index.row())) return StrongLetters();
     if (role != Qt::DecorationRole || index.column() != 0) return {};
     const std::string picture = list_->At(index.row()).picture;
     if (picture.empty()) return {};
