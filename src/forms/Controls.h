@@ -214,7 +214,7 @@ public:
     void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
     void MouseWentUp(const Mouse& mouse) { Raise("MouseUp", MouseUp, mouse); }
     void DropFiles(const std::vector<std::string>& paths);
-    /// Something other than a file of this machine was dropped: a web address, a text.
+    /// Neither a file nor a picture was dropped: a web address, a text.
     void DropOther() { Raise("OLEDragDrop", OtherDropped); }
 
     Event<Mouse> MouseDown, MouseMove, MouseUp;
@@ -227,6 +227,9 @@ private:
     bool acceptsFiles_ = false;
 };
 
+/// What the wheel does over a frame; with Control it zooms in any case.
+enum class WheelUse { Zooms, ZoomsWithControl };
+
 /// A visible area that holds other controls; it can take the keyboard and the mouse itself. Places in it and
 /// those of mouse events are twips before the lens, through which its contents are seen.
 class Frame : public ControlOf<ControlKind::Frame> {
@@ -236,6 +239,8 @@ public:
     const lumarin::Lens& Lens() const { return lens_; }
     /// For contents that the code places.
     void SetLens(const lumarin::Lens& lens) { Set(lens_, lens); }
+    lumarin::WheelUse WheelUse() const { return wheelUse_; }
+    void SetWheelUse(lumarin::WheelUse use) { wheelUse_ = use; }
 
     void MouseWentDown(const Mouse& mouse) { Raise("MouseDown", MouseDown, mouse); }
     void MouseMoved(const Mouse& mouse) { Raise("MouseMove", MouseMove, mouse); }
@@ -244,14 +249,17 @@ public:
     bool PressKey(const KeyDown& key);
     void ReleaseKey(Key key) { Raise("KeyUp", KeyReleased, key); }
     void Zoom(const ZoomStep& step) { Raise("Zoom", Zoomed, step); }
+    void TurnWheel(int notches) { Raise("Wheel", WheelTurned, notches); }
 
     Event<Mouse> MouseDown, MouseMove, MouseUp;
     Event<const KeyDown&, bool&> KeyPressed;
     Event<Key> KeyReleased;
     Event<ZoomStep> Zoomed;
+    Event<int> WheelTurned;  ///< by so many notches towards the user, where the wheel does not zoom
 
 private:
     lumarin::Lens lens_;
+    lumarin::WheelUse wheelUse_ = lumarin::WheelUse::Zooms;
 };
 
 /// The lines that a shape shows: its own thirds, or a grid over the whole picture to straighten that by.

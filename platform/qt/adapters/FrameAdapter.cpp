@@ -18,7 +18,7 @@ namespace lumarin::qt {
 namespace {
 
 constexpr double ZoomOfNotch = 1.25;
-constexpr double UnitsOfNotch = 120;
+constexpr int UnitsOfNotch = 120;
 
 class FrameAdapter final : public AdapterFor<Frame, FrameWidget> {
 public:
@@ -71,7 +71,10 @@ private:
         if (event.type() == QEvent::Wheel) {
             const auto& wheel = static_cast<QWheelEvent&>(event);
             event.accept();
-            ZoomAt(std::pow(ZoomOfNotch, wheel.angleDelta().y() / UnitsOfNotch), wheel.position());
+            const bool zooms =
+                Bound()->WheelUse() == WheelUse::Zooms || wheel.modifiers().testFlag(Qt::ControlModifier);
+            if (!zooms) return TurnWheel(wheel.angleDelta().y()), true;
+            ZoomAt(std::pow(ZoomOfNotch, wheel.angleDelta().y() / double{UnitsOfNotch}), wheel.position());
             return true;
         }
         if (event.type() == QEvent::NativeGesture) {
@@ -87,6 +90,14 @@ private:
         return true;
     }
 
+    /// A fine wheel reports parts of a notch.
+    void TurnWheel(int units) {
+        turned_ -= units;
+        const int notches = turned_ / UnitsOfNotch;
+        turned_ -= notches * UnitsOfNotch;
+        if (notches != 0) Bound()->TurnWheel(notches);
+    }
+
     void ZoomAt(double factor, QPointF place) {
         const Mouse at = UnderLens({MouseButton::None, place.x() * TwipsPerPixel, place.y() * TwipsPerPixel});
         if (factor > 0 && factor != 1) Bound()->Zoom({factor, at.x, at.y});
@@ -96,6 +107,8 @@ private:
         const Lens& lens = Bound()->Lens();
         return {mouse.button, (mouse.x - lens.left) / lens.scale, (mouse.y - lens.top) / lens.scale};
     }
+
+    int turned_ = 0;  ///< of the next notch
 };
 
 }  // namespace
