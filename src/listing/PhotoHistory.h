@@ -64,6 +64,7 @@ public:
 
     bool CanUndo() const { return done_ > 0; }
     bool CanRedo() const { return done_ < steps_.size(); }
+    int DoneSteps() const { return static_cast<int>(done_); }
     std::optional<StepName> NextUndo() const;
     std::optional<StepName> NextRedo() const;
     /// Returns the photos that the step was done to. There must be such a step.

@@ -85,6 +85,8 @@ public:
     /// removal of the listing is not taken back nor done here.
     void Undo();
     void Redo();
+    /// How many steps can be undone.
+    int DoneSteps() const { return history_.DoneSteps(); }
     std::uint32_t LatestStepNumber() const { return history_.LatestNumber(); }
     /// Whether earlier steps could not be read when the listing was taken up; says so once.
     bool TakeLostHistory() { return std::exchange(historyLost_, false); }

@@ -1,5 +1,7 @@
 #include "photo_window/PhotoTools.h"
 
+#include "base/Text.h"
+
 namespace lumarin {
 
 namespace {
@@ -92,11 +94,20 @@ void BuildDescriptionTools(ToolBar& menu, const DescriptionTable& descriptions) 
     for (const PhotoDescription& entry : descriptions.Entries()) {
         ToolBar::Tool tool;
         tool.name = DescriptionPrefix + std::to_string(entry.code);
-        tool.caption = entry.text;
+        tool.caption = text::ReplaceAll(entry.text, "&", "&&");  // is no mark of an access key
+        tool.checkable = true;
         if (!menu.Has(tool.name)) menu.AddTool(tool);
         tools.push_back(tool.name);
     }
     menu.SetGroup("View", tools);
+}
+
+void CheckDescriptions(ToolBar& menu, const DescriptionTable& descriptions,
+                       const std::set<std::string>& codes) {
+    for (const PhotoDescription& entry : descriptions.Entries()) {
+        const std::string code = std::to_string(entry.code);
+        menu.CheckTool(DescriptionPrefix + code, codes.contains(code));
+    }
 }
 
 std::string DescriptionCodeOfTool(const std::string& tool) {

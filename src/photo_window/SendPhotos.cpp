@@ -6,6 +6,7 @@
 #include "entry/QueryRows.h"
 #include "forms/BusyWindow.h"
 #include "listing/ListingFiles.h"
+#include "photo_window/Counted.h"
 #include "photo_window/EachStep.h"
 #include "photo_window/PhotoPackage.h"
 #include "photo_window/PhotoUpload.h"
@@ -24,10 +25,6 @@ std::string SizesOf(Recordset& versions, const std::string& number) {
     versions.MoveFirst();
     versions.Find("PhoListNum = " + number);
     return versions.Eof() ? std::string() : versions.Field("PhotoVersion").Text();
-}
-
-std::string Counted(int count, const std::string& thing) {
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
 /// Bytes of the files that a listing gives to the package.

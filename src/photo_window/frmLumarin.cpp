@@ -4,6 +4,8 @@
 #include "base/Text.h"
 #include "entry/QueryRows.h"
 #include "listing/ListingFiles.h"
+#include "photo_window/Counted.h"
+#include "photo_window/ImportProgress.h"
 #include "photo_window/PhotoTools.h"
 #include "photo_window/PhotoUpload.h"
 
@@ -19,6 +21,11 @@ constexpr double InitialHeight = 720 * TwipsPerPixel;
 /// Longer side of the picture shown for the selected photo, in pixels.
 constexpr int PreviewPixels = 1024;
 constexpr int HelpPage = 1;
+
+/// What an earlier run has left may be changed without its steps being known.
+std::string UnsentText(int steps) {
+    return steps > 0 ? Counted(steps, "change") + " not sent" : "changes not sent";
+}
 
 // Columns of RecList.
 constexpr int ListNumberColumn = 0;
@@ -70,6 +77,7 @@ void frmLumarin::WireEvents() {
         if (current_ == nullptr) return;
         current_->ShowPhoto(row);
         current_->UpdateMoveButtons();
+        FollowInViewer();
     };
     PhotoList.KeyPressed = [this](const KeyDown& pressed, bool& used) { used = PhotoKey(pressed); };
     PhotoList.DoubleClick = [this] { ViewPhoto(); };
@@ -82,6 +90,9 @@ void frmLumarin::WireEvents() {
     for (ListView* list : {&RecList, &PhotoList}) list->OtherDropped = [this] { DroppedSomethingElse(); };
     imgMain.OtherDropped = [this] { DroppedSomethingElse(); };
     Menu.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
+    Menu.GroupOpens = [this](const std::string& group) {
+        if (group == "View") CheckPresentDescriptions();
+    };
 }
 
 void frmLumarin::Init(std::int32_t JobIndex) {
@@ -278,6 +289,7 @@ void frmLumarin::UpdateListingCommands() {
     PhotoList.SetAcceptsFiles(any);
     if (!any) AddStateChanges(false);
     ShowPhotoCount();
+    ShowUnsent();
 }
 
 void frmLumarin::AddStateChanges(bool enabled) {
@@ -286,12 +298,37 @@ void frmLumarin::AddStateChanges(bool enabled) {
     UpdateAcquireTools();
 }
 
+void frmLumarin::StepsChange() {
+    ShowSteps();
+    ShowUnsent();
+    FollowInViewer();
+}
+
 void frmLumarin::ShowPhotoCount() {
     if (current_ == nullptr) return lblPhotos.SetCaption("");
     const std::size_t selected = PhotoList.SelectedRows().size();
     lblPhotos.SetCaption("Listing " + std::to_string(current_->ListNum()) + ": " +
                          std::to_string(current_->GetPhotoCount()) + " of " + std::to_string(PhotoMaximum()) +
                          " photos" + (selected > 1 ? ", " + std::to_string(selected) + " selected" : ""));
+}
+
+/// Each row says how many photos its listing has, and stands out while the server lacks some change to them.
+void frmLumarin::ShowUnsent() {
+    int unsent = 0;
+    for (int row = 0; row < RecList.Count(); ++row) {
+        const std::string number = RecList.Cell(row, ListNumberColumn);
+        const auto entry = records_.find(number);
+        if (entry == records_.end()) continue;
+        const clsPMListingRec& record = *entry->second;
+        const bool changed = record.HasUnsentChanges();
+        RecList.SetStrong(row, changed);
+        RecList.SetToolTip(row, Counted(record.GetPhotoCount(), "photo") + ", " +
+                                    (changed ? UnsentText(record.DoneSteps()) : "no changes"));
+        unsent += changed ? 1 : 0;
+    }
+    const std::string changes =
+        unsent == 0 ? "none changed" : std::to_string(unsent) + " with changes not sent";
+    lblUnsent.SetCaption(RecList.Count() == 0 ? "" : Counted(RecList.Count(), "listing") + ", " + changes);
 }
 
 PicturePtr frmLumarin::LoadPhoto(const std::string& path) {
@@ -309,6 +346,12 @@ bool frmLumarin::OnQueryClose(CloseReason reason) {
 
 void frmLumarin::OnStopRequested() {
     if (upload_ != nullptr) upload_->Stop();
+    OnCloseRefused();
+}
+
+/// The user's closing cancels an import; a sending has a Cancel of its own.
+void frmLumarin::OnCloseRefused() {
+    if (import_ != nullptr) import_->Stop();
 }
 
 void frmLumarin::OnUnload() {

@@ -26,6 +26,7 @@
 namespace lumarin {
 
 class EachStep;
+class ImportProgress;
 class PhotoUpload;
 class RefusedFiles;
 struct SentPart;
@@ -61,8 +62,9 @@ public:
         "cmbPhotoView",
         {.toolTip = "How the photos of the listing are shown", .accessibleName = "How the photos are shown"}};
     PictureBox imgMain{*this, "imgMain", {.accessibleName = "Selected photo"}};
+    Label lblUnsent{*this, "lblUnsent"};  ///< how many listings there are, and how many have unsent changes
     Label lblPhotos{*this, "lblPhotos"};  ///< how many photos of how many the listing has
-    Label lblSent{*this, "lblSent"};      ///< what the last sending has come to
+    Label lblSent{*this, "lblSent"};      ///< what the last sending, or a cancelled import, has come to
     ToolBar Menu{*this, "Menu"};
 
     /// Called once, before the window is shown: reads the settings, takes up unsent work. Throws Error when
@@ -87,7 +89,7 @@ private:
     int PhotoMaximum() const override { return settings_.photoMaximum; }
     void AddStateChanges(bool enabled) override;
     void PhotoCountChanges() override { ShowPhotoCount(); }
-    void StepsChange() override { ShowSteps(); }
+    void StepsChange() override;
     std::uint32_t NextStepNumber() override { return ++lastStep_; }
     PicturePtr LoadPhoto(const std::string& path) override;
     Desktop& ScreenDesktop() override { return desktop(); }
@@ -99,6 +101,7 @@ private:
     bool OnQueryClose(CloseReason reason) override;
     void OnUnload() override;
     void OnStopRequested() override;
+    void OnCloseRefused() override;
 
     void WireEvents();
     void PlaceWindow();
@@ -109,6 +112,7 @@ private:
     void SetUnreadableStatesAside();
     void UpdateListingCommands();
     void ShowPhotoCount();
+    void ShowUnsent();
     void MakeCurrent(clsPMListingRec* record);
     void HighlightCurrent();
     void ListingClicked(int row);
@@ -119,16 +123,24 @@ private:
     // Commands
     void ToolClicked(const std::string& name);
     void EnterListing();
+    void Browse();
+    void VerifyPhotos();
+    void ShowHelp();
+
+    // PhotoImport.cpp
     void OpenFiles(ImportKind kind);
+    void ImportEach(const std::vector<std::string>& paths, ImportKind kind, ImportProgress& progress,
+                    RefusedFiles& refused);
     bool EnterListingOfFile(const std::string& path, RefusedFiles& refused,
                             std::map<std::string, std::string>& unavailable);
     void DroppedOnList(const std::vector<std::string>& paths);
     void DroppedOnPicture(const std::vector<std::string>& paths);
     void DroppedSomethingElse();
-    void Browse();
+
+    // PhotoViewing.cpp
     void ViewPhoto();
-    void VerifyPhotos();
-    void ShowHelp();
+    void ShowInViewer(PicturePtr picture);
+    void FollowInViewer();
 
     // PhotoArranging.cpp
     void SetUpPhotoList();
@@ -150,6 +162,7 @@ private:
     void RemoveCurrentListing();
     void ToggleFilePreview();
     void ChooseDescription(const std::string& tool);
+    void CheckPresentDescriptions();
 
     // UndoCommands.cpp
     void Undo();
@@ -187,10 +200,11 @@ private:
     std::map<std::string, std::unique_ptr<clsPMListingRec>> records_;  ///< by listing number
     clsPMListingRec* current_ = nullptr;
     std::map<std::int32_t, std::uint32_t>
-        removed_;                    ///< listings that can come back, with their removals' numbers
-    std::uint32_t lastStep_ = 0;     ///< number of the last step of all listings
-    PhotoUpload* upload_ = nullptr;  ///< while a send runs
-    std::string sending_;            ///< what it sends, in words
+        removed_;                       ///< listings that can come back, with their removals' numbers
+    std::uint32_t lastStep_ = 0;        ///< number of the last step of all listings
+    PhotoUpload* upload_ = nullptr;     ///< while a send runs
+    ImportProgress* import_ = nullptr;  ///< while an import runs
+    std::string sending_;               ///< what it sends, in words
     bool clipboardUsed_ = false;
     std::unique_ptr<frmPhotoViewer> viewer_;
     std::string scannerSource_;  ///< chosen with Select Source; "" is the first there is

@@ -1,4 +1,4 @@
-#include <map>
+#include <set>
 #include <utility>
 
 #include "base/Error.h"
@@ -7,7 +7,6 @@
 #include "photo_window/EachStep.h"
 #include "photo_window/ImportSelection.h"
 #include "photo_window/PhotoTools.h"
-#include "photo_window/RefusedFiles.h"
 #include "photo_window/frmLumarin.h"
 #include "verify/frmVerifyPhotos.h"
 
@@ -44,93 +43,6 @@ void frmLumarin::EnterListing() {
     });
 }
 
-void frmLumarin::OpenFiles(ImportKind kind) {
-    RunCommand(kind == ImportKind::Open ? "Open" : "SmartLoad", [&] {
-        const std::vector<std::string> paths = desktop().ChooseFiles(
-            {.title = "Import Photo",
-             .filter = "JPEG - JFIF Compliant (*.jpg,*.jif,*.jpeg)|*.jpg;*.jif;*.jpeg|All (*.*)|*.*",
-             .folder = lastFolder_.empty() ? settings_.importFolder : lastFolder_,
-             .several = true,
-             .preview = Menu.IsChecked("FilePreview")},
-            this);
-        if (paths.empty()) return;
-        lastFolder_ = text::UpToLastSeparator(paths.front());
-        ImportPhotos(AsSelection(paths), kind);
-    });
-}
-
-void frmLumarin::ImportPhotos(const std::string& selection, ImportKind kind) {
-    const std::vector<std::string> paths = SelectedPaths(selection);
-    const SeveralPictures pictures(*cropWindow_);
-    RefusedFiles refused;
-    std::map<std::string, std::string> unavailable;
-    // Of several files those that are not photos are named together at the end; a single one at once.
-    if (paths.size() > 1)
-        cropWindow_->Refused = [&](const std::string& path, const std::string& why) {
-            refused.Add(path, why);
-        };
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        if (paths.size() > 1)
-            cropWindow_->SetProgress("Picture " + std::to_string(i + 1) + " of " +
-                                     std::to_string(paths.size()));
-        if (kind == ImportKind::SmartLoad && !EnterListingOfFile(paths[i], refused, unavailable)) continue;
-        if (current_ == nullptr) break;
-        try {
-            if (current_->AddPhoto(paths[i], CropMode::File, paths.size() > 1) == PhotoResult::Cancel) break;
-        } catch (const Error& error) {  // the disk fails: the next file would fare no better
-            if (paths.size() == 1) throw;
-            for (; i < paths.size(); ++i) refused.Add(paths[i], error.Description());
-            break;
-        }
-    }
-    if (!refused.Empty())
-        throw ApplicationError(kind == ImportKind::Open ? "frmLumarin-Open" : "frmLumarin-SmartLoad",
-                               refused.Text());
-}
-
-/// False when the file's name leads to no listing. `unavailable`: the numbers tried in vain, and why.
-bool frmLumarin::EnterListingOfFile(const std::string& path, RefusedFiles& refused,
-                                    std::map<std::string, std::string>& unavailable) {
-    const std::string number = ListingNumberOfFile(path);
-    if (number.empty()) {
-        refused.Add(path,
-                    "The name does not start with a listing number (4 to 6 digits, and something "
-                    "behind them).");
-        return false;
-    }
-    // A listing that was not to be had is not looked for again: that was said already.
-    auto known = unavailable.find(number);
-    if (known == unavailable.end()) {
-        std::string reason = "Listing " + number + " was not found.";
-        try {
-            if (LookUpListing(number, "") == LookupResult::Found) return true;
-        } catch (const Error& error) {  // found, but it cannot be loaded
-            reason = error.Description();
-        }
-        known = unavailable.emplace(number, reason).first;
-    }
-    refused.Add(path, known->second);
-    return false;
-}
-
-void frmLumarin::DroppedOnList(const std::vector<std::string>& paths) {
-    RunCommand("Open", [&] {
-        if (!paths.empty()) ImportPhotos(AsSelection(paths), ImportKind::Open);
-    });
-}
-
-void frmLumarin::DroppedOnPicture(const std::vector<std::string>& paths) { DroppedOnList(paths); }
-
-void frmLumarin::DroppedSomethingElse() {
-    desktop().ShowMessage({.text = "Only picture files of this computer can be dropped here. Save the "
-                                   "picture as a file first, then drop "
-                                   "or open that file.",
-                           .title = "Import Photo",
-                           .buttons = Buttons::Ok,
-                           .icon = Icon::Information},
-                          this);
-}
-
 void frmLumarin::Browse() {
     RunCommand("Browse", [this] {
         std::vector<std::string> found;
@@ -143,19 +55,6 @@ void frmLumarin::Browse() {
         if (!each.Failures().empty())
             throw ApplicationError("frmLumarin-Browse",
                                    "Not all listings could be opened:" + each.Failures());
-    });
-}
-
-void frmLumarin::ViewPhoto() {
-    RunCommand("imgMain", [this] {
-        if (current_ == nullptr || PhotoList.Selected() < 0) return;
-        const auto photo = ports_.imaging.Open(current_->PhotoPath(PhotoList.Selected()));
-        auto picture = std::make_shared<const Picture>(photo->Preview(photo->Width(), photo->Height()));
-        const int percent = frmPhotoViewer::FittingPercent(*picture, desktop().ScreenSize());
-        viewer_ = std::make_unique<frmPhotoViewer>(desktop());
-        viewer_->Init(picture, percent,
-                      PhotoList.At(PhotoList.Selected()).text + " - " + std::to_string(current_->ListNum()));
-        viewer_->Show(this);
     });
 }
 
@@ -235,6 +134,15 @@ void frmLumarin::ChooseDescription(const std::string& tool) {
         if (current_ != nullptr)
             current_->DescribePhotos(PhotoList.SelectedRows(), descriptions_.Text(code), code);
     });
+}
+
+/// Of the selected photos.
+void frmLumarin::CheckPresentDescriptions() {
+    std::set<std::string> codes;
+    if (current_ != nullptr)
+        for (const int row : PhotoList.SelectedRows())
+            codes.insert(current_->State().Photos.at(static_cast<std::size_t>(row)).DescCode);
+    CheckDescriptions(Menu, descriptions_, codes);
 }
 
 }  // namespace lumarin

@@ -4,6 +4,7 @@
 
 #include "entry/Settings.h"
 #include "lookup/frmFindProperty.h"
+#include "photo_window/frmImport.h"
 #include "support/PhotoWindowTest.h"
 #include "support/Reason.h"
 
@@ -46,6 +47,26 @@ TEST_F(frmLumarinTest, Open_SeveralFiles_AbortEndsAndCancelSkips) {
     EXPECT_EQ(window->PhotoList.Count(), 1);
     EXPECT_EQ(desktop.dialogs.at(0).title, "Import Photo");
     EXPECT_TRUE(desktop.dialogs[0].preview);
+}
+
+TEST_F(frmLumarinTest, Import_Cancelled_KeepsWhatCameBefore) {
+    OpenWith({"100124"});
+    WillCapture({300, 400});
+    const auto progress = [&]() -> frmImport& {
+        return static_cast<frmImport&>(*desktop.shown["frmImport"]);
+    };
+    desktop.AtPendingEvents(3, [&] {
+        EXPECT_EQ(progress().lblPicture.Caption() + progress().lblFile.Caption(), "Picture 3 of 4a.png");
+        EXPECT_FALSE(window->Enabled());
+        progress().cmdCancel.Press();
+    });
+    window->PhotoList.DropFiles(Files("/in|a.png|b.png|a.png|b.png"));
+    EXPECT_EQ(window->PhotoList.Count(), 2);
+    EXPECT_EQ(window->lblSent.Caption(), "Import cancelled: 2 of 4 pictures imported");
+    EXPECT_TRUE(window->Enabled() && !desktop.shown.contains("frmImport"));
+    desktop.AtPendingEvents(1, [&] { window->Unload(CloseReason::Frame); });
+    window->PhotoList.DropFiles(Files("/in|a.png|b.png"));
+    EXPECT_TRUE(window->IsLoaded());
 }
 
 TEST_F(frmLumarinTest, Import_ThatFails_NoLongerCountsItsPictures) {
@@ -104,8 +125,8 @@ TEST_F(frmLumarinTest, Files_DroppedOrPasted_AreImportedAndAnythingElseIsRefused
     window->Menu.ClickTool("Paste");
     EXPECT_EQ(window->PhotoList.Count(), 4);
     desktop.Expect(
-        "Only picture files of this computer can be dropped here. Save the picture as a file first, then "
-        "drop or open that file.");
+        "What was dropped holds no picture, only an address or a text. Save the picture as a file first, "
+        "then drop or open that file.");
     window->imgMain.DropOther();
 }
 
@@ -323,9 +344,22 @@ TEST_F(frmLumarinTest, MenusViewerHelpAndExit_DoTheirWork) {
     EXPECT_EQ(desktop.poppedUp, (Texts{"PhotoPopup", "ListingPopup"}));
     window->Menu.ClickTool("View_2112");
     EXPECT_EQ(ListTexts(window->PhotoList), (Texts{"Front", "Kitchen"}));
+    window->Menu.OpenGroup("View");
+    EXPECT_TRUE(window->Menu.IsChecked("View_2112") && !window->Menu.IsChecked("View_2110"));
+    EXPECT_TRUE(window->RecList.At(0).strong);
+    EXPECT_EQ(window->RecList.At(0).toolTip, "2 photos, 1 change not sent");
+    EXPECT_EQ(window->lblUnsent.Caption(), "1 listing, 1 with changes not sent");
     window->imgMain.MouseWentUp({MouseButton::Right, 10, 10});
     ASSERT_TRUE(desktop.shown.contains("frmPhotoViewer"));
-    EXPECT_EQ(desktop.shown["frmPhotoViewer"]->Caption(), "Kitchen - 100123");
+    auto& viewer = static_cast<frmPhotoViewer&>(*desktop.shown["frmPhotoViewer"]);
+    EXPECT_EQ(viewer.Caption(), "Kitchen - 100123");
+    EXPECT_EQ(viewer.lblPhoto.Caption(), "2 of 2   Kitchen");
+    imaging.openFailure = ImagingError(InvalidPictureError, "broken");
+    viewer.fraStage.PressKey({Key::Left});
+    EXPECT_EQ(viewer.lblPhoto.Caption(), "1 of 2   Front   cannot be shown");
+    EXPECT_EQ(window->PhotoList.Selected(), 0);
+    for (int photo = 0; photo < 2; ++photo) window->PhotoList.PressKey({Key::Delete});
+    EXPECT_FALSE(desktop.shown.contains("frmPhotoViewer"));
     window->Menu.ClickTool("miHelp");
     EXPECT_EQ(desktop.helpPages.at(0), std::make_pair(host.HelpFilePath(), window->HelpContext()));
     window->Menu.ClickTool("Exit");

@@ -11,6 +11,7 @@
 #include "imaging/frmSelectSource.h"
 #include "lookup/frmFindProperty.h"
 #include "lookup/frmListnumPrompt.h"
+#include "photo_window/frmImport.h"
 #include "photo_window/frmLumarin.h"
 #include "support/FakeArchiver.h"
 #include "support/FakeHost.h"
@@ -35,6 +36,7 @@ public:
         forms.push_back(std::make_unique<frmLumarin>(PhotoWindowPorts{ports, archiver_}));
         forms.push_back(std::make_unique<frmPhotoCrop>(desktop_, imaging_));
         forms.push_back(std::make_unique<frmProgress>(desktop_, clock_, host_));
+        forms.push_back(std::make_unique<frmImport>(desktop_));
         forms.push_back(std::make_unique<frmBusy>(desktop_));
         forms.push_back(std::make_unique<frmFTP>(desktop_, clock_, host_, ftp_));
         forms.push_back(std::make_unique<frmFindProperty>(ports));
