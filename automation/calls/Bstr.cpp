@@ -21,8 +21,20 @@ bool IsPlain(const Text& text) {
 }  // namespace
 
 std::string FromBstr(BSTR text) {
+    std::string utf8;
+    Assign(utf8, text);
+    return utf8;
+}
+
+void Assign(std::string& utf8, BSTR text) {
     const std::u16string_view units(reinterpret_cast<const char16_t*>(text), SysStringLen(text));
-    return IsPlain(units) ? std::string(units.begin(), units.end()) : text::FromUtf16(units);
+    if (!IsPlain(units)) {
+        utf8 = text::FromUtf16(units);
+        return;
+    }
+    utf8.resize(units.size());
+    std::transform(units.begin(), units.end(), utf8.begin(),
+                   [](char16_t unit) { return static_cast<char>(unit); });
 }
 
 Bstr::Bstr(std::string_view utf8) {

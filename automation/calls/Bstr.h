@@ -10,6 +10,8 @@ namespace lumarin::automation {
 
 /// UTF-8 of an automation text; "" for a null one, which is how an empty text may be passed.
 std::string FromBstr(BSTR text);
+/// The same, into a text that is there.
+void Assign(std::string& utf8, BSTR text);
 
 /// An automation text that is freed at the end.
 class Bstr {

@@ -13,38 +13,48 @@ namespace {
 
 constexpr LCID AnyLanguage = LOCALE_USER_DEFAULT;
 
-std::string Narrow(const wchar_t* name) {
-    std::string narrow;
-    for (; *name != L'\0'; ++name) narrow += static_cast<char>(*name);  // members have plain names
-    return narrow;
-}
-
 }  // namespace
 
+std::string MemberName::Plain() const {
+    std::string plain;
+    for (const wchar_t* letter = text_; *letter != L'\0'; ++letter) plain += static_cast<char>(*letter);
+    return plain;
+}
+
+/// What is known of an object. Held during each call of it: the call may drop whoever made it.
 struct Object::Known {
     Known(Microsoft::WRL::ComPtr<IDispatch> of, std::string called)
         : object(std::move(of)), name(std::move(called)) {}
 
-    std::string Named(const wchar_t* member) const { return name + "." + Narrow(member); }
-    DISPID Find(const wchar_t* member);
-    DISPID LookUp(const wchar_t* member) const;
+    long AddRef() { return ++references; }
+    long Release() {
+        const long left = --references;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    std::string Named(MemberName member) const { return name + "." + member.Plain(); }
+    DISPID Find(MemberName member);
+    DISPID LookUp(MemberName member) const;
     bool IsOfScript() const;
     bool RefusesCount(HRESULT status, const Error& error) const;
+    [[noreturn]] void Fail(HRESULT status, EXCEPINFO& exception, MemberName member) const;
 
     const Microsoft::WRL::ComPtr<IDispatch> object;
     const std::string name;
-    std::vector<std::pair<std::wstring, DISPID>> members;
+    std::vector<std::pair<MemberName, DISPID>> members;
+    long references = 0;
 };
 
 /// Objects of scripts may answer names in the extended way alone.
-DISPID Object::Known::LookUp(const wchar_t* member) const {
-    auto* asked = const_cast<wchar_t*>(member);
+DISPID Object::Known::LookUp(MemberName member) const {
+    auto* asked = const_cast<wchar_t*>(member.Text());
     DISPID id = DISPID_UNKNOWN;
     HRESULT found = object->GetIDsOfNames(IID_NULL, &asked, 1, AnyLanguage, &id);
     Microsoft::WRL::ComPtr<IDispatchEx> extended;
     if (FAILED(found) && SUCCEEDED(object.As(&extended))) {
         Bstr text;
-        *text.Address() = SysAllocString(member);
+        *text.Address() = SysAllocString(member.Text());
         found = extended->GetDispID(text.Get(), fdexNameCaseInsensitive, &id);
     }
     if (found == DISP_E_UNKNOWNNAME) return DISPID_UNKNOWN;
@@ -67,19 +77,31 @@ bool Object::Known::IsOfScript() const {
     return SUCCEEDED(object.As(&extended));
 }
 
-DISPID Object::Known::Find(const wchar_t* member) {
+void Object::Known::Fail(HRESULT status, EXCEPINFO& exception, MemberName member) const {
+    if (status == DISP_E_MEMBERNOTFOUND) throw MissingMember(name, member.Plain());
+    const Error error = ErrorOf(status, exception, Named(member));
+    if (RefusesCount(status, error))
+        throw WrongArgumentCount(error.Number(), error.Source(), error.Description());
+    throw error;
+}
+
+DISPID Object::Known::Find(MemberName member) {
     auto found = std::find_if(members.begin(), members.end(),
                               [member](const auto& entry) { return entry.first == member; });
     if (found == members.end()) found = members.insert(found, {member, LookUp(member)});
-    if (found->second == DISPID_UNKNOWN) throw MissingMember(name, Narrow(member));
+    if (found->second == DISPID_UNKNOWN) throw MissingMember(name, member.Plain());
     return found->second;
 }
 
 Object::Object(Microsoft::WRL::ComPtr<IDispatch> object, std::string name)
-    : known_(std::make_shared<Known>(std::move(object), std::move(name))) {
+    : known_(new Known(std::move(object), std::move(name))) {
     if (known_->object == nullptr)
         throw Error(E_POINTER, known_->name, "The host gave no object for " + known_->name);
 }
+
+Object::Object(const Object& other) = default;
+Object& Object::operator=(const Object& other) = default;
+Object::~Object() = default;
 
 IDispatch* Object::Pointer() const { return known_->object.Get(); }
 
@@ -92,9 +114,7 @@ bool Object::Is(IDispatch* other) const {
            mine.Get() == theirs.Get();
 }
 
-Variant Object::Invoke(const std::shared_ptr<Known>& known, DISPID id, WORD kind, Arguments& arguments,
-                       const wchar_t* member) {
-    const std::shared_ptr<Known> held = known;
+Variant Object::Invoke(DISPID id, WORD kind, const Arguments& arguments, MemberName member) const {
     // The last argument comes first. What they hold stays theirs: the call does not free it.
     std::vector<VARIANT> reversed;
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
@@ -103,42 +123,49 @@ Variant Object::Invoke(const std::shared_ptr<Known>& known, DISPID id, WORD kind
     const bool puts = kind == DISPATCH_PROPERTYPUT;
     DISPPARAMS parameters{reversed.data(), puts ? &put : nullptr, static_cast<UINT>(reversed.size()),
                           puts ? 1U : 0U};
+    return Invoke(id, kind, parameters, member);
+}
+
+Variant Object::Invoke(DISPID id, WORD kind, DISPPARAMS& parameters, MemberName member) const {
+    const Microsoft::WRL::ComPtr<Known> held = known_;
     Variant result;
     EXCEPINFO exception{};
     UINT wrong = 0;
     const bool hasResult = (kind & DISPATCH_PROPERTYGET) != 0;
     const HRESULT status = held->object->Invoke(id, IID_NULL, AnyLanguage, kind, &parameters,
                                                 hasResult ? result.Address() : nullptr, &exception, &wrong);
-    if (status == DISP_E_MEMBERNOTFOUND) throw MissingMember(held->name, Narrow(member));
-    if (FAILED(status)) {
-        const Error error = ErrorOf(status, exception, held->Named(member));
-        if (held->RefusesCount(status, error))
-            throw WrongArgumentCount(error.Number(), error.Source(), error.Description());
-        throw error;
-    }
+    if (FAILED(status)) held->Fail(status, exception, member);
     return result;
 }
 
-Variant Object::Get(const wchar_t* member, Arguments arguments) const {
-    return Invoke(known_, known_->Find(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, member);
+Variant Object::Get(MemberName member) const {
+    DISPPARAMS none{};
+    return Invoke(known_->Find(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, none, member);
 }
 
-Variant Object::GetDefault(Arguments arguments) const {
-    return Invoke(known_, DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, L"(default)");
+Variant Object::Get(MemberName member, const Arguments& arguments) const {
+    return Invoke(known_->Find(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, member);
 }
 
-void Object::Call(const wchar_t* member, Arguments arguments) const {
-    Invoke(known_, known_->Find(member), DISPATCH_METHOD, arguments, member);
+Variant Object::GetDefault(const Arguments& arguments) const {
+    return Invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, L"(default)");
 }
 
-void Object::Put(const wchar_t* member, Variant value) const {
-    Arguments arguments;
-    arguments.push_back(std::move(value));
-    Invoke(known_, known_->Find(member), DISPATCH_PROPERTYPUT, arguments, member);
+void Object::Call(MemberName member) const {
+    DISPPARAMS none{};
+    Invoke(known_->Find(member), DISPATCH_METHOD, none, member);
 }
 
-Object Object::AsObject(const wchar_t* member, Arguments arguments) const {
-    return Object(ObjectOf(Get(member, std::move(arguments)).Get()), Narrow(member));
+void Object::Call(MemberName member, const Arguments& arguments) const {
+    Invoke(known_->Find(member), DISPATCH_METHOD, arguments, member);
+}
+
+void Object::Put(MemberName member, const Variant& value) const {
+    Invoke(known_->Find(member), DISPATCH_PROPERTYPUT, {value}, member);
+}
+
+Object Object::AsObject(MemberName member, const Arguments& arguments) const {
+    return Object(ObjectOf(Get(member, arguments).Get()), member.Plain());
 }
 
 }  // namespace lumarin::automation

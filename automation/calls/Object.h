@@ -22,25 +22,43 @@ public:
     using Error::Error;
 };
 
+/// A member's name: a literal, known by its place, so that no letters are compared call by call.
+class MemberName {
+public:
+    consteval MemberName(const wchar_t* literal) : text_(literal) {}
+    const wchar_t* Text() const { return text_; }
+    /// For texts: members have plain names.
+    std::string Plain() const;
+    bool operator==(const MemberName&) const = default;
+
+private:
+    const wchar_t* text_;
+};
+
 /// Somebody else's object, whose members are called by name. A name is looked up once. What the object
 /// reports is thrown as Error with its status, source and description; MissingMember when it does not know
-/// the name.
+/// the name. Used on one thread.
 class Object {
 public:
     using Arguments = std::vector<Variant>;
 
     /// `name` says in errors which object it is. Throws Error when there is no object.
     Object(Microsoft::WRL::ComPtr<IDispatch> object, std::string name);
+    Object(const Object& other);
+    Object& operator=(const Object& other);
+    ~Object();
 
     /// A property's value, or the result of a function.
-    Variant Get(const wchar_t* member, Arguments arguments = {}) const;
+    Variant Get(MemberName member) const;
+    Variant Get(MemberName member, const Arguments& arguments) const;
     /// The same for the default member.
-    Variant GetDefault(Arguments arguments) const;
+    Variant GetDefault(const Arguments& arguments) const;
     /// An operation without a result.
-    void Call(const wchar_t* member, Arguments arguments = {}) const;
-    void Put(const wchar_t* member, Variant value) const;
+    void Call(MemberName member) const;
+    void Call(MemberName member, const Arguments& arguments) const;
+    void Put(MemberName member, const Variant& value) const;
     /// A property's value as an object; throws Error when it is none.
-    Object AsObject(const wchar_t* member, Arguments arguments = {}) const;
+    Object AsObject(MemberName member, const Arguments& arguments = {}) const;
 
     IDispatch* Pointer() const;
     /// Whether it is an object of a script, which sees what it changes by reference as variants alone.
@@ -51,10 +69,10 @@ public:
 private:
     struct Known;
 
-    static Variant Invoke(const std::shared_ptr<Known>& known, DISPID id, WORD kind, Arguments& arguments,
-                          const wchar_t* member);
+    Variant Invoke(DISPID id, WORD kind, const Arguments& arguments, MemberName member) const;
+    Variant Invoke(DISPID id, WORD kind, DISPPARAMS& parameters, MemberName member) const;
 
-    std::shared_ptr<Known> known_;
+    Microsoft::WRL::ComPtr<Known> known_;
 };
 
 }  // namespace lumarin::automation

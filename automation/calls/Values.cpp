@@ -109,10 +109,10 @@ Microsoft::WRL::ComPtr<IDispatch> ObjectOf(const VARIANT& value) {
 }
 
 std::vector<std::byte> BytesOf(const VARIANT& value) {
-    const Variant held(value);
-    if (IsNothing(held.Get())) return {};
-    if (held.Type() != (VT_ARRAY | VT_UI1)) Mismatch(held.Get(), "an array of bytes");
-    const Elements<std::byte> elements(held.Get().parray);
+    if (value.vt == (VT_BYREF | VT_VARIANT)) return BytesOf(*value.pvarVal);
+    if (IsNothing(value)) return {};
+    if ((value.vt & ~VT_BYREF) != (VT_ARRAY | VT_UI1)) Mismatch(value, "an array of bytes");
+    const Elements<std::byte> elements((value.vt & VT_BYREF) != 0 ? *value.pparray : value.parray);
     return {elements.begin(), elements.end()};
 }
 

@@ -30,11 +30,11 @@ lumarin::ServiceBroker& HostCommon::ServiceBroker() {
     return *broker_;
 }
 
-std::string HostCommon::Text(const wchar_t* member, const char* missing) const {
+std::string HostCommon::Text(MemberName member, const char* missing) const {
     return Or<std::string>(missing, [&] { return Text(member); });
 }
 
-bool HostCommon::Truth(const wchar_t* member, bool missing) const {
+bool HostCommon::Truth(MemberName member, bool missing) const {
     return Or(missing, [&] { return TruthOf(common_.Get(member).Get()); });
 }
 
@@ -68,7 +68,7 @@ void HostCommon::ExpectFetches() {
 
 /// Codes and texts by turns.
 template <class Entry>
-std::vector<Entry> HostCommon::Table(const wchar_t* member) const {
+std::vector<Entry> HostCommon::Table(MemberName member) const {
     const std::vector<Variant> values = ElementsOf(Or(Variant(), [&] { return common_.Get(member); }).Get());
     std::vector<Entry> entries;
     for (std::size_t place = 0; place + 1 < values.size(); place += 2)

@@ -51,11 +51,11 @@ public:
     std::vector<ListingStatus> ListingStatuses() const override;
 
 private:
-    std::string Text(const wchar_t* member) const { return TextOf(common_.Get(member).Get()); }
-    std::string Text(const wchar_t* member, const char* missing) const;
-    bool Truth(const wchar_t* member, bool missing) const;
+    std::string Text(MemberName member) const { return TextOf(common_.Get(member).Get()); }
+    std::string Text(MemberName member, const char* missing) const;
+    bool Truth(MemberName member, bool missing) const;
     template <class Entry>
-    std::vector<Entry> Table(const wchar_t* member) const;
+    std::vector<Entry> Table(MemberName member) const;
 
     Object common_;
     std::optional<HostWindow> mainForm_;

@@ -1,14 +1,11 @@
 #include "automation/ports/HostRecordset.h"
 
-#include "automation/ports/FieldValues.h"
-
-#include <algorithm>
-
 namespace lumarin::automation {
 
 namespace {
 
 constexpr int OpenState = 1;
+
 }  // namespace
 
 bool HostRecordset::IsOpen() const { return (IntegerOf(rows_.Get(L"State").Get()) & OpenState) != 0; }
@@ -24,15 +21,22 @@ Variant HostRecordset::Fetch(std::string_view column) const {
     return collection_->GetDefault({Variant(column)});
 }
 
-FieldValue HostRecordset::Field(std::string_view column) const {
-    const auto known = std::find_if(columns_.begin(), columns_.end(),
-                                    [column](const Column& other) { return other.name == column; });
-    if (known != columns_.end() && known->field) return FieldOf(known->field->Get(L"Value").Get());
-    const Variant fetched = Fetch(column);
-    if (fetched.Type() != VT_DISPATCH && fetched.Type() != VT_UNKNOWN) return FieldOf(fetched.Get());
+const Object* HostRecordset::Known(std::string_view column) const {
+    for (std::size_t tries = columns_.size(); tries > 0; --tries) {
+        if (next_ >= columns_.size()) next_ = 0;
+        const Column& known = columns_[next_++];
+        if (known.name == column) return &known.field;
+    }
+    return nullptr;
+}
+
+Variant HostRecordset::Value(std::string_view column) const {
+    if (const Object* known = Known(column)) return known->Get(L"Value");
+    Variant fetched = Fetch(column);
+    if (fetched.Type() != VT_DISPATCH && fetched.Type() != VT_UNKNOWN) return fetched;
     const Object field(ObjectOf(fetched.Get()), "field " + std::string(column));
     columns_.push_back({std::string(column), field});
-    return FieldOf(field.Get(L"Value").Get());
+    return field.Get(L"Value");
 }
 
 }  // namespace lumarin::automation

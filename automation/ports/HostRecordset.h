@@ -1,6 +1,7 @@
 #pragma once
 
 #include "automation/calls/Object.h"
+#include "automation/ports/FieldValues.h"
 #include "entry/Services.h"
 
 #include <optional>
@@ -24,20 +25,23 @@ public:
     void MoveNext() override { rows_.Call(L"MoveNext"); }
     int RecordCount() const override { return IntegerOf(rows_.Get(L"RecordCount").Get()); }
     void Find(const std::string& criterion) override { rows_.Call(L"Find", {Variant(criterion)}); }
-    FieldValue Field(std::string_view column) const override;
+    FieldValue Field(std::string_view column) const override { return FieldOf(Value(column).Get()); }
     void Close() override { rows_.Call(L"Close"); }
 
 private:
     struct Column {
         std::string name;
-        std::optional<Object> field;
+        Object field;
     };
 
+    const Object* Known(std::string_view column) const;
     Variant Fetch(std::string_view column) const;
+    Variant Value(std::string_view column) const;
 
     Object rows_;
     mutable std::optional<Object> collection_;  ///< of the fields; nothing where `Fields` takes the name
     mutable std::vector<Column> columns_;       ///< those that were asked for
+    mutable std::size_t next_ = 0;              ///< of them: most callers ask in the same order in every row
 };
 
 }  // namespace lumarin::automation
