@@ -19,7 +19,7 @@ LIBRARIES = [
 ]
 STANDARD = re.compile(r"[a-z_0-9]+$")  # no ending, no folder
 SYSTEM = re.compile(
-    r"(dirent|unistd|fcntl|windows|winsock2|ole2|oleauto|dispex|htmlhelp|shellapi|shlobj|wincodec)\.h$|sys/")
+    r"(dirent|unistd|fcntl|windows|winsock2|ole2|oleauto|dispex|initguid|htmlhelp|shellapi|shlobj|wincodec)\.h$|(sys|wrl)/")
 # Folders that may.
 ASKS_SYSTEM = re.compile(r"(automation|platform/system|platform/windows|host/automation|host/drive|host/pdf)(/|$)")
 INCLUDE = re.compile(r'\s*#\s*include\s*(["<])([^">]+)')
@@ -85,7 +85,7 @@ def main(root, list_of_targets):
     with open(list_of_targets, encoding="utf-8") as lines:
         targets = [Target(line) for line in lines if line.strip()]
     checked, faults = 0, []
-    for top in ("src", "platform", "host"):
+    for top in ("src", "platform", "host", "automation"):
         for folder, _, names in os.walk(os.path.join(root, top)):
             for path in (os.path.join(folder, name) for name in names if name.endswith((".h", ".cpp"))):
                 relative = os.path.relpath(path, root)
