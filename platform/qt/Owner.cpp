@@ -28,7 +28,8 @@ private:
 }  // namespace
 
 void Owner::Own(QWidget& window) const {
-    window.winId();  // the window below is there from now on
+    window.setAttribute(Qt::WA_QuitOnClose, false);  // when a host's program ends is its own affair
+    window.winId();                                  // the window below is there from now on
     window.windowHandle()->setTransientParent(widget != nullptr ? widget->window()->windowHandle() : nullptr);
     for (QObject* child : window.windowHandle()->children())
         if (dynamic_cast<ForeignOwner*>(child) != nullptr) delete child;
