@@ -28,6 +28,7 @@ FtpDialog::FtpDialog(lumarin::Desktop& desktop, QWidget* parent) : QDialog(paren
     chkEncrypt_->setChecked(true);
     lstFiles_ = new QListWidget;
     lstFiles_->setObjectName("lstFiles");
+    lstFiles_->setAccessibleName("Files to send");
     lstFiles_->setTextElideMode(Qt::ElideMiddle);  // folder and name both matter
     lstFiles_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     LayOut();
@@ -55,7 +56,7 @@ void FtpDialog::LayOut() {
     form->addRow("&Files:", lstFiles_);
 
     auto* fileButtons = new QHBoxLayout;
-    cmdAdd_ = new QPushButton("&Add ...");
+    cmdAdd_ = new QPushButton("&Add...");
     cmdRemove_ = new QPushButton("Re&move");
     cmdAdd_->setObjectName("cmdAdd");
     cmdRemove_->setObjectName("cmdRemove");

@@ -1,6 +1,6 @@
 #include "host/desktop/Jobs.h"
 
-#include <QMessageBox>
+#include "platform/qt/MessageDialog.h"
 
 namespace host {
 
@@ -35,9 +35,10 @@ void Jobs::EndAll() {
 
 void Jobs::Fail(const Job& job, const QString& what, const std::exception& error) {
     if (job.tool) job.tool->setEnabled(true);
-    QMessageBox box(QMessageBox::Critical, mainWindow_.windowTitle(), what + "\n\n" + error.what(),
-                    QMessageBox::Ok, &mainWindow_);
-    box.exec();
+    lumarin::qt::RunMessageBox({.text = what.toStdString() + "\n\n" + error.what(),
+                                .title = mainWindow_.windowTitle().toStdString(),
+                                .icon = lumarin::Icon::Critical},
+                               {&mainWindow_});
 }
 
 }  // namespace host

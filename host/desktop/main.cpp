@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QLockFile>
-#include <QMessageBox>
 #include <QTimer>
 
 #include <cstdio>
@@ -18,6 +17,7 @@
 #include "host/drive/LineInput.h"
 #include "host/services/DataFolder.h"
 #include "host/web/WebServer.h"
+#include "platform/qt/MessageDialog.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/system/UserSession.h"
 
@@ -58,7 +58,10 @@ bool IsSeen() { return QGuiApplication::platformName() != "offscreen"; }
 int Refuse(const host::ProgramOptions& options, const QString& reason, int exitCode) {
     std::fprintf(stderr, "lumarin-host: %s\n", reason.toUtf8().constData());
     if (IsSeen() && options.drive.empty() && !options.demo)
-        QMessageBox::critical(nullptr, "Lumarin Reference Host", reason);
+        lumarin::qt::RunMessageBox({.text = reason.toStdString(),
+                                    .title = "Lumarin Reference Host",
+                                    .icon = lumarin::Icon::Critical},
+                                   {});
     return exitCode;
 }
 

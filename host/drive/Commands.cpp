@@ -33,6 +33,7 @@ const std::map<QString, Command>& Table() {
         {"drop", {Drop, 2, Any, "drop W.CONTROL PATH..."}},
         {"get", {Get, 1, 1, "get W, get W.CONTROL or get W.TOOL"}},
         {"windows", {Windows, 0, 0, "windows"}},
+        {"unnamed", {Unnamed, 1, 1, "unnamed W"}},
         {"message", {Message, 0, 0, "message"}},
         {"answer", {Answer, 1, 1, "answer BUTTON"}},
         {"choose", {Choose, 0, Any, "choose PATH..."}},

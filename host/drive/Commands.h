@@ -16,6 +16,7 @@ namespace commands {
 // Reading: what is on the screen.
 Step Get(const QStringList& words);
 Step Windows(const QStringList& words);
+Step Unnamed(const QStringList& words);
 Step Message(const QStringList& words);
 Step Shot(const QStringList& words);
 Step Wait(const QStringList& words);

@@ -9,6 +9,7 @@
 
 #include "host/drive/Commands.h"
 #include "host/drive/DriveError.h"
+#include "host/drive/ScreenReader.h"
 #include "host/drive/WidgetFinder.h"
 #include "host/drive/WidgetState.h"
 
@@ -51,6 +52,13 @@ Step Windows(const QStringList&) {
         names.sort();
         return QJsonObject{{"windows", QJsonArray::fromStringList(names)}};
     }};
+}
+
+Step Unnamed(const QStringList& words) {
+    return {.window = words[0], .read = [name = words[0]] {
+                const QStringList parts = UnnamedParts(RequireWindow(name));
+                return QJsonObject{{"unnamed", QJsonArray::fromStringList(parts)}};
+            }};
 }
 
 Step Message(const QStringList&) {

@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QStyle>
 
+#include <utility>
+
 #include "platform/qt/Conversions.h"
 #include "platform/qt/Icons.h"
 
@@ -55,20 +57,21 @@ QMessageBox::Icon IconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-const char* DrawingOf(Icon icon) {
+/// Drawing and name.
+std::pair<const char*, const char*> LooksOf(Icon icon) {
     switch (icon) {
         case Icon::Critical:
-            return "dialog-error";
+            return {"dialog-error", "Error"};
         case Icon::Question:
-            return "dialog-question";
+            return {"dialog-question", "Question"};
         case Icon::Exclamation:
-            return "dialog-warning";
+            return {"dialog-warning", "Warning"};
         case Icon::Information:
-            return "dialog-information";
+            return {"dialog-information", "Information"};
         case Icon::None:
             break;
     }
-    return "";
+    return {"", ""};
 }
 
 /// A box that answers Cancel when it is closed, whatever buttons it has. The toolkit's takes the button that
@@ -123,9 +126,12 @@ void Box::BoundText() {
 /// The style's own pictures are coarse on a fine screen. The box goes on knowing which icon it has.
 void UseDrawing(QMessageBox& box, Icon icon) {
     auto* label = box.findChild<QLabel*>("qt_msgboxex_icon_label");
-    const QIcon drawing = ToolIcon(DrawingOf(icon));
+    const auto [drawn, name] = LooksOf(icon);
+    const QIcon drawing = ToolIcon(drawn);
     const int side = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
-    if (label != nullptr && !drawing.isNull()) label->setPixmap(drawing.pixmap(side));
+    if (label == nullptr) return;
+    label->setAccessibleName(name);
+    if (!drawing.isNull()) label->setPixmap(drawing.pixmap(side));
 }
 
 QMessageBox::StandardButton ButtonOf(Answer answer) {

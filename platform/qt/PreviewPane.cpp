@@ -23,6 +23,8 @@ PreviewPane::PreviewPane(QWidget* parent)
       picture_(new PictureWidget(this)),
       pixels_(new QLabel(this)),
       bytes_(new QLabel(this)) {
+    picture_->setObjectName("previewPicture");
+    picture_->setAccessibleName("Preview");
     picture_->setMinimumSize(Side, Side);
     picture_->SetIcon(ToolIcon("image-x-generic"), PictureWidget::IconUse::PlaceHolder);
     pixels_->setObjectName("previewPixels");

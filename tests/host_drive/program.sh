@@ -53,10 +53,10 @@ quit
 ' --data "$data" --photos --drive -
 
 # Controls, menus, the file dialog and questions are worked as a person does; the end dismisses what still asks.
-answers='"name":"View".*"windows":\["frmLumarin","frmMain"\].*"text":"Grüße X".*"caption":"Anywhere","checked":true.*'
+answers='"name":"View".*"unnamed":\[\].*"windows":\["frmLumarin","frmMain"\].*"text":"Grüße X".*"caption":"Anywhere","checked":true.*'
 answers+='"selected":2,"text":"Pending".*\[\["Front"\],\["Rear"\]\],"selected":1.*'
 answers+='"allSelected":\[0,1\].*\[\["Rear"\],\["Front"\]\].*'
-answers+='"title":"Send Photos".*takes no input while.* null '
+answers+='"title":"Send Photos".*"unnamed":\[\].*takes no input while.* null '
 run 1 "$answers" "
 wait frmLumarin
 set frmLumarin.txtID 100123
@@ -64,6 +64,7 @@ key frmLumarin.txtID Enter
 select frmLumarin.PhotoList 2
 menu frmLumarin.PhotoList
 tool frmLumarin.Open
+unnamed fileDialog
 choose
 windows
 press frmLumarin.cmdBrowse
@@ -83,6 +84,7 @@ get frmLumarin.PhotoList
 key frmLumarin.PhotoList Delete
 press frmLumarin.cmdSend
 message
+unnamed messageBox
 press frmLumarin.cmdRemove
 answer no
 message
@@ -140,11 +142,14 @@ quit
 " --data "$data" --drive -
 [[ -s $folder/new.pdf ]] || { echo "new.pdf was not saved"; failed=1; }
 
-# Sending that failed is asked for again with its entries.
-run 0 '"text":"localhost:1".*"rows":\[\["[^]]*program.sh"' "
+# Sending that failed is asked for again with its entries. A screen reader has names for all of the host's own windows.
+run 0 '"unnamed":\[\].*"unnamed":\[\].*"unnamed":\[\].*"text":"localhost:1".*"rows":\[\["[^]]*program.sh"' "
+unnamed frmMain
 tool frmMain.SendFile
+unnamed dlgSendFile
 set dlgSendFile.txtServer localhost:1
 press dlgSendFile.cmdAdd
+unnamed fileDialog
 choose \"$0\"
 key dlgSendFile.txtServer Enter
 wait messageBox

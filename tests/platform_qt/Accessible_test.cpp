@@ -8,6 +8,7 @@
 #include <cmath>
 #include <set>
 
+#include "host/drive/ScreenReader.h"
 #include "platform/qt/QtDesktop.h"
 #include "platform/qt/Theme.h"
 #include "support/EveryWindow.h"
@@ -15,30 +16,6 @@
 namespace lumarin::testing {
 
 namespace {
-
-/// What a person works or reads, whatever it belongs to.
-const std::set<QAccessible::Role> Named = {
-    QAccessible::Button,      QAccessible::ButtonMenu, QAccessible::EditableText, QAccessible::ComboBox,
-    QAccessible::RadioButton, QAccessible::CheckBox,   QAccessible::Slider,       QAccessible::Tree,
-    QAccessible::Table,       QAccessible::List,       QAccessible::PageTab,      QAccessible::MenuItem,
-    QAccessible::ProgressBar, QAccessible::Graphic,    QAccessible::Animation,    QAccessible::SpinBox,
-    QAccessible::Dialog,      QAccessible::Window};
-
-/// "frmX > groupBox > cmdY" for each of them without a name, below `node`.
-void FindUnnamed(QAccessibleInterface& node, const QString& path, QStringList& unnamed) {
-    if (node.role() == QAccessible::ScrollBar || node.state().invisible) return;
-    const QString here =
-        path + " > " + (node.object() != nullptr ? node.object()->objectName() : QString("item"));
-    const auto hasName = [](const QAccessibleInterface& one) {
-        return !one.text(QAccessible::Name).trimmed().isEmpty();
-    };
-    // A picture on a stage is what the stage is called.
-    const bool onStage = node.role() == QAccessible::Graphic &&
-                         node.parent()->role() == QAccessible::Grouping && hasName(*node.parent());
-    if (Named.contains(node.role()) && !hasName(node) && !onStage) unnamed << here;
-    for (int i = 0; i < node.childCount(); ++i)
-        if (QAccessibleInterface* child = node.child(i); child != nullptr) FindUnnamed(*child, here, unnamed);
-}
 
 double Luminance(const QColor& colour) {
     const auto linear = [](double part) {
@@ -71,9 +48,7 @@ TEST(Accessible, EveryControlOfEveryWindow_HasItsRoleAndAName) {
                         role != QAccessible::LayeredPane)
                 << form->Name() << "." << control->ObjectName();
         }
-        QStringList unnamed;
-        FindUnnamed(*QAccessible::queryAccessibleInterface(&window), "", unnamed);
-        EXPECT_EQ(unnamed.join("\n").toStdString(), "");
+        EXPECT_EQ(host::UnnamedParts(window).join("\n").toStdString(), "");
     }
 }
 
