@@ -227,6 +227,8 @@ void FormWindow::InnerSizeChanged() {
     if (size != window_->size()) window_->resize(size);
 }
 
+bool FormWindow::HasUsersSize() const { return !layout_.Of(SizePart).empty() || window_->isMaximized(); }
+
 void FormWindow::TellPlace() {
     ReportInnerSize();
     if (form_ == nullptr) return;

@@ -40,6 +40,8 @@ public:
     void StateChanged() override;
     void PlaceChanged() override;
     void InnerSizeChanged() override;
+    bool HasUsersSize() const override;
+    void SizeIsUsual() override { opened_ = window_->size(); }
     void TellPlace() override;
     void* NativeWindow() const override { return window_.get(); }
 

@@ -52,6 +52,12 @@ void Form::SetInnerSize(const Size& size) {
     if (view_ != nullptr) view_->InnerSizeChanged();
 }
 
+void Form::SetUsualSize(const Size& size) {
+    if (view_ != nullptr && view_->HasUsersSize()) return;
+    SetInnerSize(size);
+    if (view_ != nullptr) view_->SizeIsUsual();
+}
+
 void Form::InnerPlaced(const Size& size) {
     if (size == innerSize_) return;
     innerSize_ = size;

@@ -34,6 +34,10 @@ public:
     virtual void PlaceChanged() = 0;
     /// The code has given the window another inner size.
     virtual void InnerSizeChanged() = 0;
+    /// Whether the user has given the window a size, now or in an earlier run.
+    virtual bool HasUsersSize() const = 0;
+    /// The size that the code has given the window last is one that its user may change for good.
+    virtual void SizeIsUsual() = 0;
     /// The form is about to look at its place: it is to be told (`Placed`). A frame may come, and push the
     /// window on, without any notice of it.
     virtual void TellPlace() = 0;
@@ -80,6 +84,8 @@ public:
     const Size& InnerSize() const { return innerSize_; }
     /// Gives the window this inner size; the frame comes on top of it and the place stays.
     void SetInnerSize(const Size& size);
+    /// The same for a window whose user has not given it another size: that one stays.
+    void SetUsualSize(const Size& size);
     /// For the front end: the area inside the frame has this size now.
     void InnerPlaced(const Size& size);
 

@@ -103,11 +103,6 @@ public:
 
     void SetTwainPicture(PicturePtr picture);
 
-    /// The inner size that the user has left the window with in an earlier run; 0 x 0 when there is none.
-    void SetOpeningSize(const Size& inner) { openingSize_ = inner; }
-    /// The inner size that the user has given the window since it opened; 0 x 0 when it is as it was.
-    Size ChosenSize() const { return openedSize_ == InnerSize() ? Size{} : InnerSize(); }
-
     /// Ends what "Use for all" has begun; also for the pictures to come.
     void StopUsingForAll();
 
@@ -211,8 +206,6 @@ private:
     bool sharp_ = true;       ///< what is seen comes straight from the source
     bool restoring_ = false;  ///< several controls are being set for one change
 
-    Size openingSize_;
-    Size openedSize_;
     double zoom_ = 1;     ///< of the view; 1 fills the stage
     double middleX_ = 0;  ///< what is seen in the middle of the stage
     double middleY_ = 0;

@@ -23,21 +23,16 @@ constexpr int LongestSharpSide = 4096;     // pixels
 
 }  // namespace
 
-// The window opens as the user has left it, or so large that the stage holds the box in both placements; in
-// any case as the screen allows.
+// The window opens so large that the stage holds the box in both placements, as far as the screen allows.
 void frmPhotoCrop::ChooseSize() {
     const Size room = crop::LargestPlacements(aspectRatio_);
     const Size screen = desktop().ScreenSize();
-    const auto chosen = [](double stored, double inner, double stage, double needed, double ofScreen) {
-        const double most = ofScreen - ScreenMargin;
-        if (stored > 0) return std::min(stored, most);
+    const auto chosen = [](double inner, double stage, double needed, double ofScreen) {
         const double wanted = std::max(ofScreen * ShareOfScreen, inner + needed + 2 * StageMargin - stage);
-        return std::max(inner, std::min(wanted, most));
+        return std::max(inner, std::min(wanted, ofScreen - ScreenMargin));
     };
-    SetInnerSize(
-        {chosen(openingSize_.width, InnerSize().width, Shape1.Width(), room.width, screen.width),
-         chosen(openingSize_.height, InnerSize().height, Shape1.Height(), room.height, screen.height)});
-    openedSize_ = InnerSize();
+    SetUsualSize({chosen(InnerSize().width, Shape1.Width(), room.width, screen.width),
+                  chosen(InnerSize().height, Shape1.Height(), room.height, screen.height)});
 }
 
 void frmPhotoCrop::ConnectView() {

@@ -16,7 +16,6 @@ constexpr const char* OwnSection = "Lumarin";
 constexpr const char* PhotosSection = "Photos";
 constexpr const char* PositionKey = "Start Up Position";
 constexpr const char* ImportKey = "Default Import Dir";
-constexpr const char* CropSizeKey = "Crop Window Size";
 constexpr const char* PhotoViewKey = "Photo List";
 constexpr const char* DefaultPosition = "1,100";
 
@@ -29,14 +28,6 @@ std::pair<double, double> StoredPlace(const std::string& position) {
     if (parts.size() < 2 || !ParseNumber(parts[0]) || !ParseNumber(parts[1]))
         parts = text::Split(DefaultPosition, ',');
     return {*ParseNumber(parts[0]), *ParseNumber(parts[1])};
-}
-
-Size StoredSize(const std::string& size) {
-    const std::vector<std::string> parts = text::Split(size, ',');
-    if (parts.size() != 2) return {};
-    const auto width = ParseNumber(parts[0]);
-    const auto height = ParseNumber(parts[1]);
-    return width && height && *width > 0 && *height > 0 ? Size{*width, *height} : Size{};
 }
 
 std::string PositionText(const Rect& window) {
@@ -56,7 +47,6 @@ WindowSettings ReadWindowSettings(const VelCommon& host) {
     read.sortNames = settings::ReadInteger(CityInfo(host), OwnSection, "SortNames", 0) != 0;
     read.importFolder = settings::ReadText(UserIni(host), PhotosSection, ImportKey, "");
     read.startUpPosition = settings::ReadText(UserIni(host), PhotosSection, PositionKey, DefaultPosition);
-    read.cropWindow = StoredSize(settings::ReadText(UserIni(host), OwnSection, CropSizeKey, ""));
     read.photoView = settings::ReadText(UserIni(host), OwnSection, PhotoViewKey, "");
     return read;
 }
@@ -83,12 +73,6 @@ void WriteStartUpPosition(const VelCommon& host, const Rect& window) {
 
 void WritePhotoView(const VelCommon& host, const std::string& photoView) {
     settings::WriteText(UserIni(host), OwnSection, PhotoViewKey, photoView);
-}
-
-void WriteCropWindowSize(const VelCommon& host, const Size& inner) {
-    settings::WriteText(
-        UserIni(host), OwnSection, CropSizeKey,
-        SingleText(static_cast<float>(inner.width)) + "," + SingleText(static_cast<float>(inner.height)));
 }
 
 void WriteImportFolder(const VelCommon& host, const std::string& folder) {

@@ -15,7 +15,6 @@ struct WindowSettings {
     bool sortNames = false;
     std::string importFolder;
     std::string startUpPosition;
-    Size cropWindow;        ///< inner size; 0 x 0 when none is stored
     std::string photoView;  ///< how the user has the photo list shown; "" when nothing is stored
 };
 
@@ -34,8 +33,6 @@ bool StandsAt(const std::string& position, const Rect& window);
 void WriteStartUpPosition(const VelCommon& host, const Rect& window);
 
 void WritePhotoView(const VelCommon& host, const std::string& photoView);
-
-void WriteCropWindowSize(const VelCommon& host, const Size& inner);
 
 void WriteImportFolder(const VelCommon& host, const std::string& folder);
 

@@ -102,7 +102,6 @@ void frmLumarin::Init(std::int32_t JobIndex) {
     cropWindow_ = std::make_unique<frmPhotoCrop>(desktop(), ports_.imaging);
     settings_ = ReadWindowSettings(host);
     cropWindow_->SetPhotoSize(settings_.photoSize);
-    cropWindow_->SetOpeningSize(settings_.cropWindow);
     descriptions_ = DescriptionTable(host.PhotoDescriptions());
     BuildDescriptionTools(Menu, descriptions_);
     std::vector<ComboBox::Item> views;
@@ -359,8 +358,6 @@ void frmLumarin::OnUnload() {
     if (!lastFolder_.empty() && lastFolder_ != settings_.importFolder) WriteImportFolder(host, lastFolder_);
     const bool moved = Bounds().left != placed_.left || Bounds().top != placed_.top;
     if (moved && !StandsAt(settings_.startUpPosition, Bounds())) WriteStartUpPosition(host, Bounds());
-    if (cropWindow_ != nullptr && cropWindow_->ChosenSize() != Size{})
-        WriteCropWindowSize(host, cropWindow_->ChosenSize());
     for (const auto& [number, record] : records_) record->CloseListing(LocalFiles::Keep, Publish::No);
     records_.clear();
     current_ = nullptr;

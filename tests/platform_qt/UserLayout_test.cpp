@@ -76,6 +76,22 @@ TEST_F(UserLayout, WindowOpenedAgain_IsAsTheUserLeftIt) {
     Close();
 }
 
+TEST_F(UserLayout, SizeThatTheCodeNames_YieldsToTheUsers) {
+    QSize left;
+    for (const int more : {0, -40, 0}) {
+        const auto made = windows.Make();
+        auto& crop = dynamic_cast<frmPhotoCrop&>(*made[1]);
+        crop.SetPhotoSize("480,300,35,35000");
+        crop.Show(nullptr);
+        window = static_cast<QWidget*>(crop.NativeWindow());
+        QTest::qWait(1);
+        EXPECT_EQ(left.isEmpty() ? window->size() : left, window->size());
+        window->resize(window->width() + more, window->height());
+        left = window->size();
+        crop.Hide();
+    }
+}
+
 TEST_F(UserLayout, KeptTextIsFromElsewhere_IsTakenAsFarAsItFits) {
     for (const char* text : {"size=30000,30000;splitter=1;RecList=5", "size=0,0;splitter=x,;RecList=,;=;",
                              "size=-5,7;RecList=99999999999,1,1;splitter=0,0", "maximised=1;size=1"}) {
