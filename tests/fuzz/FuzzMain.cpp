@@ -41,31 +41,19 @@ public:
 private:
     std::size_t Below(std::size_t limit) { return limit == 0 ? 0 : random_() % limit; }
 
+    /// Turns a bit over, or puts a run of one byte, a piece of another seed or nothing in place of a stretch.
     void Change(std::string& bytes) {
-        const std::size_t from = Below(bytes.size() + 1), count = Below(bytes.size() - from + 1);
-        const auto byte = static_cast<char>(Below(2) == 0 ? 0xFF : Below(256));
-        switch (Below(6)) {
-            case 0:
-                if (from < bytes.size()) bytes[from] = static_cast<char>(bytes[from] ^ 1 << Below(8));
-                break;
-            case 1:
-                if (from < bytes.size()) bytes[from] = byte;
-                break;
-            case 2:
-                bytes.resize(from);
-                break;
-            case 3:
-                bytes.insert(from, 1 + Below(40), byte);
-                break;
-            case 4: {  // a piece of another seed
-                const std::string& other = seeds_[Below(seeds_.size())];
-                const std::size_t piece = Below(other.size() + 1);
-                bytes.insert(from, other, piece, Below(other.size() - piece + 1));
-                break;
-            }
-            default:
-                bytes.erase(from, count);
+        const std::size_t from = Below(bytes.size() + 1);
+        if (from < bytes.size() && Below(4) == 0) {
+            bytes[from] = static_cast<char>(bytes[from] ^ 1 << Below(8));
+            return;
         }
+        const std::string& other = seeds_[Below(seeds_.size())];
+        const std::size_t piece = Below(other.size() + 1);
+        const auto byte = static_cast<char>(Below(2) == 0 ? 0xFF : Below(256));
+        const std::string put[] = {std::string(Below(40), byte), other.substr(piece, Below(other.size())),
+                                   ""};
+        bytes.replace(from, Below(3) == 0 ? Below(bytes.size()) : Below(3), put[Below(3)]);
     }
 
     const std::vector<std::string>& seeds_;

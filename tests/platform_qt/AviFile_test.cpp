@@ -60,9 +60,7 @@ TEST(AviFile, Film_WithSoundAndNestedFrames_GivesItsPictures) {
 TEST(AviFile, DamagedBytes_OnlyLoseFrames) {
     const QByteArray whole = Film();
     std::mt19937 random(4711);
-    const auto below = [&](qsizetype limit) {
-        return static_cast<qsizetype>(random() % static_cast<unsigned>(limit));
-    };
+    const auto below = [&](qsizetype limit) { return qsizetype(random() % unsigned(limit)); };
     for (int round = 0; round < 2000; ++round) {
         QByteArray bytes = whole.left(round % 4 == 0 ? 1 + below(whole.size()) : whole.size());
         for (int change = 0; change < 4; ++change) bytes[below(bytes.size())] = static_cast<char>(random());
