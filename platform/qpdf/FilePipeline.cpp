@@ -7,13 +7,14 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/FileSystem.h"
 #include "base/Files.h"
 
 namespace lumarin::qpdf {
 
 FilePipeline::FilePipeline(const std::string& path, Start start) : Pipeline("file", nullptr), path_(path) {
     try {
-        file_ = QUtil::safe_fopen(path.c_str(), start == Start::Anew ? "wb" : "ab");
+        file_ = QUtil::safe_fopen(files::LibraryPath(path).c_str(), start == Start::Anew ? "wb" : "ab");
     } catch (const std::exception&) {
         Fail();
     }
@@ -28,6 +29,8 @@ void FilePipeline::write(const unsigned char* data, std::size_t size) {
 }
 
 void FilePipeline::Close() {
+    // Not every C library's fclose tells that the last bytes could not be written.
+    if (std::fflush(file_) != 0) Fail();
     if (std::fclose(std::exchange(file_, nullptr)) != 0) Fail();
 }
 
