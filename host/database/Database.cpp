@@ -1,6 +1,7 @@
 #include "host/database/Database.h"
 
 #include "base/Error.h"
+#include "base/FileSystem.h"
 #include "host/database/SqlFunctions.h"
 
 #include <sqlite3.h>
@@ -18,8 +19,9 @@ Database::Database(const std::string& path, DatabaseUse use) {
     // Also for queries: a connection that may not write could not undo what a killed process left halfway.
     // Without the engine's locks, which cost more than reading a short value: one thread at a time is the
     // rule.
-    const int code = sqlite3_open_v2(
-        path.c_str(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code =
+        sqlite3_open_v2(lumarin::files::LibraryPath(path).c_str(), &handle_,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     try {
         if (code != SQLITE_OK) Fail(code, "open " + path);
         sqlite3_extended_result_codes(handle_, 1);

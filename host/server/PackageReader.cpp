@@ -1,5 +1,6 @@
 #include "host/server/PackageReader.h"
 
+#include "base/FileSystem.h"
 #include "base/Numbers.h"
 #include "host/server/Jpeg.h"
 #include "host/server/Refusal.h"
@@ -59,7 +60,8 @@ std::string PhotoName(std::int32_t listing, std::size_t photo) {
 PackageReader PackageReader::FromFile(const std::string& path) {
     zip_error_t error;
     zip_error_init(&error);
-    return PackageReader(OpenArchive(zip_source_file_create(path.c_str(), 0, -1, &error), error));
+    return PackageReader(
+        OpenArchive(zip_source_file_create(lumarin::files::LibraryPath(path).c_str(), 0, -1, &error), error));
 }
 
 PackageReader PackageReader::FromBytes(std::string_view bytes) {

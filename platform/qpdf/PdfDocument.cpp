@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <set>
 
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "platform/qpdf/FilePipeline.h"
 #include "platform/qpdf/PagePicture.h"
@@ -94,7 +95,7 @@ std::unique_ptr<PdfDocument> PdfDocument::Create(const std::string& path) {
 
 std::unique_ptr<PdfDocument> PdfDocument::Open(const std::string& path) {
     std::unique_ptr<PdfDocument> document(new PdfDocument(path));
-    document->pdf_->processFile(path.c_str());
+    document->pdf_->processFile(files::LibraryPath(path).c_str());
     Object pages = document->pdf_->getRoot().getKey("/Pages");
     if (!pages.isIndirect() || !pages.isDictionary() || !pages.getKey("/Kids").isArray() ||
         !pages.getKey("/Count").isInteger())

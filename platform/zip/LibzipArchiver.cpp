@@ -3,6 +3,7 @@
 #include <zip.h>
 
 #include "base/Error.h"
+#include "base/FileSystem.h"
 #include "base/Files.h"
 #include "base/Text.h"
 
@@ -25,7 +26,7 @@ class Archive {
 public:
     explicit Archive(const std::string& path) : path_(path) {
         int code = 0;
-        archive_ = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+        archive_ = zip_open(files::LibraryPath(path).c_str(), ZIP_CREATE | ZIP_TRUNCATE, &code);
         if (archive_ == nullptr) throw FileError("create", path, ReasonOf(code));
     }
     ~Archive() {
@@ -36,7 +37,7 @@ public:
 
     void Add(const std::string& file) {
         if (!files::FileExists(file)) throw FileError("package", file, "no such file");
-        zip_source_t* source = zip_source_file(archive_, file.c_str(), 0, WholeFile);
+        zip_source_t* source = zip_source_file(archive_, files::LibraryPath(file).c_str(), 0, WholeFile);
         if (source == nullptr) throw FileError("package", file, zip_strerror(archive_));
         const std::string name = text::AfterLastSeparator(file);
         const zip_int64_t index = zip_file_add(archive_, name.c_str(), source, ZIP_FL_ENC_GUESS);

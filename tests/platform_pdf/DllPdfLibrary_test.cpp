@@ -40,7 +40,9 @@ protected:
 
 TEST_F(DllPdfLibraryTest, Document_ThroughTheLibrary_HasItsPagesAndPropertiesWhateverTheFolder) {
     ExpectDone(library.Load(dll));
-    for (const std::string name : {"plain", "\u00DCber", "\u65E5\u672C \u0416"}) {
+    const std::string manyLetters(120, 'l');
+    for (const std::string name : {std::string("plain"), std::string("\u00DCber"),
+                                   std::string("\u65E5\u672C \u0416"), manyLetters + "/" + manyLetters}) {
         SCOPED_TRACE(name);
         const std::string user = folder.Path() + name + files::Separator;
         files::EnsureFolder(user);

@@ -69,4 +69,23 @@ TEST_F(TwoWindows, OneSendsWhileTheOtherDoes_BothComeToTheirEnd) {
         }
 }
 
+TEST_F(TwoWindows, FolderOfAnyLettersAndLength_TakesTheWholeWork) {
+    Start();
+    const std::string deep =
+        folder->Path() + "\u00E9\u4E2D \u0416/" + std::string(120, 'd') + "/" + std::string(120, 'e') + "/";
+    Workplace::Prepare(deep);
+    Workplace there(deep);
+    there.Open();
+    there.Load("1001");
+    there.Add(1);
+    there.AddLarge();
+    there.Send();
+    there.OpenDocuments();
+    there.BuildPdf();
+    there.AddPdf();
+    EXPECT_EQ(there.Told(), 0U) << there.LastMessage();
+    EXPECT_EQ(Workplace::PublishedIn(deep)["1001"].size(), 2U);
+    EXPECT_EQ(there.Documents().size(), 2U);
+}
+
 }  // namespace lumarin::reliability

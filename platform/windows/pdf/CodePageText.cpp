@@ -4,10 +4,12 @@
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 #include "base/Error.h"
 #include "base/FileSystem.h"
 #include "base/Text.h"
+#include "platform/windows/WideText.h"
 
 namespace lumarin::windows {
 
@@ -29,16 +31,21 @@ std::wstring Widen(const std::string& narrow) {
     return wide;
 }
 
-/// Nothing when the code page would make another path of it: a letter it lacks may turn into one alike.
+/// Nothing when the code page would make another path of it, a letter it lacks may turn into one alike, or
+/// when functions with narrow texts do not take one of that length.
 std::optional<std::string> Exactly(const std::filesystem::path& path) {
     const std::string narrow = Narrow(path.native());
+    if (narrow.size() >= MAX_PATH) return std::nullopt;
     return Widen(narrow) == path.native() ? std::optional(narrow) : std::nullopt;
 }
 
+/// The short names of the whole folder, without the mark of a long path.
 std::filesystem::path ShortNames(const std::filesystem::path& folder) {
+    constexpr std::wstring_view LongMark = L"\\\\?\\", LongShareMark = L"\\\\?\\UNC\\";
     std::wstring names(GetShortPathNameW(folder.c_str(), nullptr, 0), L'\0');
     names.resize(GetShortPathNameW(folder.c_str(), names.data(), static_cast<DWORD>(names.size())));
-    return names;
+    if (names.starts_with(LongShareMark)) return names.replace(0, LongShareMark.size(), L"\\\\");
+    return names.starts_with(LongMark) ? names.substr(LongMark.size()) : names;
 }
 
 }  // namespace
@@ -49,13 +56,14 @@ std::string ToProcessCodePage(const std::string& utf8) {
 }
 
 std::string ToProcessCodePagePath(const std::string& utf8) {
-    const std::filesystem::path path = files::ToPath(utf8).make_preferred();
+    const std::filesystem::path path = ToWide(files::Absolute(utf8));
     if (const auto exact = Exactly(path)) return *exact;
-    if (const auto exact = Exactly(ShortNames(path.parent_path()) / path.filename())) return *exact;
+    const std::filesystem::path folder = files::ToPath(files::ToUtf8(path.parent_path()));
+    if (const auto exact = Exactly(ShortNames(folder) / path.filename())) return *exact;
     throw ApplicationError("QorCreatePdf",
                            "The PDF library cannot be given the path \"" + utf8 +
-                               "\": it has letters that are not in the code page of this computer, "
-                               "and no short name.");
+                               "\": it is too long, or has letters that are not in the code page of this "
+                               "computer, and no short name.");
 }
 
 }  // namespace lumarin::windows
