@@ -52,7 +52,8 @@ QString DefaultSuffix(const std::string& filter) {
 /// or on a file, means that.
 class ClickPassesOn final : public QObject {
 public:
-    using QObject::QObject;
+    explicit ClickPassesOn(QFileDialog& dialog)
+        : QObject(&dialog), shown_(dialog.findChild<QListView*>("listView")) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* list = qobject_cast<QWidget*>(watched);
@@ -60,6 +61,8 @@ public:
         const auto& press = static_cast<const QMouseEvent&>(*event);
         if (press.button() != Qt::LeftButton || list->rect().contains(press.position().toPoint()))
             return false;
+        // A folder above, selected while it was typed, would be taken for what is typed now.
+        if (shown_ != nullptr) shown_->clearSelection();
         list->hide();
         // When the list has really gone.
         QTimer::singleShot(0, this, [at = press.globalPosition()] { Click(at); });
@@ -77,12 +80,14 @@ private:
             QApplication::sendEvent(target, &click);
         }
     }
+
+    QListView* shown_;
 };
 
 void LetClicksPass(QFileDialog& dialog) {
     auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
     if (name != nullptr && name->completer() != nullptr)
-        name->completer()->popup()->installEventFilter(new ClickPassesOn(&dialog));
+        name->completer()->popup()->installEventFilter(new ClickPassesOn(dialog));
 }
 
 /// Pictures in a grid, as in an album.
