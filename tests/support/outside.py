@@ -24,7 +24,10 @@ def path_of(match):
 def serve(connection):
     line = b""
     while not line.endswith(b"\0"):
-        line += connection.recv(65536)
+        part = connection.recv(65536)
+        if not part:
+            return  # the test ended before it had asked
+        line += part
     line = re.sub(r"\b([A-Za-z]):([\\/][^'\" ]*)", path_of, line[:-1].decode())
     command = subprocess.Popen(["/bin/bash", "-c", line], stdout=subprocess.PIPE, start_new_session=True)
 
