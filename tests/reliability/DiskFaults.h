@@ -11,10 +11,14 @@ enum class Kind {
     Full,       ///< nothing can be made or grow from that call on, which writes half of what it should
     ReadOnly,   ///< nothing can be changed from that call on
     Locked,     ///< from that call on nobody gets at its file, neither for writing nor for reading
+    Damaged,    ///< from that call on nobody gets any bytes of its file, whose name is still there
     Vanished,   ///< the file that is opened by that call is gone
     Killed,     ///< the program is killed before that call
     KilledHalf  ///< the program is killed in the middle of that call, or behind it if it has no middle
 };
+
+/// Faults are tried at one call of so many: under Wine each takes its time.
+extern const int Stride;
 
 /// Counting starts again; the fault happens at the call of this number, from 1. `folder` ends in a separator.
 void Begin(const std::string& folder, Kind kind, int call);

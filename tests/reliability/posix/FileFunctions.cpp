@@ -1,4 +1,5 @@
 #include "reliability/DiskFaults.h"
+#include "reliability/Fate.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -12,8 +13,6 @@
 #include <climits>
 #include <cstdarg>
 #include <cstdio>
-#include <cstdlib>
-#include <string_view>
 
 // The C library's functions are replaced in this program by ones that count and then call it, under the same
 // names: the libraries below, too, find these. They run inside of anything, so they do nothing clever.
@@ -22,81 +21,14 @@ namespace lumarin::disk_faults {
 
 namespace {
 
-enum class Use : char { Read = 'R', Make = 'M', Grow = 'G', Change = 'C' };
-
-struct Rule {
-    std::string_view counted;  ///< the uses
-    int error;  ///< of the chosen call and of all later ones; 0 when it is about that call only
-};
-/// By kind.
-constexpr Rule Rules[] = {{"MGC", 0}, {"MG", ENOSPC}, {"MGC", EROFS}, {"RMGC", EACCES},
-                          {"R", 0},   {"MGC", 0},     {"MGC", 0}};
-
-struct State {
-    char folder[PATH_MAX] = "";
-    char locked[PATH_MAX] = "";
-    Kind kind = Kind::None;
-    int call = 0;
-    int calls = 0;
-    bool paused = false;
-};
-State state;
-
-/// What is to happen to a call. One that comes to its middle writes half where it writes at all.
-enum class Fate { Well, Error, Middle };
-
-/// Without the ending of a file that is just being written: that is the same file.
-std::string_view Stem(const char* path) {
-    std::string_view stem(path);
-    if (stem.ends_with(".part")) stem.remove_suffix(5);
-    return stem;
-}
-
-Fate FateOf(const char* path, Use use) {
-    const Rule& rule = Rules[static_cast<int>(state.kind)];
-    if (state.folder[0] == '\0' || state.paused || !std::string_view(path).starts_with(state.folder) ||
-        rule.counted.find(static_cast<char>(use)) == std::string_view::npos)
-        return Fate::Well;
-    const bool first = ++state.calls == state.call;
-    if (!first && (state.call < 1 || state.calls < state.call || rule.error == 0)) return Fate::Well;
-    errno = rule.error;
-    switch (state.kind) {
-        case Kind::Full:
-            return first && use == Use::Grow ? Fate::Middle : Fate::Error;
-        case Kind::Locked:
-            if (first) std::snprintf(state.locked, sizeof state.locked, "%s", path);
-            return Stem(path) == Stem(state.locked) ? Fate::Error : Fate::Well;
-        case Kind::Vanished:
-            unlink(path);
-            return Fate::Well;
-        case Kind::Killed:
-            kill(getpid(), SIGKILL);
-            return Fate::Error;
-        case Kind::KilledHalf:
-            return Fate::Middle;
-        default:
-            return Fate::Error;
-    }
-}
-
 Fate FateOf(int file, Use use) {
-    if (state.folder[0] == '\0') return Fate::Well;
+    if (!IsOn()) return Fate::Well;
     char link[64], path[PATH_MAX];
     std::snprintf(link, sizeof link, "/proc/self/fd/%d", file);
     const ssize_t length = readlink(link, path, sizeof path - 1);
     if (length < 0) return Fate::Well;
     path[length] = '\0';
     return FateOf(path, use);
-}
-
-template <class Result, class Call>
-Result Does(Fate fate, Result failure, Call call) {
-    if (fate == Fate::Error) return failure;
-    const Result result = call();
-    if (fate == Fate::Well) return result;
-    if (state.kind == Kind::KilledHalf) kill(getpid(), SIGKILL);
-    errno = ENOSPC;
-    return failure;
 }
 
 Use UseOf(const char* path, int flags) {
@@ -110,20 +42,18 @@ Use UseOf(const char* path, const char* mode) {
 
 }  // namespace
 
-void Begin(const std::string& folder, Kind kind, int call) {
-    state = {};
-    state.kind = kind;
-    state.call = call;
-    std::snprintf(state.folder, sizeof state.folder, "%s", folder.c_str());
+const int Stride = 1;
+
+void Prepare() {}
+
+void SetReason(Reason reason) {
+    constexpr int Numbers[] = {0, ENOSPC, EROFS, EACCES, EIO};
+    errno = Numbers[static_cast<int>(reason)];
 }
 
-void Pause(bool paused) { state.paused = paused; }
+void RemoveFile(std::string_view path) { unlink(path.data()); }
 
-int End() {
-    const int calls = state.calls;
-    state = {};
-    return calls;
-}
+void KillThisProgram() { kill(getpid(), SIGKILL); }
 
 }  // namespace lumarin::disk_faults
 
@@ -173,6 +103,12 @@ REPLACE(int, mkdir, -1, FateOf(path, Use::Make), (const char* path, mode_t mode)
 REPLACE(int, ftruncate64, -1, FateOf(file, Use::Change), (int file, off64_t length) noexcept, (file, length))
 REPLACE(int, truncate, -1, FateOf(path, Use::Change), (const char* path, off_t length) noexcept,
         (path, length))
+REPLACE(ssize_t, read, -1, FateOf(file, Use::Take), (int file, void* bytes, size_t count),
+        (file, bytes, count))
+REPLACE(ssize_t, pread64, -1, FateOf(file, Use::Take), (int file, void* bytes, size_t count, off64_t at),
+        (file, bytes, count, at))
+REPLACE(size_t, fread, 0, FateOf(fileno(file), Use::Take),
+        (void* bytes, size_t size, size_t count, FILE* file), (bytes, size, count, file))
 REPLACE_WRITING(write, file, count, (int file, const void* bytes, size_t count), (file, bytes, count))
 REPLACE_WRITING(pwrite64, file, count, (int file, const void* bytes, size_t count, off64_t at),
                 (file, bytes, count, at))
