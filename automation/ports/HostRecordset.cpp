@@ -39,4 +39,12 @@ Variant HostRecordset::Value(std::string_view column) const {
     return field.Get(L"Value");
 }
 
+void HostRecordset::ReadText(std::string_view column, std::string& text) const {
+    const Variant value = Value(column);
+    if (value.Type() == VT_BSTR)
+        Assign(text, value.Get().bstrVal);
+    else
+        text = FieldOf(value.Get()).Text();
+}
+
 }  // namespace lumarin::automation

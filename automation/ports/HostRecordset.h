@@ -26,6 +26,7 @@ public:
     int RecordCount() const override { return IntegerOf(rows_.Get(L"RecordCount").Get()); }
     void Find(const std::string& criterion) override { rows_.Call(L"Find", {Variant(criterion)}); }
     FieldValue Field(std::string_view column) const override { return FieldOf(Value(column).Get()); }
+    void ReadText(std::string_view column, std::string& text) const override;
     void Close() override { rows_.Call(L"Close"); }
 
 private:

@@ -49,6 +49,9 @@ public:
     FieldValue Field(std::string_view column) const override {
         return AtDatabase([&] { return rows_->Field(column); });
     }
+    void ReadText(std::string_view column, std::string& text) const override {
+        AtDatabase([&] { rows_->ReadText(column, text); });
+    }
     /// For a caller to whom it matters that this fails; nobody else need call it.
     void Close() override {
         AtDatabase([&] { rows_->Close(); });

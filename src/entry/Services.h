@@ -38,6 +38,8 @@ public:
     virtual void Find(const std::string& criterion) = 0;
     /// The column's value in the current row. Throws Error for an unknown column or without a row.
     virtual FieldValue Field(std::string_view column) const = 0;
+    /// The same value as a text, into one that is there: in thousands of rows most find room in it.
+    virtual void ReadText(std::string_view column, std::string& text) const { text = Field(column).Text(); }
     virtual void Close() = 0;
 };
 

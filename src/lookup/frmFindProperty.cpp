@@ -259,9 +259,10 @@ std::vector<PackedRow> frmFindProperty::NextRows(int count) {
     ListView::Row row;
     row.subItems.resize(columns_.size());
     for (; count > 0 && !records_->Eof(); --count, records_->MoveNext()) {
-        row.text = row.key = records_->Field("SelectedId").Text();
+        records_->ReadText("SelectedId", row.key);
+        row.text = row.key;
         for (std::size_t i = 0; i < columns_.size(); ++i)
-            row.subItems[i] = records_->Field(columns_[i].field).Text();
+            records_->ReadText(columns_[i].field, row.subItems[i]);
         rows.emplace_back(row);
     }
     return rows;
