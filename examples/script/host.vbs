@@ -5,82 +5,58 @@ Option Explicit
 
 Class MainWindow
     Public Switch                       ' 1 opens the document manager, anything else the photo window
-    Public Sub Prog(first, second)
-    End Sub
 End Class
 
 Class ToolbarTool
     Public Enabled
 End Class
 
-' The rows of one query: one row, or none. A field's Value is that of the current row.
-Class Field
-    Public Rows
-    Public Name
-    Public Property Get Value
-        Value = Rows.ValueOf(Name)
-    End Property
-End Class
-
+' The rows of a query: one listing, or none.
 Class Recordset
-    Public RecordCount
-    Public State
-    Private row
-    Public Sub Fill(count)
-        RecordCount = count
-        row = 0
+    Public RecordCount: Public State: Public BOF: Public EOF
+    Public Sub Fill(found)
+        RecordCount = Abs(found)        ' True is -1
         State = 1
+        BOF = Not found
+        MoveFirst
     End Sub
-    Public Property Get EOF
-        EOF = (row >= RecordCount)
-    End Property
-    Public Property Get BOF
-        BOF = (RecordCount = 0)
-    End Property
     Public Sub MoveFirst
-        row = 0
+        EOF = BOF
     End Sub
     Public Sub MoveNext
-        row = row + 1
+        EOF = True
     End Sub
     Public Sub Find(criterion)          ' of published photos, which there are not
-        row = RecordCount
+        EOF = True
     End Sub
     Public Sub Close
         State = 0
     End Sub
+    ' A recordset of a database gives an object with a Value here; the value itself will do.
     Public Function Fields(name)
-        Set Fields = New Field
-        Set Fields.Rows = Me
-        Fields.Name = name
-    End Function
-    Public Function ValueOf(name)
-        Select Case LCase(name)
-            Case "listnum", "selectedid"
-                ValueOf = 1001
-            Case "streetnumber"
-                ValueOf = "12"
-            Case "streetname"
-                ValueOf = "Main St"
-            Case "listagentid"
-                ValueOf = "ME"
+        Select Case name
+            Case "ListNum", "SelectedId"
+                Fields = 1001
+            Case "StreetName"
+                Fields = "Main St"
+            Case "ListAgentId"
+                Fields = "ME"
             Case Else
-                ValueOf = Null
+                Fields = Null
         End Select
     End Function
 End Class
 
-Class Database
+' The broker and its three services in one.
+Class Server
+    Private chunks
+    Public Function GetClassInstance(name)
+        Set GetClassInstance = Me
+    End Function
     Public Function Execute(connection, sql)
         Set Execute = New Recordset
-        Dim found
-        found = InStr(sql, "Listings.ListNum = 1001") + InStr(sql, "WHERE Listnum = 1001")
-        If found > 0 Then Execute.Fill 1 Else Execute.Fill 0
+        Execute.Fill InStr(LCase(sql), "listings.listnum = 1001") + InStr(sql, "WHERE Listnum = 1001") > 0
     End Function
-End Class
-
-Class PhotoServer
-    Private chunks
     ' With a name and a mode (1 begins, 2 ends, 3 drops), or with a chunk and a mode that is missing.
     Public Sub UploadPhotoFile(nameOrChunk, mode)
         If IsArray(nameOrChunk) Then
@@ -92,82 +68,47 @@ Class PhotoServer
         End If
     End Sub
     Public Function BatchUpdate(connection, package, kind)
-        BatchUpdate = 0
+        BatchUpdate = 0                 ' done
     End Function
-End Class
-
-Class DocumentServer
     Public Function Update(command, errorText)
-        errorText = "This server keeps no documents."
-        Update = True                   ' refused
-    End Function
-End Class
-
-Class Broker
-    Public Function GetClassInstance(name)
-        Select Case name
-            Case "DbInterface"
-                Set GetClassInstance = New Database
-            Case "PhotoInterface"
-                Set GetClassInstance = New PhotoServer
-            Case "DocInterface"
-                Set GetClassInstance = New DocumentServer
-        End Select
+        WScript.Echo "documents: " & command
+        Update = False                  ' not refused
     End Function
 End Class
 
 Class Common
-    Public MainForm
-    Public ServiceBroker
-    Public Folder
-    Public Ended
-    Public Property Get ProgramFolder
-        ProgramFolder = Folder
-    End Property
-    Public Property Get CityFolder
-        CityFolder = Folder
-    End Property
-    Public Property Get UserFolder
-        UserFolder = Folder
-    End Property
-    Public Property Get HelpFilePath
-        HelpFilePath = Folder & "help.html"
-    End Property
-    Public Property Get ConnectionName
-        ConnectionName = "SMALL"
-    End Property
-    Public Property Get AgentId
-        AgentId = "ME"
-    End Property
-    Public Property Get OfficeId
-        OfficeId = "OFFICE"
-    End Property
-    Public Property Get IsOnline
-        IsOnline = True
-    End Property
-    Public Property Get PhotoDescriptions
-        PhotoDescriptions = Array(2110, "Front", 2111, "Rear")
-    End Property
+    Public MainForm: Public ServiceBroker: Public HelpFilePath: Public IsOnline
+    Public ProgramFolder: Public CityFolder: Public UserFolder
+    Public ConnectionName: Public AgentId: Public OfficeId
+    Public PhotoDescriptions
     Public Sub EndJob(index)
         WScript.Echo "job " & index & " ended"
         job.UnloadObj
+        Set job = Nothing
         WScript.Echo "tool " & tool.Enabled
-        Ended = True
     End Sub
 End Class
 
-Dim host, tool, job
+Dim host, tool, job, folder
+folder = WScript.Arguments(0)
 Set host = New Common
 Set host.MainForm = New MainWindow
-Set host.ServiceBroker = New Broker
-host.Folder = WScript.Arguments(0)
-host.MainForm.Switch = 0
 If WScript.Arguments.Count > 1 Then If WScript.Arguments(1) = "documents" Then host.MainForm.Switch = 1
+Set host.ServiceBroker = New Server
+host.ProgramFolder = folder
+host.CityFolder = folder
+host.UserFolder = folder
+host.HelpFilePath = folder & "help.html"
+host.ConnectionName = "SMALL"
+host.AgentId = "ME"
+host.OfficeId = "OFFICE"
+host.IsOnline = True
+host.PhotoDescriptions = Array(2110, "Front", 2111, "Rear")
 Set tool = New ToolbarTool
 tool.Enabled = True
 Set job = CreateObject("QorLumarin.clsLumarin")
 job.Start host, 7, tool
 WScript.Echo "tool " & tool.Enabled
 MsgBox "Press OK to end.", 0, "Script host"
-If Not host.Ended Then job.UnloadObj
+If Not job Is Nothing Then job.UnloadObj
 WScript.Echo "tool " & tool.Enabled

@@ -34,20 +34,11 @@ void CALLBACK LookAndClose(HWND, UINT, UINT_PTR timer, DWORD) {
     PostMessageW(active, WM_CLOSE, 0, 0);
 }
 
-/// By value and by reference, of an object or of a VARIANT that holds one.
-enum class Passing { ByValue, ByReference, ByVariant };
-
-VARIANT Passed(IDispatch** object, VARIANT* holder, Passing passing) {
-    VARIANT argument{};
-    holder->vt = VT_DISPATCH;
-    holder->pdispVal = *object;
-    if (passing == Passing::ByValue) return *holder;
-    argument.vt = passing == Passing::ByReference ? VT_BYREF | VT_DISPATCH : VT_BYREF | VT_VARIANT;
-    if (passing == Passing::ByReference)
-        argument.ppdispVal = object;
-    else
-        argument.pvarVal = holder;
-    return argument;
+VARIANT ReferenceToObject(const Variant& holder) {
+    VARIANT reference = holder.Get();
+    reference.vt = VT_BYREF | VT_DISPATCH;
+    reference.ppdispVal = const_cast<IDispatch**>(&holder.Get().pdispVal);
+    return reference;
 }
 
 }  // namespace
@@ -81,20 +72,19 @@ TEST_F(TestHost, Start_AsTheMainFormSwitches_OpensAWindowAndEndsItForTheHostOrTh
 }
 
 TEST_F(TestHost, Start_ByNameWithArgumentsOfEveryForm_OpensTheWindow) {
-    for (const Passing passing : {Passing::ByValue, Passing::ByReference, Passing::ByVariant}) {
-        for (const bool indexAsText : {false, true}) {
-            const auto job = NewClass();
-            VARIANT held[2];
-            IDispatch *services = common.Get(), *button = tool.Get();
-            const Variant index = indexAsText ? Variant("9") : Variant(std::int32_t{9});
-            EXPECT_EQ(CallByName(*job.Get(), L"start",
-                                 {Passed(&services, &held[0], passing), index.Get(),
-                                  Passed(&button, &held[1], passing)}),
-                      S_OK);
-            EXPECT_NE(Seen(PhotoWindow), nullptr);
-            EXPECT_EQ(CallByName(*job.Get(), L"UNLOADOBJ", {}), S_OK);
-            EXPECT_TRUE(toolEnabled);
-        }
+    Variant services(common.Get()), button(tool.Get()), number(std::int32_t{9}), text("9");
+    const std::vector<VARIANT> forms[] = {
+        {services.Get(), number.Get(), button.Get()},
+        {ReferenceToObject(services), text.Get(), ReferenceToObject(button)},
+        {Variant::ReferenceToWhole(services).Get(), Variant::ReferenceToWhole(number).Get(),
+         Variant::ReferenceToWhole(button).Get()},
+    };
+    for (const std::vector<VARIANT>& arguments : forms) {
+        const auto job = NewClass();
+        EXPECT_EQ(CallByName(*job.Get(), L"start", arguments), S_OK);
+        EXPECT_NE(Seen(PhotoWindow), nullptr);
+        EXPECT_EQ(CallByName(*job.Get(), L"UNLOADOBJ", {}), S_OK);
+        EXPECT_TRUE(toolEnabled);
     }
 }
 

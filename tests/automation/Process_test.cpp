@@ -90,35 +90,6 @@ TEST_F(TestHost, HostWindow_GoneBeforeTheJob_JobEndsAllTheSame) {
     EXPECT_TRUE(toolEnabled);
 }
 
-/// For the next test, in a process of its own.
-TEST_F(TestHost, DISABLED_HostThatForgetsItsJob) {
-    Microsoft::WRL::ComPtr<_clsLumarin> job = NewClass();
-    ASSERT_EQ(Start(*job.Get()), S_OK);
-    Until([&] { return Seen(PhotoWindow) != nullptr; });
-    job.Detach();
-}
-
-TEST(Process, EndWithoutUnloadObj_IsOrderly) {
-    wchar_t program[MAX_PATH];
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    std::wstring command =
-        std::wstring(program) +
-        L" --gtest_also_run_disabled_tests --gtest_filter=TestHost.DISABLED_HostThatForgetsItsJob";
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    ASSERT_TRUE(CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                               &process));
-    constexpr DWORD LongEnough = 30000;
-    EXPECT_EQ(WaitForSingleObject(process.hProcess, LongEnough), WAIT_OBJECT_0);
-    DWORD code = 99;
-    GetExitCodeProcess(process.hProcess, &code);
-    EXPECT_EQ(code, 0U);
-    TerminateProcess(process.hProcess, 1);
-    CloseHandle(process.hProcess);
-    CloseHandle(process.hThread);
-}
-
 TEST_F(TestHost, Jobs_FiveHundredStartsAndEnds_HoldNoMore) {
     constexpr int WarmUp = 50, Times = 500;
     Holdings before{};

@@ -8,7 +8,6 @@ namespace host {
 
 using lumarin::Error;
 using lumarin::automation::Bstr;
-using lumarin::automation::ElementsOf;
 using lumarin::automation::IntegerOf;
 using lumarin::automation::MakeObject;
 using lumarin::automation::Object;
@@ -84,23 +83,6 @@ TEST_F(HostObjectsTest, Services_TakeArgumentsByReference_AndTellTheirFailures) 
     };
     EXPECT_EQ(failure([&] { Rows(); }), "3021 database: No such table");
     EXPECT_NE(failure([&] { common.Get(L"None"); }).find("has no member \"None\""), std::string::npos);
-}
-
-TEST_F(HostObjectsTest, Members_AnswerWhatTheHostAnswers) {
-    host.switchValue = 1;
-    const Object form = common.AsObject(L"MainForm");
-    EXPECT_EQ(IntegerOf(form.Get(L"Switch").Get()), 1);
-    EXPECT_EQ(IntegerOf(form.Get(L"hWnd").Get()), 4711);
-    form.Call(L"Prog", {Variant(std::int32_t{0}), Variant(std::int32_t{9})});
-    EXPECT_EQ(host.progCalls, (std::vector{std::pair(0, 9)}));
-    common.Call(L"EndJob", {Variant(std::int32_t{7})});
-    EXPECT_EQ(host.endedJobs, std::vector{7});
-    EXPECT_EQ(TextOf(common.Get(L"UserFolder").Get()), host.UserFolder());
-    EXPECT_TRUE(TruthOf(common.Get(L"IsOnline").Get()));
-    EXPECT_EQ(IntegerOf(common.Get(L"UserLevel").Get()), 10);
-    const std::vector<Variant> statuses = ElementsOf(common.Get(L"ListingStatuses").Get());
-    ASSERT_EQ(statuses.size(), 14U);
-    EXPECT_EQ(TextOf(statuses[2].Get()) + TextOf(statuses[3].Get()), "2002Pending");
 }
 
 }  // namespace host
