@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -42,7 +44,8 @@ public:
     std::unique_ptr<SourcePicture> Open(const std::string& path) override {
         ++opened;
         if (openFailure) throw Error(*openFailure);
-        return std::make_unique<Opened>(*this, pictures.at(path));
+        const bool isPage = !pictures.contains(path) && files::FileExists(path);
+        return std::make_unique<Opened>(*this, isPage ? WrittenPage(path) : pictures.at(path));
     }
     std::unique_ptr<SourcePicture> OpenPage(const std::string& path, int) override { return Open(path); }
     std::unique_ptr<SourcePicture> FromMemory(PicturePtr picture) override {
@@ -52,9 +55,19 @@ public:
     Picture Thumbnail(const std::string&, int) override { return {}; }
 
 private:
-    void Write(const std::string& path, std::string bytes, std::deque<std::size_t>& lengths) const {
+    static constexpr int ThumbnailSide = 240;
+
+    /// The file of a page begins with its size.
+    static Source WrittenPage(const std::string& path) {
+        std::istringstream bytes(files::ReadAll(path));
+        Source page;
+        bytes >> page.width >> page.height;
+        return page;
+    }
+    void Write(const std::string& path, std::string bytes, std::deque<std::size_t>& lengths,
+               bool hasLength = true) const {
         if (captureFailure) throw Error(*captureFailure);
-        if (!lengths.empty()) {
+        if (!lengths.empty() && hasLength) {
             bytes.resize(lengths.front(), ' ');
             lengths.pop_front();
         }
@@ -90,10 +103,14 @@ private:
         void Capture(const CaptureOrder& order, const std::string& destination) override {
             library_.Write(destination, SmallJpeg(), library_.captureLengths);
             library_.orders.push_back(order);
+            library_.pictures[destination] = {order.canvasWidth, order.canvasHeight};
             library_.turn = turn_;
         }
         void WritePage(const PageOrder& order, const std::string& destination) override {
-            library_.Write(destination, std::string(100, 'i'), library_.pageLengths);
+            std::string bytes = std::to_string(order.width) + " " + std::to_string(order.height) + " ";
+            bytes.resize(100, 'i');
+            library_.Write(destination, bytes, library_.pageLengths,
+                           std::max(order.width, order.height) > ThumbnailSide);
             library_.pages.push_back(order);
         }
 

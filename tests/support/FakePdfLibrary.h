@@ -4,12 +4,13 @@
 #include <vector>
 
 #include "base/Files.h"
+#include "base/Text.h"
 #include "documents/builder/PdfLibrary.h"
 
 namespace lumarin::testing {
 
 /// A PDF library that keeps every call as a line and, on closing, a file as long as its pages' pictures
-/// and `overhead`.
+/// and `overhead`, which begins with the length of each picture: "%PDF- 100 200".
 class FakePdfLibrary final : public PdfLibrary {
 public:
     std::vector<std::string> calls;
@@ -32,11 +33,14 @@ public:
                       std::to_string(second) + "," + third + "," + fourth);
     }
     PdfStatus AdultPdfAddImage(PdfHandle, const std::string& imagePath) override {
-        length_ += files::FileLength(imagePath) + pageOverhead;
+        const auto bytes = files::FileLength(imagePath);
+        length_ += bytes + pageOverhead;
+        pages_ += " " + std::to_string(bytes);
         return Called("image");
     }
     PdfStatus AdultPdfClose(PdfHandle) override {
-        if (!failsToClose) files::WriteWhole(path_, "%PDF-" + std::string(length_ + overhead - 5, ' '));
+        pages_.resize(length_ + overhead, ' ');
+        if (!failsToClose) files::WriteWhole(path_, pages_);
         return Called("close", failsToClose);
     }
     std::string LastFailure() const override { return "the library failed"; }
@@ -49,11 +53,12 @@ private:
     PdfHandle Begin(const std::string& call, const std::string& path, std::size_t length) {
         path_ = path;
         length_ = length;
+        pages_ = length > 0 ? std::string(text::Trim(files::ReadAll(path))) : "%PDF-";
         Called(call);
         return 7;
     }
 
-    std::string path_;
+    std::string path_, pages_;
     std::size_t length_ = 0;
 };
 

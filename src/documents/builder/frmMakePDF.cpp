@@ -42,6 +42,12 @@ void frmMakePDF::WireEvents() {
         if (!adding_) Cancel();
     };
     txtLinkText.Change = [this] { KeepDescription(); };
+    txtLinkText.KeyPressed = [this](KeyPress& key) {
+        if (key.code != static_cast<int>(Key::Enter)) return;
+        key.discarded = true;
+        cmdOK.Press();
+    };
+    WirePageTools();
     ActiveBar1.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
     lbmBM.FilesDropped = [this](const std::vector<std::string>& paths) {
         RunBatch("cmdAddFiles", [&] { Import(paths); });
@@ -66,6 +72,8 @@ void frmMakePDF::OnLoad() {
         ActiveBar1.EnableTool(tool, ports_.scanner != nullptr);
     lbmBM.SetEnabled(true);
     lbmBM.SetAcceptsFiles(true);
+    lbmBM.SetMultiSelect(true);
+    lbmBM.SetKeepsSelection(true);
     ShowDocument();
 }
 
@@ -129,6 +137,14 @@ std::string frmMakePDF::OtherDraftText(std::int32_t listing) const {
            question + ": select that listing to go on with its document.";
 }
 
+Answer frmMakePDF::AskToGoOn(const PdfDraft& draft) const {
+    return Ask("A document of " + draft.PageCountText() +
+                   " was begun for this listing and has not been sent. Do you want to go on with it?\n\nNo "
+                   "throws its pages away." +
+                   (IsTooLarge(draft) ? TooLargeNow(draft) : ""),
+               Buttons::YesNoCancel, Answer::Yes);
+}
+
 /// False when the user does not want to build a document now, because of the one that is there.
 bool frmMakePDF::TakeUpDraft() {
     if (!files_.HasPdf()) {
@@ -137,18 +153,15 @@ bool frmMakePDF::TakeUpDraft() {
     }
     const auto found = files_.Read();
     if (found && found->listing == draft_.listing) {
-        const Answer answer = Ask("A document of " + found->PageCountText() +
-                                      " was begun for this listing and has not been sent. Do you want to "
-                                      "go on with it?\n\nNo throws its pages away." +
-                                      (IsTooLarge(*found) ? TooLargeNow(*found) : ""),
-                                  Buttons::YesNoCancel, Answer::Yes);
+        const Answer answer = found->order.empty() ? Answer::Yes : AskToGoOn(*found);
         if (answer == Answer::Cancel) return false;
         if (answer == Answer::No) return Discard(), true;
         draft_ = *found;
         txtLinkText.SetText(found->description);
-        pages_.Use(files_.Pdf(), true);
-        for (std::size_t page = 1; page <= draft_.pages.size(); ++page) AddRow(page);
-        ShowDocument();
+        for (const PageId page : draft_.order)
+            if (draft_.pages.at(page).isKept && !files::FileExists(files_.Thumbnail(page)))
+                MakeThumbnail(page, draft_.pages.at(page).colours);
+        ShowPages(draft_.order.empty() ? PageIds() : PageIds{draft_.order.back()});
         return true;
     }
     if (Ask(OtherDraftText(found ? found->listing : 0), Buttons::YesNo, Answer::No) != Answer::Yes)
@@ -168,7 +181,7 @@ void frmMakePDF::Discard() {
 }
 
 bool frmMakePDF::ConfirmThrowAway() const {
-    return draft_.pages.empty() ||
+    return draft_.order.empty() ||
            Ask("Do you want to throw away the " + draft_.PageCountText() + " of this document?",
                Buttons::YesNo, Answer::No) == Answer::Yes;
 }
@@ -194,6 +207,8 @@ void frmMakePDF::ToolClicked(const std::string& name) {
     if (name == "paste") return Paste();
     if (name == "AcquireSingle" || name == "AcquireMultiple") return Acquire(name == "AcquireMultiple");
     if (name == "SelectSource") return SelectSource();
+    if (name == "cancel") return cmdCancel.Press();
+    if (PageToolClicked(name)) return;
     if (name == "help")
         RunCommand(name, [this] { desktop().OpenInBrowser(ports_.host.Common().HelpSite() + HelpPath); });
 }
@@ -216,13 +231,17 @@ void frmMakePDF::Save() {
                                         .name = std::to_string(draft_.listing) + ".pdf"},
                                        this);
         if (chosen.empty()) return;
+        BringUpToDate();
         files::Copy(files_.Pdf(), chosen);
         RememberDocumentFolder(host, chosen);
     });
 }
 
 void frmMakePDF::Preview() {
-    RunCommand("preview", [this] { desktop().OpenDocument(files_.Pdf()); });
+    RunCommand("preview", [this] {
+        BringUpToDate();
+        desktop().OpenDocument(files_.Pdf());
+    });
 }
 
 void frmMakePDF::AddFiles() {
@@ -255,7 +274,7 @@ void frmMakePDF::Acquire(bool several) {
     RunBatch(several ? "AcquireMultiple" : "AcquireSingle", [&] {
         if (ports_.scanner == nullptr) return;
         const auto takePage = [&](const ScannedPage& page) {
-            const bool added = AddPicture(page.picture, "Scan " + std::to_string(page.number));
+            const bool added = AddPicture(page.picture, ScanName(draft_.LastScan() + 1));
             if (!several || !added || stop_) return AfterPage::Stop;
             return page.fromFeeder ? AfterPage::Continue : AskForNextPicture(desktop(), *this);
         };
@@ -273,12 +292,14 @@ void frmMakePDF::SelectSource() {
 
 void frmMakePDF::Finish() {
     RunCommand("cmdOK", [this] {
-        if (draft_.pages.empty())
+        if (draft_.order.empty())
             return Refuse("Your document is empty, Please add files before exiting", "No documents added");
         if (LinkText().empty()) {
             Refuse("Please enter a description for your document", "Document description is missing");
             return txtLinkText.SetFocus();
         }
+        BringUpToDate();
+        if (IsTooLarge(draft_)) return Refuse(std::string(text::Trim(TooLargeNow(draft_))), Title);
         KeepDraft();
         closing_ = true;
         Guarded("CloseForm", [this] { CloseForm.Raise(); });

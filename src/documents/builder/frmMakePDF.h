@@ -9,7 +9,7 @@
 
 #include "documents/builder/DocumentPorts.h"
 #include "documents/builder/PageRefusals.h"
-#include "documents/builder/PdfDraft.h"
+#include "documents/builder/PdfDraftFiles.h"
 #include "documents/builder/PdfPages.h"
 #include "forms/Controls.h"
 #include "forms/Desktop.h"
@@ -24,6 +24,9 @@ namespace lumarin {
 /// it, and all are offered again when the builder opens after the program has ended in between. A page is
 /// refused when the file could grow beyond the limit by it, so that a document of accepted pages can always
 /// be sent.
+///
+/// What is done to pages that are there is kept at once, and can be taken back; since the PDF library can
+/// only add pages, the document is built of their pictures again when somebody is to have it.
 class frmMakePDF : public Form {
 public:
     explicit frmMakePDF(const DocumentPorts& ports);
@@ -48,6 +51,17 @@ public:
     /// Of what is allowed.
     Label lblFilesize{*this, "lblFilesize", {.accessibleName = "Size of the document"}};
     Label lblStatus{*this, "lblStatus"};  ///< how many pages; what is being done
+    Button cmdUndo{*this, "cmdUndo", {.toolTip = "Undo (Ctrl+Z)"}};
+    Button cmdRedo{*this, "cmdRedo", {.toolTip = "Redo (Ctrl+Y)"}};
+    Button cmdRotateLeft{*this, "cmdRotateLeft", {.toolTip = "Turn the selected pages to the left (Ctrl+L)"}};
+    Button cmdRotateRight{
+        *this, "cmdRotateRight", {.toolTip = "Turn the selected pages to the right (Ctrl+R)"}};
+    ControlArray<Button, 2> cmdMove{*this,
+                                    "cmdMove",
+                                    {{.toolTip = "Move the selected pages up (Alt+Up)"},
+                                     {.toolTip = "Move the selected pages down (Alt+Down)"}}};
+    Button cmdView{*this, "cmdView", {.toolTip = "See the page large (Enter)"}};
+    Button cmdDelete{*this, "cmdDelete", {.toolTip = "Delete the selected pages (Delete)"}};
     Button cmdAddFiles{*this, "cmdAddFiles", {"&Add Files...", "Add picture files, each as a page"}};
     Button cmdOK{*this, "cmdOK", {"O&K", "Send the document to the listing"}};
     Button cmdCancel{*this, "cmdCancel", {"&Cancel"}};
@@ -90,10 +104,11 @@ private:
     // What is there already.
     void LoadLibrary();
     bool TakeUpDraft();
+    Answer AskToGoOn(const PdfDraft& draft) const;
     bool ConfirmThrowAway() const;
     void KeepDraft();
     void KeepDescription();
-    bool IsTooLarge(const PdfDraft& draft) const { return draft.pdfLength > maximumBytes_; }
+    bool IsTooLarge(const PdfDraft& draft) const { return draft.DocumentLength() > maximumBytes_; }
     std::string SizeOf(const PdfDraft& draft) const;
     std::string TooLargeNow(const PdfDraft& draft) const;
     std::string OtherDraftText(std::int32_t listing) const;
@@ -109,19 +124,40 @@ private:
     void Finish();
     bool Cancel();
 
+    // frmMakePDFEdits.cpp
+    void WirePageTools();
+    bool PageToolClicked(const std::string& name);
+    void PageKeyPressed(const KeyDown& pressed, bool& used);
+    void ShowPageTools();
+    void Amend(PdfDraft changed);
+    void Delete();
+    void Move(int before);
+    void MoveBy(int places);
+    void Rotate(int quarters);
+    bool TurnSelected(PdfDraft& changed, int quarters);
+    PageId TurnedPage(PdfDraft& changed, PageId page, int quarters) const;
+    void TakeStep(void (PdfDraft::*step)(), const std::vector<PdfDraft::Step>& from, const char* done);
+    void View();
+    void BringUpToDate();
+    void AppendRest();
+    void BuildAnew();
+    PageIds SelectedPages() const;
+    void ShowPages(const PageIds& selected);
+
     // frmMakePDFPages.cpp
     void RunBatch(std::string_view command, const std::function<void()>& add);
-    void EndBatch();
-    void ShowRefusals();
     void Import(const std::vector<std::string>& paths);
     bool AddPicture(PicturePtr picture, const std::string& name);
     void AddFile(const std::string& path);
     bool AddPage(const std::string& name, const std::function<std::unique_ptr<SourcePicture>()>& open);
     bool WritePage(SourcePicture& picture, const std::string& name);
+    static PixelSize WritePicture(SourcePicture& picture, PageColours colours, const std::string& path);
     bool Fits(std::int64_t pictureBytes) const;
-    void TakeIn(const PdfDraft::Page& page, const PagePlace& place);
-    void MakeThumbnail(std::size_t page, PixelSize size);
-    void AddRow(std::size_t page);
+    void TakeIn(const PdfDraft::Page& page, PageId id);
+    void CountStep(PageId added);
+    void KeepSource(SourcePicture& picture, PageId id) const;
+    void MakeThumbnail(PageId page, PageColours colours) const;
+    ListView::Row RowOf(std::size_t place) const;
     void ShowDocument();
     PageColours Colours() const;
     std::int32_t PageSize() const;
@@ -134,6 +170,7 @@ private:
     std::string scannerSource_;
     PageRefusals refusals_;  ///< of the batch that runs
     bool adding_ = false;    ///< a batch runs
+    bool hasAdded_ = false;  ///< it has added a page
     bool stop_ = false;      ///< it is to end
     bool closing_ = false;
 };

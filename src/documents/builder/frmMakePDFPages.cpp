@@ -5,6 +5,7 @@
 #include "base/SizeText.h"
 #include "base/Text.h"
 #include "documents/builder/frmMakePDF.h"
+#include "imaging/Tones.h"
 
 // The pages of the PDF builder: scaling and writing a picture, and the batches in which they are added.
 
@@ -15,7 +16,14 @@ namespace {
 /// Longer side of a page's small picture, in pixels.
 constexpr double ThumbnailSide = 240;
 
+/// For what pages are made of again: the loss cannot be seen.
+constexpr int FineQuality = 8;
+
 std::int32_t WholePixels(double length) { return std::max(1, RoundToWhole(length)); }
+
+PixelSize PixelsOf(const SourcePicture& picture) {
+    return {static_cast<double>(picture.Width()), static_cast<double>(picture.Height())};
+}
 
 }  // namespace
 
@@ -35,7 +43,7 @@ std::int32_t frmMakePDF::PageSize() const { return optLegal.Value() ? PdfLegalPa
 void frmMakePDF::RunBatch(std::string_view command, const std::function<void()>& add) {
     RunCommand(command, [&] {
         adding_ = true;
-        stop_ = false;
+        hasAdded_ = stop_ = false;
         refusals_.Clear();
         Guarded(command, add);
         adding_ = false;
@@ -93,70 +101,130 @@ bool frmMakePDF::AddPage(const std::string& name,
 }
 
 bool frmMakePDF::WritePage(SourcePicture& picture, const std::string& name) {
-    const PixelSize size =
-        WithinLimit({static_cast<double>(picture.Width()), static_cast<double>(picture.Height())}, Colours());
-    picture.WritePage({WholePixels(size.width), WholePixels(size.height), Colours()}, files_.Image());
+    BringUpToDate();
+    const PixelSize size = WritePicture(picture, Colours(), files_.Image());
     const auto bytes = static_cast<std::int64_t>(files::FileLength(files_.Image()));
     if (!Fits(bytes)) return refusals_.AddTooLarge(name), false;
-    TakeIn({text::AfterLastSeparator(name), bytes}, PlaceOnPage(size, PageSize()));
-    MakeThumbnail(draft_.pages.size(), size);
-    AddRow(draft_.pages.size());
+    const PageId id = draft_.NextId();
+    files_.DeletePage(id);
+    KeepSource(picture, id);
+    TakeIn({.source = text::AfterLastSeparator(name),
+            .bytes = bytes,
+            .colours = Colours(),
+            .pageSize = PageSize(),
+            .place = PlaceOnPage(size, PageSize()),
+            .isKept = true},
+           id);
+    MakeThumbnail(id, Colours());
+    lbmBM.Select(lbmBM.AddRow(RowOf(draft_.order.size() - 1)));
     ShowDocument();
     return true;
+}
+
+/// The picture as a page has it. Returns its size, with fractions.
+PixelSize frmMakePDF::WritePicture(SourcePicture& picture, PageColours colours, const std::string& path) {
+    const PixelSize size = WithinLimit(PixelsOf(picture), colours);
+    picture.WritePage({WholePixels(size.width), WholePixels(size.height), colours}, path);
+    return size;
 }
 
 /// Both the pictures and the file, which has more than them, keep to the limit.
 bool frmMakePDF::Fits(std::int64_t pictureBytes) const {
     return draft_.PictureBytes() + pictureBytes <= maximumBytes_ &&
-           pages_.MostBytesWith(pictureBytes, draft_.pages.size()) <= maximumBytes_;
+           pages_.MostBytesWith(pictureBytes, draft_.order.size()) <= maximumBytes_;
 }
 
 /// Makes the picture a page of the file on disk, or leaves everything as it was.
-void frmMakePDF::TakeIn(const PdfDraft::Page& page, const PagePlace& place) {
-    draft_.pages.push_back(page);
+void frmMakePDF::TakeIn(const PdfDraft::Page& page, PageId id) {
+    const PdfDraft before = draft_;
+    PageIds forgotten;
     try {
+        files::Copy(files_.Image(), files_.Picture(id));
+        draft_.pages[id] = page;
+        CountStep(id);
+        forgotten = draft_.ForgetPages();
         KeepDraft();
-        pages_.Write(files_.Image(), PageSize(), place);
+        pages_.Write(files_.Image(), page.pageSize, page.place);
         pages_.Close();
     } catch (...) {
-        draft_.pages.pop_back();
-        pages_.Use(files_.Pdf(), !draft_.pages.empty());
+        draft_ = before;
+        files_.DeletePage(id);
         throw;
     }
-    draft_.writtenPages = draft_.pages.size();
+    hasAdded_ = true;
+    draft_.built = draft_.order;
     draft_.pdfLength = files_.PdfLength();
+    for (const PageId gone : forgotten) files_.DeletePage(gone);
 }
 
-void frmMakePDF::MakeThumbnail(std::size_t page, PixelSize size) {
-    const double scale = std::min(1.0, ThumbnailSide / std::max(size.width, size.height));
+/// All pages of a batch are one step.
+void frmMakePDF::CountStep(PageId added) {
+    PageIds order = draft_.order;
+    order.push_back(added);
+    if (hasAdded_)
+        draft_.order = order;
+    else
+        draft_.Change({}, order);
+    PdfDraft::Step& step = draft_.undo.back();
+    const std::size_t count = order.size() - step.order.size();
+    step.what = "Add " + (count == 1 ? "a page" : std::to_string(count) + " pages");
+}
+
+/// A picture that lies across has fewer pixels on its page than when it is turned upright; more of it is kept
+/// for that.
+void frmMakePDF::KeepSource(SourcePicture& picture, PageId id) const {
+    const PixelSize source = PixelsOf(picture);
+    const PixelSize turned = WithinLimit({source.height, source.width}, Colours());
+    if (turned.height <= WithinLimit(source, Colours()).width) return;
+    const int width = WholePixels(turned.height), height = WholePixels(turned.width);
     try {
-        ports_.imaging.Open(files_.Image())
-            ->WritePage({WholePixels(size.width * scale), WholePixels(size.height * scale),
-                         Colours() == PageColours::Colour ? PageColours::Colour : PageColours::Grey},
-                        files_.Thumbnail(page));
+        picture.Capture({.cut = {0, 0, picture.Width(), picture.Height()},
+                         .width = width,
+                         .height = height,
+                         .tones = PlainTones(),
+                         .canvasWidth = width,
+                         .canvasHeight = height,
+                         .jpegQualityFactor = FineQuality},
+                        files_.Source(id));
+    } catch (const std::exception&) {
+        files::TryDelete(files_.Source(id));  // turned, the page has as many pixels as it has now
+    }
+}
+
+void frmMakePDF::MakeThumbnail(PageId page, PageColours colours) const {
+    try {
+        const auto picture = ports_.imaging.Open(files_.Picture(page));
+        const PixelSize size = PixelsOf(*picture);
+        const double scale = std::min(1.0, ThumbnailSide / std::max(size.width, size.height));
+        picture->WritePage({WholePixels(size.width * scale), WholePixels(size.height * scale),
+                            colours == PageColours::Colour ? PageColours::Colour : PageColours::Grey},
+                           files_.Thumbnail(page));
     } catch (const std::exception&) {
         files::TryDelete(files_.Thumbnail(page));  // the page stands in the list without a picture
     }
 }
 
-void frmMakePDF::AddRow(std::size_t page) {
-    const PdfDraft::Page& added = draft_.pages[page - 1];
+ListView::Row frmMakePDF::RowOf(std::size_t place) const {
+    const PageId id = draft_.order[place];
+    const PdfDraft::Page& page = draft_.pages.at(id);
     ListView::Row row;
-    row.text = "Page " + std::to_string(page);
-    row.subItems = {added.source, SizeText(added.bytes)};
-    if (files::FileExists(files_.Thumbnail(page))) row.picture = files_.Thumbnail(page);
-    lbmBM.Select(lbmBM.AddRow(row));
+    row.text = "Page " + std::to_string(place + 1);
+    row.subItems = {page.source, SizeText(page.bytes)};
+    if (files::FileExists(files_.Thumbnail(id))) row.picture = files_.Thumbnail(id);
+    return row;
 }
 
 /// "12KB of 1000KB".
 std::string frmMakePDF::SizeOf(const PdfDraft& draft) const {
-    return SizeText(std::max(draft.PictureBytes(), draft.pdfLength)) + " of " + SizeText(maximumBytes_);
+    return SizeText(std::max(draft.PictureBytes(), draft.DocumentLength())) + " of " +
+           SizeText(maximumBytes_);
 }
 
 void frmMakePDF::ShowDocument() {
-    const bool any = !draft_.pages.empty();
+    const bool any = !draft_.order.empty();
     std::string names;
-    for (const PdfDraft::Page& page : draft_.pages) names += (names.empty() ? "" : ", ") + page.source;
+    for (const PageId page : draft_.order)
+        names += (names.empty() ? "" : ", ") + draft_.pages.at(page).source;
     txtFilesImported.SetText(names);
     lblFilesize.SetCaption(any ? SizeOf(draft_) : "");
     if (!any)
@@ -167,6 +235,7 @@ void frmMakePDF::ShowDocument() {
     ActiveBar1.EnableTool("save", any && !adding_);
     ActiveBar1.EnableTool("preview", any && !adding_);
     cmdOK.SetEnabled(!IsTooLarge(draft_));
+    ShowPageTools();
 }
 
 }  // namespace lumarin

@@ -174,7 +174,7 @@ TEST_F(MakePdf, EveryPageInTheList_IsOnDiskWithTheDescription) {
         ++looks;
         ASSERT_EQ(window->lbmBM.Count(), pages);
         ASSERT_TRUE(OnDisk());
-        EXPECT_EQ(OnDisk()->pages.size(), static_cast<std::size_t>(pages));
+        EXPECT_EQ(OnDisk()->order.size(), static_cast<std::size_t>(pages));
         EXPECT_EQ(OnDisk()->description, window->txtLinkText.Text());
     };
     Open([&] {
@@ -193,7 +193,8 @@ TEST_F(MakePdf, EveryPageInTheList_IsOnDiskWithTheDescription) {
     const auto old = ParseDraft("PDF draft 1\n100123\n400\nPlan\n200 a b.png\n");
     ASSERT_TRUE(old);
     EXPECT_EQ(DraftText(*old),
-              "PDF draft 2\nlisting=100123\ndescription=Plan\nlength=400\nwritten=1\npage=200 a b.png\n");
+              "PDF draft 3\nlisting=100123\ndescription=Plan\npage=1 200 0 0 0 0 0 0 0 0 a b.png\norder=1\n"
+              "built=1\nlength=400\n");
 }
 
 TEST_F(MakePdf, CancelNewAndCloseBox_StopAddingAndAskBeforePagesAreThrownAway) {
@@ -217,6 +218,98 @@ TEST_F(MakePdf, CancelNewAndCloseBox_StopAddingAndAskBeforePagesAreThrownAway) {
     });
     EXPECT_EQ(closed, 1);
     EXPECT_FALSE(Exists(".pdf"));
+}
+
+// Each page has the length of its file for a name.
+TEST_F(MakePdf, Pages_DeletedMovedAndTurned_AreKeptAtOnceAndTakenBack) {
+    const std::tuple<const char*, std::vector<int>, const char*, std::string> cases[] = {
+        {"one deleted", {1}, "DeletePages", "301 303"},
+        {"several deleted", {0, 2}, "DeletePages", "302"},
+        {"all deleted", {0, 1, 2}, "DeletePages", ""},
+        {"moved up together", {0, 2}, "MoveUp", "301 303 302"},
+        {"moved down", {0}, "MoveDown", "302 301 303"},
+        {"at the end already", {2}, "MoveDown", "301 302 303"},
+        {"turned", {0, 1}, "RotateLeft", "304 305 303"},
+    };
+    for (const auto& [name, rows, tool, expected] : cases) {
+        SCOPED_TRACE(name);
+        imaging.pageLengths = {301, 302, 303, 304, 305};
+        const std::string all = "301 302 303";
+        const auto document = [&] {
+            Click("preview");
+            return std::string(text::Trim(files::ReadAll(window->PdfPath()).substr(6)));
+        };
+        const auto expectList = [&](const std::string& pages) {
+            std::string shown, kept;
+            for (int row = 0; row < window->lbmBM.Count(); ++row)
+                shown += (row > 0 ? " " : "") + window->lbmBM.Cell(row, 2);
+            const auto draft = OnDisk();
+            ASSERT_TRUE(draft);
+            for (const PageId page : draft->order)
+                kept += (kept.empty() ? "" : " ") + std::to_string(draft->pages.at(page).bytes);
+            EXPECT_EQ(shown, pages);
+            EXPECT_EQ(kept, pages) << "after a kill";
+        };
+        Open([&] {
+            Add("/in|a.png|b.png|a.png");
+            window->lbmBM.SelectRows(rows);
+            Click(tool);
+            expectList(expected);
+            if (!expected.empty()) {
+                EXPECT_EQ(document(), expected);
+            }
+        });
+        Renew();
+        if (!expected.empty())
+            desktop.Expect("A document of " + OnDisk()->PageCountText() +
+                               " was begun for this listing and has not been sent. Do you want to go on with "
+                               "it?\n\nNo throws its pages away.",
+                           Answer::Yes);
+        Open([&] {
+            expectList(expected);
+            if (expected != all) {
+                window->cmdUndo.Press();
+                expectList(all);
+                EXPECT_EQ(document(), all);
+                window->cmdRedo.Press();
+                expectList(expected);
+                window->cmdUndo.Press();
+            }
+            window->cmdUndo.Press();
+            expectList("");
+            EXPECT_FALSE(window->ActiveBar1.IsEnabled("save") || window->cmdUndo.Enabled());
+            imaging.pageLengths = {400};
+            Add("/in/a.png");
+            expectList("400");
+            EXPECT_EQ(document(), "400") << "what was taken back is gone";
+            EXPECT_FALSE(window->cmdRedo.Enabled());
+            window->txtLinkText.SetText("Plan");
+            window->txtLinkText.PressKey(static_cast<int>(Key::Enter));
+            window->Discard();
+        });
+    }
+    EXPECT_EQ(closed, static_cast<int>(std::size(cases)));
+    EXPECT_TRUE(files::List(host.UserFolder(), [](const std::string& name) {
+                    return name.starts_with("CreatePDFTmp");
+                }).empty());
+}
+
+TEST_F(MakePdf, TurnedPage_KeepsToTheLimitsAndTurnsBackIntoItself) {
+    imaging.pictures["/in/across.jpg"] = {3000, 2000};
+    Open([&] {
+        imaging.pageLengths = {50'000, 101'000, 60'000};
+        Add("/in/across.jpg");
+        desktop.Expect("Cannot turn page 1\nMaximum size exceeded", "File is too large");
+        Click("RotateRight");
+        ExpectPages(1, "49KB");
+        Click("RotateRight");
+        ExpectPages(1, "59KB");
+        EXPECT_EQ(imaging.orders.back().width, 1912) << "more than the page shows";
+        EXPECT_EQ(imaging.pages.rbegin()[1].width, 1275);
+        for (int i = 0; i < 3; ++i) Click("RotateRight");
+        ExpectPages(1, "49KB");
+    });
+    EXPECT_EQ(OnDisk()->order, PageIds{1});
 }
 
 TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
@@ -261,6 +354,7 @@ TEST_F(MakePdf, Tools_AddPagesAndUseTheFileAsItIs) {
         for (const char* tool : {"save", "preview", "help", "paste", "AcquireSingle", "AcquireMultiple"})
             Click(tool);
         ExpectPages(5, "500");
+        EXPECT_EQ(window->lbmBM.Cell(4, 1), "Scan 3");
     });
     EXPECT_EQ(desktop.saveDialogs.at(0).name, "100123.pdf");
     EXPECT_EQ(files::ReadAll(copy).size(), 100U);
