@@ -23,6 +23,11 @@ FUZZ(const std::string& typed) {
         if (solid.starts_with(scheme)) PROMISE(HasOtherScheme(typed));
     if (solid.starts_with("http://") || solid.starts_with("https://")) PROMISE(!HasOtherScheme(typed));
 
-    if (const auto draft = ParseDraft(typed))
+    if (auto draft = ParseDraft(typed)) {
         PROMISE(DraftText(*ParseDraft(DraftText(*draft))) == DraftText(*draft));
+        draft->Undo();
+        draft->Redo();
+        draft->ForgetPages();
+        PROMISE(draft->PictureBytes() >= 0 && ParseDraft(DraftText(*draft)));
+    }
 }

@@ -44,7 +44,7 @@ protected:
         if (!isDone) {
             EXPECT_EQ(agent->Documents(), held);
         }
-        if (!isDone || agent->DraftPages() > 0)
+        if (!isDone || !agent->DraftPages().empty())
             ExpectWorksNow([&] {
                 agent->OpenDocuments();
                 change.act(*agent);

@@ -145,12 +145,37 @@ TEST_F(ProgramKills, PagesInTheBuilder_AreThereAtTheNextStart) {
     const auto choose = [&](int picture) { return "choose " + host::Quoted(Picture(picture)); };
     Start();
     const QString add = "press frmMakePDF.cmdAddFiles", get = "get frmMakePDF.lbmBM";
-    program->Ask(begin + QStringList{"wait frmMakePDF", add, choose(1), get, add});
+    program->Ask(begin + QStringList{"wait frmMakePDF"} + steps::ChooseBlackAndWhite() +
+                 QStringList{add, choose(1), get, add});
     const bool second = program->KillDuring({choose(2), get}, 20);
     Start();
     program->Ask(begin + QStringList{"answer Yes", "wait frmMakePDF"});
     const auto pages = Rows("frmMakePDF.lbmBM").size();
     EXPECT_TRUE(pages == 2 || (pages == 1 && !second)) << pages;
+    if (pages == 1) program->Ask(steps::ChooseBlackAndWhite() + QStringList{add, choose(2)});
+
+    const auto sources = [&] {
+        Entries shown;
+        for (const auto& row : Rows("frmMakePDF.lbmBM"))
+            shown.push_back(row.toArray()[1].toString().toStdString());
+        return shown;
+    };
+    const std::tuple<const char*, Entries> changes[] = {
+        {"MoveDown", {"2.jpg", "1.jpg"}},
+        {"RotateRight", {"2.jpg", "1.jpg"}},
+        {"DeletePages", {"1.jpg"}},
+        {"undo", {"2.jpg", "1.jpg"}},
+    };
+    for (const auto& [tool, expected] : changes) {
+        const Entries before = sources();
+        program->Ask("select frmMakePDF.lbmBM 0");
+        const QString change = "tool frmMakePDF." + QString(tool);
+        const bool finished = program->KillDuring({change, get}, 5);
+        Start();
+        program->Ask(begin + QStringList{"answer Yes", "wait frmMakePDF"});
+        EXPECT_TRUE(sources() == expected || (!finished && sources() == before)) << tool;
+        if (sources() != expected) program->Ask({"select frmMakePDF.lbmBM 0", change});
+    }
     program->Ask(steps::EndPdf("Plan"));
     EXPECT_EQ(Rows("frmAddDocument.lvFiles").size(), 1);
     program->End();

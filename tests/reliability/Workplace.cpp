@@ -105,14 +105,22 @@ void Workplace::Play(Form& form) {
 
 void Workplace::BuildTwoPages(frmMakePDF& builder) {
     for (const int wanted : {1, 2}) {
-        if (Pages(builder.PdfPath()) >= wanted) continue;
+        if (builder.lbmBM.Count() >= wanted) continue;
         desktop.Choose(CameraFile("page" + std::to_string(wanted) + ".jpg", Picture(wanted)));
         builder.cmdAddFiles.Press();
         pageBuilt();
+        if (wanted == 2) EditPages(builder);
     }
     builder.txtLinkText.SetText(BuiltDocument);
-    if (Pages(builder.PdfPath()) == 2) builder.cmdOK.Press();
+    if (builder.lbmBM.Count() == 2) builder.cmdOK.Press();
     if (builder.IsShown()) builder.Hide();
+}
+
+void Workplace::EditPages(frmMakePDF& builder) {
+    for (const char* tool : {"MoveUp", "RotateLeft", "DeletePages", "undo"}) {
+        builder.ActiveBar1.ClickTool(tool);
+        pageBuilt();
+    }
 }
 
 void Workplace::Open() {
@@ -149,7 +157,14 @@ void Workplace::OpenDocuments() {
     documents->Show(nullptr);
 }
 
-int Workplace::DraftPages() const { return Pages(host.common.UserFolder() + "CreatePDFTmp.pdf"); }
+std::vector<std::string> Workplace::DraftPages() const {
+    std::vector<std::string> shown;
+    const auto draft = PdfDraftFiles(host.common.UserFolder()).Read();
+    if (!draft) return shown;
+    for (const PageId id : draft->order)
+        shown.push_back(draft->pages.at(id).source + "/" + std::to_string(draft->pages.at(id).quarters));
+    return shown;
+}
 
 std::vector<std::string> Workplace::Documents() {
     host::Database database(host::DatabasePath(folder), host::DatabaseUse::Queries);

@@ -89,11 +89,11 @@ public:
         documents->ActiveBar1.ClickTool("miAddExistingFile");
     }
     void AddLink() { documents->ActiveBar1.ClickTool("miAddUrl"); }
-    /// Builds a document of a page of its own and one of each picture, going on with one that was begun.
+    /// Builds a document of two pictures and edits its pages, going on with one that was begun.
     void BuildPdf() { documents->ActiveBar1.ClickTool("miMakePdf"); }
     void DeleteDocument() { documents->cmdDelete.Press(); }
-    /// Pages of the document that is being built.
-    int DraftPages() const;
+    /// Pages of the document that is being built, "name/how it is turned" each.
+    std::vector<std::string> DraftPages() const;
     bool HasDraftFiles() const {
         const auto isDraft = [](const std::string& name) { return name.starts_with("CreatePDFTmp"); };
         return !files::List(host.common.UserFolder(), isDraft).empty();
@@ -119,7 +119,7 @@ public:
     /// What the agent says and does in the windows that open by themselves.
     std::string documentsListing = Listings[0], linkText = "Deed", linkAddress = "http://example.org/deed";
     std::function<void(frmMakePDF&)> build = [this](frmMakePDF& builder) { BuildTwoPages(builder); };
-    /// Told when the builder has finished a page.
+    /// Told when the builder has finished a page, or a change of its pages.
     std::function<void()> pageBuilt = [] {};
 
 protected:
@@ -130,6 +130,7 @@ private:
     static std::string Picture(int number);
     std::string CameraFile(const std::string& name, const std::string& bytes) const;
     void BuildTwoPages(frmMakePDF& builder);
+    void EditPages(frmMakePDF& builder);
 
     testing::TemporaryFolder camera_;
 };

@@ -265,6 +265,9 @@ void ListViewAdapter::UserPressed(int row) {
 
 bool ListViewAdapter::WidgetEvent(QEvent& event) {
     if (event.type() == QEvent::KeyPress) return KeyEvent(static_cast<QKeyEvent&>(event));
+    // While rows are dragged, Escape is theirs even where it is the key of a command.
+    if (event.type() == QEvent::ShortcutOverride && drag_.IsRunning()) return event.accept(), true;
+    if (event.type() == QEvent::WindowDeactivate) drag_.Cancel();
     if (event.type() == QEvent::ContextMenu) return AskForMenu(static_cast<QContextMenuEvent&>(event));
     if (event.type() == QEvent::Show) ShowPictureSize();
     return false;

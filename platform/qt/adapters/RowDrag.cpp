@@ -100,6 +100,8 @@ bool RowDrag::Release() {
     return true;
 }
 
+bool RowDrag::IsRunning() const { return mark_ != nullptr; }
+
 bool RowDrag::Cancel() {
     pressed_ = false;
     before_ = -1;

@@ -29,6 +29,7 @@ public:
     bool Release();
     /// False when nothing was dragged.
     bool Cancel();
+    bool IsRunning() const;
 
 private:
     void Begin();

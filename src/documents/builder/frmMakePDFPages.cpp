@@ -184,6 +184,7 @@ void frmMakePDF::KeepSource(SourcePicture& picture, PageId id) const {
                          .tones = PlainTones(),
                          .canvasWidth = width,
                          .canvasHeight = height,
+                         .caption = {},
                          .jpegQualityFactor = FineQuality},
                         files_.Source(id));
     } catch (const std::exception&) {

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <iostream>
@@ -10,6 +11,7 @@
 #include <sstream>
 
 #include "base/Files.h"
+#include "base/Text.h"
 #include "listing/KeptFiles.h"
 #include "reliability/DiskFaults.h"
 #include "reliability/Workplace.h"
@@ -27,7 +29,7 @@ using ::testing::PrintToString;
 
 /// What the programs before this one reported: what was finished, and what was begun then; "" for nothing.
 struct Story {
-    Known finished = {{"documents", {}}, {"draft", {"0"}}};
+    Known finished = {{"documents", {}}, {"draft", {}}};
     std::string begun = {};
     Known undone = {};  ///< what an undo or redo that was begun leads to
     int actions = 0;
@@ -48,7 +50,14 @@ std::string Text(const Known& known, char end = 'S') {
     return text + end;
 }
 
-int DraftPages(const Known& known) { return std::stoi(known.at("draft").front()); }
+/// Whether one change of pages lies between the two: one more or less, one turned, some moved.
+bool IsNextDraft(std::vector<std::string> before, std::vector<std::string> found) {
+    std::ranges::sort(before);
+    std::ranges::sort(found);
+    std::vector<std::string> changed;
+    std::ranges::set_symmetric_difference(before, found, std::back_inserter(changed));
+    return changed.size() < 2 || (changed.size() == 2 && before.size() == found.size());
+}
 
 /// Whether an action that was interrupted, or had ended untold, may have left this.
 bool IsOutcome(const Story& story, Known found) {
@@ -85,11 +94,11 @@ bool IsOutcome(const Story& story, Known found) {
     if (action == "pdf" || action == "link") takeBackOne("documents");
     if (action == "delete") wanted.at("documents").erase(wanted.at("documents").begin());
     if (action == "build") {
-        // Pages of a draft are only gone when it has been sent.
+        // The pages of a draft are only gone when it has been sent.
         const std::vector<std::string>& documents = found.at("documents");
         const bool added = documents.size() > wanted.at("documents").size();
-        if (added ? documents.back() != "Plan||2 pages" || DraftPages(found) % 2 != 0
-                  : DraftPages(found) < DraftPages(wanted))
+        if (added ? documents.back() != "Plan||2 pages" || found.at("draft").size() % 2 != 0
+                  : !IsNextDraft(wanted.at("draft"), found.at("draft")))
             return false;
         if (added) takeBackOne("documents");
         found["draft"] = wanted["draft"];
@@ -119,7 +128,11 @@ public:
         disk_faults::Begin(folder_, kind, 1 + static_cast<int>(random_() % MostCalls));
         agent_ = std::make_unique<Workplace>(folder_);
         agent_->clock.SetMinutes(static_cast<int>(seed_) * MostActions);
-        agent_->pageBuilt = [this] { Tell("P" + std::to_string(agent_->DraftPages())); };
+        agent_->pageBuilt = [this] {
+            std::string pages = "P";
+            for (const std::string& page : agent_->DraftPages()) pages += page + "|";
+            Tell(pages);
+        };
         agent_->Open();
         agent_->OpenDocuments();
         const Known found = Look();
@@ -222,7 +235,7 @@ private:
 
     Known Look() {
         const Paused paused;
-        Known known{{"documents", agent_->Documents()}, {"draft", {std::to_string(agent_->DraftPages())}}};
+        Known known{{"documents", agent_->Documents()}, {"draft", agent_->DraftPages()}};
         for (const auto& [listing, photos] : agent_->Work()) known["work " + listing] = photos;
         for (const auto& [listing, photos] : agent_->Published()) known["published " + listing] = photos;
         // A removal that waits stands in front of the steps of a listing or not, by which of them is later.
@@ -295,7 +308,10 @@ bool RunOne(const std::string& folder, const std::string& scratch, unsigned seed
         if (line[0] == 'N') entries = &found[rest];
         if (line[0] == 'E') entries->push_back(rest);
         if (line[0] == 'U') story.undone = std::exchange(found, {});
-        if (line[0] == 'P') story.finished["draft"] = {rest};
+        if (line[0] == 'P') {
+            story.finished["draft"] = text::Split(rest, '|');
+            story.finished["draft"].pop_back();
+        }
         if (line[0] != 'S') continue;
         story.finished = std::exchange(found, {});
         story.begun.clear();
