@@ -32,6 +32,7 @@ public:
     bool ClipboardHasPicture() const override { return false; }
     lumarin::PicturePtr ClipboardPicture() const override { return nullptr; }
     std::vector<std::string> ClipboardFiles() const override { return {}; }
+    void SetClipboardText(const std::string&) override {}
     void SetClipboardPicture(const lumarin::Picture&) override {}
     void ClearClipboard() override {}
     void OpenHelp(const std::string&, int) override {}
