@@ -114,6 +114,9 @@ TEST_F(ProgramKills, AtWork_NextStartHasWhatWasFinished) {
         {"remove",
          {first, "tool frmLumarin.DeletePhoto"},
          [](Known& before, const Known&) { before.work.erase(before.work.begin()); }},
+        {"remove again",
+         {first, "tool frmLumarin.DeletePhoto", "tool frmLumarin.Undo", "tool frmLumarin.Redo"},
+         [](Known& before, const Known&) { before.work.erase(before.work.begin()); }},
         {"send",
          {"press frmLumarin.cmdSend"},
          [](Known& before, const Known& after) {
