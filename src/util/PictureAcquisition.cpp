@@ -6,8 +6,8 @@
 
 namespace lumarin {
 
-void AcquirePictures(Desktop& desktop, Form& window, Scanner& scanner, const ScanOrder& order,
-                     const std::function<AfterPage(const ScannedPage&)>& pageArrived) {
+ScanOutcome AcquirePictures(Desktop& desktop, Form& window, Scanner& scanner, const ScanOrder& order,
+                            const std::function<AfterPage(const ScannedPage&)>& pageArrived) {
     frmAcquire progress(desktop);
     window.SetEnabled(false);
     const AtEnd restored([&] {
@@ -15,7 +15,8 @@ void AcquirePictures(Desktop& desktop, Form& window, Scanner& scanner, const Sca
         window.SetEnabled(true);
     });
     progress.Display(&window);
-    scanner.Acquire(order, {.whileWaiting =
+    return scanner.Acquire(order,
+                           {.whileWaiting =
                                 [&] {
                                     desktop.ProcessPendingEvents();
                                     return !progress.Cancelled();

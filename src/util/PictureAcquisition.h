@@ -10,8 +10,8 @@ namespace lumarin {
 
 /// Acquires pictures with the progress window above `window`, which takes no input meanwhile. Throws what
 /// the scanner and `pageArrived` throw.
-void AcquirePictures(Desktop& desktop, Form& window, Scanner& scanner, const ScanOrder& order,
-                     const std::function<AfterPage(const ScannedPage&)>& pageArrived);
+ScanOutcome AcquirePictures(Desktop& desktop, Form& window, Scanner& scanner, const ScanOrder& order,
+                            const std::function<AfterPage(const ScannedPage&)>& pageArrived);
 
 /// Asks whether there is another original to be put on the glass.
 AfterPage AskForNextPicture(Desktop& desktop, const Form& window);

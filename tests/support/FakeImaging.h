@@ -36,6 +36,7 @@ public:
     PictureTurn turn;    ///< of the last capture
     CaptureOrder shown;  ///< of the last photo that was asked for without being captured
     std::vector<PageOrder> pages;
+    std::vector<PictureTurn> pageTurns;  ///< of the same pictures
     /// Bytes of the next captured files and pages, in order; 28 and 100 where none is said.
     std::deque<std::size_t> captureLengths, pageLengths;
     std::deque<PageLook> looks;  ///< of the next pages that are looked at; plain ones when there are no more
@@ -112,6 +113,7 @@ private:
             library_.Write(destination, bytes, library_.pageLengths,
                            std::max(order.width, order.height) > ThumbnailSide);
             library_.pages.push_back(order);
+            library_.pageTurns.push_back(turn_);
         }
 
     private:

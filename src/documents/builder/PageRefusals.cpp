@@ -1,10 +1,18 @@
 #include "documents/builder/PageRefusals.h"
 
+#include "base/Text.h"
+
 namespace lumarin {
 
 void PageRefusals::Clear() {
     tooLarge_.clear();
+    sizes_.clear();
     unusable_.clear();
+}
+
+void PageRefusals::AddTooLarge(const std::string& name, const std::string& sizes) {
+    tooLarge_.push_back(name);
+    if (!sizes.empty()) sizes_.push_back(text::AfterLastSeparator(name) + ": " + sizes);
 }
 
 std::string PageRefusals::Text() const {
@@ -14,6 +22,8 @@ std::string PageRefusals::Text() const {
         for (const std::string& name : tooLarge_) text += name + "\n";
         text += "Maximum size exceeded";
     }
+    if (!sizes_.empty()) text += "\n\nWith fewer colors:";
+    for (const std::string& sizes : sizes_) text += "\n" + sizes;
     for (const std::string& picture : unusable_) text += (text.empty() ? "" : "\n\n") + picture;
     return text;
 }

@@ -8,7 +8,8 @@ namespace lumarin {
 /// The pictures of one batch that did not become pages, for one message about all of them.
 class PageRefusals {
 public:
-    void AddTooLarge(const std::string& name) { tooLarge_.push_back(name); }
+    /// `sizes` says what it would take in fewer colours; "" where there are none.
+    void AddTooLarge(const std::string& name, const std::string& sizes);
     /// `text` names the picture.
     void AddUnusable(const std::string& text) { unusable_.push_back(text); }
     void Clear();
@@ -18,7 +19,7 @@ public:
     std::string Title() const;
 
 private:
-    std::vector<std::string> tooLarge_, unusable_;
+    std::vector<std::string> tooLarge_, sizes_, unusable_;
 };
 
 }  // namespace lumarin

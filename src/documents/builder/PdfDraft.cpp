@@ -78,6 +78,7 @@ PageIds PdfDraft::ForgetPages() {
     for (const auto* steps : {&undo, &redo})
         for (const PdfDraft::Step& step : *steps) used.insert(step.order.begin(), step.order.end());
     used.insert(built.begin(), built.end());
+    for (const LeftOut& one : leftOut) used.insert(one.page);
     for (const auto& [id, page] : pages)
         if (used.contains(id) && page.original != 0) used.insert(page.original);
     PageIds forgotten;

@@ -34,6 +34,13 @@ struct PdfDraft {
         std::string what;  ///< "Move 2 pages"
         PageIds order;
     };
+    /// A scanned page that was left out as a blank one, and the page, as it came, that it followed; 0 for
+    /// none.
+    struct LeftOut {
+        PageId page = 0;
+        PageId behind = 0;
+    };
+    using LeftOuts = std::vector<LeftOut>;
     /// Under which name the PDF file went to the server, and how long it was then; "" before the first try.
     struct Upload {
         std::string name;
@@ -42,11 +49,12 @@ struct PdfDraft {
 
     std::int32_t listing = 0;
     std::string description;
-    std::map<PageId, Page> pages;  ///< those of the document, and those that undo or redo brings back
+    std::map<PageId, Page> pages;  ///< those of the document, and those that can be brought back
     PageIds order;
     PageIds built;               ///< the pages of the PDF file, when that was last known
     std::int64_t pdfLength = 0;  ///< its bytes then
     std::vector<Step> undo, redo;
+    LeftOuts leftOut;
     Upload upload;
 
     /// What the document's pages have as PNG files.

@@ -98,6 +98,15 @@ bool TakePage(PdfDraft& draft, std::string_view value) {
     return !words.Failed() && (isPlaced || page.pageSize == 0) && draft.pages.emplace(id, page).second;
 }
 
+bool TakeLeftOut(PdfDraft& draft, std::string_view value) {
+    PdfDraft::LeftOut leftOut;
+    Words words(value);
+    words.Take(leftOut.page, 1, INT32_MAX - 1);
+    words.Take(leftOut.behind, 0, INT32_MAX - 1);
+    draft.leftOut.push_back(leftOut);
+    return !words.Failed() && words.AtEnd();
+}
+
 bool TakeStep(std::vector<PdfDraft::Step>& steps, std::string_view value) {
     const std::size_t colon = value.find(':');
     if (colon == std::string_view::npos) return false;
@@ -127,6 +136,7 @@ bool TakeLine(PdfDraft& draft, std::string_view line, int version, std::size_t& 
     if (key == "page") return TakePage(draft, value);
     if (key == "order") return TakeIds(draft.order, value);
     if (key == "built") return TakeIds(draft.built, value);
+    if (key == "leftout") return TakeLeftOut(draft, value);
     if (key == "undo") return TakeStep(draft.undo, value);
     return key != "redo" || TakeStep(draft.redo, value);
 }
@@ -150,7 +160,9 @@ bool IsWhole(const PdfDraft& draft) {
             if (!HasAll(draft, step.order)) return false;
     for (const auto& [id, page] : draft.pages)
         if (page.original != 0 && !draft.pages.contains(page.original)) return false;
-    return HasAll(draft, draft.order) && HasAll(draft, draft.built);
+    PageIds all = draft.order;
+    for (const PdfDraft::LeftOut& one : draft.leftOut) all.push_back(one.page);
+    return HasAll(draft, all) && HasAll(draft, draft.built);
 }
 
 std::string IdsText(const PageIds& ids) {
@@ -179,6 +191,8 @@ std::string DraftText(const PdfDraft& draft) {
     for (const auto& [id, page] : draft.pages) add("page", PageText(id, page));
     add("order", IdsText(draft.order));
     add("built", IdsText(draft.built));
+    for (const PdfDraft::LeftOut& one : draft.leftOut)
+        add("leftout", std::to_string(one.page) + " " + std::to_string(one.behind));
     add("length", std::to_string(draft.pdfLength));
     if (!draft.upload.name.empty())
         add("upload", std::to_string(draft.upload.length) + " " + OneLine(draft.upload.name));

@@ -48,6 +48,7 @@ void frmMakePDF::WireEvents() {
         cmdOK.Press();
     };
     WirePageTools();
+    cmdBringBack.Click = [this] { BringBack(); };
     ActiveBar1.ToolClick = [this](const std::string& tool) { ToolClicked(tool); };
     lbmBM.FilesDropped = [this](const std::vector<std::string>& paths) {
         RunBatch("cmdAddFiles", [&] { Import(paths); });
@@ -68,12 +69,13 @@ void frmMakePDF::SetDocument(std::int32_t listing, std::int32_t maximumBytes) {
 void frmMakePDF::OnLoad() {
     cboDocType.SetListIndex(0);
     optLetter.Choose();
-    for (const char* tool : {"AcquireSingle", "AcquireMultiple", "SelectSource"})
+    for (const char* tool : {"AcquireSingle", "AcquireMultiple", "FrontsThenBacks", "SelectSource"})
         ActiveBar1.EnableTool(tool, ports_.scanner != nullptr);
     lbmBM.SetEnabled(true);
     lbmBM.SetAcceptsFiles(true);
     lbmBM.SetMultiSelect(true);
     lbmBM.SetKeepsSelection(true);
+    ShowScanSettings();
     ShowDocument();
 }
 
@@ -175,6 +177,7 @@ void frmMakePDF::Discard() {
     const std::int32_t listing = draft_.listing;
     draft_ = {};
     draft_.listing = listing;
+    straightened_ = 0;
     pages_.Use(files_.Pdf(), false);
     lbmBM.Clear();
     ShowDocument();
@@ -205,10 +208,9 @@ void frmMakePDF::ToolClicked(const std::string& name) {
     if (name == "save") return Save();
     if (name == "preview") return Preview();
     if (name == "paste") return Paste();
-    if (name == "AcquireSingle" || name == "AcquireMultiple") return Acquire(name == "AcquireMultiple");
     if (name == "SelectSource") return SelectSource();
     if (name == "cancel") return cmdCancel.Press();
-    if (PageToolClicked(name)) return;
+    if (PageToolClicked(name) || ScanToolClicked(name)) return;
     if (name == "help")
         RunCommand(name, [this] { desktop().OpenInBrowser(ports_.host.Common().HelpSite() + HelpPath); });
 }
@@ -267,19 +269,6 @@ void frmMakePDF::Paste() {
         if (picture == nullptr) return Refuse("No photo on the clipboard", "From Clipboard");
         const HourglassPointer hourglass(desktop());
         AddPicture(std::move(picture), "From Clipboard");
-    });
-}
-
-void frmMakePDF::Acquire(bool several) {
-    RunBatch(several ? "AcquireMultiple" : "AcquireSingle", [&] {
-        if (ports_.scanner == nullptr) return;
-        const auto takePage = [&](const ScannedPage& page) {
-            const bool added = AddPicture(page.picture, ScanName(draft_.LastScan() + 1));
-            if (!several || !added || stop_) return AfterPage::Stop;
-            return page.fromFeeder ? AfterPage::Continue : AskForNextPicture(desktop(), *this);
-        };
-        AcquirePictures(desktop(), *this, *ports_.scanner, {.source = scannerSource_, .several = several},
-                        takePage);
     });
 }
 

@@ -5,12 +5,14 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "documents/builder/DocumentPorts.h"
 #include "documents/builder/PageRefusals.h"
 #include "documents/builder/PdfDraftFiles.h"
 #include "documents/builder/PdfPages.h"
+#include "documents/builder/ScannedPages.h"
 #include "forms/Controls.h"
 #include "forms/Desktop.h"
 #include "forms/ListView.h"
@@ -62,6 +64,9 @@ public:
                                      {.toolTip = "Move the selected pages down (Alt+Down)"}}};
     Button cmdView{*this, "cmdView", {.toolTip = "See the page large (Enter)"}};
     Button cmdDelete{*this, "cmdDelete", {.toolTip = "Delete the selected pages (Delete)"}};
+    /// What became of scanned pages besides being added.
+    Label lblScans{*this, "lblScans"};
+    Button cmdBringBack{*this, "cmdBringBack", {"&Bring Back", "Put the blank pages back in their places"}};
     Button cmdAddFiles{*this, "cmdAddFiles", {"&Add Files...", "Add picture files, each as a page"}};
     Button cmdOK{*this, "cmdOK", {"O&K", "Send the document to the listing"}};
     Button cmdCancel{*this, "cmdCancel", {"&Cancel"}};
@@ -119,7 +124,6 @@ private:
     void Preview();
     void Paste();
     void AddFiles();
-    void Acquire(bool several);
     void SelectSource();
     void Finish();
     bool Cancel();
@@ -144,6 +148,20 @@ private:
     PageIds SelectedPages() const;
     void ShowPages(const PageIds& selected);
 
+    // frmMakePDFScans.cpp
+    void Acquire(bool several);
+    void AcquireBothSides();
+    std::pair<PageIds, ScanOutcome> AcquirePass(bool several);
+    PageId AddScan(const ScannedPage& scan, bool several);
+    void LeaveOut(SourcePicture& picture, const std::string& name);
+    void BringBack();
+    bool AskForBacks(std::size_t fronts) const;
+    void SayUnequal(std::size_t fronts, std::size_t backs) const;
+    bool ScanToolClicked(const std::string& name);
+    void SwitchScanning(const std::string& tool, bool ScanSettings::*setting);
+    void ShowScanSettings();
+    void ShowScans();
+
     // frmMakePDFPages.cpp
     void RunBatch(std::string_view command, const std::function<void()>& add);
     void Import(const std::vector<std::string>& paths);
@@ -152,6 +170,7 @@ private:
     bool AddPage(const std::string& name, const std::function<std::unique_ptr<SourcePicture>()>& open);
     bool WritePage(SourcePicture& picture, const std::string& name);
     static PixelSize WritePicture(SourcePicture& picture, PageColours colours, const std::string& path);
+    std::string SizesInFewerColours(SourcePicture& picture, const std::string& name);
     bool Fits(std::int64_t pictureBytes) const;
     void TakeIn(const PdfDraft::Page& page, PageId id);
     void CountStep(PageId added);
@@ -168,10 +187,12 @@ private:
     PdfDraft draft_;
     std::int32_t maximumBytes_ = 0;
     std::string scannerSource_;
-    PageRefusals refusals_;  ///< of the batch that runs
-    bool adding_ = false;    ///< a batch runs
-    bool hasAdded_ = false;  ///< it has added a page
-    bool stop_ = false;      ///< it is to end
+    ScanSettings scanning_;
+    std::size_t straightened_ = 0;  ///< pages of the batch that ran last
+    PageRefusals refusals_;         ///< of the batch that runs
+    bool adding_ = false;           ///< a batch runs
+    bool hasAdded_ = false;         ///< it has added a page
+    bool stop_ = false;             ///< it is to end
     bool closing_ = false;
 };
 

@@ -44,6 +44,7 @@ void frmMakePDF::RunBatch(std::string_view command, const std::function<void()>&
     RunCommand(command, [&] {
         adding_ = true;
         hasAdded_ = stop_ = false;
+        straightened_ = 0;
         refusals_.Clear();
         Guarded(command, add);
         adding_ = false;
@@ -81,12 +82,14 @@ bool frmMakePDF::AddPicture(PicturePtr picture, const std::string& name) {
     return AddPage(name, [&] { return ports_.imaging.FromMemory(picture); });
 }
 
-/// False for a picture that was refused, which is said at the end of the batch.
+/// False for a picture that was refused or, without any picture, left out. What was refused is
+/// said at the end of the batch.
 bool frmMakePDF::AddPage(const std::string& name,
                          const std::function<std::unique_ptr<SourcePicture>()>& open) {
     bool added = false;
     try {
         const auto picture = open();
+        if (picture == nullptr) return false;
         if (picture->Width() > 0 && picture->Height() > 0)
             added = WritePage(*picture, name);
         else
@@ -104,7 +107,7 @@ bool frmMakePDF::WritePage(SourcePicture& picture, const std::string& name) {
     BringUpToDate();
     const PixelSize size = WritePicture(picture, Colours(), files_.Image());
     const auto bytes = static_cast<std::int64_t>(files::FileLength(files_.Image()));
-    if (!Fits(bytes)) return refusals_.AddTooLarge(name), false;
+    if (!Fits(bytes)) return refusals_.AddTooLarge(name, SizesInFewerColours(picture, name)), false;
     const PageId id = draft_.NextId();
     files_.DeletePage(id);
     KeepSource(picture, id);
@@ -126,6 +129,25 @@ PixelSize frmMakePDF::WritePicture(SourcePicture& picture, PageColours colours, 
     const PixelSize size = WithinLimit(PixelsOf(picture), colours);
     picture.WritePage({WholePixels(size.width), WholePixels(size.height), colours}, path);
     return size;
+}
+
+/// What the picture would take with fewer colours, and whether it would fit then: "in grayscale 300KB, in
+/// black & white 40KB, which fits". The colours of the next pages have refused it already.
+std::string frmMakePDF::SizesInFewerColours(SourcePicture& picture, const std::string& name) {
+    std::string sizes;
+    for (const auto& [colours, caption] : {std::pair{PageColours::Grey, "in grayscale "},
+                                           std::pair{PageColours::BlackAndWhite, "in black & white "}}) {
+        if (colours <= Colours()) continue;
+        lblStatus.SetCaption("Working out what " + text::AfterLastSeparator(name) + " takes " + caption +
+                             "... (Cancel stops)");
+        desktop().ProcessPendingEvents();
+        if (stop_) break;
+        WritePicture(picture, colours, files_.Image());
+        const auto bytes = static_cast<std::int64_t>(files::FileLength(files_.Image()));
+        sizes += (sizes.empty() ? "" : ", ") + std::string(caption) + SizeText(bytes) +
+                 (Fits(bytes) ? " (fits)" : "");
+    }
+    return sizes;
 }
 
 /// Both the pictures and the file, which has more than them, keep to the limit.
@@ -237,6 +259,7 @@ void frmMakePDF::ShowDocument() {
     ActiveBar1.EnableTool("preview", any && !adding_);
     cmdOK.SetEnabled(!IsTooLarge(draft_));
     ShowPageTools();
+    ShowScans();
 }
 
 }  // namespace lumarin

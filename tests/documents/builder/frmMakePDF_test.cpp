@@ -11,7 +11,7 @@ constexpr std::int32_t Maximum = 100'000;  // "98KB"
 struct TwoSheets final : Scanner {
     std::vector<ScannerSource> Sources(const WhileWaiting&) override { return {}; }
     ScanOutcome Acquire(const ScanOrder&, const ScanEvents& events) override {
-        for (const int page : {1, 2})
+        for (int page = 1; page <= sheets; ++page)
             if (events.pageArrived({std::make_shared<Picture>(Picture{9, 9, {}}), page, true}) ==
                 AfterPage::Stop)
                 break;
@@ -20,6 +20,7 @@ struct TwoSheets final : Scanner {
         return ScanOutcome::Finished;
     }
     std::function<void()> between = [] {};
+    int sheets = 2;
 };
 
 class MakePdf : public testing::WindowTest {
@@ -57,6 +58,12 @@ protected:
     void ExpectPages(int pages, const std::string& size) {
         EXPECT_EQ(window->lbmBM.Count(), pages);
         EXPECT_EQ(window->lblFilesize.Caption(), size + " of 98KB");
+    }
+    /// Where the pages came from, in their order.
+    std::string Sources() {
+        std::string text;
+        for (int row = 0; row < window->lbmBM.Count(); ++row) text += window->lbmBM.Cell(row, 1) + " ";
+        return text;
     }
     /// What the next start of the program would find in the user's folder.
     std::optional<PdfDraft> OnDisk() const { return PdfDraftFiles(host.UserFolder()).Read(); }
@@ -106,10 +113,13 @@ TEST_F(MakePdf, Import_WritesEachPictureAsAPageAndClosesTheFile) {
 }
 
 TEST_F(MakePdf, RefusedPictures_AreNamedTogetherAndLeaveThePagesThatAreThere) {
-    imaging.pageLengths = {90'000, 9'000, 9'000, 100, 100};
+    imaging.pageLengths = {90'000, 9'000, 9'000, 100, 9'000, 9'000, 9'000, 100, 100};
     Open([&] {
         Add("/in/a.png");
-        desktop.Expect("Cannot add file:\n/in/a.png\n/in/b.png\nMaximum size exceeded", "File is too large");
+        desktop.Expect(
+            "Cannot add file:\n/in/a.png\n/in/b.png\nMaximum size exceeded\n\nWith fewer colors:\na.png: in "
+            "grayscale 9KB, in black & white 100 (fits)\nb.png: in grayscale 9KB, in black & white 9KB",
+            "File is too large");
         Add("/in|a.png|b.png");
         imaging.openFailure = ImagingError(InvalidPictureError, "It is no picture.");
         desktop.Expect(
@@ -139,6 +149,7 @@ TEST_F(MakePdf, Pages_UpToTheLimit_GiveAFileThatCanBeSent) {
     Open([&] {
         desktop.Expect("Your document is empty, Please add files before exiting");
         window->cmdOK.Press();
+        window->cboDocType.SetListIndex(2);
         desktop.Expect("Cannot add file:\n" + refused + "Maximum size exceeded");
         Add(all);
         ExpectPages(14, "98KB");
@@ -310,6 +321,77 @@ TEST_F(MakePdf, TurnedPage_KeepsToTheLimitsAndTurnsBackIntoItself) {
         ExpectPages(1, "49KB");
     });
     EXPECT_EQ(OnDisk()->order, PageIds{1});
+}
+
+TEST_F(MakePdf, ScannedPages_AreStraightenedAndBlankOnesKeptAsideAsTheUserWants) {
+    imaging.looks = {{.isBlank = true}, {.skew = 3}};
+    const auto turned = [this] {
+        return std::ranges::count_if(imaging.pageTurns, [](const PictureTurn& turn) {
+            return turn.degrees == -3 && turn.edges == PictureTurn::Edges::Paper;
+        });
+    };
+    Open([&] {
+        Click("AcquireMultiple");
+        EXPECT_EQ(window->lblScans.Caption(), "1 page was straightened. 1 blank page was left out.");
+        EXPECT_EQ(Sources() + std::to_string(turned()), "Scan 2 1");
+    });
+    Renew();
+    desktop.Expect(
+        "A document of 1 page was begun for this listing and has not been sent. Do you want to go on with "
+        "it?\n\nNo throws its pages away.",
+        Answer::Yes);
+    Open([&] {
+        EXPECT_EQ(window->lblScans.Caption(), "1 blank page was left out.");
+        window->cmdBringBack.Press();
+        EXPECT_EQ(Sources(), "Scan 1 Scan 2 ") << "where it was";
+        EXPECT_FALSE(window->lblScans.Visible());
+        window->cmdUndo.Press();
+        EXPECT_EQ(Sources(), "Scan 2 ");
+        imaging.looks = {{.isBlank = true}};
+        Click("AcquireSingle");
+        EXPECT_EQ(window->lbmBM.Count(), 2) << "a page that is asked for alone is wanted";
+        for (const char* tool : {"StraightenScans", "LeaveOutBlank"}) Click(tool);
+        window->Discard();
+    });
+    Renew();
+    imaging.looks = {{.isBlank = true}, {.skew = 3}};
+    Open([&] {
+        Click("AcquireMultiple");
+        EXPECT_EQ(Sources() + std::to_string(turned()), "Scan 1 Scan 2 1");
+        EXPECT_EQ(window->lblScans.Caption(), "");
+        window->Discard();
+    });
+}
+
+TEST_F(MakePdf, FrontsThenBacks_ComeInTheOrderOfTheSheetsOrAreAllKept) {
+    const std::string turn =
+        "2 fronts were scanned. Turn the whole stack over, put it back into the feeder, and press OK to scan "
+        "the backs, the last one first.";
+    Open([&] {
+        Add("/in/a.png");
+        imaging.looks = {{}, {}, {}, {.isBlank = true}};
+        desktop.Expect(turn, Answer::Ok);
+        Click("FrontsThenBacks");
+        EXPECT_EQ(Sources(), "a.png Scan 1 Scan 2 Scan 3 ");
+        window->cmdBringBack.Press();
+        EXPECT_EQ(Sources(), "a.png Scan 1 Scan 4 Scan 2 Scan 3 ");
+        EXPECT_EQ(OnDisk()->order.size(), 5U);
+        for (int i = 0; i < 2; ++i) window->cmdUndo.Press();
+        EXPECT_EQ(Sources(), "a.png ") << "both passes are one step";
+
+        desktop.Expect(turn, Answer::Cancel);
+        Click("FrontsThenBacks");
+        EXPECT_EQ(window->lbmBM.Count(), 3) << "the fronts stay";
+        int scans = 0;
+        scanner.between = [&] { scanner.sheets = ++scans == 1 ? 2 : 1; };
+        desktop.Expect(turn, Answer::Ok);
+        desktop.Expect(
+            "2 fronts and 1 back were scanned, so they cannot be put in order: two sheets may have gone "
+            "through at once.\n\nAll of them are in the document, first the fronts, then the backs with the "
+            "last one first. Move them to their places, or undo and scan again.");
+        Click("FrontsThenBacks");
+        EXPECT_EQ(window->lbmBM.Count(), 6);
+    });
 }
 
 TEST_F(MakePdf, RunEndedWithPages_AreOfferedToTheirListingOnly) {
