@@ -49,6 +49,8 @@ TEST_F(ListViewTest, Rows_ChangedByCode_AreShownAndChooseNothing) {
     form->lisRows.SetStrong(1, true);
     EXPECT_TRUE(Tree().model()->index(1, 1).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_EQ(Tree().model()->index(1, 1).data(Qt::ToolTipRole), "in full");
+    form->lisRows.SetToolTip(1, "<b>x");
+    EXPECT_TRUE(Tree().model()->index(1, 1).data(Qt::ToolTipRole).toString().contains("&lt;b"));
     form->lisRows.Select(2);
     form->lisRows.InsertRow(0, {.text = "3"});
     EXPECT_EQ(Current(), 3) << "the selection goes with its row";

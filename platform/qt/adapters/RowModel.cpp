@@ -1,6 +1,7 @@
 #include "platform/qt/adapters/RowModel.h"
 
 #include <QFont>
+#include <QTextDocument>
 
 #include "platform/qt/Conversions.h"
 
@@ -13,6 +14,11 @@ QFont StrongLetters() {
     QFont strong;
     strong.setBold(true);
     return strong;
+}
+
+/// The text may come from others, and is none that the toolkit should lay out.
+QString ToolTip(const QString& text, int role) {
+    return role == Qt::ToolTipRole && Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 }  // namespace
@@ -93,7 +99,7 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole) return ToQt(list_->Cell(index.row(), index.column()));
     if (role == Qt::TextAlignmentRole) return Alignment(index.column());
     if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
-        return ToQt(list_->At(index.row()).toolTip);
+        return ToolTip(ToQt(list_->At(index.row()).toolTip), role);
     if (role == Qt::FontRole && list_->IsStrong(index.row())) return StrongLetters();
     if (role != Qt::DecorationRole || index.column() != 0) return {};
     const std::string picture = list_->At(index.row()).picture;
