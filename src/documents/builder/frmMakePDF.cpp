@@ -55,7 +55,7 @@ void frmMakePDF::WireEvents() {
     };
     lbmBM.OtherDropped = [this] {
         Refuse(
-            "Only picture files of this computer can be dropped here. Save the picture as a file first, "
+            "What was dropped holds no picture, only an address or a text. Save the picture as a file first, "
             "then drop or add that file.",
             "Import Image");
     };
