@@ -47,6 +47,10 @@ private:
     void SelectAllText() override { View().selectAll(); }
 
     bool WidgetEvent(QEvent& event) override {
+        if (event.type() == QEvent::ShortcutOverride && IsForTheWindow(static_cast<QKeyEvent&>(event))) {
+            event.ignore();
+            return true;
+        }
         if (event.type() == QEvent::KeyPress) {
             const int code = CodeOf(static_cast<QKeyEvent&>(event));
             return code != NoCode && !Bound()->PressKey(code);
@@ -54,6 +58,12 @@ private:
         if (event.type() == QEvent::InputMethod)
             return !PassesFilter(static_cast<QInputMethodEvent&>(event).commitString());
         return false;
+    }
+
+    /// Undo and redo that have nothing to do in the text are the window's.
+    bool IsForTheWindow(const QKeyEvent& key) const {
+        return (key.matches(QKeySequence::Undo) && !View().isUndoAvailable()) ||
+               (key.matches(QKeySequence::Redo) && !View().isRedoAvailable());
     }
 
     /// Text that an input method has composed is taken whole or not at all.
