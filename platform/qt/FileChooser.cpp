@@ -1,12 +1,14 @@
 #include "platform/qt/FileChooser.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QCompleter>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMouseEvent>
@@ -128,7 +130,19 @@ void AddPreview(QFileDialog& dialog) {
     dialog.resize(DialogSize.boundedTo(dialog.screen()->availableSize() - FrameRoom));
 }
 
+/// Of these lists the labels beside them say what they are, to the eye alone.
+void NameLists(QFileDialog& dialog) {
+    for (const char* subject : {"lookIn", "fileType"}) {
+        const QString name = subject;
+        auto* list = dialog.findChild<QComboBox*>(name + "Combo");
+        const auto* label = dialog.findChild<QLabel*>(name + "Label");
+        if (list != nullptr && label != nullptr)
+            list->setAccessibleName(label->text().remove('&').remove(':'));
+    }
+}
+
 std::vector<std::string> Run(QFileDialog& chooser) {
+    NameLists(chooser);
     std::vector<std::string> paths;
     if (chooser.exec() == QDialog::Accepted)
         for (const QString& path : chooser.selectedFiles()) paths.push_back(PathFromQt(path));
